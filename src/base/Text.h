@@ -1,0 +1,28 @@
+#pragma once
+
+#include "base/CaseFolding.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kaz {
+
+inline constexpr std::string_view kLineBreak = "\r\n";
+
+// Without the blanks (space characters only) at both ends.
+std::string_view Trim(std::string_view text) noexcept;
+
+// The pieces between occurrences of `separator`, empty ones included; one piece when it does not occur.
+// `limit` 0 means no limit, else at most that many pieces, the last holding the rest.
+std::vector<std::string_view> Split(std::string_view text, std::string_view separator, std::size_t limit = 0);
+
+std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);
+
+// The text-equality test used for names: letter case and surrounding blanks do not matter.
+bool StringsEqual(std::string_view a, std::string_view b,
+                  const CaseFolding& folding = CaseFolding::Western()) noexcept;
+
+std::string UpperAscii(std::string_view text);
+
+}  // namespace kaz

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "core/Application.h"
+#include "core/ComponentEvents.h"
+#include "core/MainWindow.h"
+
+#include <memory>
+#include <string>
+
+namespace kaz {
+
+// The whole program as its host sees it. The operations stand in the order of the public interface. None of them
+// lets an exception out: failures end in the error report or the log.
+class clsComponent : public MainWindowEvents {
+public:
+    // `host` receives the events; it and the platform outlive the component.
+    clsComponent(Platform platform, MainWindowFactory mainWindows, ComponentEvents& host);
+    ~clsComponent() override;
+
+    bool SettingsInitialised() const noexcept;
+    std::string DLLVersion() const noexcept;
+    // `runtimePath`: the folder of the application's files. Call it first and once; nothing else works before.
+    void Startup(const std::string& runtimePath) noexcept;
+    void SetOptions(const std::string& runtimePath) noexcept;
+    void RefreshDates() noexcept;
+    void ScanEvents() noexcept;
+    void ShowMain() noexcept;
+    void HideMain() noexcept;
+    void ShutDown() noexcept;
+
+    void fMain_ShutDownKAZ() override;
+    void fMain_Rescan() override;
+    void fMain_WindowClosed() override;
+
+private:
+    MainWindow& EnsureMainWindow();
+
+    Application application_;
+    MainWindowFactory mainWindows_;
+    ComponentEvents& host_;
+    std::shared_ptr<MainWindow> fMain_;
+};
+
+}  // namespace kaz

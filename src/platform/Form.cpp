@@ -1,0 +1,27 @@
+#include "platform/Form.h"
+
+namespace kaz {
+
+Form::Form(std::unique_ptr<Window> window, ErrorSink& errors, std::string name)
+    : window_(std::move(window)), errors_(errors), name_(std::move(name)) {
+    window_->SetListener(this);
+}
+
+Form::~Form() { window_->SetListener(nullptr); }
+
+void Form::Add(int control, Raised what, const char* procedure, Handler handler) {
+    entries_.push_back({control, what, procedure, std::move(handler)});
+}
+
+void Form::OnRaised(int control, Raised what, int detail) noexcept {
+    for (const Entry& entry : entries_) {
+        if (entry.control != control || entry.what != what) continue;
+        ++running_;
+        ErrorTrap trap(errors_, entry.procedure, name_);
+        trap([&] { entry.handler(detail); });
+        --running_;
+        return;
+    }
+}
+
+}  // namespace kaz

@@ -1,0 +1,30 @@
+#pragma once
+
+namespace kaz {
+
+class Clock;
+class Dialogs;
+class FileSystem;
+class Locale;
+class MessagePump;
+class Random;
+class Shell;
+class Sound;
+class SystemInfo;
+class WindowFactory;
+
+// Everything that the program asks of the machine, handed over once at the start. The services outlive the program.
+struct Platform {
+    Clock& clock;
+    Dialogs& dialogs;
+    FileSystem& files;
+    Locale& locale;
+    MessagePump& pump;
+    Random& random;
+    Shell& shell;
+    Sound& sound;
+    SystemInfo& system;
+    WindowFactory& windows;
+};
+
+}  // namespace kaz

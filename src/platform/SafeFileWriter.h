@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+namespace kaz {
+
+// Replaces a file so that a reader, a crash or a full disk never meets half of it: the new text is written beside
+// the file, flushed to the disk, and takes the file's place in one step. Until Commit has returned, the old file
+// is as it was; a writer that is dropped before removes what it wrote.
+class SafeFileWriter {
+public:
+    // Throws PermissionDenied when the file is there and read-only, and as FileSystem::Create does.
+    SafeFileWriter(FileSystem& files, std::string path);
+    ~SafeFileWriter();
+    SafeFileWriter(const SafeFileWriter&) = delete;
+    SafeFileWriter& operator=(const SafeFileWriter&) = delete;
+
+    void Write(std::string_view text) { file_->Write(text); }
+    void Commit();
+
+private:
+    FileSystem& files_;
+    std::string path_;
+    std::string beside_;
+    std::unique_ptr<OutputFile> file_;
+    bool committed_ = false;
+};
+
+}  // namespace kaz

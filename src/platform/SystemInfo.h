@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace kaz {
+
+class SystemInfo {
+public:
+    virtual ~SystemInfo() = default;
+    // Name and version, for the log's header.
+    virtual std::string OperatingSystem() const = 0;
+    // The folder of the component's own file, without trailing backslash.
+    virtual std::string ModuleFolder() const = 0;
+};
+
+}  // namespace kaz

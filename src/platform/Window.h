@@ -1,0 +1,109 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kaz {
+
+class ReportList;
+
+// What a window tells its form. `control` is the id of the control, timer, menu item or accelerator; 0 is the window.
+enum class Raised {
+    Load,         // the window was made; its controls can be filled
+    Click,        // button, check box, menu item, toolbar button, accelerator
+    DoubleClick,  // list
+    Change,       // text of an edit or a combo's edit
+    Select,       // selection of a list, combo or tab strip
+    Focus,        // the control got the keyboard
+    Timer,
+    Resize,
+    CloseBox,     // the user's own close: box, Alt+F4, Escape; nothing is closed unless the form does it
+    SessionEnd,   // the system is ending; the last chance to save
+    ColumnClick,  // report list header; `detail` is the column from 0
+    RightClick,   // report list or window; the pointer is where the menu goes
+    DpiChanged,
+    Resumed,      // the computer woke up
+    SecondStart,  // another start of the program asked this one to come forward
+};
+
+class WindowListener {
+public:
+    virtual ~WindowListener() = default;
+    // Never throws: this is the border to the window procedure.
+    virtual void OnRaised(int control, Raised what, int detail) noexcept = 0;
+};
+
+enum class Activation { TakeFocus, KeepFocus };
+
+struct WindowSize {
+    int width = 0;  // in units of 1/96 inch, so that they mean the same on every screen
+    int height = 0;
+};
+
+enum class WindowState { Normal, Minimised, Maximised };
+
+struct Colour {
+    std::uint8_t red = 0, green = 0, blue = 0;
+    bool windowText = true;  // the system's own text colour; red, green and blue do not count
+    static constexpr Colour Rgb(std::uint8_t r, std::uint8_t g, std::uint8_t b) { return {r, g, b, false}; }
+    friend constexpr bool operator==(const Colour&, const Colour&) = default;
+};
+
+// A window with the controls of one template, without any word of the application in it. Control ids are those of
+// resources/resource.h. A control that is not there is ignored by setters and reads as empty. Text is in the
+// system's code page; reading a text with a character that the code page cannot hold throws InvalidCall with a
+// plain message that names the character.
+class Window {
+public:
+    virtual ~Window() = default;
+
+    // The window itself.
+    virtual void SetListener(WindowListener* listener) = 0;
+    virtual void Show(Activation activation) = 0;
+    virtual void Hide() = 0;
+    virtual bool IsVisible() const = 0;
+    // Above its neighbours and flashing, without taking the keyboard from what the user is typing.
+    virtual void BringToFront() = 0;
+    virtual void SetTopMost(bool topMost) = 0;
+    virtual WindowState State() const = 0;
+    virtual void SetState(WindowState state) = 0;
+    virtual WindowSize Size() const = 0;
+    // Keeps the window on a screen that exists now.
+    virtual void SetSize(WindowSize size) = 0;
+    virtual WindowSize ScreenSize() const = 0;
+    // Runs the window modally until EndModal; returns the latter's result.
+    virtual int ShowModal() = 0;
+    virtual void EndModal(int result) = 0;
+
+    // Timers tick as Raised::Timer under their id; starting one again changes its interval.
+    virtual void StartTimer(int timer, int milliseconds) = 0;
+    virtual void StopTimer(int timer) = 0;
+
+    // Any control; id 0 is the window (its caption).
+    virtual std::string Text(int control) const = 0;
+    virtual void SetText(int control, const std::string& text) = 0;
+    virtual bool Checked(int control) const = 0;
+    virtual void SetChecked(int control, bool checked) = 0;
+    virtual bool Enabled(int control) const = 0;
+    virtual void SetEnabled(int control, bool enabled) = 0;
+    virtual bool ControlVisible(int control) const = 0;
+    virtual void SetControlVisible(int control, bool visible) = 0;
+    virtual void SetFocus(int control) = 0;
+
+    // List boxes, combo boxes and tab strips; positions count from 0.
+    virtual void SetItems(int control, const std::vector<std::string>& items) = 0;
+    virtual std::vector<std::string> Items(int control) const = 0;
+    virtual int Selected(int control) const = 0;  // -1 when none
+    virtual void Select(int control, int position) = 0;
+    virtual std::vector<int> Selection(int control) const = 0;
+    virtual void SetSelection(int control, const std::vector<int>& positions) = 0;
+
+    virtual ReportList& Report(int control) = 0;
+    // Shows a pop-up menu of the resources at the pointer (or at the focus, for the keyboard); the chosen item is
+    // raised as Click.
+    virtual void ShowMenu(int menu) = 0;
+};
+
+}  // namespace kaz

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "model/clsEvent.h"
+#include "platform/Platform.h"
+#include "storage/clsLayers.h"
+#include "support/cSHAREDSettings.h"
+#include "support/cSharedLogging.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kaz {
+
+// What a database works with; all of it outlives the database.
+struct StorageServices {
+    FileSystem& files;
+    const Clock& clock;
+    Random& random;
+    const Locale& locale;
+    cSharedLogging& log;
+    cSHAREDSettings& settings;
+    clsLayers& layers;
+};
+
+// The events of one file, in file order. Look-ups by code take the first match.
+class clsDbXml {
+public:
+    explicit clsDbXml(StorageServices services);
+
+    void SetDBFilename(const std::string& fileName) { fileName_ = fileName; }
+    const std::string& DBFilename() const { return fileName_; }
+
+    // Whether a watched file's date differs from the one last seen, in either direction.
+    bool DatabaseChanged() const;
+    void LoadDBIfChanged(const std::string& fileName);
+    // Reads the file; without `append` it takes the place of what was in memory. A file that is there but cannot be
+    // read is logged, leaves the memory as it was and keeps SaveDB from writing over it until a load succeeds.
+    void LoadDB(const std::string& fileName, bool append = false);
+    // Writes the whole collection, events marked deleted left out. False when the file could not be written; the old
+    // file is then whole and the memory unchanged.
+    bool SaveDB();
+
+    std::int32_t RecordCount() const { return static_cast<std::int32_t>(events_.size()); }
+    // Marks the event deleted, if there is one, and saves in any case.
+    void DeleteRecord(std::string_view code);
+    // The event itself, or null; valid until the collection changes.
+    clsEvent* ReadEvent(std::string_view code);
+    // Takes the place of the event with the same code, at the end of the collection; an event without a code, or with
+    // `forceNew`, gets a new one. Nothing is saved. Throws InternalError when every code is in use.
+    void StoreRecord(clsEvent event, bool forceNew = false);
+    void WipeDiskFile();
+    void WipeRecordsByOwner(std::string_view owner);
+    void SetAllToSingleUser();
+    void WipeAllButThisOwner(std::string_view owner);
+    void RenameOwner(std::string_view oldName, std::string_view newName);
+
+    std::vector<clsEvent>& AllEvents() { return events_; }
+    const std::vector<clsEvent>& AllEvents() const { return events_; }
+
+private:
+    StorageServices services_;
+    std::string fileName_;
+    std::vector<clsEvent> events_;
+};
+
+}  // namespace kaz

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "support/cSHAREDSettings.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace kaz {
+
+// The category names: 21 slots, of which 0 and 20 are fixed and 1 to 19 are the user's.
+class clsLayers {
+public:
+    static constexpr std::int16_t kShared = 0;
+    static constexpr std::int16_t kAll = 20;  // as a filter it lets every event pass
+    static constexpr std::int16_t kCount = 21;
+
+    clsLayers(cSHAREDSettings& settings, const Locale& locale);
+
+    // Throws SubscriptOutOfRange for a slot outside 0 to 20.
+    const std::string& Layer(std::int16_t slot) const;
+    void Layer(std::int16_t slot, std::string name);
+
+    void SaveLayers();
+    void LoadLayers();
+
+    // The slot with that name (1 to 20). A new name takes the highest free slot and is saved; -1 when none is free.
+    std::int16_t SeekLayerIndex(std::string_view name);
+
+private:
+    cSHAREDSettings& settings_;
+    const Locale& locale_;
+    std::array<std::string, kCount> names_;
+};
+
+}  // namespace kaz
