@@ -1,0 +1,59 @@
+# Programs that need the real Windows interfaces: wine/<name>/*.cpp is wine_<name>.exe.
+
+get_property(resource_files GLOBAL PROPERTY KAZ_RESOURCE_FILES)
+set(rc_includes ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/src/resources
+  ${PROJECT_BINARY_DIR}/generated ${PROJECT_BINARY_DIR}/generated/base ${PROJECT_BINARY_DIR}/generated/com)
+
+# A test program's resources may include the component's templates, and with them the type library.
+function(kaz_test_resources name)
+  target_include_directories(${name} PRIVATE ${rc_includes})
+  foreach(file ${ARGN})
+    if(TARGET kaz_idl)
+      add_dependencies(${name} kaz_idl)
+    endif()
+    set_source_files_properties(${file} PROPERTIES OBJECT_DEPENDS "${resource_files}")
+  endforeach()
+endfunction()
+
+if(TARGET contract_tests)
+  file(GLOB rc CONFIGURE_DEPENDS contract/win32/*.rc)
+  kaz_test_resources(contract_tests ${rc})
+endif()
+
+file(GLOB names RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}/wine CONFIGURE_DEPENDS wine/*)
+foreach(folder ${names})
+  file(GLOB sources CONFIGURE_DEPENDS wine/${folder}/*.cpp)
+  if(NOT sources)
+    continue()
+  endif()
+  file(GLOB rc CONFIGURE_DEPENDS wine/${folder}/*.rc)
+  kaz_test(wine_${folder} kaz_ui ${sources} ${rc})
+  target_link_libraries(wine_${folder} PRIVATE kaz_idl)
+  kaz_test_resources(wine_${folder} ${rc})
+  foreach(product Kazlib KAZ2)
+    if(TARGET ${product})
+      add_dependencies(wine_${folder} ${product})
+    endif()
+  endforeach()
+endforeach()
+
+# Scripts drive the component as an automation client would, by its registered name. The script host ends with 0 even
+# when a script fails, so each script's last line must be "OK".
+file(GLOB scripts CONFIGURE_DEPENDS wine/scripts/*.vbs)
+if(scripts AND TARGET Kazlib)
+  set(wine ${CMAKE_CROSSCOMPILING_EMULATOR})
+  add_test(NAME register_component COMMAND ${wine} "C:\\windows\\system32\\regsvr32.exe" /s Kazlib.dll
+    WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  add_test(NAME unregister_component COMMAND ${wine} "C:\\windows\\system32\\regsvr32.exe" /s /u Kazlib.dll
+    WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  set_tests_properties(register_component PROPERTIES FIXTURES_SETUP registered TIMEOUT 60)
+  set_tests_properties(unregister_component PROPERTIES FIXTURES_CLEANUP registered TIMEOUT 60)
+  foreach(script ${scripts})
+    get_filename_component(name ${script} NAME_WE)
+    string(REPLACE "/" "\\" windows_path "Z:${script}")
+    add_test(NAME script_${name}
+      COMMAND ${wine} "C:\\windows\\system32\\cscript.exe" //nologo ${windows_path} WORKING_DIRECTORY ${results})
+    set_tests_properties(script_${name} PROPERTIES TIMEOUT 60 FIXTURES_REQUIRED registered
+      ENVIRONMENT "KAZ_TEST_DATA=${data}" PASS_REGULAR_EXPRESSION "(^|\n)OK[\r\n]*$")
+  endforeach()
+endif()
