@@ -21,26 +21,29 @@ namespace kaz {
 // of the component to its end; the databases exist once a user has been chosen at start-up.
 class Application {
 public:
-    explicit Application(Platform services);
+    // `services` outlive the application.
+    explicit Application(const Platform& services);
 
     Platform platform;
     cSharedLogging log;
     cSHAREDShowError errors;
     cSHAREDSettings settings;
     clsLayers layers;
-    clsSounds sounds;
-    cSharedSound player;
-    OpenWindows openWindows;
-    ReminderWindows reminderWindows;
 
-    std::string runtimePath;
+    std::string runtimePath;  // the folder of the application's files, without trailing backslash
     std::string settingsFileName;
     std::string sharedFileName;  // a bare name; the shared folder is put before it where it is used
     bool settingsInitialised = false;
 
+    clsSounds sounds;
+    cSharedSound player;
+
     std::unique_ptr<clsDbXml> events;
     std::unique_ptr<clsDbXml> shared;
     std::unique_ptr<clsDbXml> expired;
+
+    OpenWindows openWindows;
+    ReminderWindows reminderWindows;
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;
@@ -51,6 +54,9 @@ public:
     StorageServices Storage();
     // An engine over the databases as they are now.
     clsReminder MakeReminder();
+
+    // The end of the program: closes every open window, from the last opened to the first, and saves the settings.
+    void EndProgram();
 };
 
 }  // namespace kaz

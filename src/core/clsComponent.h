@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace kaz {
 
@@ -14,7 +15,7 @@ namespace kaz {
 class clsComponent : public MainWindowEvents {
 public:
     // `host` receives the events; it and the platform outlive the component.
-    clsComponent(Platform platform, MainWindowFactory mainWindows, ComponentEvents& host);
+    clsComponent(const Platform& platform, MainWindowFactory mainWindows, ComponentEvents& host);
     ~clsComponent() override;
 
     bool SettingsInitialised() const noexcept;

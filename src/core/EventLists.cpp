@@ -1,0 +1,81 @@
+#include "core/EventLists.h"
+
+#include "base/Text.h"
+#include "platform/DateText.h"
+#include "platform/Locale.h"
+#include "reminders/ReminderText.h"
+
+namespace kaz {
+
+namespace {
+
+// Padded to four digits, so that a host can sort the lines as text.
+std::string FourDigits(std::int32_t number) {
+    std::string digits = std::to_string(number < 0 ? -std::int64_t{number} : std::int64_t{number});
+    if (digits.size() < 4) digits.insert(0, 4 - digits.size(), '0');
+    return number < 0 ? "-" + digits : digits;
+}
+
+}  // namespace
+
+EventLists::EventLists(Application& application, ComponentEvents& host)
+    : app_(application), host_(host), today_(application.platform.clock.Today()) {
+    if (app_.events) AddLocal();
+    if (app_.shared && app_.Networked()) AddShared();
+    // Kept on purpose: an empty day stays an empty list, while an empty outlook is the one line "None".
+    if (upcoming.empty()) upcoming.emplace_back("None");
+    // A mail that has been asked for must not be asked for again after a crash.
+    if (mailed_) app_.events->SaveDB();
+}
+
+void EventLists::AddLocal() {
+    // By position and with the count read anew, since the host may change the collection while it handles a mail.
+    for (std::size_t position = 0; position < app_.events->AllEvents().size(); ++position) {
+        clsEvent& event = app_.events->AllEvents()[position];
+        if (event.Deleted || event.ExecFile) continue;
+        const std::int32_t daysLeft = event.DueDate().Day() - today_.Day();
+        if (daysLeft >= 1 && daysLeft <= event.DaysWarning()) upcoming.push_back(UpcomingLine(daysLeft, event.Desc()));
+        AppendLine(event, daysLeft, event.Desc());
+        if (daysLeft == 0) AddTodays(event, position);
+    }
+}
+
+void EventLists::AddTodays(clsEvent& event, std::size_t position) {
+    std::string line = event.Desc();
+    if (event.AlarmSet()) line += " at " + FormatDate(event.DueTime(), "HH:NN", app_.platform.locale.Data());
+    todays.push_back(std::move(line));
+    SendMail(event, position);
+}
+
+void EventLists::SendMail(clsEvent& event, std::size_t position) {
+    const std::string address = ReplaceAll(Trim(event.Email), std::string_view("\0", 1), "");
+    if (address.empty() || event.MailSent) return;
+    const std::string code = event.IDCode;
+    const std::string text = todays.back();
+    host_.MailEvent(address, "KAZ Alert - Event " + std::to_string(position + 1), text);
+    // The host may have run anything in between; the event is looked up again rather than trusted to be in place.
+    if (clsEvent* sent = app_.events->ReadEvent(code)) sent->MailSent = true;
+    mailed_ = true;
+}
+
+void EventLists::AddShared() {
+    const std::string owner = app_.Owner();
+    for (clsEvent& event : app_.shared->AllEvents()) {
+        if (event.Deleted || event.ExecFile || event.Owner() == owner) continue;
+        if (event.Recurring() && event.DueDate() < today_) event.CalcNextDueDate(today_, app_.log);
+        const std::int32_t daysLeft = event.DueDate().Day() - today_.Day();
+        if (daysLeft == 0) todays.push_back(event.Desc());
+        AppendLine(event, daysLeft, event.Desc() + " [Shared]");
+    }
+}
+
+void EventLists::AppendLine(const clsEvent& event, std::int32_t daysLeft, const std::string& description) {
+    all += FourDigits(daysLeft);
+    all += ',';
+    all += GeneralDateText(event.DueDate(), app_.platform.locale.Data());
+    all += ',';
+    all += ReplaceAll(description, kLineBreak, " ");
+    all += kLineBreak;
+}
+
+}  // namespace kaz

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "base/Version.h"
+
+#include <string>
+#include <string_view>
+
+namespace kaz {
+
+inline constexpr std::string_view kApplicationName = "KAZ";
+
+// The files that the program keeps.
+inline constexpr std::string_view kLogFile = "Log_KAZ.txt";
+inline constexpr std::string_view kSettingsFile = "Kaz.ini";
+inline constexpr std::string_view kEventsFile = "Events.xml";
+inline constexpr std::string_view kExpiredFile = "Expired.xml";
+
+// The setting "Owner" while no user has been chosen, and in single-user mode.
+inline constexpr std::string_view kNoOwner = "Not Set";
+inline constexpr std::string_view kSingleUser = "Single";
+
+// The component's version, such as "1.0.0".
+inline std::string VersionText() {
+    return std::to_string(kMajor) + "." + std::to_string(kMinor) + "." + std::to_string(kRevision);
+}
+
+inline std::string SharedFileName(std::string_view owner) {
+    return std::string("Shared_").append(owner).append(".xml");
+}
+
+}  // namespace kaz

@@ -1,0 +1,113 @@
+#include "core/clsComponent.h"
+
+#include "base/RuntimeError.h"
+#include "core/EventLists.h"
+#include "core/Names.h"
+#include "core/Startup.h"
+#include "platform/Files.h"
+#include "platform/MessagePump.h"
+
+namespace kaz {
+
+namespace {
+
+constexpr std::string_view kModule = "clsComponent";
+
+// The folder as all later file names need it. A host that hands over something else hears of it in the log.
+std::string CheckedRuntimePath(Application& app, const std::string& given) {
+    std::string folder = WithoutTrailingBackslash(given);
+    if (FolderExists(app.platform.files, folder)) return folder;
+    throw RuntimeError(ErrorNumber::PathNotFound, "Path not found: \"" + given + "\"");
+}
+
+}  // namespace
+
+clsComponent::clsComponent(const Platform& platform, MainWindowFactory mainWindows, ComponentEvents& host)
+    : application_(platform), mainWindows_(std::move(mainWindows)), host_(host) {}
+
+clsComponent::~clsComponent() = default;
+
+bool clsComponent::SettingsInitialised() const noexcept { return application_.settingsInitialised; }
+
+std::string clsComponent::DLLVersion() const noexcept {
+    try {
+        return VersionText();
+    } catch (...) {
+        return {};
+    }
+}
+
+void clsComponent::Startup(const std::string& runtimePath) noexcept {
+    ErrorTrap trap(application_.errors, "Startup", kModule);
+    trap([&] {
+        application_.log.OverrideLogFilename(JoinPath(runtimePath, kLogFile));
+        application_.runtimePath = CheckedRuntimePath(application_, runtimePath);
+        application_.log.ApplicationFolder(application_.runtimePath);
+        kaz::Startup(application_).Run();
+    });
+}
+
+void clsComponent::SetOptions(const std::string& /*runtimePath*/) noexcept {
+    if (!SettingsInitialised()) return;
+    ErrorTrap trap(application_.errors, "SetOptions", kModule);
+    trap([&] { EnsureMainWindow().EditOptions(); });
+}
+
+void clsComponent::RefreshDates() noexcept {
+    if (!SettingsInitialised()) return;
+    ErrorTrap trap(application_.log, "RefreshDates", kModule);
+    trap([&] { application_.MakeReminder().UpdateAllEvents(); });
+}
+
+void clsComponent::ScanEvents() noexcept {
+    if (!SettingsInitialised()) return;
+    ErrorTrap trap(application_.errors, "ScanEvents", kModule);
+    trap([&] {
+        if (!fMain_) EnsureMainWindow().FillEvents(clsLayers::kAll);
+        const EventLists lists(application_, host_);
+        host_.TodaysEvents(lists.todays);
+        host_.UpcomingEvents(lists.upcoming);
+        host_.AllEvents(lists.all);
+    });
+}
+
+void clsComponent::ShowMain() noexcept {
+    if (!SettingsInitialised()) return;
+    ErrorTrap trap(application_.errors, "ShowMain", kModule);
+    trap([&] {
+        MainWindow& main = EnsureMainWindow();
+        if (main.IsShown()) main.BringForward();
+        else main.ShowWindow();
+    });
+}
+
+void clsComponent::HideMain() noexcept {
+    if (!fMain_) return;
+    ErrorTrap trap(application_.log, "HideMain", kModule);
+    trap([&] {
+        fMain_->HideWindow();
+        application_.platform.pump.ProcessPending();
+    });
+}
+
+void clsComponent::ShutDown() noexcept {
+    ErrorTrap trap(application_.errors, "ShutDown", kModule);
+    trap([&] {
+        // Released first, so that nothing reaches a window that is going.
+        if (const auto main = std::exchange(fMain_, nullptr)) main->Unload();
+    });
+    trap([&] { application_.EndProgram(); });
+}
+
+void clsComponent::fMain_ShutDownKAZ() { host_.ShutDownKAZ(); }
+
+void clsComponent::fMain_Rescan() { ScanEvents(); }
+
+void clsComponent::fMain_WindowClosed() { host_.Closed(); }
+
+MainWindow& clsComponent::EnsureMainWindow() {
+    if (!fMain_) fMain_ = mainWindows_(application_, *this);
+    return *fMain_;
+}
+
+}  // namespace kaz
