@@ -1,0 +1,131 @@
+#include "fakes/FakeWindow.h"
+
+#include "base/RuntimeError.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kaz {
+
+FakeWindow::FakeWindow(int dialog, std::shared_ptr<FakeDesktop> desktop)
+    : dialog_(dialog),
+      desktop_(std::move(desktop)) {
+    desktop_->windows.push_back(this);
+}
+
+FakeWindow::~FakeWindow() { std::erase(desktop_->windows, this); }
+
+void FakeWindow::Show(Activation activation) {
+    visible_ = true;
+    acts.push_back(activation == Activation::TakeFocus ? "Show activated" : "Show");
+}
+
+void FakeWindow::Hide() {
+    visible_ = false;
+    acts.push_back("Hide");
+}
+
+void FakeWindow::BringToFront() {
+    ++broughtToFront;
+    acts.push_back("BringToFront");
+}
+
+int FakeWindow::ShowModal() {
+    acts.push_back("ShowModal");
+    if (desktop_->modalScripts.empty())
+        throw RuntimeError(ErrorNumber::InternalError, "A modal window without a script");
+    const ModalScript script = std::move(desktop_->modalScripts.front());
+    desktop_->modalScripts.pop_front();
+    modalResult_.reset();
+    visible_ = true;
+    script(*this);
+    visible_ = false;
+    if (!modalResult_)
+        throw RuntimeError(ErrorNumber::InternalError, "The script left the modal window open");
+    return *modalResult_;
+}
+
+void FakeWindow::StartTimer(int timer, int milliseconds) {
+    const int interval = std::max(milliseconds, 1);
+    timers_[timer] = {interval, interval};
+}
+
+std::string FakeWindow::Text(int control) const {
+    if (unreadable == control) throw RuntimeError(ErrorNumber::InvalidCall, "A character cannot be stored");
+    const ControlState& at = At(control);
+    return at.text.empty() && at.selection.size() == 1 && !at.items.empty()
+               ? at.items[static_cast<std::size_t>(at.selection.front())]
+               : at.text;
+}
+
+void FakeWindow::SetText(int control, const std::string& text) { controls_[control].text = text; }
+
+void FakeWindow::SetItems(int control, const std::vector<std::string>& items) {
+    ControlState& at = controls_[control];
+    at.items = items;
+    at.selection.clear();
+    ++at.fills;
+}
+
+int FakeWindow::Selected(int control) const {
+    const ControlState& at = At(control);
+    return at.selection.empty() ? -1 : at.selection.front();
+}
+
+void FakeWindow::Select(int control, int position) {
+    SetSelection(control, position < 0 ? std::vector<int>{} : std::vector<int>{position});
+}
+
+void FakeWindow::SetSelection(int control, const std::vector<int>& positions) {
+    ControlState& at = controls_[control];
+    at.selection.clear();
+    for (const int position : positions)
+        if (position >= 0 && std::cmp_less(position, at.items.size())) at.selection.push_back(position);
+}
+
+void FakeWindow::Raise(int control, Raised what, int detail) {
+    if (listener_) listener_->OnRaised(control, what, detail);
+}
+
+void FakeWindow::Click(int control) {
+    if (At(control).enabled && At(control).visible) Raise(control, Raised::Click);
+}
+
+void FakeWindow::Type(int control, const std::string& text) {
+    SetText(control, text);
+    Raise(control, Raised::Change);
+}
+
+void FakeWindow::Toggle(int control) {
+    if (!At(control).enabled || !At(control).visible) return;
+    SetChecked(control, !Checked(control));
+    Raise(control, Raised::Click);
+}
+
+void FakeWindow::Choose(int control, int position) {
+    Select(control, position);
+    Raise(control, Raised::Select);
+}
+
+bool FakeWindow::Tick(int timer, int times) {
+    for (; times > 0; --times) {
+        const auto running = timers_.find(timer);
+        if (running == timers_.end()) return false;
+        running->second.left = running->second.interval;
+        Raise(timer, Raised::Timer);
+    }
+    return true;
+}
+
+int FakeWindow::Interval(int timer) const {
+    const auto running = timers_.find(timer);
+    return running == timers_.end() ? 0 : running->second.interval;
+}
+
+const FakeWindow::ControlState& FakeWindow::At(int control) const {
+    static const ControlState kUntouched;
+    const auto found = controls_.find(control);
+    return found == controls_.end() ? kUntouched : found->second;
+}
+
+}  // namespace kaz

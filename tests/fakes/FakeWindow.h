@@ -1,0 +1,131 @@
+#pragma once
+
+#include "fakes/FakeReportList.h"
+#include "platform/Window.h"
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kaz {
+
+class FakeWindow;
+
+// What a user would do in a modal window; it has to end it.
+using ModalScript = std::function<void(FakeWindow&)>;
+
+// The windows that are alive, in the order of their making, and what waits for them.
+struct FakeDesktop {
+    std::vector<FakeWindow*> windows;
+    std::deque<ModalScript> modalScripts;
+};
+
+// A window without a screen: it keeps what it was told and plays the user's part. Setters raise nothing; only
+// what the user does is raised.
+class FakeWindow : public Window {
+public:
+    explicit FakeWindow(int dialog = 0,
+                        std::shared_ptr<FakeDesktop> desktop = std::make_shared<FakeDesktop>());
+    ~FakeWindow() override;
+    FakeWindow(const FakeWindow&) = delete;
+    FakeWindow& operator=(const FakeWindow&) = delete;
+
+    void SetListener(WindowListener* listener) override { listener_ = listener; }
+    void Show(Activation activation) override;
+    void Hide() override;
+    bool IsVisible() const override { return visible_; }
+    void BringToFront() override;
+    void SetTopMost(bool value) override { topMost = value; }
+    WindowState State() const override { return state; }
+    void SetState(WindowState value) override { state = value; }
+    WindowSize Size() const override { return size; }
+    void SetSize(WindowSize value) override { size = value; }
+    WindowSize ScreenSize() const override { return screen; }
+    // Runs the next modal script. Throws InternalError when there is none or when it leaves the window open.
+    int ShowModal() override;
+    void EndModal(int result) override { modalResult_ = result; }
+
+    void StartTimer(int timer, int milliseconds) override;
+    void StopTimer(int timer) override { timers_.erase(timer); }
+
+    std::string Text(int control) const override;
+    void SetText(int control, const std::string& text) override;
+    bool Checked(int control) const override { return At(control).checked; }
+    void SetChecked(int control, bool checked) override { controls_[control].checked = checked; }
+    bool Enabled(int control) const override { return At(control).enabled; }
+    void SetEnabled(int control, bool enabled) override { controls_[control].enabled = enabled; }
+    bool ControlVisible(int control) const override { return At(control).visible; }
+    void SetControlVisible(int control, bool visible) override { controls_[control].visible = visible; }
+    void SetFocus(int control) override { focus = control; }
+
+    void SetItems(int control, const std::vector<std::string>& items) override;
+    std::vector<std::string> Items(int control) const override { return At(control).items; }
+    int Selected(int control) const override;
+    void Select(int control, int position) override;
+    std::vector<int> Selection(int control) const override { return At(control).selection; }
+    void SetSelection(int control, const std::vector<int>& positions) override;
+
+    FakeReportList& Report(int control) override { return reports_[control]; }
+    void ShowMenu(int menu) override { menus.push_back(menu); }
+
+    // What the user, the system or a timer does.
+    void Raise(int control, Raised what, int detail = 0);
+    // Nothing happens on a control that is disabled or hidden.
+    void Click(int control);
+    void Type(int control, const std::string& text);
+    void Toggle(int control);
+    void Choose(int control, int position);
+    void CloseBox() { Raise(0, Raised::CloseBox); }
+    // False when the timer is not running.
+    bool Tick(int timer, int times = 1);
+
+    int Dialog() const { return dialog_; }
+    // The interval of a running timer in milliseconds, 0 when it is not running.
+    int Interval(int timer) const;
+    // How often SetItems filled the list.
+    int Fills(int control) const { return At(control).fills; }
+
+    // What it was told, in order: "Show", "Show activated", "BringToFront", "Hide", "ShowModal".
+    std::vector<std::string> acts;
+    int broughtToFront = 0;
+    bool topMost = false;
+    int focus = 0;
+    std::vector<int> menus;
+    WindowState state = WindowState::Normal;
+    WindowSize size{800, 600};
+    WindowSize screen{1920, 1080};
+    // When set, reading a text of that control fails, as for a character that the code page cannot hold.
+    std::optional<int> unreadable;
+
+private:
+    friend class FakeWindowFactory;
+    struct ControlState {
+        std::string text;
+        bool checked = false;
+        bool enabled = true;
+        bool visible = true;
+        std::vector<std::string> items;
+        std::vector<int> selection;
+        int fills = 0;
+    };
+    struct TimerState {
+        int interval = 0;
+        int left = 0;
+    };
+    const ControlState& At(int control) const;
+
+    int dialog_;
+    std::shared_ptr<FakeDesktop> desktop_;
+    WindowListener* listener_ = nullptr;
+    bool visible_ = false;
+    std::optional<int> modalResult_;
+    std::map<int, ControlState> controls_;
+    std::map<int, FakeReportList> reports_;
+    std::map<int, TimerState> timers_;
+};
+
+}  // namespace kaz
