@@ -19,11 +19,11 @@ function(kaz_add_type_library target idl folder)
     # Debian's MinGW-w64 has no IDL files of its own; Wine's are used for the import and for nothing else.
     math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
     find_program(KAZ_WIDL NAMES ${KAZ_MINGW_TARGET}-widl widl REQUIRED)
-    set(widl ${CMAKE_COMMAND} -D WIDL=${KAZ_WIDL} -D BITS=${bits} -D IDL=${idl}
-      -P ${PROJECT_SOURCE_DIR}/cmake/RunWidl.cmake)
+    set(script ${PROJECT_SOURCE_DIR}/cmake/RunWidl.cmake)
     add_custom_command(OUTPUT ${header} ${ids} ${tlb}
-      COMMAND ${widl} -h ${header} -u ${ids} -t ${tlb}
-      DEPENDS ${idl} ${PROJECT_SOURCE_DIR}/cmake/RunWidl.cmake VERBATIM)
+      COMMAND ${CMAKE_COMMAND} -D WIDL=${KAZ_WIDL} -D BITS=${bits} -D IDL=${idl}
+              -D HEADER=${header} -D IDS=${ids} -D TLB=${tlb} -P ${script}
+      DEPENDS ${idl} ${script} VERBATIM)
   endif()
 
   add_library(${target} STATIC ${ids} ${header} ${tlb})
