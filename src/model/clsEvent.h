@@ -3,6 +3,7 @@
 #include "base/CaseFolding.h"
 #include "base/DateValue.h"
 #include "base/ErrorTrap.h"
+#include "model/Recurrence.h"
 
 #include <cstdint>
 #include <string>
@@ -10,20 +11,8 @@
 
 namespace kaz {
 
-// The six kinds of recurrence; the numbers stand in the files.
-inline constexpr std::int32_t RecurWeekdays = 0;
-inline constexpr std::int32_t RecurDayOfMonth = 1;
-inline constexpr std::int32_t RecurEveryNMonths = 2;
-inline constexpr std::int32_t RecurEveryNWeeks = 3;
-inline constexpr std::int32_t RecurNthWeekday = 4;
-inline constexpr std::int32_t RecurEveryNDays = 5;
-
-// `MonthNumber` of an event that falls in every month, by day of month and by n-th weekday.
-inline constexpr std::int16_t kEveryMonthByDay = 13;
-inline constexpr std::int16_t kEveryMonthByWeekday = 0;
-
-// One reminder event: plain values and the rule that computes its next date. Setters store what they are given;
-// checking belongs to the editor.
+// One reminder event: plain values and the rule that computes its next date. Setters store what they are
+// given; checking belongs to the editor.
 class clsEvent {
 public:
     std::string IDCode;
@@ -86,9 +75,9 @@ public:
     DateValue DueDate() const { return dueDate_; }
     void DueDate(DateValue value) { dueDate_ = value.DateOnly(); }
 
-    // Sets DueDate to the first occurrence on or after today (for the interval rules StartDate too) and clears
-    // MailSent. `today` is the clock's day. A rule that cannot be computed is reported as one error and leaves the
-    // dates as they were.
+    // Sets DueDate to the first occurrence on or after today (for the interval rules StartDate too) and
+    // clears MailSent. `today` is the clock's day. A rule that cannot be computed is reported as one error
+    // and leaves the dates as they were.
     void CalcNextDueDate(DateValue today, ErrorSink& errors);
     // The same from `after`, whose time of day counts for the day-of-month rule.
     void CalcNextAfterDate(DateValue after, DateValue today, ErrorSink& errors);

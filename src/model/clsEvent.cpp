@@ -1,0 +1,36 @@
+#include "model/clsEvent.h"
+
+#include "base/Text.h"
+
+namespace kaz {
+
+bool clsEvent::NameInShared(std::string_view name, const CaseFolding& folding) const {
+    // Kept on purpose: the name is looked for anywhere in the text, so the tail of a listed name counts as
+    // listed.
+    return folding.Find(ShareNames, std::string(name).append(kLineBreak)) != std::string_view::npos;
+}
+
+void clsEvent::CalcNextDueDate(DateValue today, ErrorSink& errors) {
+    CalcDueDate(today.DateOnly(), today, errors);
+}
+
+void clsEvent::CalcNextAfterDate(DateValue after, DateValue today, ErrorSink& errors) {
+    CalcDueDate(after, today, errors);
+}
+
+void clsEvent::CalcDueDate(DateValue reference, DateValue today, ErrorSink& errors) {
+    MailSent = false;  // for a kind that is not known too, so that a new occurrence can be mailed
+    ErrorTrap trap(errors, "CalcDueDate", "clsEvent");
+    trap([&] {
+        const RecurrenceRule rule{recurrenceType_, weekDays_,  dayOfMonth_, monthNumber_,
+                                  period_,         startDate_, dayNumber_,  dayOfWeek_};
+        const auto next = FirstOccurrence(rule, reference, today);
+        if (!next) return;
+        dueDate_ = next->dueDate;
+        startDate_ = next->startDate;
+    });
+}
+
+void clsEvent::CalcDaysLeft(DateValue today) { daysLeft_ = dueDate_.Day() - today.Day(); }
+
+}  // namespace kaz
