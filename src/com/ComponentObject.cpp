@@ -1,0 +1,128 @@
+#include "com/ComponentObject.h"
+
+#include "com/Enumerator.h"
+#include "com/RuntimePath.h"
+#include "platform/win32/Text.h"
+#include "ui/frmMain.h"
+
+#include <olectl.h>
+
+#include <new>
+
+namespace kaz {
+
+namespace {
+
+struct CopyPoint {
+    static HRESULT Out(const ComPointer<IConnectionPoint>& point, IConnectionPoint** element) {
+        *element = ComPointer<IConnectionPoint>(point).Detach();
+        return S_OK;
+    }
+    static void Undo(IConnectionPoint** element) { (*element)->Release(); }
+};
+
+}  // namespace
+
+ComponentObject::ComponentObject() : component_(platform_.Services(), frmMain::Load, relay_) {}
+
+// No exception crosses to the host, and the object outlives the call even when the host lets go of it in an event.
+template <class Operation>
+HRESULT ComponentObject::Run(Operation&& operation) noexcept {
+    const ComPointer<IUnknown> alive(Identity());
+    try {
+        operation();
+        return S_OK;
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (...) {
+        return E_FAIL;
+    }
+}
+
+HRESULT ComponentObject::get_SettingsInitialised(VARIANT_BOOL* initialised) {
+    if (!initialised) return E_POINTER;
+    *initialised = component_.SettingsInitialised() ? VARIANT_TRUE : VARIANT_FALSE;
+    return S_OK;
+}
+
+HRESULT ComponentObject::get_DLLVersion(BSTR* version) {
+    if (!version) return E_POINTER;
+    *version = nullptr;
+    return Run([&] { *version = Bstr(ToUtf16(component_.DLLVersion())).Detach(); });
+}
+
+HRESULT ComponentObject::Startup(BSTR RuntimePath) {
+    return Run([&] { component_.Startup(RuntimePathText(RuntimePath)); });
+}
+
+HRESULT ComponentObject::SetOptions(BSTR RuntimePath) {
+    return Run([&] { component_.SetOptions(RuntimePathText(RuntimePath)); });
+}
+
+HRESULT ComponentObject::RefreshDates() {
+    return Run([&] { component_.RefreshDates(); });
+}
+
+HRESULT ComponentObject::ScanEvents() {
+    return Run([&] { component_.ScanEvents(); });
+}
+
+HRESULT ComponentObject::ShowMain() {
+    return Run([&] { component_.ShowMain(); });
+}
+
+HRESULT ComponentObject::HideMain() {
+    return Run([&] { component_.HideMain(); });
+}
+
+HRESULT ComponentObject::ShutDown() {
+    return Run([&] { component_.ShutDown(); });
+}
+
+HRESULT ComponentObject::fMain_ShutDownKAZ() {
+    return Run([&] { component_.fMain_ShutDownKAZ(); });
+}
+
+HRESULT ComponentObject::fMain_Rescan() {
+    return Run([&] { component_.fMain_Rescan(); });
+}
+
+HRESULT ComponentObject::fMain_WindowClosed() {
+    return Run([&] { component_.fMain_WindowClosed(); });
+}
+
+HRESULT ComponentObject::GetClassInfo(ITypeInfo** info) {
+    if (!info) return E_POINTER;
+    *info = nullptr;
+    ComPointer<ITypeInfo> own;
+    const HRESULT result = LoadOwnTypeInfo(CLSID_clsComponent, own);
+    *info = own.Detach();
+    return result;
+}
+
+HRESULT ComponentObject::GetGUID(DWORD kind, GUID* id) {
+    if (!id) return E_POINTER;
+    if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+    *id = DIID_DKazEvents;
+    return S_OK;
+}
+
+HRESULT ComponentObject::EnumConnectionPoints(IEnumConnectionPoints** enumerator) {
+    if (!enumerator) return E_POINTER;
+    *enumerator = nullptr;
+    using Point = ComPointer<IConnectionPoint>;
+    return Run([&] {
+        const std::vector<Point> points{Point(&hosts_)};
+        *enumerator = new Enumerator<IEnumConnectionPoints, Point, IConnectionPoint*, CopyPoint>(points);
+    });
+}
+
+HRESULT ComponentObject::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
+    if (!point) return E_POINTER;
+    *point = nullptr;
+    if (iid != DIID_DKazEvents) return CONNECT_E_NOCONNECTION;
+    *point = ComPointer<IConnectionPoint>(&hosts_).Detach();
+    return S_OK;
+}
+
+}  // namespace kaz

@@ -1,0 +1,91 @@
+#include "com/ConnectionPoint.h"
+
+#include "com/Enumerator.h"
+
+#include "Kazlib_h.h"
+
+#include <olectl.h>
+
+#include <algorithm>
+
+namespace kaz {
+
+struct ConnectionPoint::CopyConnection {
+    static HRESULT Out(const Connection& connection, CONNECTDATA* element) {
+        element->dwCookie = connection.cookie;
+        element->pUnk = ComPointer<IUnknown>(connection.sink.Get()).Detach();
+        return S_OK;
+    }
+    static void Undo(CONNECTDATA* element) { element->pUnk->Release(); }
+};
+
+HRESULT ConnectionPoint::QueryInterface(REFIID iid, void** object) {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (iid != IID_IUnknown && iid != IID_IConnectionPoint) return E_NOINTERFACE;
+    *object = ComPointer<IConnectionPoint>(this).Detach();
+    return S_OK;
+}
+
+HRESULT ConnectionPoint::GetConnectionInterface(IID* iid) {
+    if (!iid) return E_POINTER;
+    *iid = DIID_DKazEvents;
+    return S_OK;
+}
+
+HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** container) {
+    if (!container) return E_POINTER;
+    *container = ComPointer<IConnectionPointContainer>(&container_).Detach();
+    return S_OK;
+}
+
+HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) try {
+    if (!cookie) return E_POINTER;
+    *cookie = 0;
+    if (!sink) return E_POINTER;
+    // Asked for by its own id only: this is how a script host learns which object's events it is to answer.
+    ComPointer<IDispatch> events;
+    if (FAILED(sink->QueryInterface(DIID_DKazEvents, events.PutVoid()))) {
+        events.Detach();
+        return CONNECT_E_CANNOTCONNECT;
+    }
+    connections_.push_back({++lastCookie_, std::move(events)});
+    *cookie = lastCookie_;
+    return S_OK;
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+}
+
+HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
+    const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
+    if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
+    // Out of the list before it is released: the release may come back here.
+    const Connection leaving = std::move(*found);
+    connections_.erase(found);
+    return S_OK;
+}
+
+HRESULT ConnectionPoint::EnumConnections(IEnumConnections** enumerator) try {
+    if (!enumerator) return E_POINTER;
+    *enumerator = nullptr;
+    *enumerator = new Enumerator<IEnumConnections, Connection, CONNECTDATA, CopyConnection>(connections_);
+    return S_OK;
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+}
+
+void ConnectionPoint::Raise(DISPID event, std::span<VARIANT> arguments) {
+    const std::vector<Connection> listening = connections_;
+    for (const Connection& connection : listening) {
+        if (!IsConnected(connection.cookie)) continue;
+        DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+        connection.sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                                nullptr);
+    }
+}
+
+bool ConnectionPoint::IsConnected(DWORD cookie) const {
+    return std::ranges::find(connections_, cookie, &Connection::cookie) != connections_.end();
+}
+
+}  // namespace kaz

@@ -1,0 +1,86 @@
+#include "com/EventRelay.h"
+
+#include "com/LaterRelease.h"
+#include "com/StringCollection.h"
+#include "platform/win32/Text.h"
+
+#include <array>
+#include <new>
+
+namespace kaz {
+
+namespace {
+
+// The numbers of the events in the event interface.
+enum EventNumber : DISPID {
+    kTestEvent = 1,
+    kTodaysEvents,
+    kUpcomingEvents,
+    kMailEvent,
+    kShutDownKAZ,
+    kClosed,
+    kAllEvents,
+};
+
+VARIANT Argument(const Bstr& text) {
+    VARIANT argument;
+    VariantInit(&argument);
+    argument.vt = VT_BSTR;
+    argument.bstrVal = text.Get();
+    return argument;
+}
+
+VARIANT Argument(IDispatch* object) {
+    VARIANT argument;
+    VariantInit(&argument);
+    argument.vt = VT_DISPATCH;
+    argument.pdispVal = object;
+    return argument;
+}
+
+Bstr ToBstr(const std::string& text) {
+    Bstr wide(ToUtf16(text));
+    if (!wide.Get()) throw std::bad_alloc();
+    return wide;
+}
+
+}  // namespace
+
+void EventRelay::TestEvent() { Raise(kTestEvent); }
+
+void EventRelay::TodaysEvents(const std::vector<std::string>& todays) { RaiseList(kTodaysEvents, todays); }
+
+void EventRelay::UpcomingEvents(const std::vector<std::string>& upcoming) { RaiseList(kUpcomingEvents, upcoming); }
+
+void EventRelay::MailEvent(const std::string& toAddr, const std::string& subject, const std::string& messageText) {
+    const Bstr to = ToBstr(toAddr), about = ToBstr(subject), text = ToBstr(messageText);
+    std::array arguments{Argument(text), Argument(about), Argument(to)};
+    Raise(kMailEvent, arguments);
+}
+
+void EventRelay::ShutDownKAZ() { Raise(kShutDownKAZ); }
+
+void EventRelay::Closed() { Raise(kClosed); }
+
+void EventRelay::AllEvents(const std::string& strAllEvents) {
+    const Bstr text = ToBstr(strAllEvents);
+    std::array arguments{Argument(text)};
+    Raise(kAllEvents, arguments);
+}
+
+void EventRelay::RaiseList(DISPID event, const std::vector<std::string>& texts) {
+    std::vector<std::wstring> wide;
+    wide.reserve(texts.size());
+    for (const std::string& text : texts)
+        wide.push_back(ToUtf16(text));
+    const auto list = ComPointer<StringCollection>::Adopt(new StringCollection(std::move(wide)));
+    std::array arguments{Argument(list.Get())};
+    Raise(event, arguments);
+}
+
+void EventRelay::Raise(DISPID event, std::span<VARIANT> arguments) {
+    const LaterRelease alive(component_);
+    hosts_.Raise(event, arguments);
+}
+
+}  // namespace kaz

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "com/ConnectionPoint.h"
+#include "core/ComponentEvents.h"
+
+namespace kaz {
+
+// Hands what the component raises on to the connected hosts.
+class EventRelay final : public ComponentEvents {
+public:
+    // `component` is the COM object that the events come from, `hosts` its part.
+    EventRelay(IUnknown& component, ConnectionPoint& hosts) : component_(component), hosts_(hosts) {}
+
+    void TestEvent() override;
+    void TodaysEvents(const std::vector<std::string>& todays) override;
+    void UpcomingEvents(const std::vector<std::string>& upcoming) override;
+    void MailEvent(const std::string& toAddr, const std::string& subject, const std::string& messageText) override;
+    void ShutDownKAZ() override;
+    void Closed() override;
+    void AllEvents(const std::string& strAllEvents) override;
+
+private:
+    void Raise(DISPID event, std::span<VARIANT> arguments = {});
+    void RaiseList(DISPID event, const std::vector<std::string>& texts);
+
+    IUnknown& component_;
+    ConnectionPoint& hosts_;
+};
+
+}  // namespace kaz
