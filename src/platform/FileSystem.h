@@ -9,7 +9,8 @@
 
 namespace kaz {
 
-// A file's modification date-time in 100-nanosecond units; only ever compared for equality.
+// A file's modification date-time in 100-nanosecond units since 1 January 1601, UTC. Who asks whether a file has
+// changed compares for equality only.
 using FileTime = std::int64_t;
 
 enum class PathKind { Missing, File, Folder, Other };

@@ -1,0 +1,23 @@
+# kaz_libzip: the ZIP library that the backups are written with. Linux has it as a package, Visual C++ from vcpkg
+# (vcpkg.json); for MinGW-w64 it is built once into build/deps.
+add_library(kaz_libzip INTERFACE)
+
+if(MINGW AND CMAKE_HOST_UNIX)
+  message(STATUS "Looking for libzip in build/deps; the first time it is built")
+  execute_process(COMMAND ${PROJECT_SOURCE_DIR}/tools/lib/libzip-mingw.sh ${KAZ_MINGW_TARGET}
+    OUTPUT_VARIABLE folder OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE result)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "libzip for MinGW-w64 is not there and could not be built")
+  endif()
+  target_include_directories(kaz_libzip SYSTEM INTERFACE ${folder}/include)
+  target_link_libraries(kaz_libzip INTERFACE ${folder}/lib/libzip.a z advapi32)
+elseif(WIN32)
+  find_package(libzip CONFIG REQUIRED)
+  target_link_libraries(kaz_libzip INTERFACE libzip::zip)
+else()
+  # Debian's own CMake package of libzip asks for its command-line tools too, so it is looked for by hand.
+  find_path(KAZ_LIBZIP_INCLUDE zip.h REQUIRED)
+  find_library(KAZ_LIBZIP_LIBRARY zip REQUIRED)
+  target_include_directories(kaz_libzip SYSTEM INTERFACE ${KAZ_LIBZIP_INCLUDE})
+  target_link_libraries(kaz_libzip INTERFACE ${KAZ_LIBZIP_LIBRARY})
+endif()
