@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/Locale.h"
+#include "platform/ReportList.h"
+#include "ui/EventRows.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace kaz {
+
+// What the main list shows: the rows in their sorted order, their colours, and the search. Rows are counted
+// from 0 in display order.
+class EventList : public ReportRows {
+public:
+    // Header texts and widths.
+    static std::vector<ReportColumn> Columns();
+
+    explicit EventList(const Locale& locale) : folding_(locale.Folding()) {}
+
+    // Takes the place of all rows; they are shown in the order chosen last, at first by the days left.
+    void Show(EventRows rows);
+    // A click on a header. One direction serves all columns and flips on every click.
+    void SortBy(int column);
+    int SortColumn() const noexcept { return sortColumn_; }
+    bool Ascending() const noexcept { return ascending_; }
+
+    // The first row at or after `from` whose description contains the term, letter case aside.
+    std::optional<int> Find(std::string_view term, int from) const noexcept;
+
+    std::string_view Code(int row) const noexcept {
+        return rows_.Code(order_[static_cast<std::size_t>(row)]);
+    }
+    EventSource Source(int row) const noexcept { return rows_.Source(order_[static_cast<std::size_t>(row)]); }
+    // A name for the row that sorting leaves alone, until the next Show.
+    std::uint32_t Identity(int row) const noexcept { return order_[static_cast<std::size_t>(row)]; }
+
+    int RowCount() const noexcept override { return static_cast<int>(order_.size()); }
+    std::string_view CellText(int row, int column) const noexcept override;
+    Colour CellColour(int row, int column) const noexcept override;
+
+private:
+    void Sort();
+
+    const CaseFolding& folding_;
+    EventRows rows_;
+    std::vector<std::uint32_t> order_;
+    int sortColumn_ = kLeftColumn;
+    bool ascending_ = true;
+};
+
+}  // namespace kaz

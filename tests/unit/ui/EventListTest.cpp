@@ -1,0 +1,122 @@
+#include "ui/EventList.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace kaz {
+namespace {
+
+class EnglishLocale : public Locale {
+public:
+    const LocaleData& Data() const override { return data_; }
+    const CaseFolding& Folding() const override { return CaseFolding::Western(); }
+
+private:
+    LocaleData data_;
+};
+
+struct Sample {
+    std::string left, event, type;
+};
+
+EventRows Rows(const std::vector<Sample>& samples) {
+    EventRows rows;
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        EventCells cells;
+        cells[kLeftColumn] = samples[i].left;
+        cells[kEventColumn] = samples[i].event;
+        cells[kTypeColumn] = samples[i].type;
+        rows.Add(cells, "10000" + std::to_string(i), EventSource::Local);
+    }
+    return rows;
+}
+
+class EventListTest : public testing::Test {
+protected:
+    std::string Column(int column) const {
+        std::string texts;
+        for (int row = 0; row < list.RowCount(); ++row)
+            texts.append(row == 0 ? "" : "|").append(list.CellText(row, column));
+        return texts;
+    }
+
+    EnglishLocale locale;
+    EventList list{locale};
+};
+
+TEST_F(EventListTest, RowsStartInTheOrderOfDaysLeftAndStayInTheChosenOrderWhenRefilled) {
+    list.Show(Rows({{"0012", "b", ""}, {"0003", "c", ""}, {"---", "a", "E"}}));
+    EXPECT_EQ("---|0003|0012", Column(kLeftColumn));
+
+    list.SortBy(kEventColumn);
+    list.Show(Rows({{"0001", "x", ""}, {"0002", "z", ""}, {"0003", "y", ""}}));
+    EXPECT_EQ("z|y|x", Column(kEventColumn));
+}
+
+TEST_F(EventListTest, OneDirectionServesAllColumnsAndFlipsOnEveryClick) {
+    list.Show(Rows({{"0001", "a", ""}, {"0002", "b", ""}}));
+    list.SortBy(kEventColumn);
+    EXPECT_EQ("b|a", Column(kEventColumn));
+    list.SortBy(kLeftColumn);
+    EXPECT_EQ("0001|0002", Column(kLeftColumn));
+    list.SortBy(kLeftColumn);
+    EXPECT_EQ("0002|0001", Column(kLeftColumn));
+    EXPECT_FALSE(list.Ascending());
+    list.SortBy(kEventColumns);  // no such column: nothing changes
+    EXPECT_EQ(kLeftColumn, list.SortColumn());
+}
+
+TEST_F(EventListTest, SortsWithoutRegardToCaseAndKeepsTheFillOrderOfEqualTextsInBothDirections) {
+    list.Show(Rows({{"1", "same begin, B", ""},
+                    {"2", "\xC4pfel", ""},
+                    {"3", "same begin, a", ""},
+                    {"4", "SAME BEGIN, b", ""},
+                    {"5", "", ""},
+                    {"6", "same", ""},
+                    {"7", "\xE4PFEL", ""},
+                    {"8", std::string("same\0\0", 6), ""}}));
+    list.SortBy(kEventColumn);
+    EXPECT_EQ("2|7|1|4|3|8|6|5", Column(kLeftColumn));
+    list.SortBy(kEventColumn);
+    EXPECT_EQ("5|6|8|3|1|4|2|7", Column(kLeftColumn));
+}
+
+TEST_F(EventListTest, CodeAndIdentityFollowTheirRowThroughSorting) {
+    list.Show(Rows({{"0001", "a", ""}, {"0002", "b", ""}}));
+    const auto identity = list.Identity(0);
+    list.SortBy(kEventColumn);
+    EXPECT_EQ("100000", list.Code(1));
+    EXPECT_EQ(identity, list.Identity(1));
+}
+
+TEST_F(EventListTest, FindsTheFirstHitInDisplayOrderWithoutRegardToCase) {
+    list.Show(Rows({{"0003", "Call the Caf\xC9", ""}, {"0001", "caf\xE9", ""}, {"0002", "tea", ""}}));
+    EXPECT_EQ(0, list.Find("CAF\xC9", 0));
+    EXPECT_EQ(2, list.Find("CAF\xC9", 1));
+    EXPECT_EQ(std::nullopt, list.Find("coffee", 0));
+    EXPECT_EQ(std::nullopt, list.Find("a", 3));
+    EXPECT_EQ(std::nullopt, list.Find("0003", 0));  // other columns do not count
+}
+
+TEST_F(EventListTest, ColoursTheDescriptionByItsTypeAndNothingElse) {
+    list.Show(Rows({{"1", "", "S"}, {"2", "", "*"}, {"3", "", "E"}, {"4", "", ""}}));
+    EXPECT_EQ(Colour::Rgb(0, 0, 255), list.CellColour(0, kEventColumn));
+    EXPECT_EQ(Colour::Rgb(0, 128, 0), list.CellColour(1, kEventColumn));
+    EXPECT_EQ(Colour::Rgb(255, 0, 0), list.CellColour(2, kEventColumn));
+    EXPECT_EQ(Colour{}, list.CellColour(3, kEventColumn));
+    EXPECT_EQ(Colour{}, list.CellColour(2, kTypeColumn));
+}
+
+TEST_F(EventListTest, RowsThatAreGoneReadAsEmpty) {
+    list.Show(Rows({{"0001", "a", ""}}));
+    list.Show({});
+    EXPECT_EQ(0, list.RowCount());
+    EXPECT_EQ("", list.CellText(0, kEventColumn));
+    EXPECT_EQ(Colour{}, list.CellColour(-1, kEventColumn));
+    EXPECT_EQ(std::nullopt, list.Find("a", 0));
+}
+
+}  // namespace
+}  // namespace kaz
