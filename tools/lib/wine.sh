@@ -65,6 +65,8 @@ wine_start_resident() {
     exec {wine_pipe}<>"$wine_run/pipe"
     timeout 86400 "$WINELOADER" cmd <"$wine_run/pipe" >/dev/null 2>&1 {wine_pipe}>&- &
     wait_for 60 timeout 60 "$WINELOADER" cmd /c exit || die "Wine did not start"
+    # The first program with a window starts the desktop, which would keep that program's output open for ever.
+    timeout 60 "$WINELOADER" rundll32 user32.dll,MessageBeep </dev/null >/dev/null 2>&1 || true
 }
 
 # The prefix that runs are copied from, made again when Wine or this file changes.
@@ -93,6 +95,9 @@ wine_make_template() (
         </dev/null >/dev/null 2>&1
     timeout 60 wineserver -k
     timeout 60 wineserver -w
+    # Documents, Desktop and the like are links into the home folder: every run gets folders of its own instead.
+    find "$making/drive_c/users" -type l -print0 | xargs -0 -I{} sh -c 'rm "$1" && mkdir "$1"' - {}
+    rm -rf "$wine_folder/home"
     printf '%s\n' "$1" >"$making/complete"
     mv "$making" "$wine_folder/template"
 )
