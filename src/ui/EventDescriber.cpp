@@ -1,0 +1,73 @@
+#include "ui/EventDescriber.h"
+
+#include "base/Text.h"
+#include "platform/DateText.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+constexpr std::size_t kLeftDigits = 4;  // so many that the column sorts as text like numbers
+
+bool IsLineBreak(char c) { return c == '\r' || c == '\n'; }
+
+}  // namespace
+
+const EventCells& EventDescriber::Describe(const clsEvent& event) {
+    DescribeDate(event.DueDate());
+    std::string& description = cells_[kEventColumn];
+    description = event.Desc();
+    std::replace_if(description.begin(), description.end(), IsLineBreak, ' ');
+
+    // A file can hold any number as category. The event is listed all the same, without a name for it.
+    const std::int16_t slot = event.Layer();
+    cells_[kLayerColumn].clear();
+    if (slot >= 0 && slot < clsLayers::kCount) cells_[kLayerColumn] = layers_.Layer(slot);
+
+    cells_[kOwnerColumn].clear();
+    if (viewpoint_.networked) cells_[kOwnerColumn] = event.Owner();
+    DescribeType(event);
+    DescribeSharing(event);
+    return cells_;
+}
+
+void EventDescriber::DescribeDate(DateValue due) {
+    const std::int32_t daysLeft = due.Day() - viewpoint_.today.Day();
+    std::string& left = cells_[kLeftColumn];
+    if (daysLeft < 0) {
+        left = "---";
+    } else {
+        left = std::to_string(daysLeft);
+        if (left.size() < kLeftDigits) left.insert(0, kLeftDigits - left.size(), '0');
+    }
+    cells_[kDayColumn] = FormatDate(due, "DDD", locale_);
+    cells_[kDateColumn] = FormatDate(due, viewpoint_.dayBeforeMonth ? "DD/MM" : "MM/DD", locale_);
+    cells_[kYearColumn] = FormatDate(due, "YYYY", locale_);
+}
+
+// The later rule wins.
+void EventDescriber::DescribeType(const clsEvent& event) {
+    std::string& type = cells_[kTypeColumn];
+    type.clear();
+    if (event.SharedEvent) type = "*";
+    if (event.Owner() != viewpoint_.user) type = "S";
+    if (event.DueDate().Day() < viewpoint_.today.Day()) type = "E";
+}
+
+void EventDescriber::DescribeSharing(const clsEvent& event) {
+    std::string& names = cells_[kSharedWithColumn];
+    names.clear();
+    if (!event.SharedEvent) return;
+    if (!event.ShareWithSpecific) {
+        names = "All";
+        return;
+    }
+    names = ReplaceAll(event.ShareNames, kLineBreak, ",");
+    // Kept on purpose: the last character goes whatever it is, since the list is stored with a line break at
+    // its end.
+    if (names.size() >= 2) names.pop_back();
+}
+
+}  // namespace kaz

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/clsEvent.h"
+#include "platform/LocaleData.h"
+#include "storage/clsLayers.h"
+#include "ui/EventRows.h"
+
+#include <string>
+
+namespace kaz {
+
+// What the texts of an event depend on beside the event itself.
+struct EventViewpoint {
+    DateValue today;   // date only
+    std::string user;  // the current user, compared to owners exactly
+    bool networked = false;
+    bool dayBeforeMonth = false;
+};
+
+// Says of an event what the nine columns of the main list show.
+class EventDescriber {
+public:
+    EventDescriber(const clsLayers& layers, const LocaleData& locale, EventViewpoint viewpoint)
+        : layers_(layers),
+          locale_(locale),
+          viewpoint_(std::move(viewpoint)) {}
+
+    // The cells are valid until the next call.
+    const EventCells& Describe(const clsEvent& event);
+
+private:
+    void DescribeDate(DateValue due);
+    void DescribeType(const clsEvent& event);
+    void DescribeSharing(const clsEvent& event);
+
+    const clsLayers& layers_;
+    const LocaleData& locale_;
+    EventViewpoint viewpoint_;
+    EventCells
+        cells_;  // one set for all events, so that a long list is described without an allocation for each
+};
+
+}  // namespace kaz

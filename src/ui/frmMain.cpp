@@ -1,0 +1,241 @@
+#include "ui/frmMain.h"
+
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/MessagePump.h"
+#include "ui/EventListFill.h"
+
+#include <utility>
+#include <vector>
+
+namespace kaz {
+
+namespace {
+
+constexpr int kRefreshInterval = 30000;  // milliseconds
+constexpr int kAtOnce = 1;
+constexpr int kLastRememberedRow = 65533;
+
+}  // namespace
+
+frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, MainWindowEvents& owner)
+    : Form(std::move(window), application.errors, "frmMain"),
+      app_(application),
+      owner_(owner),
+      list_(application.platform.locale),
+      size_(this->window(), application.settings) {
+    On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
+    On(0, Raised::CloseBox, "Form_QueryUnload", &frmMain::Form_QueryUnload);
+    On(0, Raised::SessionEnd, "Form_QueryUnload", &frmMain::Form_SessionEnd);
+    On(0, Raised::Resumed, "TimerRefresh_Timer", &frmMain::TickSoon);
+    On(IDC_ListEvents, Raised::ColumnClick, "ListEvents_ColumnClick", &frmMain::ListEvents_ColumnClick);
+    On(IDC_ListEvents, Raised::RightClick, "ListEvents_MouseUp", &frmMain::ListEvents_MouseUp);
+    On(IDC_chkExpired, Raised::Click, "chkExpired_Click", &frmMain::chkExpired_Click);
+    On(IDC_cmbCategories, Raised::Select, "cmbCategories_Click", &frmMain::cmbCategories_Click);
+    On(IDM_FIND, Raised::Click, "mnuFind_Click", &frmMain::mnuFind_Click);
+    On(IDM_FINDNEXT, Raised::Click, "mnuFind_Click", &frmMain::mnuFindNext_Click);
+    On(IDM_REFRESH, Raised::Click, "mnuRefresh_Click", &frmMain::mnuRefresh_Click);
+    On(IDT_TimerRefresh, Raised::Timer, "TimerRefresh_Timer", &frmMain::TimerRefresh_Timer);
+}
+
+void frmMain::Form_Load() {
+    ErrorTrap trap(errors(), "Form_Load", Name());
+    loading_ = true;
+    trap([&] {
+        ListEvents().SetColumns(EventList::Columns());
+        ListEvents().SetRows(&list_);
+        ListEvents().ShowSortMark(list_.SortColumn(), list_.Ascending());
+    });
+    trap([&] { FillCategories(); });
+    app_.log.LogEvent("Filling events");
+    trap([&] { FillEvents(clsLayers::kAll); });
+    app_.log.LogEvent("Setting main window width and height");
+    trap([&] { size_.Restore(); });
+    loading_ = false;
+    TickSoon();
+}
+
+void frmMain::FillCategories() {
+    std::vector<std::string> names;
+    std::vector<std::string> lines{"Copying layer names into main form", "Clearing layers combo"};
+    for (std::int16_t slot = 0; slot < clsLayers::kCount; ++slot) {
+        names.push_back(app_.layers.Layer(slot));
+        lines.push_back("Added " + names.back());
+    }
+    lines.push_back("Setting index to " + std::to_string(clsLayers::kAll));
+    app_.log.LogEvents(lines);
+    cmbCategories.Items(names);
+    cmbCategories.Select(clsLayers::kAll);
+}
+
+void frmMain::FillEvents(std::int16_t category) {
+    ErrorTrap trap(errors(), "FillEvents", Name());
+    // Kept on purpose: the place in the list is remembered, not the event; beyond this bound it is the first
+    // row.
+    const int remembered = SelectedRow();
+    // Filled aside, so that whatever is painted meanwhile still finds the old rows whole.
+    EventListFill fill(app_);
+    trap([&] { fill.AddLocal(category); });
+    trap([&] { fill.AddShared(category); });
+    trap([&] {
+        if (chkExpired.Checked()) fill.AddExpired(category);
+    });
+    trap([&] { list_.Show(fill.TakeRows()); });
+    SetColours();
+    ListEvents().ClearSelection();
+    app_.log.LogEvent("Selecting current event");
+    if (list_.RowCount() == 0) return;
+    const bool there = remembered >= 0 && remembered <= kLastRememberedRow && remembered < list_.RowCount();
+    ListEvents().Select(there ? remembered : 0);
+}
+
+void frmMain::SetColours() { ListEvents().Refresh(); }
+
+std::int16_t frmMain::Category() const {
+    const int selected = cmbCategories.Selected();
+    return selected < 0 ? clsLayers::kAll : static_cast<std::int16_t>(selected);
+}
+
+int frmMain::SelectedRow() const {
+    const std::vector<int> rows = ListEvents().Selection();
+    return rows.empty() ? -1 : rows.front();
+}
+
+void frmMain::chkExpired_Click() { FillEvents(Category()); }
+
+void frmMain::cmbCategories_Click() {
+    if (!loading_) FillEvents(Category());
+}
+
+void frmMain::mnuRefresh_Click() { FillEvents(Category()); }
+
+void frmMain::ListEvents_ColumnClick(int column) {
+    // The list on the screen marks rows by their place only, so the marks have to move along with the events.
+    const std::vector<int> marked = ListEvents().Selection();
+    const int current = ListEvents().Current();
+    std::vector<bool> isMarked(static_cast<std::size_t>(list_.RowCount()));
+    for (const int row : marked)
+        isMarked.at(list_.Identity(row)) = true;
+    const auto currentIdentity = current < 0 ? 0 : list_.Identity(current);
+
+    list_.SortBy(column);
+    ListEvents().ShowSortMark(list_.SortColumn(), list_.Ascending());
+    SetColours();
+    ListEvents().ClearSelection();
+    int newCurrent = -1;
+    for (int row = 0; row < list_.RowCount(); ++row) {
+        if (!isMarked[list_.Identity(row)]) continue;
+        if (current >= 0 && list_.Identity(row) == currentIdentity)
+            newCurrent = row;
+        else
+            ListEvents().Select(row);
+    }
+    if (newCurrent >= 0) ListEvents().Select(newCurrent);  // last, so that it is the one in view
+}
+
+void frmMain::ListEvents_MouseUp() {
+    if (SelectedRow() >= 0) window().ShowMenu(IDR_MENU_LIST);
+}
+
+void frmMain::mnuFind_Click() {
+    if (AskForTerm()) Search(0);
+}
+
+void frmMain::mnuFindNext_Click() {
+    if (!searchTerm_.empty() || AskForTerm()) Search(SelectedRow() + 1);
+}
+
+bool frmMain::AskForTerm() {
+    const auto term = app_.platform.dialogs.InputBox("Search", "Enter search term", searchTerm_);
+    if (!term || term->empty()) return false;
+    searchTerm_ = *term;
+    return true;
+}
+
+void frmMain::Search(int from) {
+    if (const auto row = list_.Find(searchTerm_, from)) {
+        ListEvents().ClearSelection();
+        ListEvents().Select(*row);
+        return;
+    }
+    const std::string further = from > 0 ? "further " : "";
+    app_.platform.dialogs.Message("No " + further + "event contains \"" + searchTerm_ + "\".");
+}
+
+void frmMain::ShowWindow() { window().Show(Activation::TakeFocus); }
+
+void frmMain::BringForward() {
+    window().SetState(WindowState::Normal);
+    window().Show(Activation::TakeFocus);
+}
+
+void frmMain::HideWindow() { window().Hide(); }
+
+void frmMain::EditOptions() { app_.log.LogEvent("This version has no options dialog"); }
+
+void frmMain::Form_QueryUnload() {
+    window().Hide();
+    app_.platform.pump.ProcessPending();
+    owner_.fMain_WindowClosed();
+}
+
+void frmMain::Form_SessionEnd() {
+    size_.Save();
+    app_.settings.SaveSettings(app_.settingsFileName);
+}
+
+void frmMain::Unload() { app_.openWindows.Unload(*this); }
+
+void frmMain::Form_Unload() {
+    unloaded_ = true;
+    TimerRefresh.Stop();
+    size_.Save();
+    window().Hide();
+}
+
+// By the timer rather than at once: the window is painted first, and the tick never runs inside the host's
+// call or inside itself.
+void frmMain::TickSoon() {
+    if (!ticking_ && !unloaded_) TimerRefresh.Start(kAtOnce);
+}
+
+void frmMain::TimerRefresh_Timer() {
+    TimerRefresh.Stop();
+    ticking_ = true;
+    ErrorTrap trap(errors(), "TimerRefresh_Timer", Name());
+    // A step can let messages through, and with them the end of the program.
+    for (const auto step : {&frmMain::ReloadChangedFiles, &frmMain::ShowNewDay, &frmMain::ShowAlarms})
+        if (!unloaded_) trap([&] { (this->*step)(); });
+    ticking_ = false;
+    if (!unloaded_) TimerRefresh.Start(kRefreshInterval);
+}
+
+// Comes first: what another program has saved must be in memory before a new day makes this one save.
+void frmMain::ReloadChangedFiles() {
+    bool changed = false;
+    for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
+        if (!database || !database->DatabaseChanged()) continue;
+        database->LoadDBIfChanged(database->DBFilename());
+        // A file that could not be read still counts as changed: it is tried again on the next tick.
+        changed = changed || !database->DatabaseChanged();
+    }
+    if (changed) FillEvents(Category());
+}
+
+void frmMain::ShowNewDay() {
+    // Kept on purpose: only the day of the month is compared.
+    const int day = app_.platform.clock.Today().Civil().day;
+    if (day == lastDay_) return;
+    lastDay_ = day;
+    ErrorTrap trap(errors(), "TimerRefresh_Timer", Name());
+    trap([&] { app_.MakeReminder().DisplayReminders(); });
+    if (!unloaded_) FillEvents(Category());
+}
+
+void frmMain::ShowAlarms() {
+    clsReminder reminder = app_.MakeReminder();
+    if (app_.events) reminder.DisplayAlarms(*app_.events);
+    if (app_.shared && app_.Networked()) reminder.DisplayAlarms(*app_.shared);
+}
+
+}  // namespace kaz
