@@ -1,7 +1,9 @@
 #pragma once
 
 #include "model/clsEvent.h"
+#include "platform/FileSystem.h"
 #include "platform/Platform.h"
+#include "storage/EventCodes.h"
 #include "storage/clsLayers.h"
 #include "support/cSHAREDSettings.h"
 #include "support/cSharedLogging.h"
@@ -28,7 +30,7 @@ struct StorageServices {
 // The events of one file, in file order. Look-ups by code take the first match.
 class clsDbXml {
 public:
-    explicit clsDbXml(StorageServices services);
+    explicit clsDbXml(const StorageServices& services);
 
     void SetDBFilename(const std::string& fileName) { fileName_ = fileName; }
     const std::string& DBFilename() const { return fileName_; }
@@ -36,11 +38,12 @@ public:
     // Whether a watched file's date differs from the one last seen, in either direction.
     bool DatabaseChanged() const;
     void LoadDBIfChanged(const std::string& fileName);
-    // Reads the file; without `append` it takes the place of what was in memory. A file that is there but cannot be
-    // read is logged, leaves the memory as it was and keeps SaveDB from writing over it until a load succeeds.
+    // Reads the file; without `append` it takes the place of what was in memory. A file that is there but
+    // cannot be read is logged, leaves the memory as it was and keeps SaveDB from writing over it until a
+    // load succeeds.
     void LoadDB(const std::string& fileName, bool append = false);
-    // Writes the whole collection, events marked deleted left out. False when the file could not be written; the old
-    // file is then whole and the memory unchanged.
+    // Writes the whole collection, events marked deleted left out. False when the file could not be written;
+    // the old file is then whole and the memory unchanged.
     bool SaveDB();
 
     std::int32_t RecordCount() const { return static_cast<std::int32_t>(events_.size()); }
@@ -48,8 +51,8 @@ public:
     void DeleteRecord(std::string_view code);
     // The event itself, or null; valid until the collection changes.
     clsEvent* ReadEvent(std::string_view code);
-    // Takes the place of the event with the same code, at the end of the collection; an event without a code, or with
-    // `forceNew`, gets a new one. Nothing is saved. Throws InternalError when every code is in use.
+    // Takes the place of the event with the same code, at the end of the collection; an event without a code,
+    // or with `forceNew`, gets a new one. Nothing is saved. Throws InternalError when every code is in use.
     void StoreRecord(clsEvent event, bool forceNew = false);
     void WipeDiskFile();
     void WipeRecordsByOwner(std::string_view owner);
@@ -57,13 +60,35 @@ public:
     void WipeAllButThisOwner(std::string_view owner);
     void RenameOwner(std::string_view oldName, std::string_view newName);
 
-    std::vector<clsEvent>& AllEvents() { return events_; }
+    std::vector<clsEvent>& AllEvents() {
+        codes_.Forget();
+        return events_;
+    }
     const std::vector<clsEvent>& AllEvents() const { return events_; }
 
 private:
+    using Position = std::vector<clsEvent>::iterator;
+    // An event that was stored while the file could not be read.
+    struct Waiting {
+        std::string code;
+        bool isNew;
+    };
+
+    Position Find(std::string_view code);
+    std::optional<FileTime> FileDate() const;
+    std::vector<clsEvent> ReadFile() const;
+    bool Admit(clsEvent& event, const std::string& user) const;
+    void StoreWaiting(std::vector<clsEvent> before);
+    bool MustNotWrite() const;
+    bool WriteFile();
+
     StorageServices services_;
     std::string fileName_;
     std::vector<clsEvent> events_;
+    EventCodes codes_;
+    std::optional<FileTime> lastKnownDate_;
+    std::string unreadFile_;  // the last load of it failed, so that it must not be written over
+    std::vector<Waiting> waiting_;
 };
 
 }  // namespace kaz

@@ -16,16 +16,19 @@ public:
     static constexpr std::int16_t kAll = 20;  // as a filter it lets every event pass
     static constexpr std::int16_t kCount = 21;
 
+    // The slots have their default names until LoadLayers. Both outlive the object.
     clsLayers(cSHAREDSettings& settings, const Locale& locale);
 
     // Throws SubscriptOutOfRange for a slot outside 0 to 20.
     const std::string& Layer(std::int16_t slot) const;
     void Layer(std::int16_t slot, std::string name);
 
+    // To and from the settings in memory.
     void SaveLayers();
     void LoadLayers();
 
-    // The slot with that name (1 to 20). A new name takes the highest free slot and is saved; -1 when none is free.
+    // The slot with that name (1 to 20). A new name takes the highest free slot and is saved; -1 when none is
+    // free.
     std::int16_t SeekLayerIndex(std::string_view name);
 
 private:

@@ -1,0 +1,78 @@
+#include "storage/EventCodes.h"
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace kaz {
+
+namespace {
+
+// Kept on purpose: of all that six digits can say, only "000000" to "100000" are codes.
+constexpr std::int32_t kRange = 100000;
+constexpr std::size_t kCodes = kRange + 1;
+constexpr std::size_t kDigits = 6;
+constexpr int kMaxDraws = 1000;
+
+std::string ToCode(std::int32_t number) {
+    const std::string digits = std::to_string(number);
+    return std::string(kDigits - digits.size(), '0') + digits;
+}
+
+// Only codes of our own making can be drawn again; any other text is nothing to remember.
+std::optional<std::size_t> ToNumber(std::string_view code) {
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (code.size() != kDigits || !std::all_of(code.begin(), code.end(), isDigit)) return std::nullopt;
+    std::size_t number = 0;
+    for (const char c : code)
+        number = number * 10 + static_cast<std::size_t>(c - '0');
+    if (number >= kCodes) return std::nullopt;
+    return number;
+}
+
+}  // namespace
+
+void EventCodes::Added(std::string_view code) {
+    if (!known_) return;
+    if (const auto number = ToNumber(code)) used_[*number] = true;
+    ++count_;
+}
+
+bool EventCodes::MayHold(const std::vector<clsEvent>& events, std::string_view code) {
+    const auto number = ToNumber(code);
+    if (!number) return true;
+    LookAt(events);
+    return used_[*number];
+}
+
+std::string EventCodes::Unused(const std::vector<clsEvent>& events) {
+    LookAt(events);
+    // Random draws hardly ever fail until nearly all codes are in use; then the first free one is as good.
+    for (int draw = 0; draw < kMaxDraws; ++draw) {
+        std::string code = RandomCode();
+        if (!used_[ToNumber(code).value_or(0)]) return code;
+    }
+    Forget();
+    LookAt(events);
+    const auto free = std::find(used_.begin(), used_.end(), false);
+    if (free == used_.end()) throw RuntimeError(ErrorNumber::InternalError, "All event codes are in use");
+    return ToCode(static_cast<std::int32_t>(free - used_.begin()));
+}
+
+std::string EventCodes::RandomCode() {
+    random_.Seed(clock_.SecondsSinceMidnight());
+    return ToCode(RoundToInt32(random_.Next() * kRange));
+}
+
+void EventCodes::LookAt(const std::vector<clsEvent>& events) {
+    if (known_ && count_ == events.size()) return;
+    used_.assign(kCodes, false);
+    for (const clsEvent& event : events)
+        if (const auto number = ToNumber(event.IDCode)) used_[*number] = true;
+    count_ = events.size();
+    known_ = true;
+}
+
+}  // namespace kaz

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/ErrorTrap.h"
+#include "model/clsEvent.h"
+#include "platform/FileSystem.h"
+#include "platform/LocaleData.h"
+#include "storage/EventXml.h"
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+
+namespace kaz {
+
+// Reads the events of a file one after the other through one buffer, which grows only for a block that is
+// longer.
+class EventFileReader {
+public:
+    static constexpr std::size_t kBufferSize = 256 * 1024;
+
+    // All of them outlive the reader.
+    EventFileReader(InputFile& file, const LocaleData& locale, ErrorSink& errors,
+                    std::size_t bufferSize = kBufferSize);
+
+    // Reads the next block into `event`, which has to be new; false at the end of the file. Throws as
+    // InputFile does.
+    bool Next(clsEvent& event);
+
+    // How many events the whole file holds, judged by those read so far and a little generously.
+    std::size_t EstimatedCount() const;
+
+private:
+    std::string_view Unread() const { return {buffer_.get() + begin_, end_ - begin_}; }
+    void Used(std::size_t length);
+    bool Refill();
+
+    InputFile& file_;
+    EventXml xml_;
+    std::size_t capacity_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    std::size_t searched_ = 0;  // of the unread text: no block end begins before this
+    std::size_t usedBytes_ = 0;
+    std::size_t count_ = 0;
+};
+
+}  // namespace kaz

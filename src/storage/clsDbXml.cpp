@@ -1,0 +1,226 @@
+#include "storage/clsDbXml.h"
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "platform/Files.h"
+#include "platform/SafeFileWriter.h"
+#include "storage/ErrorBatch.h"
+#include "storage/EventFileReader.h"
+#include "storage/EventXml.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+constexpr std::string_view kModule = "clsDbXml";
+// The owner of every event while there is one user only; on loading it becomes the current user's name.
+constexpr std::string_view kSingleOwner = "Single";
+
+void WriteEvents(SafeFileWriter& file, const std::vector<clsEvent>& events) {
+    constexpr std::size_t kPiece = 256 * 1024;
+    constexpr std::size_t kUsualBlock = 8 * 1024;
+    std::string text;
+    text.reserve(std::min(kPiece + kUsualBlock, (events.size() + 1) * kUsualBlock));
+    text = EventXml::kProlog;
+    for (const clsEvent& event : events) {
+        if (!event.Deleted) EventXml::AppendBlock(text, event);
+        if (text.size() < kPiece) continue;
+        file.Write(text);
+        text.clear();
+    }
+    file.Write(text);
+}
+
+}  // namespace
+
+clsDbXml::clsDbXml(const StorageServices& services)
+    : services_(services),
+      codes_(services.clock, services.random) {}
+
+std::optional<FileTime> clsDbXml::FileDate() const {
+    try {
+        return services_.files.ModificationTime(fileName_);
+    } catch (...) {
+        services_.log.Report(CurrentError(), "DatabaseChanged", kModule);
+        return std::nullopt;
+    }
+}
+
+bool clsDbXml::DatabaseChanged() const { return FileDate() != lastKnownDate_; }
+
+void clsDbXml::LoadDBIfChanged(const std::string& fileName) {
+    if (DatabaseChanged()) LoadDB(fileName);
+}
+
+void clsDbXml::LoadDB(const std::string& fileName, bool append) {
+    fileName_ = fileName;
+    lastKnownDate_ = FileDate();
+    try {
+        std::vector<clsEvent> events = ReadFile();
+        codes_.Forget();
+        if (append) {
+            std::move(events.begin(), events.end(), std::back_inserter(events_));
+            events.clear();
+        } else {
+            events_.swap(events);
+        }
+        if (unreadFile_ == fileName_) StoreWaiting(std::move(events));
+    } catch (...) {
+        services_.log.Report(CurrentError(), "LoadDB", kModule);
+        services_.log.LogEvent("Unable to read events from " + fileName_);
+        unreadFile_ = fileName_;
+        // Without a date the file counts as changed, so that the next look at it tries again.
+        lastKnownDate_.reset();
+    }
+}
+
+std::vector<clsEvent> clsDbXml::ReadFile() const {
+    std::vector<clsEvent> events;
+    // A folder that is gone, such as a share without its network, is no empty database.
+    const std::string folder = FolderOf(fileName_);
+    if (!folder.empty() && services_.files.Kind(folder) == PathKind::Missing)
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    if (services_.files.Kind(fileName_) == PathKind::Missing) return events;
+
+    const auto file = services_.files.OpenForReading(fileName_);
+    ErrorBatch errors(services_.log);
+    EventFileReader reader(*file, services_.locale.Data(), errors);
+    const std::string user = services_.settings.TextOr("Owner", "Not Set");
+    for (;;) {
+        if (events.size() == events.capacity())
+            events.reserve(std::max(events.size() + events.size() / 8 + 64, reader.EstimatedCount()));
+        const bool read = reader.Next(events.emplace_back());
+        if (!read || !Admit(events.back(), user)) events.pop_back();
+        if (!read) return events;
+    }
+}
+
+// What is done with every event that is read; false drops it.
+bool clsDbXml::Admit(clsEvent& event, const std::string& user) const {
+    if (event.Owner().empty() || event.Owner() == kSingleOwner) event.Owner(user);
+    return !event.Deleted;
+}
+
+// What the user stored while the file could not be read joins what the file holds, and is saved at last.
+void clsDbXml::StoreWaiting(std::vector<clsEvent> before) {
+    unreadFile_.clear();
+    const std::vector<Waiting> waiting = std::exchange(waiting_, {});
+    ErrorTrap trap(services_.log, "LoadDB", kModule);
+    for (const Waiting& stored : waiting) {
+        const auto same = [&](const clsEvent& event) {
+            return event.IDCode == stored.code && !event.Deleted;
+        };
+        const auto found = std::find_if(before.begin(), before.end(), same);
+        if (found == before.end()) continue;
+        trap([&] { StoreRecord(std::move(*found), stored.isNew && Find(stored.code) != events_.end()); });
+    }
+    if (!waiting.empty()) SaveDB();
+}
+
+bool clsDbXml::MustNotWrite() const {
+    return !unreadFile_.empty() && unreadFile_ == fileName_ &&
+           services_.files.Kind(fileName_) != PathKind::Missing;
+}
+
+bool clsDbXml::SaveDB() {
+    if (MustNotWrite()) {
+        services_.log.LogEvent("Unable to write events. " + fileName_ + " could not be read.");
+        return false;
+    }
+    const bool written = WriteFile();
+    if (written) {
+        unreadFile_.clear();
+        waiting_.clear();
+    }
+    // Also after a failure, which must not look like a change by somebody else.
+    lastKnownDate_ = FileDate();
+    return written;
+}
+
+bool clsDbXml::WriteFile() {
+    std::optional<SafeFileWriter> file;
+    try {
+        if (fileName_.empty()) throw RuntimeError(ErrorNumber::PathFileAccess);
+        file.emplace(services_.files, fileName_);
+        WriteEvents(*file, events_);
+        file->Commit();
+        return true;
+    } catch (...) {
+        const ErrorInfo error = CurrentError();
+        const bool denied = error.number == static_cast<int>(ErrorNumber::PermissionDenied);
+        if (!file) services_.log.LogEvent("Output file readonly. Unable to write events.");
+        if (file || !denied) services_.log.Report(error, "SaveDB", kModule);
+        return false;
+    }
+}
+
+clsDbXml::Position clsDbXml::Find(std::string_view code) {
+    return std::find_if(events_.begin(), events_.end(),
+                        [&](const clsEvent& event) { return event.IDCode == code; });
+}
+
+clsEvent* clsDbXml::ReadEvent(std::string_view code) {
+    const Position found = Find(code);
+    if (found == events_.end()) return nullptr;
+    codes_.Forget();
+    return &*found;
+}
+
+void clsDbXml::DeleteRecord(std::string_view code) {
+    if (const Position found = Find(code); found != events_.end()) found->Deleted = true;
+    SaveDB();
+}
+
+void clsDbXml::StoreRecord(clsEvent event, bool forceNew) {
+    bool isNew = forceNew || event.IDCode.empty();
+    if (isNew) {
+        event.IDCode = codes_.Unused(events_);
+    } else {
+        const Position old = codes_.MayHold(events_, event.IDCode) ? Find(event.IDCode) : events_.end();
+        isNew = old == events_.end();
+        if (!isNew) events_.erase(old);
+    }
+    if (MustNotWrite()) waiting_.push_back({event.IDCode, isNew});
+    if (isNew) codes_.Added(event.IDCode);
+    events_.push_back(std::move(event));
+}
+
+void clsDbXml::WipeDiskFile() {
+    ErrorTrap trap(services_.log, "WipeDiskFile", kModule);
+    trap([&] {
+        if (services_.files.Kind(fileName_) != PathKind::Missing) services_.files.Delete(fileName_);
+    });
+}
+
+void clsDbXml::WipeRecordsByOwner(std::string_view owner) {
+    LoadDB(fileName_);
+    for (clsEvent& event : events_)
+        if (StringsEqual(event.Owner(), owner, services_.locale.Folding())) event.Deleted = true;
+    SaveDB();
+}
+
+void clsDbXml::SetAllToSingleUser() {
+    for (clsEvent& event : events_)
+        event.Owner(std::string(kSingleOwner));
+    SaveDB();
+}
+
+void clsDbXml::WipeAllButThisOwner(std::string_view owner) {
+    if (owner.empty()) return;
+    for (clsEvent& event : events_)
+        if (!StringsEqual(event.Owner(), owner, services_.locale.Folding())) event.Deleted = true;
+    SaveDB();
+}
+
+void clsDbXml::RenameOwner(std::string_view oldName, std::string_view newName) {
+    for (clsEvent& event : events_)
+        if (StringsEqual(event.Owner(), oldName, services_.locale.Folding()))
+            event.Owner(std::string(newName));
+    SaveDB();
+}
+
+}  // namespace kaz

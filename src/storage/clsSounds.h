@@ -1,0 +1,50 @@
+#pragma once
+
+#include "base/ErrorTrap.h"
+#include "platform/FileSystem.h"
+#include "support/cSHAREDSettings.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kaz {
+
+// The setting "WavFile"; by default "alarm.wav" in the application's folder.
+std::string DefaultAlarmSound(const cSHAREDSettings& settings, const std::string& applicationFolder);
+
+// The sound files of single events: a text file of lines "code,path" in the data folder. No operation throws;
+// each loads the file first when that has not been done yet.
+class clsSounds {
+public:
+    using FolderGetter = std::function<std::string()>;
+
+    // `applicationFolder` is asked at each use, since the folder is known only after the start. All outlive
+    // the object.
+    clsSounds(FileSystem& files, const cSHAREDSettings& settings, ErrorSink& errors,
+              FolderGetter applicationFolder);
+
+    void AddorChange(std::string_view id, std::string_view wavFile);
+    void Delete(std::string_view id);
+    // The event's sound file up to a comma in it, or the default alarm sound.
+    std::string GetWavName(std::string_view id);
+    void Initialise();
+
+private:
+    void LoadOnce();
+    void Load();
+    void Save();
+    std::string* Find(std::string_view id);
+
+    FileSystem& files_;
+    const cSHAREDSettings& settings_;
+    ErrorSink& errors_;
+    FolderGetter applicationFolder_;
+    std::string fileName_;
+    std::vector<std::string> lines_;
+    std::string appended_;  // what the file holds beyond the lines
+    bool loaded_ = false;
+};
+
+}  // namespace kaz
