@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/MessagePump.h"
+
+#include <functional>
+
+namespace kaz {
+
+class FakePump : public MessagePump {
+public:
+    void ProcessPending() override {
+        ++processed;
+        if (waiting) waiting();
+    }
+
+    // What the waiting messages do, such as a timer's tick in the middle of a long step.
+    std::function<void()> waiting;
+    int processed = 0;
+};
+
+}  // namespace kaz

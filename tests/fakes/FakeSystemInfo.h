@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/SystemInfo.h"
+
+namespace kaz {
+
+class FakeSystemInfo : public SystemInfo {
+public:
+    std::string OperatingSystem() const override { return operatingSystem; }
+    std::string ModuleFolder() const override { return moduleFolder; }
+
+    std::string operatingSystem = "Test System 1.0";
+    std::string moduleFolder = "C:\\KAZ";
+};
+
+}  // namespace kaz
