@@ -1,0 +1,50 @@
+#pragma once
+
+#include "base/ErrorTrap.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/FileSystem.h"
+#include "platform/Locale.h"
+#include "platform/MessagePump.h"
+#include "platform/OpenWindows.h"
+#include "platform/Shell.h"
+#include "platform/WindowFactory.h"
+#include "storage/cSharedSound.h"
+#include "support/cSHAREDSettings.h"
+#include "support/cSharedLogging.h"
+
+#include <string>
+
+namespace kaz {
+
+class ReminderWindows;
+class clsDbXml;
+
+// What the reminder windows work with; all of it outlives them.
+struct ReminderWindowServices {
+    WindowFactory& factory;
+    OpenWindows& openWindows;
+    ErrorSink& errors;
+    Dialogs& dialogs;
+    FileSystem& files;
+    MessagePump& pump;
+    cSHAREDSettings& settings;
+    cSharedSound& player;
+    const std::string& applicationFolder;  // where the default alarm sound is
+};
+
+// What the reminder engine works with; all of it outlives the engine.
+struct ReminderServices {
+    const Clock& clock;
+    const Locale& locale;
+    FileSystem& files;
+    MessagePump& pump;
+    Shell& shell;
+    cSharedLogging& log;
+    cSHAREDSettings& settings;
+    ReminderWindows& windows;
+    clsDbXml* events;  // null until a user has been chosen
+    clsDbXml* expired;
+};
+
+}  // namespace kaz

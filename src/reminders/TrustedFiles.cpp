@@ -1,0 +1,29 @@
+#include "reminders/TrustedFiles.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+constexpr const char* kSet = "TrustedFiles";
+
+bool IsPlain(const std::string& text) {
+    return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; });
+}
+
+}  // namespace
+
+bool TrustedFiles::Holds(const std::string& owner, const std::string& file) const {
+    return CanHold(owner, file) && settings_.ValueInSet(kSet, owner + "|" + file);
+}
+
+void TrustedFiles::Add(const std::string& owner, const std::string& file) {
+    if (CanHold(owner, file) && !Holds(owner, file)) settings_.AddToSet(kSet, owner + "|" + file);
+}
+
+bool TrustedFiles::CanHold(const std::string& owner, const std::string& file) {
+    return IsPlain(owner) && IsPlain(file);
+}
+
+}  // namespace kaz

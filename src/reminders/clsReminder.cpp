@@ -1,0 +1,172 @@
+#include "reminders/clsReminder.h"
+
+#include "platform/DateText.h"
+#include "reminders/AlarmFiles.h"
+#include "reminders/ExpiredShelf.h"
+#include "reminders/ReminderText.h"
+#include "reminders/ReminderWindows.h"
+
+namespace kaz {
+
+namespace {
+constexpr std::string_view kModule = "clsReminder";
+}
+
+bool clsReminder::IsExpired(DateValue dueDate, std::optional<DateValue> asOf) const {
+    return dueDate < asOf.value_or(services_.clock.Today());
+}
+
+void clsReminder::UpdateAllEvents() {
+    if (!services_.events) return;
+    ErrorTrap trap(services_.log, "UpdateAllEvents", kModule);
+    const DateValue today = services_.clock.Today();
+    std::vector<clsEvent>& events = services_.events->AllEvents();
+    ExpiredShelf shelf(services_.expired);
+    std::vector<std::size_t> retired;
+    std::vector<std::string> lines;
+
+    const auto examine = [&](clsEvent& event, std::size_t position) {
+        if (event.Deleted) return;
+        event.CalcDaysLeft(today);
+        if (!IsExpired(event.DueDate(), today)) return;
+        const std::string what =
+            GeneralDateText(event.DueDate(), services_.locale.Data()) + " " + event.Desc();
+        if (event.Recurring()) {
+            lines.push_back("Event expired and updated: " + what);
+            event.CalcNextDueDate(today, services_.log);
+            event.CalcDaysLeft(today);
+        } else {
+            lines.push_back("Event expired and deleted: " + what);
+            shelf.Add(event);
+            retired.push_back(position);
+        }
+    };
+    for (std::size_t position = 0; position < events.size(); ++position) {
+        trap([&] { examine(events[position], position); });
+        // Kept on purpose: the position advances also after a removal, so the event that takes the place of a
+        // removed one waits for the next pass.
+        if (!retired.empty() && retired.back() == position) ++position;
+    }
+    services_.log.LogEvents(lines);
+
+    trap([&] {
+        // First the file that receives the events: a crash in between leaves them in both files, never in
+        // none.
+        if (!services_.expired || services_.expired->SaveDB())
+            RemoveRetired(retired);
+        else if (!retired.empty())
+            services_.log.LogEvent("Expired events could not be saved and stay with the others");
+    });
+    trap([&] { services_.events->SaveDB(); });
+}
+
+void clsReminder::RemoveRetired(const std::vector<std::size_t>& positions) {
+    if (positions.empty()) return;
+    std::vector<clsEvent>& events = services_.events->AllEvents();
+    std::size_t kept = positions.front();
+    auto next = positions.begin();
+    for (std::size_t position = kept; position < events.size(); ++position) {
+        if (next != positions.end() && *next == position)
+            ++next;
+        else
+            events[kept++] = std::move(events[position]);
+    }
+    events.resize(kept);
+}
+
+void clsReminder::DisplayReminders() {
+    UpdateAllEvents();
+    ErrorTrap trap(services_.log, "DisplayReminders", kModule);
+    const DateValue today = services_.clock.Today();
+    trap([&] { ShowUpcoming(today); });
+    trap([&] { ShowTodays(today); });
+    trap([&] { services_.pump.ProcessPending(); });
+}
+
+void clsReminder::ShowUpcoming(DateValue today) {
+    std::vector<std::string> lines;
+    if (services_.events)
+        for (const clsEvent& event : services_.events->AllEvents()) {
+            const std::int32_t daysLeft = event.DueDate().Day() - today.Day();
+            if (!event.Deleted && daysLeft >= 1 && daysLeft <= event.DaysWarning())
+                lines.push_back(UpcomingLine(daysLeft, event.Desc()));
+        }
+    if (lines.empty()) {
+        services_.windows.Close(ReminderKind::ComingUp);
+        return;
+    }
+    services_.log.LogEvent("Showing upcoming reminders");
+    frmReminder& window = services_.windows.Open(ReminderKind::ComingUp);
+    if (window.ReplaceList(lines)) window.Wake();
+    window.Heading("COMING UP");
+}
+
+void clsReminder::ShowTodays(DateValue today) {
+    std::vector<std::string> lines;
+    std::string sound;
+    if (services_.events)
+        for (const clsEvent& event : services_.events->AllEvents()) {
+            if (event.Deleted || event.ExecFile || event.DueDate() != today) continue;
+            lines.push_back(event.Desc());
+            if (event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
+        }
+    if (lines.empty()) {
+        services_.windows.Close(ReminderKind::Today);
+        return;
+    }
+    services_.log.LogEvent("Showing today's reminders");
+    frmReminder& window = services_.windows.Open(ReminderKind::Today);
+    window.PlaySound = !sound.empty();
+    window.SoundFile = sound;
+    if (window.ReplaceList(lines)) window.Wake();
+    window.Heading("TODAY!");
+}
+
+void clsReminder::DisplayAlarms(const clsDbXml& database) {
+    ErrorTrap trap(services_.log, "DisplayAlarms", kModule);
+    const DateValue now = services_.clock.Now().ToMinute();
+    std::vector<std::string> lines;
+    std::vector<AlarmRinging> listed;
+    std::vector<clsEvent> toRun;
+    std::string sound;
+
+    trap([&] {
+        for (const clsEvent& event : database.AllEvents()) {
+            // The whole value is compared: an alarm time with a date or seconds never rings.
+            const bool rings =
+                event.AlarmSet() && event.DueDate() == now.DateOnly() && event.AlarmTime() == now.TimeOnly();
+            if (!rings || event.Deleted) continue;
+            const AlarmRinging ringing{&database, event.Owner(), event.IDCode, now};
+            if (event.ExecFile) {
+                if (services_.windows.FirstRun(ringing)) toRun.push_back(event);
+            } else if (!services_.windows.IsListed(ringing)) {
+                lines.push_back(event.Desc());
+                listed.push_back(ringing);
+                if (event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
+            }
+        }
+    });
+
+    // An alarm stays until the user closes it: a later pass adds what is new and neither empties nor hides
+    // the window. Kept on purpose: once closed, it is listed again by a further pass in its minute.
+    if (!lines.empty())
+        trap([&] {
+            frmReminder& window = services_.windows.Open(ReminderKind::Alarm);
+            window.AddToList(lines);
+            for (const AlarmRinging& ringing : listed)
+                services_.windows.SetListed(ringing);
+            window.PlaySound = true;
+            window.SoundFile = sound;
+            window.Wake();
+            window.Heading("ALARM!");
+            window.ShowOnTop();
+        });
+
+    AlarmFiles files(services_);
+    const bool ofOthers =
+        &database != services_.events;  // what a shared file says of an owner is only its word
+    for (const clsEvent& event : toRun)
+        files.Run(event, ofOthers);
+}
+
+}  // namespace kaz

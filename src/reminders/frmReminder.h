@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/Controls.h"
+#include "platform/Form.h"
+#include "reminders/ReminderLines.h"
+#include "reminders/ReminderServices.h"
+#include "resources/resource.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kaz {
+
+// A list of reminders that comes back to the front every 30 seconds, with its sound if it has one, until the
+// user closes it or lets it sleep for some minutes.
+class frmReminder : public Form {
+public:
+    frmReminder(std::unique_ptr<Window> window, const ReminderWindowServices& services);
+
+    // Heading and caption. The first one makes the window appear, two seconds later.
+    void Heading(const std::string& text);
+    void AddToList(const std::string& text) { AddToList(std::vector<std::string>{text}); }
+    // The same for many lines, with one filling of the list box.
+    void AddToList(const std::vector<std::string>& texts);
+    void ClearList();
+    // Takes these lines for those that it has; false when they are the same.
+    bool ReplaceList(const std::vector<std::string>& texts);
+
+    // Ends any sleep and makes the window come to the front, two seconds later.
+    void Wake();
+    // Above all other windows and on the screen at once, without taking the keyboard.
+    void ShowOnTop();
+    // Whether it has been closed; it may live on until its handlers have ended.
+    bool Closed() const { return closed_; }
+    void Form_Unload() override;
+
+    bool PlaySound = false;
+    std::string SoundFile;  // one that does not exist gives way to the default sound
+
+private:
+    void Timer1_Timer();
+    void cmdRemindMe_Click();
+    void cmdContinue_Click();
+
+    void CountSleep();
+    bool ComeToFront();
+    void PlayItsSound();
+    void FillList();
+
+    ReminderWindowServices services_;
+    ReminderLines lines_;
+    Label lblHeading{window(), IDC_lblHeading};
+    ListControl lstReminders{window(), IDC_lstReminders};
+    TextBox txtSleep{window(), IDC_txtSleep};
+    TimerControl Timer1{window(), IDT_Timer1};
+    bool armed_ = false;
+    bool closed_ = false;
+    bool sleeping_ = false;
+    int sleepMinutes_ = 0;
+    int seconds_ = 0;
+    int minutes_ = 0;
+};
+
+}  // namespace kaz
