@@ -5,7 +5,7 @@ export LC_ALL=C.UTF-8
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 root=$PWD
 
-say() { printf '%s\n' "$*"; }
+say() { printf "%s\n" "$@"; }
 die() {
     printf '%s: %s\n' "${0##*/}" "$*" >&2
     exit 1

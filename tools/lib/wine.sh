@@ -7,7 +7,8 @@ export WINELOADER=/usr/lib/wine/wine64 WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--al
 # Neither .NET nor a browser is needed; without winemenubuilder no menu entries appear in the user's desktop.
 export WINEDLLOVERRIDES='mscoree=d;mshtml=d;winemenubuilder.exe=d'
 
-# wine_begin NAME: from here on WINEPREFIX, DISPLAY and HOME are private; all of it goes away with the shell.
+# wine_begin NAME [--user-display]: from here on WINEPREFIX, HOME, screen and sound are private, or with --user-display
+# only the first two. All of it goes away with the shell.
 wine_begin() {
     wine_remove_leftovers
     wine_template
@@ -22,13 +23,17 @@ wine_begin() {
 
     # Hard links: Wine replaces its registry files and never writes into an existing one of the others.
     cp -al "$wine_folder/template" "$wine_run/prefix"
-    export WINEPREFIX=$wine_run/prefix XDG_RUNTIME_DIR=$wine_sockets HOME=$wine_run/home
-    mkdir -p "$HOME"
-    unset WAYLAND_DISPLAY
-    # Without a server of our own there is no sound, rather than the user's.
-    export PULSE_SERVER=unix:$wine_sockets/no-sound
-
-    wine_start_screen
+    mkdir -p "$wine_run/home"
+    export WINEPREFIX=$wine_run/prefix
+    if [[ ${2:-} == --user-display ]]; then
+        # The display and the sound are found through the real home folder; windows get the user's own frames.
+        timeout 60 "$WINELOADER" reg delete 'HKCU\Software\Wine\Explorer' /v Desktop /f </dev/null >/dev/null 2>&1
+    else
+        # Without a server of our own there is no sound, rather than the user's.
+        export HOME=$wine_run/home XDG_RUNTIME_DIR=$wine_sockets PULSE_SERVER=unix:$wine_sockets/no-sound
+        unset WAYLAND_DISPLAY XAUTHORITY
+        wine_start_screen
+    fi
     wine_start_resident
 }
 
@@ -46,6 +51,20 @@ wine_sound() {
 
 # One picture of the whole screen.
 wine_screenshot() { timeout 20 import -window root "$1"; }
+
+# The visible windows with a title, one a line: id, blank, title.
+wine_windows() {
+    local id title
+    for id in $(timeout 10 xdotool search --onlyvisible --name '..' 2>/dev/null || true); do
+        title=$(timeout 10 xdotool getwindowname "$id" 2>/dev/null) || continue
+        [[ $title =~ ^(Default IME|.* - Wine desktop)$ ]] || printf '%s %s\n' "$id" "$title"
+    done
+}
+
+# wine_window_picture ID FILE: the window as a whole, in front of the others.
+wine_window_picture() {
+    timeout 10 xdotool windowraise "$1" && sleep 0.3 && timeout 20 import -window "$1" "$2"
+}
 
 wine_start_screen() {
     local number=$wine_run/display
