@@ -19,8 +19,10 @@ HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** object)
 }
 
 HRESULT ClassFactory::LockServer(BOOL lock) {
-    if (lock) ModuleUse::Add();
-    else ModuleUse::Remove();
+    if (lock)
+        ModuleUse::Add();
+    else
+        ModuleUse::Remove();
     return S_OK;
 }
 

@@ -13,8 +13,8 @@
 
 namespace kaz {
 
-// Reference counting and QueryInterface over the listed interfaces, the first of which is the object's identity.
-// A new object holds one reference, its creator's.
+// Reference counting and QueryInterface over the listed interfaces, the first of which is the object's
+// identity. A new object holds one reference, its creator's.
 template <class... Interfaces>
 class ComObject : public Interfaces... {
 public:

@@ -3,7 +3,7 @@
 #include "com/Enumerator.h"
 #include "com/RuntimePath.h"
 #include "platform/win32/Text.h"
-#include "ui/frmMain.h"
+#include "ui/FormFactory.h"
 
 #include <olectl.h>
 
@@ -23,9 +23,10 @@ struct CopyPoint {
 
 }  // namespace
 
-ComponentObject::ComponentObject() : component_(platform_.Services(), frmMain::Load, relay_) {}
+ComponentObject::ComponentObject() : component_(platform_.Services(), MakeMainWindow, relay_) {}
 
-// No exception crosses to the host, and the object outlives the call even when the host lets go of it in an event.
+// No exception crosses to the host, and the object outlives the call even when the host lets go of it in an
+// event.
 template <class Operation>
 HRESULT ComponentObject::Run(Operation&& operation) noexcept {
     const ComPointer<IUnknown> alive(Identity());

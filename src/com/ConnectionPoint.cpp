@@ -1,8 +1,7 @@
 #include "com/ConnectionPoint.h"
 
-#include "com/Enumerator.h"
-
 #include "Kazlib_h.h"
+#include "com/Enumerator.h"
 
 #include <olectl.h>
 
@@ -79,8 +78,8 @@ void ConnectionPoint::Raise(DISPID event, std::span<VARIANT> arguments) {
     for (const Connection& connection : listening) {
         if (!IsConnected(connection.cookie)) continue;
         DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
-        connection.sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
-                                nullptr);
+        connection.sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
+                                nullptr, nullptr);
     }
 }
 

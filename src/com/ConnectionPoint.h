@@ -10,7 +10,8 @@
 
 namespace kaz {
 
-// Where hosts connect to hear the component's events. It is a part of its container: both live and die together.
+// Where hosts connect to hear the component's events. It is a part of its container: both live and die
+// together.
 class ConnectionPoint final : public IConnectionPoint {
 public:
     explicit ConnectionPoint(IConnectionPointContainer& container) : container_(container) {}
@@ -27,9 +28,9 @@ public:
     HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
     HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** enumerator) override;
 
-    // Calls every sink that was connected at the start and still is when its turn comes; a sink may connect and
-    // disconnect anything meanwhile. A sink that fails does not keep the event from the others. `arguments` stand
-    // last first. Throws std::bad_alloc.
+    // Calls every sink that was connected at the start and still is when its turn comes; a sink may connect
+    // and disconnect anything meanwhile. A sink that fails does not keep the event from the others.
+    // `arguments` stand last first. Throws std::bad_alloc.
     void Raise(DISPID event, std::span<VARIANT> arguments);
 
 private:

@@ -5,8 +5,8 @@
 
 namespace kaz {
 
-// A COM object whose first interface is dual: calls by name go through the type library to the same slots that
-// compiled hosts call directly.
+// A COM object whose first interface is dual: calls by name go through the type library to the same slots
+// that compiled hosts call directly.
 template <class Dual, class... Others>
 class DualObject : public ComObject<Dual, Others...> {
 public:
@@ -27,8 +27,8 @@ public:
         const HRESULT result = EnsureTypeInfo();
         return FAILED(result) ? result : typeInfo_->GetIDsOfNames(names, count, ids);
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* answer,
-                                     EXCEPINFO* exception, UINT* wrongArgument) override {
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
+                                     VARIANT* answer, EXCEPINFO* exception, UINT* wrongArgument) override {
         const HRESULT result = EnsureTypeInfo();
         if (FAILED(result)) return result;
         // The call may let go of this object's last reference.
@@ -37,9 +37,7 @@ public:
     }
 
 private:
-    HRESULT EnsureTypeInfo() {
-        return typeInfo_ ? S_OK : LoadOwnTypeInfo(__uuidof(Dual), typeInfo_);
-    }
+    HRESULT EnsureTypeInfo() { return typeInfo_ ? S_OK : LoadOwnTypeInfo(__uuidof(Dual), typeInfo_); }
 
     ComPointer<ITypeInfo> typeInfo_;
 };

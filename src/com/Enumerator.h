@@ -8,8 +8,8 @@
 
 namespace kaz {
 
-// A COM enumerator over a copy of some items. `Copy` has `static HRESULT Out(const Item&, Element*)`, which gives
-// the caller an element of its own, and `static void Undo(Element*)`, which takes it back.
+// A COM enumerator over a copy of some items. `Copy` has `static HRESULT Out(const Item&, Element*)`, which
+// gives the caller an element of its own, and `static void Undo(Element*)`, which takes it back.
 template <class Interface, class Item, class Element, class Copy>
 class Enumerator final : public ComObject<Interface> {
 public:
@@ -23,7 +23,8 @@ public:
             const HRESULT result = Copy::Out(items_[position_], elements + given);
             if (FAILED(result)) {
                 position_ -= given;
-                while (given > 0) Copy::Undo(elements + --given);
+                while (given > 0)
+                    Copy::Undo(elements + --given);
                 return result;
             }
         }

@@ -50,9 +50,12 @@ void EventRelay::TestEvent() { Raise(kTestEvent); }
 
 void EventRelay::TodaysEvents(const std::vector<std::string>& todays) { RaiseList(kTodaysEvents, todays); }
 
-void EventRelay::UpcomingEvents(const std::vector<std::string>& upcoming) { RaiseList(kUpcomingEvents, upcoming); }
+void EventRelay::UpcomingEvents(const std::vector<std::string>& upcoming) {
+    RaiseList(kUpcomingEvents, upcoming);
+}
 
-void EventRelay::MailEvent(const std::string& toAddr, const std::string& subject, const std::string& messageText) {
+void EventRelay::MailEvent(const std::string& toAddr, const std::string& subject,
+                           const std::string& messageText) {
     const Bstr to = ToBstr(toAddr), about = ToBstr(subject), text = ToBstr(messageText);
     std::array arguments{Argument(text), Argument(about), Argument(to)};
     Raise(kMailEvent, arguments);

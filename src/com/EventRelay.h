@@ -14,7 +14,8 @@ public:
     void TestEvent() override;
     void TodaysEvents(const std::vector<std::string>& todays) override;
     void UpcomingEvents(const std::vector<std::string>& upcoming) override;
-    void MailEvent(const std::string& toAddr, const std::string& subject, const std::string& messageText) override;
+    void MailEvent(const std::string& toAddr, const std::string& subject,
+                   const std::string& messageText) override;
     void ShutDownKAZ() override;
     void Closed() override;
     void AllEvents(const std::string& strAllEvents) override;

@@ -66,7 +66,8 @@ class Bstr {
 public:
     Bstr() = default;
     // The text stays null when memory is short.
-    explicit Bstr(std::wstring_view text) : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+    explicit Bstr(std::wstring_view text)
+        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
     Bstr(Bstr&& other) noexcept : text_(other.Detach()) {}
     Bstr& operator=(Bstr&& other) noexcept {
         std::swap(text_, other.text_);

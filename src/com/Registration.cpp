@@ -1,8 +1,7 @@
 #include "com/Registration.h"
 
-#include "com/TypeLibrary.h"
-
 #include "Kazlib_h.h"
+#include "com/TypeLibrary.h"
 
 #include <olectl.h>
 
@@ -67,7 +66,8 @@ LSTATUS WriteEntries(HKEY root) {
     for (const Entry& entry : Entries()) {
         const std::wstring key = L"Software\\Classes\\" + entry.key;
         const auto bytes = static_cast<DWORD>((entry.value.size() + 1) * sizeof(wchar_t));
-        const LSTATUS status = RegSetKeyValueW(root, key.c_str(), entry.name, REG_SZ, entry.value.c_str(), bytes);
+        const LSTATUS status =
+            RegSetKeyValueW(root, key.c_str(), entry.name, REG_SZ, entry.value.c_str(), bytes);
         if (status != ERROR_SUCCESS) return status;
     }
     return ERROR_SUCCESS;
@@ -95,14 +95,15 @@ HRESULT RegisterComponent() {
         result = RegisterTypeLib(library.Get(), path.data(), nullptr);
         return FAILED(result) ? SELFREG_E_TYPELIB : S_OK;
     }
-    if (status != ERROR_ACCESS_DENIED || WriteEntries(HKEY_CURRENT_USER) != ERROR_SUCCESS) return SELFREG_E_CLASS;
+    if (status != ERROR_ACCESS_DENIED || WriteEntries(HKEY_CURRENT_USER) != ERROR_SUCCESS)
+        return SELFREG_E_CLASS;
     result = RegisterTypeLibForUser(library.Get(), path.data(), nullptr);
     return FAILED(result) ? SELFREG_E_TYPELIB : S_OK;
 }
 
 HRESULT UnregisterComponent() {
-    // What is not there, or there for the other kind of users only, is told as a failure by these two; the keys
-    // below are what makes the component known.
+    // What is not there, or there for the other kind of users only, is told as a failure by these two; the
+    // keys below are what makes the component known.
     UnRegisterTypeLib(LIBID_Kazlib, kMajorVersion, kMinorVersion, LOCALE_NEUTRAL, kSystem);
     UnRegisterTypeLibForUser(LIBID_Kazlib, kMajorVersion, kMinorVersion, LOCALE_NEUTRAL, kSystem);
     const LSTATUS user = DeleteEntries(HKEY_CURRENT_USER);

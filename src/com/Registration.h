@@ -4,8 +4,8 @@
 
 namespace kaz {
 
-// Tells the system about the component and its type library: for all users, or, without the rights for that, for
-// this user alone.
+// Tells the system about the component and its type library: for all users, or, without the rights for that,
+// for this user alone.
 HRESULT RegisterComponent();
 // Forgets both. What was never registered is no failure.
 HRESULT UnregisterComponent();

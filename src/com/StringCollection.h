@@ -1,8 +1,7 @@
 #pragma once
 
-#include "com/DualObject.h"
-
 #include "Kazlib_h.h"
+#include "com/DualObject.h"
 
 #include <string>
 #include <vector>

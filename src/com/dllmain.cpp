@@ -1,8 +1,7 @@
+#include "Kazlib_h.h"
 #include "com/ClassFactory.h"
 #include "com/Owners.h"
 #include "com/Registration.h"
-
-#include "Kazlib_h.h"
 
 #include <new>
 
@@ -18,14 +17,10 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
 
 STDAPI DllCanUnloadNow() { return kaz::ModuleUse::None() ? S_OK : S_FALSE; }
 
-STDAPI DllRegisterServer() try {
-    return kaz::RegisterComponent();
-} catch (const std::bad_alloc&) {
+STDAPI DllRegisterServer() try { return kaz::RegisterComponent(); } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
 }
 
-STDAPI DllUnregisterServer() try {
-    return kaz::UnregisterComponent();
-} catch (const std::bad_alloc&) {
+STDAPI DllUnregisterServer() try { return kaz::UnregisterComponent(); } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
 }

@@ -1,0 +1,138 @@
+#include "RecordingHost.h"
+#include "TestFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <olectl.h>
+
+namespace kaz::test {
+
+using testing::ElementsAre;
+using testing::StartsWith;
+
+namespace {
+
+class Events : public testing::Test {
+protected:
+    // A component that was started on a folder with one event due today and one tomorrow.
+    void SetUp() override {
+        folder.Write("Kaz.ini", kSettings);
+        folder.Write("Events.xml", EventFile({{"000001", "T%E4glich%0D%0AKaffee", 0, " ann@example.org "},
+                                              {"000002", "Zahnarzt", 1}}));
+        component = MakeComponent();
+        ASSERT_EQ(component->Startup(Bstr(folder.Path().wstring()).Get()), S_OK);
+        VARIANT_BOOL initialised = VARIANT_FALSE;
+        ASSERT_EQ(component->get_SettingsInitialised(&initialised), S_OK);
+        ASSERT_EQ(initialised, VARIANT_TRUE);
+    }
+    void TearDown() override {
+        if (component) component->ShutDown();
+        component.Reset();
+        EXPECT_EQ(host.references, 0u);
+    }
+
+    TestFolder folder;
+    RecordingHost host;
+    ComPointer<IKazComponent> component;
+};
+
+}  // namespace
+
+TEST_F(Events, ScanTellsTheListsInOrderAndMailsOnce) {
+    const Connection connection(component, host);
+    EXPECT_EQ(component->RefreshDates(), S_OK);
+    EXPECT_EQ(component->ScanEvents(), S_OK);
+    ASSERT_THAT(host.heard,
+                ElementsAre(L"MailEvent(ann@example.org; KAZ Alert - Event 1; T\u00e4glich\r\nKaffee)",
+                            L"TodaysEvents([T\u00e4glich\r\nKaffee])",
+                            L"UpcomingEvents([In 1 day: Zahnarzt])", StartsWith(L"AllEvents(0000,")));
+    EXPECT_NE(host.heard[3].find(L",T\u00e4glich Kaffee\r\n0001,"), std::wstring::npos);
+
+    host.heard.clear();
+    EXPECT_EQ(component->fMain_Rescan(), S_OK);
+    EXPECT_EQ(host.heard.size(), 3u) << "the mail is not asked for again";
+}
+
+TEST_F(Events, WindowsWishesReachTheHost) {
+    const Connection connection(component, host);
+    EXPECT_EQ(component->fMain_ShutDownKAZ(), S_OK);
+    EXPECT_EQ(component->fMain_WindowClosed(), S_OK);
+    EXPECT_THAT(host.heard, ElementsAre(L"ShutDownKAZ()", L"Closed()"));
+}
+
+TEST_F(Events, HostsMayConnectAndDisconnectWhileTheyAreTold) {
+    RecordingHost second, late;
+    Connection first(component, host);
+    Connection other(component, second);
+    std::unique_ptr<Connection> added;
+    host.reaction = [&](DISPID) {
+        other.Disconnect();
+        if (!added) added = std::make_unique<Connection>(component, late);
+    };
+    component->fMain_WindowClosed();
+    EXPECT_EQ(host.heard.size(), 1u);
+    EXPECT_TRUE(second.heard.empty()) << "it had left before its turn";
+    EXPECT_TRUE(late.heard.empty()) << "it came after the event was raised";
+
+    host.reaction = [&](DISPID) { first.Disconnect(); };
+    component->fMain_WindowClosed();
+    component->fMain_WindowClosed();
+    EXPECT_EQ(host.heard.size(), 2u);
+    EXPECT_EQ(late.heard.size(), 2u);
+    EXPECT_EQ(EventsOf(component)->Unadvise(99), CONNECT_E_NOCONNECTION);
+    EXPECT_EQ(second.references, 0u);
+}
+
+TEST_F(Events, HostMayCallBackAndEvenLetGoInAnEvent) {
+    auto connection = std::make_unique<Connection>(component, host);
+    host.reaction = [&](DISPID event) {
+        if (event == 2) component->fMain_WindowClosed();
+        if (event != 7) return;
+        component->ShutDown();
+        connection.reset();
+        component.Reset();
+    };
+    IKazComponent* const called = component.Get();
+    EXPECT_EQ(called->ScanEvents(), S_OK);
+    EXPECT_EQ(host.heard.size(), 5u);
+    EXPECT_FALSE(component);
+    PumpMessages();
+    EXPECT_NE(folder.Read("Kaz.ini").find("OWNER,Ann\r\n"), std::string::npos);
+}
+
+TEST_F(Events, ListIsACollectionForScripts) {
+    const Connection connection(component, host);
+    component->ScanEvents();
+    const auto get = [&](DISPID id, VARIANT* answer, short index = 0) {
+        VARIANT argument{};
+        argument.vt = VT_I2;
+        argument.iVal = index;
+        DISPPARAMS arguments{&argument, nullptr, index != 0 ? 1u : 0u, 0};
+        return host.lastList->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &arguments,
+                                     answer, nullptr, nullptr);
+    };
+    wchar_t name[] = L"count";
+    LPOLESTR names[] = {name};
+    DISPID id = 0;
+    VARIANT answer{};
+    ASSERT_EQ(host.lastList->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id), S_OK);
+    EXPECT_EQ(get(id, &answer), S_OK);
+    EXPECT_EQ(answer.lVal, 1);
+    EXPECT_EQ(get(DISPID_VALUE, &answer, 1), S_OK);
+    EXPECT_STREQ(answer.bstrVal, L"In 1 day: Zahnarzt");
+    VariantClear(&answer);
+    EXPECT_TRUE(FAILED(get(DISPID_VALUE, &answer, 2)));
+
+    // For Each.
+    ASSERT_EQ(get(DISPID_NEWENUM, &answer), S_OK);
+    const auto items = ComPointer<IUnknown>::Adopt(answer.punkVal).As<IEnumVARIANT>();
+    VARIANT two[2] = {};
+    ULONG fetched = 9;
+    EXPECT_EQ(items->Next(2, two, &fetched), S_FALSE);
+    EXPECT_EQ(fetched, 1u);
+    EXPECT_STREQ(two[0].bstrVal, L"In 1 day: Zahnarzt");
+    VariantClear(&two[0]);
+    host.lastList.Reset();
+}
+
+}  // namespace kaz::test

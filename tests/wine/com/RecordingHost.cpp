@@ -1,0 +1,89 @@
+#include "RecordingHost.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace kaz::test {
+
+namespace {
+
+// Item by item and by name, as a script would read it.
+std::wstring ListText(IDispatch* object) {
+    const auto list = ComPointer<IDispatch>(object).As<IStringCollection>();
+    long count = -1;
+    list->get_Count(&count);
+    std::wstring text = L"[";
+    for (long index = 1; index <= count; ++index) {
+        Bstr item;
+        list->get_Item(index, item.Put());
+        text.append(index > 1 ? L"|" : L"").append(item.View());
+    }
+    return text + L"]";
+}
+
+}  // namespace
+
+HRESULT RecordingHost::QueryInterface(REFIID iid, void** object) {
+    *object = nullptr;
+    if (iid != IID_IUnknown && iid != IID_IDispatch && iid != DIID_DKazEvents) return E_NOINTERFACE;
+    *object = ComPointer<IDispatch>(this).Detach();
+    return S_OK;
+}
+
+HRESULT RecordingHost::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
+                              UINT*) {
+    static const wchar_t* const names[] = {L"?",         L"TestEvent",   L"TodaysEvents", L"UpcomingEvents",
+                                           L"MailEvent", L"ShutDownKAZ", L"Closed",       L"AllEvents"};
+    std::wstring text = names[id >= 1 && id <= 7 ? id : 0];
+    text += L"(";
+    for (UINT index = arguments->cArgs; index-- > 0;) {
+        const VARIANT& argument = arguments->rgvarg[index];
+        text += argument.vt == VT_DISPATCH ? ListText(argument.pdispVal)
+                : argument.vt == VT_BSTR   ? std::wstring(argument.bstrVal, SysStringLen(argument.bstrVal))
+                                           : L"?";
+        if (index > 0) text += L"; ";
+        if (argument.vt == VT_DISPATCH) lastList = ComPointer<IDispatch>(argument.pdispVal);
+    }
+    heard.push_back(text + L")");
+    if (reaction) reaction(id);
+    return S_OK;
+}
+
+ComPointer<IKazComponent> MakeComponent() {
+    ComPointer<IKazComponent> component;
+    const HRESULT result = CoCreateInstance(CLSID_clsComponent, nullptr, CLSCTX_INPROC_SERVER,
+                                            __uuidof(IKazComponent), component.PutVoid());
+    EXPECT_EQ(result, S_OK);
+    return component;
+}
+
+ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component) {
+    ComPointer<IConnectionPoint> point;
+    EXPECT_EQ(component.As<IConnectionPointContainer>()->FindConnectionPoint(DIID_DKazEvents, point.Put()),
+              S_OK);
+    return point;
+}
+
+Connection::Connection(const ComPointer<IKazComponent>& component, RecordingHost& host)
+    : point_(EventsOf(component)) {
+    EXPECT_EQ(point_->Advise(&host, &cookie_), S_OK);
+}
+
+void Connection::Disconnect() {
+    if (!point_) return;
+    EXPECT_EQ(point_->Unadvise(cookie_), S_OK);
+    point_.Reset();
+}
+
+void PumpMessages(DWORD milliseconds) {
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+    }
+}
+
+}  // namespace kaz::test

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Kazlib_h.h"
+#include "com/ComObject.h"
+#include "com/Owners.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kaz::test {
+
+// A host that notes what it hears as "Name(argument; argument)", lists as "[one|two]".
+class RecordingHost final : public IDispatch {
+public:
+    std::vector<std::wstring> heard;
+    ComPointer<IDispatch> lastList;
+    std::function<void(DISPID)> reaction;  // runs after the note was taken
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+    // Lives on the stack of the test; the count is there to find references that were never given back.
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*,
+                                     EXCEPINFO*, UINT*) override;
+
+    ULONG references = 0;
+};
+
+// Created as KAZ2 creates it: through the manifest of this program, with nothing in the registry.
+ComPointer<IKazComponent> MakeComponent();
+ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component);
+// Connects for as long as it lives.
+class Connection {
+public:
+    Connection(const ComPointer<IKazComponent>& component, RecordingHost& host);
+    ~Connection() { Disconnect(); }
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    void Disconnect();
+
+private:
+    ComPointer<IConnectionPoint> point_;
+    DWORD cookie_ = 0;
+};
+
+// Processes window messages for a moment, as the host's loop would.
+void PumpMessages(DWORD milliseconds = 100);
+
+}  // namespace kaz::test
