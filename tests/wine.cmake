@@ -1,4 +1,6 @@
-# Programs that need the real Windows interfaces: wine/<name>/*.cpp is wine_<name>.exe.
+# Programs that need the real Windows interfaces: wine/<name>/*.cpp is wine_<name>.exe. Two kinds run in another way:
+# - "sound" runs inside a recording, which must not be silent: whether something was heard is not for itself to say;
+# - a file wine/<name>/locales names locales, one a line (de_DE.UTF-8), under each of which the program runs once more.
 
 get_property(resource_files GLOBAL PROPERTY KAZ_RESOURCE_FILES)
 set(rc_includes ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/src/resources
@@ -27,9 +29,25 @@ foreach(folder ${names})
     continue()
   endif()
   file(GLOB rc CONFIGURE_DEPENDS wine/${folder}/*.rc)
-  kaz_test(wine_${folder} kaz_ui ${sources} ${rc})
+  kaz_test_program(wine_${folder} kaz_ui ${sources} ${rc})
   target_link_libraries(wine_${folder} PRIVATE kaz_idl)
   kaz_test_resources(wine_${folder} ${rc})
+
+  if(folder STREQUAL "sound")
+    kaz_register(wine_sound wine_sound ${PROJECT_SOURCE_DIR}/tools/lib/with-recording)
+  else()
+    kaz_register(wine_${folder} wine_${folder})
+  endif()
+  file(GLOB locales CONFIGURE_DEPENDS wine/${folder}/locales)
+  if(locales)
+    file(STRINGS ${locales} locales)
+  endif()
+  foreach(locale ${locales})
+    set(name wine_${folder}_${locale})
+    kaz_register(${name} wine_${folder})
+    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "LC_ALL=${locale}")
+  endforeach()
+
   foreach(product Kazlib KAZ2)
     if(TARGET ${product})
       add_dependencies(wine_${folder} ${product})
