@@ -7,6 +7,7 @@
 #define IDD_REMINDER 101
 #define IDD_MAIN 102
 #define IDD_INPUTBOX 103
+#define IDD_DATE 104
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -33,10 +34,26 @@
 #define IDM_REFRESH 2005
 
 #define IDR_MENU_LIST 201
-#define IDR_ACCELERATORS 202
 #define IDR_WAVE_ALARM 203
 #define IDI_KAZ 301
 
 // The input box
 #define IDC_lblPrompt 1201
 #define IDC_txtAnswer 1202
+
+// The date box
+#define IDC_lblDatePrompt 1301
+#define IDC_calDate 1302
+
+// Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id.
+#define IDS_TITLE 401
+#define IDS_TOOLTIP 10000
+
+// A window's layout table is the RCDATA of the template's id: the smallest width and height in dialog units (0: as the
+// template), then pairs of a control and what it keeps its distance to, or how it looks.
+#define LAYOUT_LEFT 1
+#define LAYOUT_TOP 2
+#define LAYOUT_RIGHT 4
+#define LAYOUT_BOTTOM 8
+#define LAYOUT_FILL 15
+#define LAYOUT_HEADING 16

@@ -1,0 +1,112 @@
+#include "platform/win32/DialogWindow.h"
+#include "platform/win32/StockControls.h"
+#include "platform/win32/Text.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+class Quietly {
+public:
+    explicit Quietly(bool& quiet) : quiet_(quiet), before_(std::exchange(quiet, true)) {}
+    ~Quietly() { quiet_ = before_; }
+    Quietly(const Quietly&) = delete;
+    Quietly& operator=(const Quietly&) = delete;
+
+private:
+    bool& quiet_;
+    bool before_;
+};
+
+}  // namespace
+
+std::string DialogWindow::Text(int control) const { return ControlText(At(control)); }
+
+void DialogWindow::SetText(int control, const std::string& text) {
+    const Quietly quietly(quiet_);
+    SetControlText(At(control), text);
+}
+
+bool DialogWindow::Checked(int control) const {
+    return SendMessageW(At(control), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void DialogWindow::SetChecked(int control, bool checked) {
+    const Quietly quietly(quiet_);
+    SendMessageW(At(control), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+bool DialogWindow::Enabled(int control) const {
+    return (GetWindowLongPtrW(At(control), GWL_STYLE) & WS_DISABLED) == 0;
+}
+
+// A control that has the keyboard and goes away would take the keyboard with it.
+void DialogWindow::MoveFocusFrom(HWND control) {
+    if (control && control != window_ && GetFocus() == control)
+        SendMessageW(window_, WM_NEXTDLGCTL, 0, FALSE);
+}
+
+void DialogWindow::SetEnabled(int control, bool enabled) {
+    if (!enabled) MoveFocusFrom(At(control));
+    EnableWindow(At(control), enabled);
+}
+
+bool DialogWindow::ControlVisible(int control) const {
+    return (GetWindowLongPtrW(At(control), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void DialogWindow::SetControlVisible(int control, bool visible) {
+    if (!visible) MoveFocusFrom(At(control));
+    ShowWindow(At(control), visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void DialogWindow::SetFocus(int control) {
+    const HWND target = At(control);
+    if (!target || target == window_) return;
+    // To focus a control of an inactive window would activate it.
+    if (GetActiveWindow() == window_)
+        SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
+    else
+        focusWhenActive_ = control;
+}
+
+void DialogWindow::SetItems(int control, const std::vector<std::string>& items) {
+    const Quietly quietly(quiet_);
+    SetControlItems(At(control), items);
+}
+
+std::vector<std::string> DialogWindow::Items(int control) const { return ControlItems(At(control)); }
+
+int DialogWindow::Selected(int control) const {
+    const std::vector<int> selection = Selection(control);
+    return selection.empty() ? -1 : selection.front();
+}
+
+void DialogWindow::Select(int control, int position) {
+    SetSelection(control, position < 0 ? std::vector<int>{} : std::vector<int>{position});
+}
+
+std::vector<int> DialogWindow::Selection(int control) const { return ControlSelection(At(control)); }
+
+void DialogWindow::SetSelection(int control, const std::vector<int>& positions) {
+    const Quietly quietly(quiet_);
+    SetControlSelection(At(control), positions);
+}
+
+void DialogWindow::FindReportLists() {
+    for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        wchar_t name[32] = L"";
+        GetClassNameW(child, name, static_cast<int>(std::size(name)));
+        const bool ownsNoData = (GetWindowLongPtrW(child, GWL_STYLE) & LVS_OWNERDATA) != 0;
+        if (lstrcmpiW(name, WC_LISTVIEWW) == 0 && ownsNoData) Report(GetDlgCtrlID(child));
+    }
+}
+
+ReportList& DialogWindow::Report(int control) {
+    const auto raise = [this, control](Raised what, int detail) { Raise(control, what, detail); };
+    return reports_.try_emplace(control, GetDlgItem(window_, control), raise).first->second;
+}
+
+}  // namespace kaz

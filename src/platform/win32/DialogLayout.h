@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/win32/Handles.h"
+
+#include <vector>
+
+namespace kaz {
+
+// How a window's controls follow its size. The table is the RCDATA resource of the template's own id: the
+// smallest width and height in dialog units (0 for the template's), then pairs of a control and its LAYOUT_
+// flags. A control without flags stays at the top left; a window without a table is left alone.
+class DialogLayout {
+public:
+    // Takes the places of the controls as they are now.
+    DialogLayout(HWND window, HINSTANCE module, int dialog);
+
+    // Call after a change of the window's size.
+    void Apply() const;
+    // Call after a change of the monitor's resolution.
+    void MakeHeadings();
+    // The smallest outer size in pixels.
+    SIZE Minimum() const;
+
+private:
+    struct Item {
+        HWND control;
+        unsigned flags;
+        RECT place;  // in the window as it was made
+    };
+    RECT PlaceNow(const Item& item, SIZE client) const;
+    int Scaled(LONG pixels) const;
+
+    HWND window_;
+    int madeDpi_;
+    SIZE madeClient_{};
+    SIZE minimum_{};
+    std::vector<Item> items_;
+    Font heading_;
+};
+
+}  // namespace kaz

@@ -1,0 +1,158 @@
+#include "platform/win32/DialogWindow.h"
+#include "platform/win32/StockControls.h"
+
+namespace kaz {
+
+namespace {
+
+constexpr wchar_t kProperty[] = L"kaz.DialogWindow";
+
+// Private messages: what was raised while a key was translated; what waits for the window's activation; what
+// the system must have rescaled before.
+constexpr UINT kRaiseLater = WM_APP + 1;
+constexpr UINT kFocusNow = WM_APP + 2;
+constexpr UINT kDpiHasChanged = WM_APP + 3;
+
+// A plain key such as Del belongs to the text that is being typed.
+bool TypesText(const MSG& message) {
+    if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_MENU) < 0)
+        return false;
+    if (message.wParam >= VK_F1 && message.wParam <= VK_F24) return false;
+    return (SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
+}
+
+}  // namespace
+
+DialogWindow* DialogWindow::Of(HWND window) {
+    return static_cast<DialogWindow*>(GetPropW(window, kProperty));
+}
+
+INT_PTR CALLBACK DialogWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM narrow) {
+    if (message == WM_INITDIALOG) {
+        auto* self = reinterpret_cast<DialogWindow*>(narrow);
+        self->window_ = window;
+        SetPropW(window, kProperty, self);
+        return FALSE;  // a window that is made hidden must not take the focus
+    }
+    if (message == WM_NCDESTROY) RemovePropW(window, kProperty);
+    DialogWindow* self = Of(window);
+    return self ? self->OnMessage(message, wide, narrow) : FALSE;
+}
+
+INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
+    switch (message) {
+    case WM_COMMAND: OnCommand(LOWORD(wide), HIWORD(wide), reinterpret_cast<HWND>(narrow)); return TRUE;
+    case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(narrow));
+    case WM_TIMER: Raise(static_cast<int>(wide), Raised::Timer); return TRUE;
+    case WM_SIZE:
+        if (layout_) layout_->Apply();
+        Raise(0, Raised::Resize);
+        return TRUE;
+    case WM_GETMINMAXINFO: {
+        if (!layout_) return FALSE;
+        const SIZE least = layout_->Minimum();
+        reinterpret_cast<MINMAXINFO*>(narrow)->ptMinTrackSize = {least.cx, least.cy};
+        return TRUE;
+    }
+    case WM_CONTEXTMENU: OnContextMenu(reinterpret_cast<HWND>(wide), narrow); return TRUE;
+    case WM_CLOSE: Raise(0, Raised::CloseBox); return TRUE;
+    case WM_QUERYENDSESSION: return Answer(TRUE);
+    case WM_ENDSESSION:
+        if (wide) Raise(0, Raised::SessionEnd);
+        return Answer(0);
+    case WM_POWERBROADCAST:
+        if (wide == PBT_APMRESUMEAUTOMATIC) Raise(0, Raised::Resumed);
+        return Answer(TRUE);
+    case WM_DPICHANGED: PostMessageW(window_, kDpiHasChanged, 0, 0); return FALSE;
+    case kDpiHasChanged: OnDpiChanged(); return TRUE;
+    case WM_ACTIVATE:
+        if (LOWORD(wide) != WA_INACTIVE && focusWhenActive_) PostMessageW(window_, kFocusNow, 0, 0);
+        return FALSE;
+    case kFocusNow: SetFocus(std::exchange(focusWhenActive_, 0)); return TRUE;
+    case kRaiseLater:
+        Raise(LOWORD(wide), static_cast<Raised>(HIWORD(wide)), static_cast<int>(narrow));
+        return TRUE;
+    default: return FALSE;
+    }
+}
+
+INT_PTR DialogWindow::Answer(LRESULT result) {
+    SetWindowLongPtrW(window_, DWLP_MSGRESULT, result);
+    return TRUE;
+}
+
+void DialogWindow::Raise(int control, Raised what, int detail) {
+    // No handler runs inside the message hook: it may open a modal window, and the hook would be on the stack
+    // until that is closed.
+    if (translating_)
+        PostMessageW(window_, kRaiseLater, MAKEWPARAM(control, static_cast<int>(what)), detail);
+    else if (listener_)
+        listener_->OnRaised(control, what, detail);
+}
+
+bool DialogWindow::TranslateKey(MSG& message) {
+    if (!IsWindowEnabled(window_)) return false;
+    translating_ = true;
+    const bool used =
+        (accelerators_ && !TypesText(message) && TranslateAcceleratorW(window_, accelerators_, &message)) ||
+        IsDialogMessageW(window_, &message);
+    translating_ = false;
+    return used;
+}
+
+void DialogWindow::OnCommand(int id, unsigned notification, HWND control) {
+    if (!control) {
+        // Escape comes as IDCANCEL without a button, Enter as IDOK.
+        if (id == IDCANCEL)
+            Raise(0, Raised::CloseBox);
+        else if (id != IDOK)
+            Raise(id, Raised::Click);
+        return;
+    }
+    if (quiet_) return;
+    if (const auto what = RaisedByCommand(control, notification)) Raise(id, *what);
+}
+
+INT_PTR DialogWindow::OnNotify(const NMHDR& header) {
+    const int id = static_cast<int>(header.idFrom);
+    if (const auto report = reports_.find(id); report != reports_.end()) {
+        const auto answer = report->second.OnNotify(header);
+        return answer ? Answer(*answer) : FALSE;
+    }
+    if (header.code == TCN_SELCHANGE && !quiet_) Raise(id, Raised::Select);
+    return FALSE;
+}
+
+void DialogWindow::OnContextMenu(HWND control, LPARAM point) {
+    const int id = control == window_ ? 0 : GetDlgCtrlID(control);
+    menuPoint_ = {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))};
+    const bool byKeyboard = menuPoint_.x == -1 && menuPoint_.y == -1;
+    if (byKeyboard) {
+        RECT place{};
+        GetWindowRect(control, &place);
+        menuPoint_ = {place.left, place.top};
+        const auto report = reports_.find(id);
+        if (report != reports_.end()) menuPoint_ = report->second.MenuPoint();
+    }
+    // The header of a list is a child of the list and has no menu.
+    if (control == window_ || GetParent(control) == window_) Raise(id, Raised::RightClick);
+}
+
+void DialogWindow::OnDpiChanged() {
+    layout_->MakeHeadings();
+    layout_->Apply();
+    for (auto& [id, report] : reports_)
+        report.OnDpiChanged();
+    Raise(0, Raised::DpiChanged);
+}
+
+void DialogWindow::ShowMenu(int menu) {
+    const Menu whole(LoadMenuW(module_, MAKEINTRESOURCEW(menu)));
+    if (!whole) return;
+    const UINT side = GetSystemMetrics(SM_MENUDROPALIGNMENT) ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
+    const int chosen = TrackPopupMenuEx(GetSubMenu(whole.Get(), 0), TPM_RETURNCMD | TPM_RIGHTBUTTON | side,
+                                        menuPoint_.x, menuPoint_.y, window_, nullptr);
+    if (chosen) Raise(chosen, Raised::Click);
+}
+
+}  // namespace kaz

@@ -1,0 +1,140 @@
+#include "platform/win32/DialogWindow.h"
+
+#include "base/RuntimeError.h"
+#include "platform/win32/ActivationContext.h"
+#include "platform/win32/ModalRun.h"
+#include "platform/win32/ScreenPlacement.h"
+#include "platform/win32/Tooltips.h"
+#include "resources/resource.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+// The icon belongs to the module and is not destroyed.
+void SetIcon(HWND window, HINSTANCE module, WPARAM kind, int width, int height) {
+    const HANDLE icon = LoadImageW(module, MAKEINTRESOURCEW(IDI_KAZ), IMAGE_ICON, GetSystemMetrics(width),
+                                   GetSystemMetrics(height), LR_SHARED);
+    if (icon) SendMessageW(window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+}
+
+BOOL CALLBACK ReleaseOwned(HWND window, LPARAM owner) {
+    if (GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner) && DialogWindow::Of(window))
+        SetWindowLongPtrW(window, GWLP_HWNDPARENT, 0);
+    return TRUE;
+}
+
+}  // namespace
+
+DialogWindow::DialogWindow(HINSTANCE module, int dialog) : module_(module) {
+    const ActivationContext context(module);
+    INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES | ICC_DATE_CLASSES};
+    InitCommonControlsEx(&classes);
+    CreateDialogParamW(module, MAKEINTRESOURCEW(dialog), nullptr, Procedure, reinterpret_cast<LPARAM>(this));
+    if (!window_) throw RuntimeError(ErrorNumber::InternalError);
+    accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(dialog));
+    layout_.emplace(window_, module, dialog);
+    FindReportLists();
+    AddTooltips(window_, module);
+    SetIcon(window_, module, ICON_BIG, SM_CXICON, SM_CYICON);
+    SetIcon(window_, module, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
+}
+
+DialogWindow::~DialogWindow() {
+    listener_ = nullptr;
+    if (modal_) {
+        modal_->End(IDCANCEL);
+        modal_->Forget();
+    }
+    // The system destroys a window's owned ones with it, but they have owners of their own here.
+    EnumThreadWindows(GetCurrentThreadId(), ReleaseOwned, reinterpret_cast<LPARAM>(window_));
+    DestroyWindow(window_);
+}
+
+void DialogWindow::Show(Activation activation) {
+    if (!placed_) PlaceWindow(window_, GetWindow(window_, GW_OWNER));
+    placed_ = true;
+    work_ = activation == Activation::TakeFocus;
+    if (!work_) {
+        ShowWindow(window_, SW_SHOWNOACTIVATE);
+        return;
+    }
+    int how = IsIconic(window_) ? SW_RESTORE : SW_SHOW;
+    if (stateWhenShown_ == WindowState::Normal) how = SW_SHOWNORMAL;
+    if (stateWhenShown_ == WindowState::Minimised) how = SW_SHOWMINIMIZED;
+    if (stateWhenShown_ == WindowState::Maximised) how = SW_SHOWMAXIMIZED;
+    stateWhenShown_.reset();
+    ShowWindow(window_, how);
+    if (how != SW_SHOWMINIMIZED) SetForegroundWindow(window_);
+}
+
+void DialogWindow::Hide() { ShowWindow(window_, SW_HIDE); }
+
+bool DialogWindow::IsVisible() const { return IsWindowVisible(window_) != FALSE; }
+
+void DialogWindow::BringToFront() {
+    constexpr UINT kKeep = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER;
+    if (IsIconic(window_)) ShowWindow(window_, SW_SHOWNOACTIVATE);
+    const bool topMost = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    // The system does not let a program in the background raise its window directly; by way of the top-most
+    // ones it does.
+    SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, kKeep);
+    if (!topMost) SetWindowPos(window_, HWND_NOTOPMOST, 0, 0, 0, 0, kKeep);
+    if (GetForegroundWindow() == window_) return;
+    FLASHWINFO flash{sizeof flash, window_, FLASHW_ALL, 3, 0};
+    FlashWindowEx(&flash);
+}
+
+void DialogWindow::SetTopMost(bool topMost) {
+    SetWindowPos(window_, topMost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+WindowState DialogWindow::State() const {
+    if (stateWhenShown_) return *stateWhenShown_;
+    if (IsIconic(window_)) return WindowState::Minimised;
+    return IsZoomed(window_) ? WindowState::Maximised : WindowState::Normal;
+}
+
+void DialogWindow::SetState(WindowState state) {
+    // The system shows a hidden window together with a change of its state.
+    if (!IsVisible()) {
+        stateWhenShown_ = state;
+        return;
+    }
+    if (state == State()) return;
+    ShowWindow(window_, state == WindowState::Normal      ? SW_SHOWNORMAL
+                        : state == WindowState::Minimised ? SW_MINIMIZE
+                                                          : SW_MAXIMIZE);
+}
+
+WindowSize DialogWindow::Size() const { return OuterSize(window_); }
+void DialogWindow::SetSize(WindowSize size) { SetOuterSize(window_, size); }
+WindowSize DialogWindow::ScreenSize() const { return MonitorSize(window_); }
+
+int DialogWindow::ShowModal() {
+    ModalRun run(window_);
+    modal_ = &run;
+    placed_ = false;
+    Show(Activation::TakeFocus);
+    const int result = run.Loop();
+    // The window may have been destroyed meanwhile, and this object with it.
+    if (run.Forgotten()) return result;
+    modal_ = nullptr;
+    Hide();
+    return result;
+}
+
+void DialogWindow::EndModal(int result) {
+    if (modal_) modal_->End(result);
+}
+
+void DialogWindow::StartTimer(int timer, int milliseconds) {
+    SetTimer(window_, static_cast<UINT_PTR>(timer), static_cast<UINT>(std::max(milliseconds, 1)), nullptr);
+}
+
+void DialogWindow::StopTimer(int timer) { KillTimer(window_, static_cast<UINT_PTR>(timer)); }
+
+}  // namespace kaz

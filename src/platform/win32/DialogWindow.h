@@ -1,0 +1,103 @@
+#pragma once
+
+#include "platform/Window.h"
+#include "platform/win32/DialogLayout.h"
+#include "platform/win32/MessageHook.h"
+#include "platform/win32/ReportListView.h"
+
+#include <map>
+#include <optional>
+
+namespace kaz {
+
+class ModalRun;
+
+// A window over any dialog template of the module's resources. Around the template, by the template's id: a
+// table of its layout (RCDATA, see DialogLayout) and its accelerators; by IDS_TOOLTIP + control: tooltips. To
+// be used on the thread that made it.
+class DialogWindow : public Window {
+public:
+    // Throws InternalError when the window cannot be made.
+    DialogWindow(HINSTANCE module, int dialog);
+    ~DialogWindow() override;
+    DialogWindow(const DialogWindow&) = delete;
+    DialogWindow& operator=(const DialogWindow&) = delete;
+
+    // The dialog window behind a handle; null when it is none of ours.
+    static DialogWindow* Of(HWND window);
+
+    HWND Handle() const { return window_; }
+    // Whether it was opened for the user to work in, rather than having come up by itself.
+    bool IsWorkWindow() const { return work_; }
+    // Uses up a key message that navigates or is an accelerator.
+    bool TranslateKey(MSG& message);
+
+    void SetListener(WindowListener* listener) override { listener_ = listener; }
+    void Show(Activation activation) override;
+    void Hide() override;
+    bool IsVisible() const override;
+    void BringToFront() override;
+    void SetTopMost(bool topMost) override;
+    WindowState State() const override;
+    void SetState(WindowState state) override;
+    WindowSize Size() const override;
+    void SetSize(WindowSize size) override;
+    WindowSize ScreenSize() const override;
+    int ShowModal() override;
+    void EndModal(int result) override;
+
+    void StartTimer(int timer, int milliseconds) override;
+    void StopTimer(int timer) override;
+
+    std::string Text(int control) const override;
+    void SetText(int control, const std::string& text) override;
+    bool Checked(int control) const override;
+    void SetChecked(int control, bool checked) override;
+    bool Enabled(int control) const override;
+    void SetEnabled(int control, bool enabled) override;
+    bool ControlVisible(int control) const override;
+    void SetControlVisible(int control, bool visible) override;
+    void SetFocus(int control) override;
+
+    void SetItems(int control, const std::vector<std::string>& items) override;
+    std::vector<std::string> Items(int control) const override;
+    int Selected(int control) const override;
+    void Select(int control, int position) override;
+    std::vector<int> Selection(int control) const override;
+    void SetSelection(int control, const std::vector<int>& positions) override;
+
+    ReportList& Report(int control) override;
+    void ShowMenu(int menu) override;
+
+private:
+    static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM narrow);
+    INT_PTR OnMessage(UINT message, WPARAM wide, LPARAM narrow);
+    INT_PTR Answer(LRESULT result);
+    void OnCommand(int id, unsigned notification, HWND control);
+    INT_PTR OnNotify(const NMHDR& header);
+    void OnContextMenu(HWND control, LPARAM point);
+    void OnDpiChanged();
+    void Raise(int control, Raised what, int detail = 0);
+
+    HWND At(int control) const { return control == 0 ? window_ : GetDlgItem(window_, control); }
+    void FindReportLists();
+    void MoveFocusFrom(HWND control);
+
+    HINSTANCE module_;
+    MessageHook hook_;
+    HWND window_ = nullptr;
+    HACCEL accelerators_ = nullptr;
+    WindowListener* listener_ = nullptr;
+    std::optional<DialogLayout> layout_;
+    std::map<int, ReportListView> reports_;
+    ModalRun* modal_ = nullptr;
+    bool work_ = false;
+    bool placed_ = false;
+    bool quiet_ = false;  // what the program itself puts into a control is not raised
+    bool translating_ = false;
+    std::optional<WindowState> stateWhenShown_;
+    int focusWhenActive_ = 0;
+    POINT menuPoint_{};
+};
+
+}  // namespace kaz

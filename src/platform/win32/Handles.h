@@ -1,0 +1,88 @@
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+namespace kaz {
+
+// Owns one handle of the system and closes it by `Traits::Close`; `Traits::None` is no handle.
+template <class Traits>
+class UniqueHandle {
+public:
+    using Type = typename Traits::Type;
+
+    UniqueHandle() = default;
+    explicit UniqueHandle(Type handle) : handle_(handle) {}
+    UniqueHandle(UniqueHandle&& other) noexcept : handle_(other.Release()) {}
+    UniqueHandle& operator=(UniqueHandle&& other) noexcept {
+        Reset(other.Release());
+        return *this;
+    }
+    ~UniqueHandle() { Reset(); }
+
+    Type Get() const { return handle_; }
+    explicit operator bool() const { return handle_ != Traits::None(); }
+    Type Release() { return std::exchange(handle_, Traits::None()); }
+    void Reset(Type handle = Traits::None()) {
+        const Type old = std::exchange(handle_, handle);
+        if (old != Traits::None()) Traits::Close(old);
+    }
+
+private:
+    Type handle_ = Traits::None();
+};
+
+struct FileTraits {
+    using Type = HANDLE;
+    static Type None() { return INVALID_HANDLE_VALUE; }
+    static void Close(Type handle) { CloseHandle(handle); }
+};
+struct FontTraits {
+    using Type = HFONT;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { DeleteObject(handle); }
+};
+struct IconTraits {
+    using Type = HICON;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { DestroyIcon(handle); }
+};
+struct MenuTraits {
+    using Type = HMENU;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { DestroyMenu(handle); }
+};
+struct ActivationTraits {
+    using Type = HANDLE;
+    static Type None() { return INVALID_HANDLE_VALUE; }
+    static void Close(Type handle) { ReleaseActCtx(handle); }
+};
+
+using FileHandle = UniqueHandle<FileTraits>;
+using Font = UniqueHandle<FontTraits>;
+using Icon = UniqueHandle<IconTraits>;
+using Menu = UniqueHandle<MenuTraits>;
+using ActivationHandle = UniqueHandle<ActivationTraits>;
+
+// Keeps one reference to a COM object and gives it back.
+template <class Interface>
+class ComOwner {
+public:
+    ComOwner() = default;
+    ComOwner(const ComOwner&) = delete;
+    ComOwner& operator=(const ComOwner&) = delete;
+    ~ComOwner() {
+        if (object_) object_->Release();
+    }
+
+    Interface* operator->() const { return object_; }
+    Interface* Get() const { return object_; }
+    // For a call that hands out a reference; to be used once.
+    Interface** Put() { return &object_; }
+
+private:
+    Interface* object_ = nullptr;
+};
+
+}  // namespace kaz

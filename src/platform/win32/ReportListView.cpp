@@ -1,0 +1,125 @@
+#include "platform/win32/ReportListView.h"
+
+#include "platform/win32/ScreenPlacement.h"
+#include "platform/win32/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kaz {
+
+ReportListView::ReportListView(HWND list, Raise raise)
+    : list_(list),
+      raise_(std::move(raise)),
+      dpi_(static_cast<int>(GetDpiForWindow(list))) {
+    if (!list_) return;
+    constexpr DWORD kStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+    ListView_SetExtendedListViewStyleEx(list_, kStyle, kStyle);
+    SetWindowSubclass(list_, Subclass, 0, 0);
+}
+
+LRESULT CALLBACK ReportListView::Subclass(HWND list, UINT message, WPARAM wide, LPARAM narrow, UINT_PTR,
+                                          DWORD_PTR) {
+    const LRESULT result = DefSubclassProc(list, message, wide, narrow);
+    // Without this the dialog's default button gets the Enter key, and a row can't be opened by it.
+    const auto* key = reinterpret_cast<const MSG*>(narrow);
+    if (message == WM_GETDLGCODE && key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN)
+        return result | DLGC_WANTMESSAGE;
+    return result;
+}
+
+void ReportListView::SetColumns(const std::vector<ReportColumn>& columns) {
+    SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+    while (ListView_DeleteColumn(list_, 0)) {
+    }
+    for (std::size_t at = 0; at < columns.size(); ++at) {
+        std::wstring header = ToWide(columns[at].header);
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+        column.pszText = header.data();
+        column.cx = ToPixels(list_, columns[at].width);
+        column.iSubItem = static_cast<int>(at);
+        SendMessageW(list_, LVM_INSERTCOLUMNW, at, reinterpret_cast<LPARAM>(&column));
+    }
+    SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list_, nullptr, TRUE);
+}
+
+void ReportListView::SetRows(const ReportRows* rows) {
+    rows_ = rows;
+    Refresh();
+}
+
+void ReportListView::Refresh() {
+    quiet_ = true;
+    const int before = std::exchange(shown_, rows_ ? rows_->RowCount() : 0);
+    // A list that shrinks has to scroll back, or it would show the emptiness behind its end.
+    const DWORD scroll = shown_ < before ? 0 : LVSICF_NOSCROLL;
+    SendMessageW(list_, LVM_SETITEMCOUNT, static_cast<WPARAM>(shown_),
+                 LPARAM{LVSICF_NOINVALIDATEALL} | scroll);
+    quiet_ = false;
+    InvalidateRect(list_, nullptr, FALSE);
+}
+
+std::vector<int> ReportListView::Selection() const {
+    std::vector<int> rows;
+    rows.reserve(static_cast<std::size_t>(ListView_GetSelectedCount(list_)));
+    for (int row = -1; list_ && (row = ListView_GetNextItem(list_, row, LVNI_SELECTED)) >= 0;)
+        rows.push_back(row);
+    return rows;
+}
+
+int ReportListView::Current() const { return list_ ? ListView_GetNextItem(list_, -1, LVNI_FOCUSED) : -1; }
+
+void ReportListView::SetState(int row, UINT state, UINT mask) {
+    quiet_ = true;
+    LVITEMW item{};
+    item.state = state;
+    item.stateMask = mask;
+    SendMessageW(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    quiet_ = false;
+}
+
+void ReportListView::ClearSelection() { SetState(-1, 0, LVIS_SELECTED); }
+
+void ReportListView::Select(int row) {
+    if (!IsRow(row)) return;
+    SetState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    // A range selection by the keyboard starts where the program has put the user.
+    SendMessageW(list_, LVM_SETSELECTIONMARK, 0, row);
+    SendMessageW(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+void ReportListView::ShowSortMark(int column, bool ascending) {
+    const HWND header = ListView_GetHeader(list_);
+    const int count = Header_GetItemCount(header);
+    for (int at = 0; at < count; ++at) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (at == column) item.fmt |= ascending ? HDF_SORTUP : HDF_SORTDOWN;
+        SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void ReportListView::OnDpiChanged() {
+    const int now = static_cast<int>(GetDpiForWindow(list_));
+    if (!list_ || now == dpi_) return;
+    const int count = Header_GetItemCount(ListView_GetHeader(list_));
+    for (int at = 0; at < count; ++at)
+        ListView_SetColumnWidth(list_, at, MulDiv(ListView_GetColumnWidth(list_, at), now, dpi_));
+    dpi_ = now;
+}
+
+POINT ReportListView::MenuPoint() const {
+    RECT place{};
+    if (!ListView_GetItemRect(list_, Current(), &place, LVIR_LABEL)) GetClientRect(list_, &place);
+    RECT client{};
+    GetClientRect(list_, &client);
+    POINT point{place.left, std::clamp(place.bottom, client.top, client.bottom)};
+    ClientToScreen(list_, &point);
+    return point;
+}
+
+}  // namespace kaz

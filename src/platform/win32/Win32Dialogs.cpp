@@ -1,0 +1,45 @@
+#include "platform/win32/Win32Dialogs.h"
+
+#include "platform/win32/ActivationContext.h"
+#include "platform/win32/DateBox.h"
+#include "platform/win32/InputBox.h"
+#include "platform/win32/ModalRun.h"
+#include "platform/win32/PathBoxes.h"
+#include "platform/win32/Text.h"
+#include "resources/resource.h"
+
+namespace kaz {
+
+int Win32Dialogs::Box(const std::string& text, UINT style) const {
+    const ActivationContext context(module_);
+    wchar_t title[64] = L"";
+    LoadStringW(module_, IDS_TITLE, title, static_cast<int>(std::size(title)));
+    return MessageBoxW(WorkWindow(), ToWide(text).c_str(), title, style);
+}
+
+void Win32Dialogs::Message(const std::string& text) { Box(text, MB_OK | MB_ICONINFORMATION); }
+
+bool Win32Dialogs::AskYesNo(const std::string& text) {
+    return Box(text, MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+std::optional<std::string> Win32Dialogs::InputBox(const std::string& title, const std::string& prompt,
+                                                  const std::string& initial) {
+    return kaz::InputBox(module_, *this).Ask(title, prompt, initial);
+}
+
+std::optional<std::string> Win32Dialogs::OpenFile(const std::string& title, const std::string& filter) {
+    const ActivationContext context(module_);
+    return AskForFile(ToWide(title), ToWide(filter));
+}
+
+std::optional<std::string> Win32Dialogs::PickFolder(const std::string& title) {
+    const ActivationContext context(module_);
+    return AskForFolder(ToWide(title));
+}
+
+std::optional<DateValue> Win32Dialogs::PickDate(const std::string& prompt, DateValue initial) {
+    return DateBox(module_).Ask(prompt, initial);
+}
+
+}  // namespace kaz

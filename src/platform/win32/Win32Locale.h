@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Locale.h"
+
+namespace kaz {
+
+class Win32Locale : public Locale {
+public:
+    Win32Locale();
+    const LocaleData& Data() const override { return data_; }
+    const CaseFolding& Folding() const override { return folding_; }
+
+private:
+    LocaleData data_;
+    CaseFolding folding_;
+};
+
+}  // namespace kaz

@@ -1,0 +1,22 @@
+#include "platform/win32/Win32MessagePump.h"
+
+#include <windows.h>
+
+namespace kaz {
+
+void Win32MessagePump::ProcessPending() {
+    // A window that paints itself over and over always has one more message.
+    constexpr int kMost = 4000;
+    MSG message{};
+    for (int count = 0; count < kMost && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++count) {
+        if (message.message == WM_QUIT) {
+            // It is meant for the host's own loop.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace kaz

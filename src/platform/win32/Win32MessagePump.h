@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/MessagePump.h"
+
+namespace kaz {
+
+class Win32MessagePump : public MessagePump {
+public:
+    void ProcessPending() override;
+};
+
+}  // namespace kaz

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/Shell.h"
+
+namespace kaz {
+
+class Win32Shell : public Shell {
+public:
+    void Open(const std::string& target) override;
+};
+
+}  // namespace kaz

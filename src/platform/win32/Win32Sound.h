@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Sound.h"
+
+namespace kaz {
+
+class Win32Sound : public Sound {
+public:
+    unsigned OutputDevices() const override;
+    void Play(const std::string& file, std::uint32_t flags) override;
+    void Beep() override;
+};
+
+}  // namespace kaz

@@ -1,0 +1,42 @@
+#include "platform/win32/Win32SystemInfo.h"
+
+#include "platform/Files.h"
+#include "platform/win32/SystemError.h"
+#include "platform/win32/Text.h"
+
+namespace kaz {
+
+std::string Win32SystemInfo::OperatingSystem() const {
+    // GetVersionEx tells a program without the newest manifest an older version; this one always tells the
+    // truth.
+    using RtlGetVersion = LONG(WINAPI*)(OSVERSIONINFOW*);
+    OSVERSIONINFOW version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+    const auto getVersion = reinterpret_cast<RtlGetVersion>(
+        reinterpret_cast<void*>(system ? GetProcAddress(system, "RtlGetVersion") : nullptr));
+    if (!getVersion || getVersion(&version) != 0) return "Windows";
+
+    constexpr DWORD kFirstBuildOf11 = 22000;
+    const auto number = [](DWORD value) { return std::to_string(value); };
+    const bool is11 = version.dwMajorVersion == 10 && version.dwBuildNumber >= kFirstBuildOf11;
+    return "Windows " + (is11 ? "11" : number(version.dwMajorVersion)) + " (" +
+           number(version.dwMajorVersion) + "." + number(version.dwMinorVersion) + "." +
+           number(version.dwBuildNumber) + ")";
+}
+
+std::string Win32SystemInfo::ModuleFolder() const {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(module_, path.data(), static_cast<DWORD>(path.size()));
+        if (length == 0) ThrowSystemError(GetLastError());
+        if (length < path.size()) {
+            path.resize(length);
+            break;
+        }
+        path.resize(path.size() * 2);
+    }
+    return WithoutTrailingBackslash(FolderOf(PathToCodePage(path)));
+}
+
+}  // namespace kaz

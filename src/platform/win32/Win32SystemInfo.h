@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/SystemInfo.h"
+
+#include <windows.h>
+
+namespace kaz {
+
+class Win32SystemInfo : public SystemInfo {
+public:
+    explicit Win32SystemInfo(HINSTANCE module) : module_(module) {}
+    std::string OperatingSystem() const override;
+    std::string ModuleFolder() const override;
+
+private:
+    HINSTANCE module_;
+};
+
+}  // namespace kaz
