@@ -1,0 +1,151 @@
+#include "fakes/MemoryFileSystem.h"
+#include "platform/zip/LibzipArchiver.h"
+#include "unit/core/ZipReading.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace kaz {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Pair;
+
+constexpr const char* kArchive = "C:\\KAZ\\Autobackups\\Wed.zip";
+
+class ZipArchiverTest : public testing::Test {
+protected:
+    ZipArchiverTest() { files.CreateFolder("C:\\KAZ\\Autobackups"); }
+
+    std::map<std::string, std::string> Archived() const { return Unpacked(files.Text(kArchive)); }
+
+    MemoryFileSystem files;
+    LibzipArchiver archiver{files};
+};
+
+TEST_F(ZipArchiverTest, PacksTheFilesUnderTheirBareNames) {
+    std::string everyByte;
+    for (int i = 0; i < 40'000; ++i)
+        everyByte += static_cast<char>(i * i >> 4);
+    const std::string repeated(200'000, 'x');
+    files.Put("C:\\KAZ\\Events.xml", everyByte);
+    files.Put("C:\\KAZ\\Kaz.ini", repeated);
+    files.Put("D:\\Data\\empty.txt", "");
+
+    EXPECT_TRUE(archiver.ZpInit());
+    EXPECT_TRUE(archiver.ZpSetOptions({}));
+    EXPECT_EQ(
+        archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml", "C:\\KAZ\\Kaz.ini", "D:\\Data\\empty.txt"}), 0);
+
+    EXPECT_EQ(archiver.LastMessage(), "");
+    EXPECT_THAT(Archived(),
+                ElementsAre(Pair("Events.xml", everyByte), Pair("Kaz.ini", repeated), Pair("empty.txt", "")));
+    EXPECT_LT(files.Text(kArchive).size(), everyByte.size() + repeated.size() / 100);
+    EXPECT_EQ(files.OpenFiles(), 0);
+}
+
+TEST_F(ZipArchiverTest, OtherProgramsReadTheArchive) {
+    if (std::system("unzip -v >unzip.out 2>&1") != 0) GTEST_SKIP() << "no unzip on this machine";
+    files.Put("C:\\KAZ\\Events.xml", std::string(5000, 'e'));
+    ASSERT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml"}), 0);
+    std::ofstream("archiver_test.zip", std::ios::binary) << files.Text(kArchive);
+    EXPECT_EQ(std::system("unzip -tqq archiver_test.zip"), 0);
+    std::filesystem::remove("archiver_test.zip");
+}
+
+TEST_F(ZipArchiverTest, KeepsTheTimeOfAFile) {
+    files.Put("C:\\KAZ\\old.txt", "o");
+    files.Put("C:\\KAZ\\new.txt", "n");
+    files.At("C:\\KAZ\\old.txt").time = 0;
+    // 15 March 2023, noon, UTC.
+    files.At("C:\\KAZ\\new.txt").time = (1'678'881'600 + 11'644'473'600) * FileTime{10'000'000};
+    ASSERT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\old.txt", "C:\\KAZ\\new.txt"}), 0);
+    EXPECT_THAT(TimeInArchive(files.Text(kArchive), "old.txt"), HasSubstr("1980-01-0"));
+    EXPECT_THAT(TimeInArchive(files.Text(kArchive), "new.txt"), HasSubstr("2023-03-1"));
+}
+
+TEST_F(ZipArchiverTest, LeavesOutWhatDoesNotExist) {
+    files.Put("C:\\KAZ\\Events.xml", "events");
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\none.dat", "C:\\KAZ\\Events.xml", "E:\\gone\\x"}), 0);
+    EXPECT_THAT(Archived(), ElementsAre(Pair("Events.xml", "events")));
+
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\none.dat"}), kZipNothingToDo);
+    EXPECT_THAT(Archived(), ElementsAre(Pair("Events.xml", "events")));
+}
+
+TEST_F(ZipArchiverTest, TellsOfAFileThatCannotBeReadAndPacksTheOthers) {
+    files.Put("C:\\KAZ\\Events.xml", "events");
+    files.Put("C:\\KAZ\\Kaz.ini", "settings");
+    files.At("C:\\KAZ\\Events.xml").locked = true;
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml", "C:\\KAZ\\Kaz.ini"}), kZipReadFailed);
+    EXPECT_EQ(archiver.LastMessage(), "C:\\KAZ\\Events.xml: Permission denied");
+    EXPECT_THAT(Archived(), ElementsAre(Pair("Kaz.ini", "settings")));
+
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ"}), kZipReadFailed);
+    archiver.ZpInit();
+    EXPECT_EQ(archiver.LastMessage(), "");
+}
+
+TEST_F(ZipArchiverTest, NumbersFilesOfOneName) {
+    files.Put("C:\\a\\log.txt", "1");
+    files.Put("C:\\b\\LOG.TXT", "2");
+    files.Put("C:\\c\\log.txt", "3");
+    files.Put("C:\\a\\noext", "4");
+    files.Put("C:\\b\\noext", "5");
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\a\\log.txt", "C:\\b\\LOG.TXT", "C:\\c\\log.txt",
+                                            "C:\\a\\noext", "C:\\b\\noext"}),
+              0);
+    EXPECT_THAT(Archived(), ElementsAre(Pair("LOG (2).TXT", "2"), Pair("log (3).txt", "3"),
+                                        Pair("log.txt", "1"), Pair("noext", "4"), Pair("noext (2)", "5")));
+}
+
+TEST_F(ZipArchiverTest, RefusesOptionsThatItDoesNotOffer) {
+    files.Put("C:\\KAZ\\Events.xml", "events");
+    EXPECT_FALSE(archiver.ZpSetOptions({.encrypted = true}));
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml"}), kZipBadOptions);
+    EXPECT_EQ(files.Kind(kArchive), PathKind::Missing);
+    archiver.ZpInit();
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml"}), 0);
+}
+
+TEST_F(ZipArchiverTest, EveryFailureLeavesTheOldArchiveOrTheNewOneWhole) {
+    files.Put("C:\\KAZ\\Events.xml", std::string(300'000, 'e'));
+    ASSERT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml"}), 0);
+    const std::string old = files.Text(kArchive);
+    files.Put("C:\\KAZ\\Kaz.ini", "settings");
+    int faults = 0;
+    for (;; ++faults) {
+        files.faults.FailAt(faults + 1);
+        const int result = archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml", "C:\\KAZ\\Kaz.ini"});
+        if (!files.faults.Struck()) break;
+        EXPECT_NE(result, 0) << "fault " << faults;
+        EXPECT_THAT(archiver.LastMessage(), HasSubstr("Device I/O error"));
+        if (files.Text(kArchive) != old) {
+            EXPECT_EQ(Archived().size(), 1U) << "fault " << faults;
+        }
+        EXPECT_EQ(files.Kind(std::string(kArchive) + ".new"), PathKind::Missing);
+        EXPECT_EQ(files.OpenFiles(), 0);
+        files.Put(kArchive, old);
+    }
+    EXPECT_GE(faults, 8);
+    files.faults.FailAt(0);
+
+    files.Put(kArchive, old);
+    files.freeBytes = 100;
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml", "C:\\KAZ\\Kaz.ini"}), kZipWriteFailed);
+    EXPECT_EQ(archiver.LastMessage(), std::string(kArchive) + ": Disk full");
+    EXPECT_EQ(files.Text(kArchive), old);
+
+    files.freeBytes.reset();
+    files.At(kArchive).readOnly = true;
+    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Kaz.ini"}), kZipWriteFailed);
+    EXPECT_EQ(files.Text(kArchive), old);
+}
+
+}  // namespace
+}  // namespace kaz
