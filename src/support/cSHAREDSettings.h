@@ -7,6 +7,8 @@
 #include "support/cSharedLogging.h"
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -14,9 +16,9 @@
 
 namespace kaz {
 
-// The options of the program: named values in memory, loaded from and saved to one plain text file, and numbered sets
-// on top of them. Names have no regard to letter case and never hold a comma. Operations trap their own errors and
-// log them; a failed look-up yields the default.
+// The options of the program: named values in memory, loaded from and saved to one plain text file, and
+// numbered sets on top of them. Names have no regard to letter case and never hold a comma. Operations trap
+// their own errors and log them; a failed look-up yields the default.
 class cSHAREDSettings {
 public:
     cSHAREDSettings(FileSystem& files, const Locale& locale, Dialogs& dialogs, cSharedLogging& log);
@@ -39,13 +41,16 @@ public:
     SettingValue RetrieveSetting(std::string_view name, const SettingValue& fallback = {}) const;
     bool IsSettingPresent(std::string_view name) const;
 
-    // False when nothing was written; the old file is then as it was.
+    // False when nothing was written; the old file is then as it was, and the user has been told when it may
+    // not be written. A file that LoadSettings could not read is not written over.
     bool SaveSettings(const std::string& fileName);
     void LoadSettings(const std::string& fileName);
 
     void DeleteSettingByName(std::string_view name) { DeleteSetting(name); }
     void DeleteSetting(std::string_view name);
 
+    // A set is kept as settings: its name and "_INDEX" hold the highest index ever given, its name, "_" and
+    // an index a member. Members are compared as they are in the file, so a number equals its text.
     std::int32_t AddToSet(std::string_view setName, SettingValue value);
     std::int32_t LastIndexInSet(std::string_view setName) const;
     void DeleteFromSetByValue(std::string_view setName, const SettingValue& value);
@@ -60,12 +65,27 @@ public:
     }
 
 private:
+    template <class Result, class Step>
+    Result Trapped(const char* procedure, Result otherwise, Step step) const;
+    // Where the setting is in the list, if it is there.
+    std::optional<std::size_t> Find(std::string_view name) const;
+    // What the locale's words for yes and no stand for, and "TRUE" and "FALSE" in every locale.
+    std::optional<bool> AsBoolean(std::string_view text) const;
+    // The value as it is after a save and a load, for comparisons.
+    std::string SavedForm(const SettingValue& value) const;
+    void TakeLines(std::string_view text);
+    void Tell(const char* text) noexcept;
+    // Whether a setting is a member of the set.
+    std::function<bool(const cSHAREDSetting&)> MemberOf(std::string_view setName) const;
+    void Reindex();
+
     FileSystem& files_;
     const Locale& locale_;
     Dialogs& dialogs_;
     cSharedLogging& log_;
     std::vector<cSHAREDSetting> settings_;
     std::unordered_map<std::string, std::size_t> positions_;  // upper-cased name -> place in settings_
+    std::string neverRead_;                                   // a file that is there but could not be read
 };
 
 }  // namespace kaz

@@ -48,7 +48,8 @@ public:
     void WriteActionsToLog() noexcept;
     std::string CurrentAction() const;
 
-    void Report(const ErrorInfo& error, std::string_view procedure, std::string_view module) noexcept override {
+    void Report(const ErrorInfo& error, std::string_view procedure,
+                std::string_view module) noexcept override {
         LogError(error, procedure, module);
     }
 
@@ -58,6 +59,7 @@ private:
         DateValue time;
     };
 
+    void EnsureFileName();
     std::string Header() const;
     void AddToTrail(std::string text, std::string_view procedure, std::string_view module);
 

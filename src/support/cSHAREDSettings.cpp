@@ -1,0 +1,181 @@
+#include "support/cSHAREDSettings.h"
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "platform/Files.h"
+
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+constexpr const char* kModule = "cSHAREDSettings";
+constexpr const char* kReadOnly = "Your settings file is read-only and I can't change it. Save cancelled.";
+constexpr const char* kNeverRead =
+    "Your settings file could not be read, so I leave it as it is. Save cancelled.";
+
+std::string CleanName(std::string_view name) {
+    std::string clean(name);
+    std::erase(clean, ',');
+    return clean;
+}
+
+std::string KeyOf(std::string_view name) { return UpperAscii(CleanName(name)); }
+
+bool IsZero(const SettingValue& value) {
+    if (const auto* number = std::get_if<std::int16_t>(&value)) return *number == 0;
+    if (const auto* number = std::get_if<std::int32_t>(&value)) return *number == 0;
+    if (const auto* flag = std::get_if<bool>(&value)) return !*flag;
+    return std::holds_alternative<std::monostate>(value);
+}
+
+}  // namespace
+
+cSHAREDSettings::cSHAREDSettings(FileSystem& files, const Locale& locale, Dialogs& dialogs,
+                                 cSharedLogging& log)
+    : files_(files),
+      locale_(locale),
+      dialogs_(dialogs),
+      log_(log) {}
+
+template <class Result, class Step>
+Result cSHAREDSettings::Trapped(const char* procedure, Result otherwise, Step step) const {
+    ErrorTrap trap(log_, procedure, kModule);
+    trap([&] { otherwise = step(); });
+    return otherwise;
+}
+
+std::int32_t cSHAREDSettings::SettingsCount() const { return static_cast<std::int32_t>(settings_.size()); }
+
+std::string cSHAREDSettings::SettingNameByIndex(std::int32_t index) const {
+    if (index < 1 || index > SettingsCount()) return {};
+    return settings_[static_cast<std::size_t>(index) - 1].Name;
+}
+
+void cSHAREDSettings::StoreSetting(std::string_view name, SettingValue value) {
+    ErrorTrap trap(log_, "StoreSetting", kModule);
+    trap([&] {
+        if (const bool* flag = std::get_if<bool>(&value)) value = static_cast<std::int16_t>(*flag ? -1 : 0);
+        if (const auto place = Find(name)) {
+            settings_[*place].KeyValue = std::move(value);
+            return;
+        }
+        settings_.push_back({CleanName(name), std::move(value)});
+        positions_.emplace(KeyOf(name), settings_.size() - 1);
+    });
+}
+
+SettingValue cSHAREDSettings::RetrieveWithDefault(std::string_view name, const SettingValue& fallback) const {
+    SettingValue value = RetrieveSetting(name, fallback);
+    // Kept on purpose: here a stored number 0 or False is as good as absent, so an option whose default is
+    // True has to be read with sGet. A text is no number, not even "0".
+    return IsZero(value) ? fallback : value;
+}
+
+SettingValue cSHAREDSettings::RetrieveSetting(std::string_view name, const SettingValue& fallback) const {
+    return Trapped("RetrieveSetting", fallback, [&]() -> SettingValue {
+        const auto place = Find(name);
+        if (!place) return fallback;
+        const SettingValue& value = settings_[*place].KeyValue;
+        const auto* text = std::get_if<std::string>(&value);
+        if (const auto flag = text ? AsBoolean(*text) : std::nullopt) return *flag;
+        return value;
+    });
+}
+
+bool cSHAREDSettings::IsSettingPresent(std::string_view name) const {
+    return Trapped("IsSettingPresent", false, [&] { return Find(name).has_value(); });
+}
+
+void cSHAREDSettings::DeleteAllSettings() {
+    settings_.clear();
+    positions_.clear();
+}
+
+void cSHAREDSettings::DeleteSetting(std::string_view name) {
+    ErrorTrap trap(log_, "DeleteSetting", kModule);
+    trap([&] {
+        const auto place = Find(name);
+        if (!place) return;
+        settings_.erase(settings_.begin() + static_cast<std::ptrdiff_t>(*place));
+        Reindex();
+    });
+}
+
+bool cSHAREDSettings::SaveSettings(const std::string& fileName) {
+    try {
+        if (!neverRead_.empty() && locale_.Folding().Equal(neverRead_, fileName)) {
+            Tell(kNeverRead);
+            return false;
+        }
+        std::string text;
+        for (const cSHAREDSetting& setting : settings_)
+            text.append(UpperAscii(setting.Name))
+                .append(",")
+                .append(ToText(setting.KeyValue))
+                .append(kLineBreak);
+        WriteWholeFile(files_, fileName, text);
+        return true;
+    } catch (...) {
+        const ErrorInfo error = CurrentError();
+        log_.LogError(error, "SaveSettings", kModule);
+        if (error.number == static_cast<int>(ErrorNumber::PermissionDenied)) Tell(kReadOnly);
+        return false;
+    }
+}
+
+void cSHAREDSettings::Tell(const char* text) noexcept {
+    ErrorTrap trap(log_, "SaveSettings", kModule);
+    trap([&] {
+        log_.LogEvent(text);
+        dialogs_.Message(text);
+    });
+}
+
+void cSHAREDSettings::LoadSettings(const std::string& fileName) {
+    ErrorTrap trap(log_, "LoadSettings", kModule);
+    trap([&] {
+        DeleteAllSettings();
+        neverRead_ = fileName;
+        TakeLines(ReadFileOrEmpty(files_, fileName));
+        neverRead_.clear();
+    });
+}
+
+void cSHAREDSettings::TakeLines(std::string_view text) {
+    while (!text.empty()) {
+        const auto end = text.find(kLineBreak);
+        const std::string_view line = text.substr(0, end);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + kLineBreak.size());
+        const auto comma = line.find(',');
+        if (comma == std::string_view::npos || Trim(line.substr(0, comma)).empty()) continue;
+        const std::string_view value = line.substr(comma + 1);
+        if (const auto flag = AsBoolean(value))
+            StoreSetting(line.substr(0, comma), *flag);
+        else
+            StoreSetting(line.substr(0, comma), std::string(value));
+    }
+}
+
+std::optional<std::size_t> cSHAREDSettings::Find(std::string_view name) const {
+    const auto found = positions_.find(KeyOf(name));
+    if (found == positions_.end()) return std::nullopt;
+    return found->second;
+}
+
+std::optional<bool> cSHAREDSettings::AsBoolean(std::string_view text) const {
+    const auto is = [&](std::string_view word) { return StringsEqual(text, word, locale_.Folding()); };
+    if (is("FALSE") || is(locale_.Data().falseWord)) return false;
+    if (is("TRUE") || is(locale_.Data().trueWord)) return true;
+    return std::nullopt;
+}
+
+void cSHAREDSettings::Reindex() {
+    positions_.clear();
+    for (std::size_t place = 0; place < settings_.size(); ++place)
+        positions_.emplace(KeyOf(settings_[place].Name), place);
+}
+
+}  // namespace kaz
