@@ -12,6 +12,7 @@ class Shell;
 class Sound;
 class SystemInfo;
 class WindowFactory;
+class ZipArchiver;
 
 // Everything that the program asks of the machine, handed over once at the start. The services outlive the program.
 struct Platform {
@@ -25,6 +26,7 @@ struct Platform {
     Sound& sound;
     SystemInfo& system;
     WindowFactory& windows;
+    ZipArchiver& zip;
 };
 
 }  // namespace kaz

@@ -16,6 +16,7 @@ struct ZipOptions {
 
 // The results of archiving; the numbers are those that ZIP programs end with.
 inline constexpr int kZipSuccess = 0;
+inline constexpr int kZipNotAvailable = 5;
 inline constexpr int kZipNothingToDo = 12;
 inline constexpr int kZipWriteFailed = 14;
 inline constexpr int kZipBadOptions = 16;

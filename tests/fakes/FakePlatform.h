@@ -11,6 +11,7 @@
 #include "fakes/FakeWindowFactory.h"
 #include "fakes/MemoryFileSystem.h"
 #include "platform/Platform.h"
+#include "platform/zip/LibzipArchiver.h"
 
 namespace kaz {
 
@@ -36,7 +37,7 @@ public:
     FakePlatform& operator=(const FakePlatform&) = delete;
 
     Platform Services() {
-        return {clock, dialogs, files, locale, pump, random, shell, sound, system, *factory_};
+        return {clock, dialogs, files, locale, pump, random, shell, sound, system, *factory_, zip};
     }
     // Windows from elsewhere than `windows`, for Services() from now on.
     void UseWindows(WindowFactory& factory) { factory_ = &factory; }
@@ -51,6 +52,7 @@ public:
     FakeSound sound;
     FakeSystemInfo system;
     FakeWindowFactory windows;
+    LibzipArchiver zip{files};  // the real one: it asks the machine for nothing but files
 
 private:
     WindowFactory* factory_ = &windows;

@@ -13,9 +13,16 @@ public:
         if (waiting) waiting();
     }
 
+    void ShowBusy(bool busy) noexcept override {
+        isBusy = busy;
+        if (busy) ++timesBusy;
+    }
+
     // What the waiting messages do, such as a timer's tick in the middle of a long step.
     std::function<void()> waiting;
     int processed = 0;
+    bool isBusy = false;
+    int timesBusy = 0;
 };
 
 }  // namespace kaz

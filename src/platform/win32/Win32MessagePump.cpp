@@ -19,4 +19,9 @@ void Win32MessagePump::ProcessPending() {
     }
 }
 
+// The window under the pointer sets its own again as soon as messages are processed.
+void Win32MessagePump::ShowBusy(bool busy) noexcept {
+    SetCursor(LoadCursorW(nullptr, busy ? IDC_WAIT : IDC_ARROW));
+}
+
 }  // namespace kaz

@@ -7,6 +7,7 @@ namespace kaz {
 class Win32MessagePump : public MessagePump {
 public:
     void ProcessPending() override;
+    void ShowBusy(bool busy) noexcept override;
 };
 
 }  // namespace kaz

@@ -11,6 +11,7 @@
 #include "platform/win32/Win32Sound.h"
 #include "platform/win32/Win32SystemInfo.h"
 #include "platform/win32/Win32WindowFactory.h"
+#include "platform/zip/LibzipArchiver.h"
 
 namespace kaz {
 
@@ -22,7 +23,8 @@ public:
         : dialogs_(module),
           system_(module),
           windows_(module),
-          services_{clock_, dialogs_, files_, locale_, pump_, random_, shell_, sound_, system_, windows_} {}
+          services_{clock_, dialogs_, files_,  locale_,  pump_, random_,
+                    shell_, sound_,   system_, windows_, zip_} {}
     Win32Platform(const Win32Platform&) = delete;
     Win32Platform& operator=(const Win32Platform&) = delete;
 
@@ -39,6 +41,7 @@ private:
     Win32Sound sound_;
     Win32SystemInfo system_;
     Win32WindowFactory windows_;
+    LibzipArchiver zip_{files_};
     Platform services_;
 };
 
