@@ -1,9 +1,9 @@
 #include "unit/model/GoldenRules.h"
 
 #include "base/Text.h"
+#include "fakes/TestData.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -67,19 +67,10 @@ GoldenRule ReadLine(const std::string& line) {
     return golden;
 }
 
-std::string DataFolder() {
-    if (const char* folder = std::getenv("KAZ_TEST_DATA")) return folder;
-#ifdef KAZ_TEST_DATA
-    return KAZ_TEST_DATA;
-#else
-    return ".";
-#endif
-}
-
 }  // namespace
 
 std::vector<GoldenRule> ReadGoldenRules() {
-    std::ifstream file(DataFolder() + "/golden/recurrence.txt");
+    std::ifstream file(TestData() + "/golden/recurrence.txt");
     std::vector<GoldenRule> rules;
     for (std::string line; std::getline(file, line);) {
         while (!line.empty() && (line.back() == '\r' || line.back() == ' '))

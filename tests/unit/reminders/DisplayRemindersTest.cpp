@@ -1,0 +1,142 @@
+#include "resources/resource.h"
+#include "unit/reminders/ReminderDesk.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace kaz {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* kComingUp = "COMING UP";
+constexpr const char* kToday = "TODAY!";
+
+void Warn(clsEvent& event, std::int16_t days) { event.DaysWarning(days); }
+
+TEST(DisplayReminders, ListsWhatComesUpTheNearestFirst) {
+    ReminderDesk desk;
+    Warn(desk.Add("A", 5), 5);
+    Warn(desk.Add("B", 2), 30);
+    Warn(desk.Add("C", 2), 2);
+    Warn(desk.Add("Tomorrow", 1), 1);
+    Warn(desk.Add("Too far", 3), 2);
+    Warn(desk.Add("Never before its day", 1), 0);
+    Warn(desk.Add("Deleted", 1), 1);
+    desk.events.AllEvents().back().Deleted = true;
+    desk.Engine().DisplayReminders();
+    EXPECT_THAT(desk.List(kComingUp),
+                ElementsAre("In 1 day: Tomorrow", "In 2 days: C", "In 2 days: B", "In 5 days: A"));
+    EXPECT_THAT(desk.TakeLog(), ElementsAre("Showing upcoming reminders"));
+    EXPECT_EQ(desk.Window(kToday), nullptr);
+    EXPECT_EQ(desk.machine.pump.processed, 1);
+
+    desk.machine.windows.Advance(2000);
+    EXPECT_THAT(desk.machine.sound.calls, IsEmpty());
+}
+
+TEST(DisplayReminders, ListsTodaysWithTheSoundOfTheLastThatHasOne) {
+    ReminderDesk desk;
+    desk.machine.files.Put("C:\\KAZ\\gong.wav", "RIFF");
+    desk.Add("Plain", 0).WavFile = "C:\\KAZ\\other.wav";
+    clsEvent& loud = desk.Add("Loud", 0);
+    loud.PlayWav = true;
+    loud.WavFile = "C:\\KAZ\\gong.wav";
+    desk.Add("Runs a file", 0).ExecFile = true;
+    desk.Engine().DisplayReminders();
+    EXPECT_THAT(desk.List(kToday), ElementsAre("Loud", "Plain"));
+    EXPECT_THAT(desk.TakeLog(), ElementsAre("Showing today's reminders"));
+    desk.machine.windows.Advance(2000);
+    ASSERT_FALSE(desk.machine.sound.calls.empty());
+    EXPECT_EQ(desk.machine.sound.calls.back().file, "C:\\KAZ\\gong.wav");
+}
+
+TEST(DisplayReminders, ALaterPassRefillsTheWindowAndClosesItWhenNothingIsLeft) {
+    ReminderDesk desk;
+    Warn(desk.Add("Trip", 2), 5);
+    desk.Engine().DisplayReminders();
+    FakeWindow* window = desk.Window(kComingUp);
+    desk.Engine().DisplayReminders();
+    EXPECT_EQ(window->Fills(IDC_lstReminders), 1);  // the same lines are not filled again
+
+    // The new day's lines end a sleep.
+    desk.machine.windows.Advance(2000);
+    window->Type(IDC_txtSleep, "600");
+    window->Click(IDC_cmdRemindMe);
+    EXPECT_FALSE(window->IsVisible());
+    desk.machine.clock.AdvanceDays(1);
+    desk.Engine().DisplayReminders();
+    EXPECT_EQ(desk.Window(kComingUp), window);
+    EXPECT_THAT(desk.List(kComingUp), ElementsAre("In 1 day: Trip"));
+    desk.machine.windows.Advance(2000);
+    EXPECT_TRUE(window->IsVisible());
+
+    desk.machine.clock.AdvanceDays(1);
+    desk.Engine().DisplayReminders();
+    EXPECT_EQ(desk.Window(kComingUp), nullptr);
+    EXPECT_THAT(desk.List(kToday), ElementsAre("Trip"));
+    EXPECT_EQ(desk.openWindows.Count(), 1U);
+}
+
+TEST(DisplayReminders, AWindowThatTheUserClosedIsMadeAnew) {
+    ReminderDesk desk;
+    desk.Add("Dentist", 0);
+    desk.Engine().DisplayReminders();
+    desk.machine.windows.Advance(2000);
+    desk.Window(kToday)->Click(IDC_cmdContinue);
+    EXPECT_EQ(desk.openWindows.Count(), 0U);
+    desk.machine.windows.Advance(120000);
+    EXPECT_FALSE(desk.Window(kToday) && desk.Window(kToday)->IsVisible());
+    desk.Engine().DisplayReminders();
+    desk.machine.windows.Advance(2000);
+    EXPECT_TRUE(desk.Window(kToday)->IsVisible());
+    EXPECT_EQ(desk.machine.windows.made, 2);
+}
+
+TEST(DisplayReminders, ManyLinesAreFilledOnceInTheOrderOfOneByOne) {
+    ReminderDesk desk;
+    std::vector<std::string> added;
+    for (int i = 0; i < 1231; ++i) {
+        Warn(desk.Add("Event " + std::to_string(i), 1 + i * 7 % 30), 30);
+        added.push_back("In " + std::to_string(1 + i * 7 % 30) + (i * 7 % 30 == 0 ? " day" : " days") +
+                        ": Event " + std::to_string(i));
+    }
+    desk.Engine().DisplayReminders();
+    EXPECT_EQ(desk.Window(kComingUp)->Fills(IDC_lstReminders), 1);
+
+    std::vector<std::string> expected;
+    for (const std::string& line : added) {
+        const auto number = ReminderLines::NumberOf(line);
+        const auto place = std::find_if(expected.begin(), expected.end(), [&](const std::string& other) {
+            return ReminderLines::NumberOf(other) >= number;
+        });
+        expected.insert(place, line);
+    }
+    EXPECT_EQ(desk.List(kComingUp), expected);
+}
+
+TEST(DisplayReminders, AWindowThatCannotBeMadeIsLoggedAndTheOtherIsShown) {
+    ReminderDesk desk;
+    Warn(desk.Add("Trip", 2), 5);
+    desk.Add("Dentist", 0);
+    desk.machine.windows.failures = 1;
+    desk.Engine().DisplayReminders();
+    EXPECT_THAT(desk.List(kToday), ElementsAre("Dentist"));
+    EXPECT_THAT(desk.TakeLog(), Contains("Error 51 (Internal error) in DisplayReminders of clsReminder"));
+}
+
+TEST(ReminderLines, AreOrderedByTheDaysOrTheLeadingDigits) {
+    EXPECT_EQ(ReminderLines::NumberOf("In 12 days: In 3 words"), 12);
+    EXPECT_EQ(ReminderLines::NumberOf("Dentist at 3"), 0);
+    EXPECT_EQ(ReminderLines::NumberOf("3 eggs"), 3);
+    EXPECT_EQ(ReminderLines::NumberOf("in 3 days"), 0);
+    EXPECT_EQ(ReminderLines::NumberOf("99999 miles"), 32767);
+    EXPECT_EQ(ReminderLines::NumberOf("-1e300"), -32768);
+    EXPECT_EQ(ReminderLines::NumberOf(""), 0);
+}
+
+}  // namespace
+}  // namespace kaz

@@ -1,0 +1,84 @@
+#include "unit/reminders/ReminderDesk.h"
+
+#include "base/Text.h"
+#include "resources/resource.h"
+
+namespace kaz {
+
+namespace {
+
+DateValue TimeOf(const std::string& text) {
+    const int hour = std::stoi(text.substr(0, 2));
+    const int minute = std::stoi(text.substr(3, 2));
+    return DateValue::FromTime(hour, minute, text.size() > 5 ? std::stoi(text.substr(6)) : 0);
+}
+
+}  // namespace
+
+ReminderDesk::ReminderDesk() {
+    log.OverrideLogFilename("C:\\KAZ\\Log_KAZ.txt");
+    settings.StoreSetting("Owner", std::string("Ann"));
+    events.SetDBFilename("C:\\KAZ\\Events.xml");
+    expired.SetDBFilename("C:\\KAZ\\Expired.xml");
+    shared.SetDBFilename("C:\\KAZ\\Shared_Ann.xml");
+}
+
+clsEvent& ReminderDesk::Add(const std::string& description, int inDays, clsDbXml* database) {
+    clsEvent event;
+    event.IDCode = "00" + std::to_string(1000 + codes_++);
+    event.Owner(database == &shared ? "Bob" : "Ann");
+    event.Desc(description);
+    event.DueDate(machine.clock.Today().PlusDays(inDays));
+    auto& all = (database ? database : &events)->AllEvents();
+    all.push_back(event);
+    return all.back();
+}
+
+clsEvent& ReminderDesk::AddAlarm(const std::string& description, const std::string& time,
+                                 clsDbXml* database) {
+    clsEvent& event = Add(description, 0, database);
+    event.AlarmSet(true);
+    event.AlarmTime(TimeOf(time));
+    return event;
+}
+
+clsReminder ReminderDesk::Engine() {
+    return clsReminder({machine.clock, machine.locale, machine.files, machine.pump, machine.shell, log,
+                        settings, windows, &events, &expired});
+}
+
+void ReminderDesk::Alarms(const std::string& time, clsDbXml* database) {
+    machine.clock.now = DateValue(machine.clock.now.Day(), TimeOf(time).SecondOfDay());
+    Engine().DisplayAlarms(database ? *database : events);
+}
+
+std::vector<std::string> ReminderDesk::List(const std::string& heading) {
+    const FakeWindow* window = Window(heading);
+    return window ? window->Items(IDC_lstReminders) : std::vector<std::string>{};
+}
+
+std::vector<std::string> ReminderDesk::TakeLog() {
+    const std::string file = machine.files.Text(log.CurrentLogFilename());
+    std::vector<std::string> texts;
+    for (const auto line : Split(file, kLineBreak))
+        if (const auto comma = line.find(", "); comma != std::string_view::npos)
+            texts.emplace_back(line.substr(comma + 2));
+    machine.files.Remove(log.CurrentLogFilename());
+    return texts;
+}
+
+std::vector<std::string> ReminderDesk::OnDisk(const std::string& file) {
+    clsDbXml database(storage);
+    database.LoadDB(folder + "\\" + file);
+    std::vector<std::string> descriptions;
+    for (const clsEvent& event : database.AllEvents())
+        descriptions.push_back(event.Desc());
+    return descriptions;
+}
+
+void ReminderDesk::Reports::Report(const ErrorInfo& error, std::string_view procedure,
+                                   std::string_view module) noexcept {
+    told.push_back(std::to_string(error.number) + " " + std::string(procedure) + " " + std::string(module));
+}
+
+}  // namespace kaz

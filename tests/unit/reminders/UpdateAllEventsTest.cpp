@@ -1,0 +1,149 @@
+#include "unit/reminders/ReminderDesk.h"
+
+#include <gmock/gmock.h>
+
+namespace kaz {
+namespace {
+
+using ::testing::AnyOf;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::vector<std::string> Descriptions(const clsDbXml& database) {
+    std::vector<std::string> descriptions;
+    for (const clsEvent& event : database.AllEvents())
+        descriptions.push_back(event.Desc());
+    return descriptions;
+}
+
+void EveryDay(clsEvent& event) {
+    event.Recurring(true);
+    event.RecurrenceType(RecurEveryNDays);
+    event.StartDate(event.DueDate());
+    event.Period(1);
+}
+
+TEST(UpdateAllEvents, MovesRecurringEventsOnAndOthersOut) {
+    ReminderDesk desk;
+    desk.Add("Past", -1);
+    desk.Add("Today", 0);
+    EveryDay(desk.Add("Daily", -3));
+    desk.events.AllEvents().back().MailSent = true;
+    desk.Engine().UpdateAllEvents();
+
+    EXPECT_THAT(desk.TakeLog(), ElementsAre("Event expired and deleted: 3/14/2023 Past",
+                                            "Event expired and updated: 3/12/2023 Daily"));
+    EXPECT_THAT(desk.OnDisk("Events.xml"), ElementsAre("Today", "Daily"));
+    EXPECT_THAT(desk.OnDisk("Expired.xml"), ElementsAre("Past"));
+    const clsEvent& daily = desk.events.AllEvents().back();
+    EXPECT_EQ(daily.DueDate(), desk.machine.clock.Today());
+    EXPECT_EQ(daily.DaysLeft(), 0);
+    EXPECT_FALSE(daily.MailSent);
+    EXPECT_EQ(desk.expired.AllEvents().front().DaysLeft(), -1);
+}
+
+TEST(UpdateAllEvents, TheEventAfterARemovedOneWaitsForTheNextPass) {
+    ReminderDesk desk;
+    for (const char* name : {"A", "B", "C"})
+        desk.Add(name, -1);
+    EveryDay(desk.Add("R", -1));
+    desk.Engine().UpdateAllEvents();
+    EXPECT_THAT(Descriptions(desk.events), ElementsAre("B", "R"));
+    desk.Engine().UpdateAllEvents();
+    EXPECT_THAT(Descriptions(desk.events), ElementsAre("R"));
+    EXPECT_LT(desk.events.AllEvents().front().DueDate(), desk.machine.clock.Today());
+    desk.Engine().UpdateAllEvents();
+    EXPECT_EQ(desk.events.AllEvents().front().DueDate(), desk.machine.clock.Today());
+    EXPECT_THAT(Descriptions(desk.expired), ElementsAre("A", "C", "B"));
+}
+
+TEST(UpdateAllEvents, ABadRuleIsOneErrorAndStopsNothing) {
+    ReminderDesk desk;
+    clsEvent& bad = desk.Add("Bad", -1);
+    bad.Recurring(true);
+    bad.RecurrenceType(RecurWeekdays);
+    EveryDay(desk.Add("Good", -1));
+    desk.Engine().UpdateAllEvents();
+    EXPECT_THAT(desk.TakeLog(),
+                ElementsAre("Error 5 (Invalid procedure call or argument) in CalcDueDate of clsEvent",
+                            "Event expired and updated: 3/14/2023 Bad",
+                            "Event expired and updated: 3/14/2023 Good"));
+    EXPECT_EQ(desk.events.AllEvents()[0].DueDate(), desk.machine.clock.Today().PlusDays(-1));
+    EXPECT_EQ(desk.events.AllEvents()[1].DueDate(), desk.machine.clock.Today());
+}
+
+TEST(UpdateAllEvents, NothingIsLostWhileTheExpiredFileCannotBeWritten) {
+    ReminderDesk desk;
+    desk.Add("Past", -1);
+    desk.events.SaveDB();
+    desk.machine.files.Put("C:\\KAZ\\Expired.xml", "");
+    desk.machine.files.At("C:\\KAZ\\Expired.xml").readOnly = true;
+    for (int pass = 0; pass < 2; ++pass) {
+        desk.Engine().UpdateAllEvents();
+        EXPECT_THAT(desk.OnDisk("Events.xml"), ElementsAre("Past"));
+        EXPECT_THAT(Descriptions(desk.events), ElementsAre("Past"));
+    }
+    EXPECT_THAT(desk.TakeLog(), Contains("Expired events could not be saved and stay with the others"));
+
+    desk.machine.files.At("C:\\KAZ\\Expired.xml").readOnly = false;
+    desk.Engine().UpdateAllEvents();
+    EXPECT_THAT(desk.OnDisk("Events.xml"), IsEmpty());
+    EXPECT_THAT(desk.OnDisk("Expired.xml"), ElementsAre("Past"));
+}
+
+TEST(UpdateAllEvents, ACrashAtAnyPlaceLeavesTheEventInOneOfTheFiles) {
+    for (int n = 1; n < 100; ++n) {
+        SCOPED_TRACE(n);
+        ReminderDesk desk;
+        desk.Add("Past", -1);
+        desk.events.SaveDB();
+        desk.machine.files.faults.FailAt(n, ErrorNumber::DeviceError, FaultInjector::Lasts::FromThenOn);
+        desk.Engine().UpdateAllEvents();
+        const bool struck = desk.machine.files.faults.Struck();
+        desk.machine.files.faults.FailAt(0);
+        desk.machine.files.LosePower();
+
+        const auto events = desk.OnDisk("Events.xml");
+        const auto expired = desk.OnDisk("Expired.xml");
+        EXPECT_THAT(events.empty() ? expired : events, ElementsAre("Past"));
+        EXPECT_THAT(expired, AnyOf(IsEmpty(), ElementsAre("Past")));
+        if (!struck) return;
+    }
+    FAIL() << "The pass never came to its end";
+}
+
+TEST(UpdateAllEvents, AnExpiredEventKeepsItsPlaceBesideAnotherWithItsCode) {
+    ReminderDesk desk;
+    clsEvent& past = desk.Add("Past", -1);
+    clsEvent& other = desk.Add("Older", -9, &desk.expired);
+    other.IDCode = past.IDCode;
+    desk.Engine().UpdateAllEvents();
+    ASSERT_THAT(Descriptions(desk.expired), ElementsAre("Older", "Past"));
+    EXPECT_NE(desk.expired.AllEvents()[0].IDCode, desk.expired.AllEvents()[1].IDCode);
+}
+
+TEST(UpdateAllEvents, ALongAbsenceIsToldInOneWriting) {
+    ReminderDesk desk;
+    for (int i = 0; i < 6800; ++i)
+        EveryDay(desk.Add("Event " + std::to_string(i), -400));
+    desk.Add("Past", -400);
+    const int before = desk.machine.files.written;
+    desk.Engine().UpdateAllEvents();
+    EXPECT_EQ(desk.machine.files.written - before, 3);  // the log and the two files
+    EXPECT_EQ(desk.TakeLog().size(), 6801U);
+    EXPECT_EQ(desk.expired.RecordCount(), 1);
+}
+
+TEST(UpdateAllEvents, WithoutDatabasesNothingHappens) {
+    ReminderDesk desk;
+    clsReminder engine({desk.machine.clock, desk.machine.locale, desk.machine.files, desk.machine.pump,
+                        desk.machine.shell, desk.log, desk.settings, desk.windows, nullptr, nullptr});
+    engine.UpdateAllEvents();
+    engine.DisplayReminders();
+    EXPECT_THAT(desk.TakeLog(), IsEmpty());
+    EXPECT_EQ(desk.machine.windows.made, 0);
+}
+
+}  // namespace
+}  // namespace kaz
