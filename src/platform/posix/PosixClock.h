@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+namespace kaz {
+
+class PosixClock : public Clock {
+public:
+    DateValue Now() const override;
+    double SecondsSinceMidnight() const override;
+};
+
+}  // namespace kaz

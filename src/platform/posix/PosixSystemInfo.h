@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/SystemInfo.h"
+
+namespace kaz {
+
+class PosixSystemInfo : public SystemInfo {
+public:
+    std::string OperatingSystem() const override;
+    // The folder of the running program.
+    std::string ModuleFolder() const override;
+};
+
+}  // namespace kaz
