@@ -26,7 +26,8 @@ constexpr int Modulo(std::int32_t value, int divisor) {
 }  // namespace
 
 DateValue DateValue::FromCivil(int year, int month, int day) {
-    constexpr int kFarthest = 1 << 24;  // keeps the arithmetic below inside 64 bits; all of it is out of range
+    constexpr int kFarthest = 1 << 24;
+    // Keeps the arithmetic below inside 64 bits; all of it is out of range anyway.
     const auto far = [](int value) { return value < -kFarthest || value > kFarthest; };
     if (far(year) || far(month) || far(day)) throw RuntimeError(ErrorNumber::InvalidCall);
 
@@ -35,7 +36,8 @@ DateValue DateValue::FromCivil(int year, int month, int day) {
     if (carriedYear < -32000 || carriedYear > 32000) throw RuntimeError(ErrorNumber::InvalidCall);
     const auto carriedMonth = static_cast<unsigned>(months - carriedYear * 12) + 1;
 
-    const sys_days first = std::chrono::year{static_cast<int>(carriedYear)} / std::chrono::month{carriedMonth} / 1;
+    const sys_days first =
+        std::chrono::year{static_cast<int>(carriedYear)} / std::chrono::month{carriedMonth} / 1;
     return DateValue(CheckedDay(std::int64_t{(first - kZero).count()} + day - 1));
 }
 
@@ -70,7 +72,8 @@ DateValue DateValue::PlusDays(std::int32_t days) const {
 
 DateValue DateValue::PlusMinutes(std::int32_t minutes) const {
     const std::int64_t total = std::int64_t{day_} * kSecondsPerDay + second_ + std::int64_t{minutes} * 60;
-    const std::int64_t day = total >= 0 ? total / kSecondsPerDay : (total - (kSecondsPerDay - 1)) / kSecondsPerDay;
+    const std::int64_t day =
+        total >= 0 ? total / kSecondsPerDay : (total - (kSecondsPerDay - 1)) / kSecondsPerDay;
     return DateValue(CheckedDay(day), static_cast<std::int32_t>(total - day * kSecondsPerDay));
 }
 

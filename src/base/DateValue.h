@@ -14,8 +14,8 @@ struct CivilDate {
     friend constexpr auto operator<=>(const CivilDate&, const CivilDate&) = default;
 };
 
-// A calendar day and a time of day to the second. The default value is 30 December 1899, midnight, the zero of
-// the files; a pure time of day is a time on that day.
+// A calendar day and a time of day to the second. The default value is 30 December 1899, midnight, the zero
+// of the files; a pure time of day is a time on that day.
 class DateValue {
 public:
     static constexpr std::int32_t kSecondsPerDay = 86400;
@@ -25,8 +25,8 @@ public:
     // `day` counts days since 30 December 1899; `second` is 0 to 86399.
     constexpr explicit DateValue(std::int32_t day, std::int32_t second = 0) : day_(day), second_(second) {}
 
-    // The day of year, month and day, where a month outside 1-12 carries into other years and a day outside the
-    // month into other months: (2023, 2, 31) is 3 March 2023, day 0 the last day of the month before.
+    // The day of year, month and day, where a month outside 1-12 carries into other years and a day outside
+    // the month into other months: (2023, 2, 31) is 3 March 2023, day 0 the last day of the month before.
     // Throws InvalidCall when the result leaves the years 100 to 9999.
     static DateValue FromCivil(int year, int month, int day);
 

@@ -20,15 +20,18 @@ ErrorInfo CurrentError() noexcept;
 class ErrorSink {
 public:
     virtual ~ErrorSink() = default;
-    virtual void Report(const ErrorInfo& error, std::string_view procedure, std::string_view module) noexcept = 0;
+    virtual void Report(const ErrorInfo& error, std::string_view procedure,
+                        std::string_view module) noexcept = 0;
 };
 
-// "Tell the failure, then go on with the next statement": each call of the trap runs one step, and a step that
-// throws is reported under the procedure and the module instead of ending the whole procedure.
+// "Tell the failure, then go on with the next statement": each call of the trap runs one step, and a step
+// that throws is reported under the procedure and the module instead of ending the whole procedure.
 class ErrorTrap {
 public:
     ErrorTrap(ErrorSink& sink, std::string_view procedure, std::string_view module) noexcept
-        : sink_(sink), procedure_(procedure), module_(module) {}
+        : sink_(sink),
+          procedure_(procedure),
+          module_(module) {}
 
     // Returns whether the step came to its end.
     template <class Step>

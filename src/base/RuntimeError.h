@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace kaz {
 
@@ -30,7 +31,8 @@ class RuntimeError : public std::exception {
 public:
     explicit RuntimeError(ErrorNumber number) : RuntimeError(number, DescriptionOf(number)) {}
     RuntimeError(ErrorNumber number, std::string description)
-        : number_(number), description_(std::move(description)) {}
+        : number_(number),
+          description_(std::move(description)) {}
 
     ErrorNumber Number() const noexcept { return number_; }
     const std::string& Description() const noexcept { return description_; }

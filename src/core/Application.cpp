@@ -12,7 +12,11 @@ Application::Application(const Platform& services)
       errors(log),
       settings(platform.files, platform.locale, platform.dialogs, log),
       layers(settings, platform.locale),
-      runtimePath(platform.system.ModuleFolder()) {
+      runtimePath(platform.system.ModuleFolder()),
+      sounds(platform.files, settings, log, [this] { return runtimePath; }),
+      player(platform.sound, platform.files, log),
+      reminderWindows({platform.windows, openWindows, errors, platform.dialogs, platform.files, platform.pump,
+                       settings, player, runtimePath}) {
     log.ApplicationFolder(runtimePath);
 }
 
@@ -22,6 +26,11 @@ std::string Application::Owner() const { return settings.TextOr("Owner", std::st
 
 StorageServices Application::Storage() {
     return {platform.files, platform.clock, platform.random, platform.locale, log, settings, layers};
+}
+
+clsReminder Application::MakeReminder() {
+    return clsReminder({platform.clock, platform.locale, platform.files, platform.pump, platform.shell, log,
+                        settings, reminderWindows, events.get(), expired.get()});
 }
 
 void Application::EndProgram() {

@@ -1,0 +1,82 @@
+#include "storage/EventOperations.h"
+
+namespace kaz {
+
+std::optional<std::string> EventOperations::AddEvent(EventEditor& editor) {
+    clsEvent event;
+    if (!editor.Edit(event, EditMode::Whole)) return std::nullopt;
+    context_.events.StoreRecord(Updated(std::move(event)), true);
+    const std::string code = context_.events.AllEvents().back().IDCode;
+    context_.events.SaveDB();
+    return code;
+}
+
+bool EventOperations::EditEvent(const std::string& code, bool fromExpired, EditMode mode,
+                                EventEditor& editor) {
+    const clsEvent* found = Source(fromExpired).ReadEvent(code);
+    if (!found || OwnerRefuses(*found, "Only ", " can edit it")) return false;
+
+    clsEvent copy = *found;
+    if (!editor.Edit(copy, mode)) return false;
+    // A change of sharing alone moves no date and must not make a mail go out again.
+    if (mode == EditMode::Whole) copy = Updated(std::move(copy));
+
+    if (!Source(fromExpired).ReadEvent(code)) {
+        const bool keep =
+            context_.dialogs.AskYesNo("This event was deleted or moved while you were editing it.\r\nDo you "
+                                      "want to keep your version as a new event?");
+        if (!keep) return false;
+        copy.IDCode.clear();
+        fromExpired = false;
+    }
+    return StoreBack(std::move(copy), fromExpired);
+}
+
+void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
+    const clsEvent* found = Source(fromExpired).ReadEvent(code);
+    if (!found) {
+        context_.log.LogEvent("Unable to push event with ID " + code + ". Not found in database.");
+        return;
+    }
+    clsEvent copy = *found;
+    copy.DueDate(copy.DueDate().PlusDays(1));
+    // Kept on purpose: the expired database is rewritten in every case, also when nothing leaves it.
+    StoreBack(std::move(copy), true);
+}
+
+void EventOperations::DeleteEvent(const std::string& code) {
+    const clsEvent* found = context_.events.ReadEvent(code);
+    if (!found || OwnerRefuses(*found, "Only ", " can delete it.")) return;
+    context_.events.DeleteRecord(code);
+}
+
+void EventOperations::DeleteExpiredEvent(const std::string& code) {
+    if (context_.expired.ReadEvent(code)) context_.expired.DeleteRecord(code);
+}
+
+bool EventOperations::OwnerRefuses(const clsEvent& event, const std::string& textBefore,
+                                   const std::string& textAfter) {
+    if (!context_.settings.Flag("Networked") || event.Owner() == context_.settings.TextOr("Owner", "Not Set"))
+        return false;
+    context_.dialogs.Message("You're not the owner of this event.  " + textBefore + event.Owner() +
+                             textAfter);
+    return true;
+}
+
+clsEvent EventOperations::Updated(clsEvent event) {
+    const DateValue today = context_.clock.Today();
+    event.CalcNextDueDate(today, context_.log);
+    event.CalcDaysLeft(today);
+    return event;
+}
+
+bool EventOperations::StoreBack(clsEvent event, bool fromExpired) {
+    const std::string code = event.IDCode;
+    context_.events.StoreRecord(std::move(event));
+    const bool saved = context_.events.SaveDB();
+    // An event leaves the expired file only once it is safe in the other.
+    if (fromExpired && saved) context_.expired.DeleteRecord(code);
+    return true;
+}
+
+}  // namespace kaz

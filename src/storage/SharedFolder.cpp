@@ -1,0 +1,96 @@
+#include "storage/SharedFolder.h"
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "platform/Files.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kaz {
+
+namespace {
+
+// Names that Windows takes for devices, whatever their extension.
+bool IsDeviceName(std::string_view name) {
+    const std::string stem = UpperAscii(Trim(name.substr(0, name.find('.'))));
+    static constexpr std::array<std::string_view, 4> kDevices{"CON", "PRN", "AUX", "NUL"};
+    if (std::find(kDevices.begin(), kDevices.end(), stem) != kDevices.end()) return true;
+    const bool numbered = stem.size() == 4 && stem[3] >= '0' && stem[3] <= '9';
+    return numbered && (stem.starts_with("COM") || stem.starts_with("LPT"));
+}
+
+}  // namespace
+
+SharedFolder::SharedFolder(FileSystem& files, const cSHAREDSettings& settings, cSharedLogging& log)
+    : files_(files),
+      settings_(settings),
+      log_(log) {}
+
+std::string SharedFolder::Path() const { return settings_.TextOr("SharedDataPath", ""); }
+
+std::string SharedFolder::ListFile() const { return JoinPath(Path(), "KAZShared.ini"); }
+
+std::string SharedFolder::FileOf(std::string_view user) const {
+    return JoinPath(Path(), std::string("Shared_").append(user).append(".xml"));
+}
+
+bool SharedFolder::IsSafeName(std::string_view name) {
+    const auto unsafe = [](char c) {
+        return static_cast<unsigned char>(c) < 32 ||
+               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
+    };
+    return !name.empty() && name.find("..") == std::string_view::npos &&
+           std::none_of(name.begin(), name.end(), unsafe) && !IsDeviceName(name);
+}
+
+std::vector<std::string> SharedFolder::Users() const {
+    std::vector<std::string> users = ListedNames();
+    std::erase_if(users, [&](const std::string& name) {
+        if (IsSafeName(name)) return false;
+        log_.LogEvent("Shared user \"" + name + "\" refused: the name does not stay in the shared folder");
+        return true;
+    });
+    return users;
+}
+
+void SharedFolder::AddUser(std::string_view user) {
+    const std::string name(Trim(user));
+    if (!IsSafeName(name)) {
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           "\"" + name +
+                               "\" cannot be used as an ID: it has to be usable as part of a file name.");
+    }
+    std::vector<std::string> names = ListedNames();
+    const auto same = [&](const std::string& listed) { return StringsEqual(listed, name); };
+    if (std::any_of(names.begin(), names.end(), same)) return;
+    names.push_back(name);
+    WriteNames(names);
+}
+
+void SharedFolder::RemoveUsers(const std::vector<std::string>& users) {
+    std::vector<std::string> names = ListedNames();
+    std::erase_if(names, [&](const std::string& listed) {
+        return std::any_of(users.begin(), users.end(),
+                           [&](const std::string& user) { return StringsEqual(listed, user); });
+    });
+    WriteNames(names);
+}
+
+std::vector<std::string> SharedFolder::ListedNames() const {
+    std::vector<std::string> names;
+    if (Path().empty()) return names;
+    const std::string text = ReadFileOrEmpty(files_, ListFile());
+    for (const std::string_view line : Split(text, kLineBreak))
+        if (const std::string_view name = Trim(line); !name.empty()) names.emplace_back(name);
+    return names;
+}
+
+void SharedFolder::WriteNames(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names)
+        text.append(name).append(kLineBreak);
+    WriteWholeFile(files_, ListFile(), text);
+}
+
+}  // namespace kaz

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "support/cSHAREDSettings.h"
+#include "support/cSharedLogging.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kaz {
+
+// The folder through which users share events: a list of their names in "KAZShared.ini" and one event file
+// for each. What stands in it was written by others and is not trusted: a name that could lead out of the
+// folder is refused with a log line.
+class SharedFolder {
+public:
+    SharedFolder(FileSystem& files, const cSHAREDSettings& settings, cSharedLogging& log);
+
+    // The setting "SharedDataPath"; "" when sharing has not been set up.
+    std::string Path() const;
+    std::string ListFile() const;
+    // The full path of the user's shared file.
+    std::string FileOf(std::string_view user) const;
+
+    // The listed names in the list's order, blanks around them and blank lines left out.
+    std::vector<std::string> Users() const;
+    // Adds a name that is not there yet. Throws InvalidCall for a name that cannot be part of a file name,
+    // and as FileSystem does.
+    void AddUser(std::string_view user);
+    void RemoveUsers(const std::vector<std::string>& users);
+
+    // Whether the name can be part of a file name without leading anywhere else.
+    static bool IsSafeName(std::string_view name);
+
+private:
+    std::vector<std::string> ListedNames() const;
+    void WriteNames(const std::vector<std::string>& names);
+
+    FileSystem& files_;
+    const cSHAREDSettings& settings_;
+    cSharedLogging& log_;
+};
+
+}  // namespace kaz

@@ -1,0 +1,147 @@
+#include "core/Names.h"
+#include "story/Story.h"
+
+#include <gmock/gmock.h>
+
+using namespace kaz;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+TEST(Component, DoesNothingBeforeItWasStarted) {
+    Story story;
+    clsComponent component(story.machine.Services(), MakeMainWindow, story.host);
+    component.ScanEvents();
+    component.RefreshDates();
+    component.ShowMain();
+    component.HideMain();
+    component.SetOptions("");
+    component.ShutDown();
+    EXPECT_FALSE(component.SettingsInitialised());
+    EXPECT_EQ(component.DLLVersion(), VersionText());
+    EXPECT_THAT(story.host.raised, IsEmpty());
+    EXPECT_EQ(story.machine.windows.made, 0);
+    EXPECT_THAT(story.machine.files.Files(), IsEmpty());
+}
+
+TEST(Component, FirstStartForcesSingleUserModeAndSavesItAtOnce) {
+    Story story;
+    EXPECT_TRUE(story.Start().SettingsInitialised());
+    EXPECT_THAT(story.Saved("Kaz.ini"), HasSubstr("OWNER,Single\r\n"));
+    EXPECT_THAT(story.Saved("Kaz.ini"), HasSubstr("DATAPATH,C:\\KAZ\r\n"));
+
+    std::string log = story.Log();
+    std::size_t at = 0;
+    for (const char* line :
+         {"Log file created ", "Curdir: ", "KAZ Startup", "Options loaded", "Loading category names",
+          "Forcing single user mode", "Shared DB file: Shared_Single.xml", "DB file: C:\\KAZ\\Events.xml",
+          "Expired DB file: C:\\KAZ\\Expired.xml", "Local events loaded", "Expired events loaded"}) {
+        at = log.find("1 09:00:00, " + std::string(line), at);
+        ASSERT_NE(at, std::string::npos) << line << "\n" << log;
+    }
+    story.component->ShutDown();
+    story.component.reset();
+    story.Start();
+    EXPECT_THAT(story.Log(), HasSubstr("Not forcing single user mode"));
+}
+
+TEST(Component, TellsInTheLogWhyAFolderWillNotDo) {
+    for (const std::string folder : {"C:\\Nowhere", "", "C:\\KAZ\\Kaz.ini", "\x01?*"}) {
+        Story story;
+        story.Settings("OWNER,Ann\r\n");
+        EXPECT_FALSE(story.Start(folder).SettingsInitialised()) << folder;
+        EXPECT_THAT(story.Log(),
+                    HasSubstr("Error 76 (Path not found: \"" + folder + "\") in Startup of clsComponent"));
+        story.component->ScanEvents();
+        story.component->ShutDown();
+        EXPECT_EQ(story.Saved("Kaz.ini"), "OWNER,Ann\r\n");
+    }
+    Story trailing;
+    EXPECT_TRUE(trailing.Start("C:\\KAZ\\").SettingsInitialised());
+    EXPECT_THAT(trailing.Saved("Kaz.ini"), HasSubstr("DATAPATH,C:\\KAZ\r\n"));
+}
+
+TEST(Component, WithoutEventsTodayIsEmptyAndTheOutlookIsNone) {
+    Story story;
+    story.Start().ScanEvents();
+    EXPECT_THAT(story.host.raised, ElementsAre("TodaysEvents", "UpcomingEvents", "AllEvents"));
+    EXPECT_THAT(story.host.todays, IsEmpty());
+    EXPECT_THAT(story.host.upcoming, ElementsAre("None"));
+    EXPECT_EQ(story.host.all, "");
+    EXPECT_FALSE(story.Main()->IsVisible());
+}
+
+TEST(Component, ScanListsTodayUpcomingAndAll) {
+    Story story;
+    story.Settings("OWNER,Ann\r\n");
+    clsEvent timed = OneOff("000001", "Tea\r\nwith Bob", story.Today());
+    timed.AlarmSet(true);
+    timed.DueTime(DateValue::FromTime(14, 5));
+    clsEvent tomorrow = OneOff("000002", "Dentist", story.Today(1));
+    tomorrow.DaysWarning(1);
+    clsEvent later = OneOff("000003", "Trip", story.Today(3));
+    later.DaysWarning(3);
+    clsEvent beyond = OneOff("000004", "Far", story.Today(4));
+    beyond.DaysWarning(3);
+    clsEvent runs = OneOff("000005", "Runs", story.Today());
+    runs.ExecFile = true;
+    story.Events({timed, tomorrow, later, beyond, runs});
+    story.Start().ScanEvents();
+    EXPECT_THAT(story.host.todays, ElementsAre("Tea\r\nwith Bob at 14:05"));
+    EXPECT_THAT(story.host.upcoming, ElementsAre("In 1 day: Dentist", "In 3 days: Trip"));
+    EXPECT_EQ(story.host.all,
+              "0000,3/15/2023,Tea with Bob\r\n0001,3/16/2023,Dentist\r\n0003,3/18/2023,Trip\r\n"
+              "0004,3/19/2023,Far\r\n");
+}
+
+TEST(Component, MailsOnceForEachDueDateAndRemembersIt) {
+    Story story;
+    story.Settings("OWNER,Ann\r\n");
+    clsEvent first = OneOff("000001", "Quiet", story.Today());
+    clsEvent mailed = OneOff("000002", "Bill", story.Today());
+    mailed.Email = "  ann@example.org" + std::string(1, '\0') + " ";
+    story.Events({first, mailed});
+    clsComponent& component = story.Start();
+    // A host may look around in the middle of it.
+    story.host.onMail = [&] { component.RefreshDates(); };
+    component.ScanEvents();
+    component.ScanEvents();
+    const std::string mail = "MailEvent ann@example.org|KAZ Alert - Event 2|Bill";
+    EXPECT_EQ(std::count(story.host.raised.begin(), story.host.raised.end(), mail), 1);
+    EXPECT_THAT(story.Saved("Events.xml"), HasSubstr("<MailSent>-1</MailSent>"));
+}
+
+TEST(Component, AHostThatThrowsEndsTheScanButNotTheProgram) {
+    Story story;
+    story.Settings("OWNER,Ann\r\n");
+    clsEvent mailed = OneOff("000002", "Bill", story.Today());
+    mailed.Email = "ann@example.org";
+    story.Events({mailed});
+    clsComponent& component = story.Start();
+    story.host.onMail = [] { throw std::runtime_error("host"); };
+    component.ScanEvents();
+    EXPECT_THAT(story.host.raised, Not(testing::Contains("TodaysEvents")));
+    EXPECT_THAT(story.Log(), HasSubstr("ScanEvents of clsComponent"));
+    component.ShowMain();
+    EXPECT_TRUE(story.Main()->IsVisible());
+}
+
+TEST(Component, AnUnreadableEventFileIsNotWrittenOver) {
+    Story story;
+    story.Settings("OWNER,Ann\r\n");
+    story.Events({OneOff("000001", "Tea", story.Today())});
+    const std::string before = story.Saved("Events.xml");
+    story.machine.files.At(Story::Path("Events.xml")).locked = true;
+    clsComponent& component = story.Start();
+    component.RefreshDates();
+    component.ScanEvents();
+    EXPECT_EQ(story.Saved("Events.xml"), before);
+    EXPECT_THAT(story.Log(), HasSubstr("Unable to read events from C:\\KAZ\\Events.xml"));
+
+    story.machine.files.At(Story::Path("Events.xml")).locked = false;
+    story.Advance(40);
+    component.ScanEvents();
+    EXPECT_THAT(story.host.todays, ElementsAre("Tea"));
+}
