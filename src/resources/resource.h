@@ -34,7 +34,6 @@
 #define IDM_REFRESH 2005
 
 #define IDR_MENU_LIST 201
-#define IDR_WAVE_ALARM 203
 #define IDI_KAZ 301
 
 // The input box

@@ -1,5 +1,6 @@
 #include "platform/win32/DateBox.h"
 
+#include "platform/win32/BoxSize.h"
 #include "resources/resource.h"
 
 #include <commctrl.h>
@@ -16,13 +17,9 @@ DateBox::DateBox(HINSTANCE module)
 void DateBox::FitCalendar() {
     RECT least{};
     RECT place{};
-    RECT frame{};
     if (!SendMessageW(calendar_, MCM_GETMINREQRECT, 0, reinterpret_cast<LPARAM>(&least))) return;
     GetClientRect(calendar_, &place);
-    GetWindowRect(window_.Handle(), &frame);
-    SetWindowPos(window_.Handle(), nullptr, 0, 0, frame.right - frame.left + least.right - place.right,
-                 frame.bottom - frame.top + least.bottom - place.bottom,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    GrowBy(window_.Handle(), least.right - place.right, least.bottom - place.bottom);
 }
 
 std::optional<DateValue> DateBox::Ask(const std::string& prompt, DateValue initial) {

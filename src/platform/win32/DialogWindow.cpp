@@ -75,6 +75,7 @@ void DialogWindow::Hide() { ShowWindow(window_, SW_HIDE); }
 bool DialogWindow::IsVisible() const { return IsWindowVisible(window_) != FALSE; }
 
 void DialogWindow::BringToFront() {
+    if (!IsVisible()) return;
     constexpr UINT kKeep = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER;
     if (IsIconic(window_)) ShowWindow(window_, SW_SHOWNOACTIVATE);
     const bool topMost = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
@@ -105,9 +106,12 @@ void DialogWindow::SetState(WindowState state) {
         return;
     }
     if (state == State()) return;
-    ShowWindow(window_, state == WindowState::Normal      ? SW_SHOWNORMAL
-                        : state == WindowState::Minimised ? SW_MINIMIZE
-                                                          : SW_MAXIMIZE);
+    if (state == WindowState::Minimised) ShowWindow(window_, SW_MINIMIZE);
+    if (state == WindowState::Maximised) ShowWindow(window_, SW_MAXIMIZE);
+    if (state != WindowState::Normal) return;
+    // A window that was maximised before it was minimised takes two steps.
+    ShowWindow(window_, SW_RESTORE);
+    if (IsZoomed(window_)) ShowWindow(window_, SW_RESTORE);
 }
 
 WindowSize DialogWindow::Size() const { return OuterSize(window_); }

@@ -1,6 +1,7 @@
 #include "platform/win32/InputBox.h"
 
 #include "base/RuntimeError.h"
+#include "platform/win32/BoxSize.h"
 #include "resources/resource.h"
 
 namespace kaz {
@@ -11,6 +12,7 @@ std::optional<std::string> InputBox::Ask(const std::string& title, const std::st
                                          const std::string& initial) {
     window_.SetText(0, title);
     window_.SetText(IDC_lblPrompt, prompt);
+    GrowForLabel(window_.Handle(), IDC_lblPrompt);
     window_.SetText(IDC_txtAnswer, initial);
     window_.SetFocus(IDC_txtAnswer);
     window_.SetListener(this);
