@@ -17,8 +17,8 @@
 
 namespace kaz {
 
-// All that is application-wide, in the order of its creation; destruction is the reverse. It exists from the making
-// of the component to its end; the databases exist once a user has been chosen at start-up.
+// All that is application-wide, in the order of its creation; destruction is the reverse. It exists from the
+// making of the component to its end; the databases exist once a user has been chosen at start-up.
 class Application {
 public:
     // `services` outlive the application.
@@ -55,7 +55,8 @@ public:
     // An engine over the databases as they are now.
     clsReminder MakeReminder();
 
-    // The end of the program: closes every open window, from the last opened to the first, and saves the settings.
+    // The end of the program: closes every open window, from the last opened to the first, and saves the
+    // settings.
     void EndProgram();
 };
 

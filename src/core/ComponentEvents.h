@@ -5,15 +5,16 @@
 
 namespace kaz {
 
-// What the component raises to its host, in declaration order; the position (from 1) is the event's number in the
-// event interface. Raised synchronously on the thread of the call.
+// What the component raises to its host, in declaration order; the position (from 1) is the event's number in
+// the event interface. Raised synchronously on the thread of the call.
 class ComponentEvents {
 public:
     virtual ~ComponentEvents() = default;
     virtual void TestEvent() = 0;  // declared for hosts that test their connection; never raised
     virtual void TodaysEvents(const std::vector<std::string>& todays) = 0;
     virtual void UpcomingEvents(const std::vector<std::string>& upcoming) = 0;
-    virtual void MailEvent(const std::string& toAddr, const std::string& subject, const std::string& messageText) = 0;
+    virtual void MailEvent(const std::string& toAddr, const std::string& subject,
+                           const std::string& messageText) = 0;
     virtual void ShutDownKAZ() = 0;
     virtual void Closed() = 0;
     virtual void AllEvents(const std::string& strAllEvents) = 0;

@@ -19,7 +19,9 @@ std::string FourDigits(std::int32_t number) {
 }  // namespace
 
 EventLists::EventLists(Application& application, ComponentEvents& host)
-    : app_(application), host_(host), today_(application.platform.clock.Today()) {
+    : app_(application),
+      host_(host),
+      today_(application.platform.clock.Today()) {
     if (app_.events) AddLocal();
     if (app_.shared && app_.Networked()) AddShared();
     // Kept on purpose: an empty day stays an empty list, while an empty outlook is the one line "None".
@@ -29,12 +31,14 @@ EventLists::EventLists(Application& application, ComponentEvents& host)
 }
 
 void EventLists::AddLocal() {
-    // By position and with the count read anew, since the host may change the collection while it handles a mail.
+    // By position and with the count read anew, since the host may change the collection while it handles a
+    // mail.
     for (std::size_t position = 0; position < app_.events->AllEvents().size(); ++position) {
         clsEvent& event = app_.events->AllEvents()[position];
         if (event.Deleted || event.ExecFile) continue;
         const std::int32_t daysLeft = event.DueDate().Day() - today_.Day();
-        if (daysLeft >= 1 && daysLeft <= event.DaysWarning()) upcoming.push_back(UpcomingLine(daysLeft, event.Desc()));
+        if (daysLeft >= 1 && daysLeft <= event.DaysWarning())
+            upcoming.push_back(UpcomingLine(daysLeft, event.Desc()));
         AppendLine(event, daysLeft, event.Desc());
         if (daysLeft == 0) AddTodays(event, position);
     }
@@ -53,7 +57,8 @@ void EventLists::SendMail(clsEvent& event, std::size_t position) {
     const std::string code = event.IDCode;
     const std::string text = todays.back();
     host_.MailEvent(address, "KAZ Alert - Event " + std::to_string(position + 1), text);
-    // The host may have run anything in between; the event is looked up again rather than trusted to be in place.
+    // The host may have run anything in between; the event is looked up again rather than trusted to be in
+    // place.
     if (clsEvent* sent = app_.events->ReadEvent(code)) sent->MailSent = true;
     mailed_ = true;
 }

@@ -23,7 +23,9 @@ std::string CheckedRuntimePath(Application& app, const std::string& given) {
 }  // namespace
 
 clsComponent::clsComponent(const Platform& platform, MainWindowFactory mainWindows, ComponentEvents& host)
-    : application_(platform), mainWindows_(std::move(mainWindows)), host_(host) {}
+    : application_(platform),
+      mainWindows_(std::move(mainWindows)),
+      host_(host) {}
 
 clsComponent::~clsComponent() = default;
 
@@ -76,8 +78,10 @@ void clsComponent::ShowMain() noexcept {
     ErrorTrap trap(application_.errors, "ShowMain", kModule);
     trap([&] {
         MainWindow& main = EnsureMainWindow();
-        if (main.IsShown()) main.BringForward();
-        else main.ShowWindow();
+        if (main.IsShown())
+            main.BringForward();
+        else
+            main.ShowWindow();
     });
 }
 

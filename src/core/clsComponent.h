@@ -10,8 +10,8 @@
 
 namespace kaz {
 
-// The whole program as its host sees it. The operations stand in the order of the public interface. None of them
-// lets an exception out: failures end in the error report or the log.
+// The whole program as its host sees it. The operations stand in the order of the public interface. None of
+// them lets an exception out: failures end in the error report or the log.
 class clsComponent : public MainWindowEvents {
 public:
     // `host` receives the events; it and the platform outlive the component.
@@ -20,7 +20,8 @@ public:
 
     bool SettingsInitialised() const noexcept;
     std::string DLLVersion() const noexcept;
-    // `runtimePath`: the folder of the application's files. Call it first and once; nothing else works before.
+    // `runtimePath`: the folder of the application's files. Call it first and once; nothing else works
+    // before.
     void Startup(const std::string& runtimePath) noexcept;
     void SetOptions(const std::string& runtimePath) noexcept;
     void RefreshDates() noexcept;

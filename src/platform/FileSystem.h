@@ -9,8 +9,8 @@
 
 namespace kaz {
 
-// A file's modification date-time in 100-nanosecond units since 1 January 1601, UTC. Who asks whether a file has
-// changed compares for equality only.
+// A file's modification date-time in 100-nanosecond units since 1 January 1601, UTC. Who asks whether a file
+// has changed compares for equality only.
 using FileTime = std::int64_t;
 
 enum class PathKind { Missing, File, Folder, Other };
@@ -35,10 +35,10 @@ public:
     virtual void Close() = 0;
 };
 
-// The primitive file operations, each of which can fail on its own. What is made of them (safe saving, appending
-// a line, reading a whole text) is in Files.h. Paths are in the system's code page with backslashes.
-// Failures throw RuntimeError: FileNotFound, PathNotFound, PermissionDenied (locked, read-only or denied),
-// PathFileAccess (a folder where a file is wanted, a malformed name), DiskFull, DeviceError.
+// The primitive file operations, each of which can fail on its own. What is made of them (safe saving,
+// appending a line, reading a whole text) is in Files.h. Paths are in the system's code page with
+// backslashes. Failures throw RuntimeError: FileNotFound, PathNotFound, PermissionDenied (locked, read-only
+// or denied), PathFileAccess (a folder where a file is wanted, a malformed name), DiskFull, DeviceError.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;

@@ -54,7 +54,8 @@ std::string JoinPath(std::string_view folder, std::string_view name) {
 
 std::string WithoutTrailingBackslash(std::string_view folder) {
     const auto isRoot = [&] { return folder.size() == 1 || (folder.size() == 3 && folder[1] == ':'); };
-    while (!folder.empty() && folder.back() == '\\' && !isRoot()) folder.remove_suffix(1);
+    while (!folder.empty() && folder.back() == '\\' && !isRoot())
+        folder.remove_suffix(1);
     return std::string(folder);
 }
 
@@ -68,10 +69,10 @@ std::size_t NameStart(std::string_view path) {
 }  // namespace
 
 std::string FolderOf(std::string_view path) {
-    const auto start = NameStart(path);
-    if (start == 0) return {};
-    const bool drive = path[start - 1] == ':';
-    return std::string(path.substr(0, drive ? start : start - 1));
+    const std::string_view folder = path.substr(0, NameStart(path));
+    // "C:" without the backslash would be another folder: the current one of that drive.
+    const bool root = folder.size() <= 1 || folder.ends_with(':') || (folder.size() == 3 && folder[1] == ':');
+    return std::string(root ? folder : folder.substr(0, folder.size() - 1));
 }
 
 std::string FileNameOf(std::string_view path) { return std::string(path.substr(NameStart(path))); }

@@ -22,7 +22,8 @@ void WriteWholeFile(FileSystem& files, const std::string& path, std::string_view
 std::string JoinPath(std::string_view folder, std::string_view name);
 // Without its trailing backslashes, but a drive's root keeps the one that makes it a root.
 std::string WithoutTrailingBackslash(std::string_view folder);
-// What stands before and after the last backslash (or slash, or drive colon); the folder is without it.
+// What stands before and after the last backslash (or slash, or drive colon); the folder is without it,
+// unless it is a root.
 std::string FolderOf(std::string_view path);
 std::string FileNameOf(std::string_view path);
 // The path with the extension of its file name, dot included, replaced by `extension` (such as ".dat").

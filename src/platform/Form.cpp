@@ -3,7 +3,9 @@
 namespace kaz {
 
 Form::Form(std::unique_ptr<Window> window, ErrorSink& errors, std::string name)
-    : window_(std::move(window)), errors_(errors), name_(std::move(name)) {
+    : window_(std::move(window)),
+      errors_(errors),
+      name_(std::move(name)) {
     window_->SetListener(this);
 }
 

@@ -41,7 +41,8 @@ protected:
     }
     template <class Derived>
     void On(int control, Raised what, const char* procedure, void (Derived::*handler)(int)) {
-        Add(control, what, procedure, [this, handler](int detail) { (static_cast<Derived*>(this)->*handler)(detail); });
+        Add(control, what, procedure,
+            [this, handler](int detail) { (static_cast<Derived*>(this)->*handler)(detail); });
     }
 
 private:

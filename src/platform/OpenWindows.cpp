@@ -17,7 +17,8 @@ void OpenWindows::Add(std::shared_ptr<Form> form) {
 
 void OpenWindows::Unload(const Form& form) {
     DropIdle();
-    const auto found = std::find_if(forms_.begin(), forms_.end(), [&](const auto& open) { return open.get() == &form; });
+    const auto found =
+        std::find_if(forms_.begin(), forms_.end(), [&](const auto& open) { return open.get() == &form; });
     if (found == forms_.end()) return;
     leaving_.push_back(std::move(*found));
     forms_.erase(found);

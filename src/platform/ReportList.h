@@ -8,7 +8,8 @@
 
 namespace kaz {
 
-// What a report list shows: rows and columns count from 0, in display order. The list asks only for what it paints.
+// What a report list shows: rows and columns count from 0, in display order. The list asks only for what it
+// paints.
 class ReportRows {
 public:
     virtual ~ReportRows() = default;
@@ -27,7 +28,8 @@ class ReportList {
 public:
     virtual ~ReportList() = default;
     virtual void SetColumns(const std::vector<ReportColumn>& columns) = 0;
-    // The rows are not owned and must live as long as the window or until replaced. Call Refresh after every change.
+    // The rows are not owned and must live as long as the window or until replaced. Call Refresh after every
+    // change.
     virtual void SetRows(const ReportRows* rows) = 0;
     // Takes the row count anew and repaints once. The selection is left to the caller.
     virtual void Refresh() = 0;

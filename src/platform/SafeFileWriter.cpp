@@ -2,10 +2,27 @@
 
 #include "base/RuntimeError.h"
 
+#include <random>
+
 namespace kaz {
 
+namespace {
+
+// Two programs may save the same file at the same time, so each writes beside it under a name of its own.
+std::string UniqueEnding() {
+    static std::mt19937 engine{std::random_device()()};
+    std::string ending = ".";
+    for (int i = 0; i < 5; ++i)
+        ending += static_cast<char>('a' + engine() % 26);
+    return ending + ".new";
+}
+
+}  // namespace
+
 SafeFileWriter::SafeFileWriter(FileSystem& files, std::string path)
-    : files_(files), path_(std::move(path)), beside_(path_ + ".new") {
+    : files_(files),
+      path_(std::move(path)),
+      beside_(path_ + UniqueEnding()) {
     const PathKind kind = files_.Kind(path_);
     if (kind == PathKind::Folder || kind == PathKind::Other) throw RuntimeError(ErrorNumber::PathFileAccess);
     // Replacing a file needs only its folder to be writable, so a file that its owner protected has to be
@@ -20,7 +37,7 @@ SafeFileWriter::~SafeFileWriter() {
     try {
         files_.Delete(beside_);
     } catch (...) {
-        // What is left beside the file is overwritten by the next save; the file itself is untouched.
+        // A file that cannot be removed stays beside; the one that matters is untouched.
         static_cast<void>(0);
     }
 }

@@ -4,9 +4,9 @@
 
 namespace kaz {
 
-// Replaces a file so that a reader, a crash or a full disk never meets half of it: the new text is written beside
-// the file, flushed to the disk, and takes the file's place in one step. Until Commit has returned, the old file
-// is as it was; a writer that is dropped before removes what it wrote.
+// Replaces a file so that a reader, a crash or a full disk never meets half of it: the new text is written
+// beside the file, flushed to the disk, and takes the file's place in one step. Until Commit has returned,
+// the old file is as it was; a writer that is dropped before removes what it wrote.
 class SafeFileWriter {
 public:
     // Throws PermissionDenied when the file is there and read-only, and as FileSystem::Create does.

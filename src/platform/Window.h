@@ -9,7 +9,8 @@ namespace kaz {
 
 class ReportList;
 
-// What a window tells its form. `control` is the id of the control, timer, menu item or accelerator; 0 is the window.
+// What a window tells its form. `control` is the id of the control, timer, menu item or accelerator; 0 is the
+// window.
 enum class Raised {
     Load,         // the window was made; its controls can be filled
     Click,        // button, check box, menu item, toolbar button, accelerator
@@ -51,10 +52,10 @@ struct Colour {
     friend constexpr bool operator==(const Colour&, const Colour&) = default;
 };
 
-// A window with the controls of one template, without any word of the application in it. Control ids are those of
-// resources/resource.h. A control that is not there is ignored by setters and reads as empty. Text is in the
-// system's code page; reading a text with a character that the code page cannot hold throws InvalidCall with a
-// plain message that names the character.
+// A window with the controls of one template, without any word of the application in it. Control ids are
+// those of resources/resource.h. A control that is not there is ignored by setters and reads as empty. Text
+// is in the system's code page; reading a text with a character that the code page cannot hold throws
+// InvalidCall with a plain message that names the character.
 class Window {
 public:
     virtual ~Window() = default;
@@ -101,8 +102,8 @@ public:
     virtual void SetSelection(int control, const std::vector<int>& positions) = 0;
 
     virtual ReportList& Report(int control) = 0;
-    // Shows a pop-up menu of the resources at the pointer (or at the focus, for the keyboard); the chosen item is
-    // raised as Click.
+    // Shows a pop-up menu of the resources at the pointer (or at the focus, for the keyboard); the chosen
+    // item is raised as Click.
     virtual void ShowMenu(int menu) = 0;
 };
 
