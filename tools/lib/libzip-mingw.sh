@@ -29,8 +29,11 @@ failed() {
 }
 
 mkdir -p "$work"/lists/partial "$work"/archives/partial
-echo "deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] http://deb.debian.org/debian bookworm main" \
-    >"$work/sources.list"
+# From the mirror that the system itself uses.
+mirror=$(apt-get indextargets --format '$(REPO_URI) $(RELEASE)' 'Created-By: Packages' |
+    awk '$2 ~ /^(bookworm|stable|oldstable)$/ && !found { print $1; found = 1 }')
+echo "deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg]" \
+    "${mirror:-http://deb.debian.org/debian} bookworm main" >"$work/sources.list"
 fetch() {
     (cd "$work" && timeout 300 apt-get -q -o Dir::Etc::SourceList="$work/sources.list" -o Dir::Etc::SourceParts=- \
         -o Dir::State::Lists="$work/lists" -o Dir::Cache="$work" -o Acquire::Retries=3 -o APT::Sandbox::User= "$@")
