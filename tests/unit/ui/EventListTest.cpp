@@ -1,5 +1,7 @@
 #include "ui/EventList.h"
 
+#include "fakes/FakeLocale.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -7,15 +9,6 @@
 
 namespace kaz {
 namespace {
-
-class EnglishLocale : public Locale {
-public:
-    const LocaleData& Data() const override { return data_; }
-    const CaseFolding& Folding() const override { return CaseFolding::Western(); }
-
-private:
-    LocaleData data_;
-};
 
 struct Sample {
     std::string left, event, type;
@@ -42,7 +35,7 @@ protected:
         return texts;
     }
 
-    EnglishLocale locale;
+    FakeLocale locale;
     EventList list{locale};
 };
 

@@ -1,0 +1,164 @@
+#include "Stage.h"
+#include "core/Application.h"
+#include "core/MainWindow.h"
+#include "fakes/FakePlatform.h"
+#include "resources/resource.h"
+#include "ui/EventRows.h"
+#include "ui/FormFactory.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kaz {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// The forms of the program on this stage's windows; the rest of the machine is fake.
+class FormContract : public testing::Test, public MainWindowEvents {
+protected:
+    FormContract() {
+        app.settings.StoreSetting("Owner", std::string("Smith"));
+        app.layers.LoadLayers();
+        app.events = std::make_unique<clsDbXml>(app.Storage());
+        app.expired = std::make_unique<clsDbXml>(app.Storage());
+        app.events->LoadDB("C:\\KAZ\\Events.xml");
+        app.expired->LoadDB("C:\\KAZ\\Expired.xml");
+    }
+
+    Platform Services() {
+        machine.UseWindows(stage->Windows());
+        machine.pump.waiting = [this] { stage->Pump().ProcessPending(); };
+        return machine.Services();
+    }
+    clsEvent& Add(const std::string& description, int days, int category = 1) {
+        clsEvent event;
+        event.IDCode = std::to_string(100000 + app.events->RecordCount());
+        event.Desc(description);
+        event.Owner("Smith");
+        event.Layer(static_cast<std::int16_t>(category));
+        event.DueDate(machine.clock.Today().PlusDays(days));
+        app.events->AllEvents().push_back(event);
+        return app.events->AllEvents().back();
+    }
+    void Open() {
+        main = MakeMainWindow(app, *this);
+        window = stage->Find(IDD_MAIN);
+    }
+    std::vector<std::string> Shown(int column = kEventColumn) {
+        return stage->Column(*window, IDC_ListEvents, column);
+    }
+
+    void fMain_ShutDownKAZ() override {}
+    void fMain_Rescan() override {}
+    void fMain_WindowClosed() override { ++windowClosed; }
+
+    FakePlatform machine;
+    std::unique_ptr<Stage> stage = Stage::Make();
+    Application app{Services()};
+    std::shared_ptr<MainWindow> main;
+    Window* window = nullptr;
+    int windowClosed = 0;
+};
+
+TEST_F(FormContract, TheMainListIsFilteredSortedAndSearched) {
+    Add("Dentist", 12, 2);
+    Add("Rent\r\nand water", 3);
+    Add("Caf\xE9", 1);
+    Open();
+    main->ShowWindow();
+    EXPECT_TRUE(window->IsVisible());
+    EXPECT_THAT(Shown(), ElementsAre("Caf\xE9", "Rent  and water", "Dentist"));
+    EXPECT_THAT(Shown(kLeftColumn), ElementsAre("0001", "0003", "0012"));
+    EXPECT_EQ("0 up", stage->SortMark(*window, IDC_ListEvents));
+
+    ReportList& list = window->Report(IDC_ListEvents);
+    EXPECT_THAT(list.Selection(), ElementsAre(0));
+    stage->ClickHeader(*window, IDC_ListEvents, kEventColumn);
+    EXPECT_THAT(Shown(), ElementsAre("Rent  and water", "Dentist", "Caf\xE9"));
+    EXPECT_EQ("4 down", stage->SortMark(*window, IDC_ListEvents));
+    EXPECT_THAT(list.Selection(), ElementsAre(2));
+
+    machine.dialogs.inputs = {"dent"};
+    stage->Command(*window, IDM_FIND);
+    EXPECT_THAT(list.Selection(), ElementsAre(1));
+    EXPECT_EQ(1, list.Current());
+    stage->Command(*window, IDM_FINDNEXT);
+    EXPECT_EQ(1U, machine.dialogs.messages.size());
+    EXPECT_THAT(list.Selection(), ElementsAre(1));
+
+    stage->Choose(*window, IDC_cmbCategories, 2);
+    EXPECT_THAT(Shown(), ElementsAre("Dentist"));
+    EXPECT_THAT(list.Selection(), ElementsAre(0));
+    stage->Choose(*window, IDC_cmbCategories, 5);
+    EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(FormContract, ExpiredEventsComeWithTheTick) {
+    const clsEvent old = Add("Old", -5);
+    app.events->AllEvents().clear();
+    app.expired->AllEvents().push_back(old);
+    Open();
+    main->ShowWindow();
+    stage->Click(*window, IDC_chkExpired);
+    EXPECT_THAT(Shown(kTypeColumn), ElementsAre("E"));
+    stage->Click(*window, IDC_chkExpired);
+    EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(FormContract, TheCloseBoxHidesTheMainWindowAndItComesBack) {
+    Open();
+    main->ShowWindow();
+    window->SetSize({700, 480});
+    stage->CloseBox(*window);
+    EXPECT_FALSE(window->IsVisible());
+    EXPECT_EQ(1, windowClosed);
+    main->ShowWindow();
+    window->SetState(WindowState::Minimised);
+    main->BringForward();
+    EXPECT_EQ(WindowState::Normal, window->State());
+    EXPECT_TRUE(main->IsShown());
+
+    main->Unload();
+    main.reset();
+    EXPECT_EQ(nullptr, stage->Find(IDD_MAIN));
+    EXPECT_EQ(700, ToNumber(app.settings.sGet("MainWindowWidth")));
+    EXPECT_EQ(480, ToNumber(app.settings.sGet("MainWindowHeight")));
+}
+
+TEST_F(FormContract, ANearlyFullSizeOpensMaximised) {
+    app.settings.StoreSetting("MainWindowWidth", std::int32_t{100000});
+    app.settings.StoreSetting("MainWindowHeight", std::int32_t{100000});
+    Open();
+    EXPECT_FALSE(main->IsShown());
+    main->ShowWindow();
+    EXPECT_EQ(WindowState::Maximised, window->State());
+}
+
+TEST_F(FormContract, TheFirstTickBringsTheReminderWhichSleepsAndIsClosed) {
+    Add("Dentist", 0);
+    Add("Rent", 0);
+    Open();
+    EXPECT_EQ(nullptr, stage->Find(IDD_REMINDER));
+    stage->Wait(100);
+    Window* reminder = stage->Find(IDD_REMINDER);
+    ASSERT_NE(nullptr, reminder);
+    EXPECT_EQ("TODAY!", reminder->Text(0));
+    EXPECT_EQ("TODAY!", reminder->Text(IDC_lblHeading));
+    EXPECT_THAT(reminder->Items(IDC_lstReminders), ElementsAre("Rent", "Dentist"));
+    EXPECT_FALSE(reminder->IsVisible());
+    stage->Wait(2300);
+    EXPECT_TRUE(reminder->IsVisible());
+
+    stage->Type(*reminder, IDC_txtSleep, "5");
+    stage->Click(*reminder, IDC_cmdRemindMe);
+    EXPECT_FALSE(reminder->IsVisible());
+    reminder->Show(Activation::KeepFocus);
+    stage->Click(*reminder, IDC_cmdContinue);
+    main->Unload();
+    EXPECT_EQ(nullptr, stage->Find(IDD_REMINDER));
+}
+
+}  // namespace
+}  // namespace kaz

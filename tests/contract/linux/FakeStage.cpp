@@ -1,0 +1,57 @@
+#include "../Stage.h"
+#include "fakes/FakePump.h"
+#include "fakes/FakeWindowFactory.h"
+#include "resources/resource.h"
+
+namespace kaz {
+
+namespace {
+
+class FakeStage : public Stage {
+public:
+    WindowFactory& Windows() override { return windows_; }
+    MessagePump& Pump() override { return pump_; }
+    Window* Find(int dialog) override { return windows_.Newest(dialog); }
+
+    void Click(Window& window, int control) override {
+        const bool isCheckBox = control == IDC_chkExpired;
+        isCheckBox ? Fake(window).Toggle(control) : Fake(window).Click(control);
+    }
+    void Type(Window& window, int control, const std::string& text) override {
+        Fake(window).Type(control, text);
+    }
+    void Choose(Window& window, int control, int position) override {
+        Fake(window).Choose(control, position);
+    }
+    void Command(Window& window, int command) override { Fake(window).Click(command); }
+    void ClickHeader(Window& window, int list, int column) override {
+        Fake(window).Raise(list, Raised::ColumnClick, column);
+    }
+    void SelectRows(Window& window, int list, const std::vector<int>& rows) override {
+        Fake(window).Report(list).UserSelects(rows);
+        Fake(window).Raise(list, Raised::Select);
+    }
+    void CloseBox(Window& window) override { Fake(window).CloseBox(); }
+    void Wait(int milliseconds) override { windows_.Advance(milliseconds); }
+
+    std::vector<std::string> Column(Window& window, int list, int column) override {
+        return Fake(window).Report(list).Column(column);
+    }
+    std::string SortMark(Window& window, int list) override {
+        const FakeReportList& report = Fake(window).Report(list);
+        if (report.sortColumn < 0) return {};
+        return std::to_string(report.sortColumn) + (report.sortAscending ? " up" : " down");
+    }
+
+private:
+    static FakeWindow& Fake(Window& window) { return dynamic_cast<FakeWindow&>(window); }
+
+    FakeWindowFactory windows_;
+    FakePump pump_;
+};
+
+}  // namespace
+
+std::unique_ptr<Stage> Stage::Make() { return std::make_unique<FakeStage>(); }
+
+}  // namespace kaz

@@ -1,0 +1,123 @@
+#include "../Stage.h"
+#include "platform/win32/DialogWindow.h"
+#include "platform/win32/Text.h"
+#include "platform/win32/Win32MessagePump.h"
+#include "platform/win32/Win32WindowFactory.h"
+
+#include <windows.h>
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+// Real dialogs, and a user made of the messages that a mouse and a keyboard would send.
+class RealStage : public Stage, private WindowFactory {
+public:
+    WindowFactory& Windows() override { return *this; }
+    MessagePump& Pump() override { return pump_; }
+    Window* Find(int dialog) override {
+        for (auto made = made_.rbegin(); made != made_.rend(); ++made)
+            if (made->first == dialog)
+                if (Window* living = DialogWindow::Of(made->second)) return living;
+        return nullptr;
+    }
+
+    void Click(Window& window, int control) override {
+        const HWND button = Control(window, control);
+        // The mouse reaches neither a disabled nor a hidden control; the message would.
+        const bool reachable = IsWindowEnabled(button) && (GetWindowLongPtrW(button, GWL_STYLE) & WS_VISIBLE);
+        if (reachable) SendMessageW(button, BM_CLICK, 0, 0);
+        pump_.ProcessPending();
+    }
+    void Type(Window& window, int control, const std::string& text) override {
+        const HWND edit = Control(window, control);
+        SendMessageW(edit, EM_SETSEL, 0, -1);
+        for (const wchar_t c : ToWide(text))
+            SendMessageW(edit, WM_CHAR, c, 1);
+        pump_.ProcessPending();
+    }
+    void Choose(Window& window, int control, int position) override {
+        const HWND combo = Control(window, control);
+        SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
+        SendMessageW(Handle(window), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(combo));
+        pump_.ProcessPending();
+    }
+    void Command(Window& window, int command) override {
+        SendMessageW(Handle(window), WM_COMMAND, MAKEWPARAM(command, 1), 0);
+        pump_.ProcessPending();
+    }
+    void ClickHeader(Window& window, int list, int column) override {
+        const HWND header = ListView_GetHeader(Control(window, list));
+        RECT place{};
+        SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&place));
+        const LPARAM middle = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+        PostMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+        PostMessageW(header, WM_LBUTTONUP, 0, middle);
+        pump_.ProcessPending();
+    }
+    void SelectRows(Window& window, int list, const std::vector<int>& rows) override {
+        const HWND view = Control(window, list);
+        ListView_SetItemState(view, -1, 0, LVIS_SELECTED);
+        for (const int row : rows)
+            ListView_SetItemState(view, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        pump_.ProcessPending();
+    }
+    void CloseBox(Window& window) override {
+        SendMessageW(Handle(window), WM_SYSCOMMAND, SC_CLOSE, 0);
+        pump_.ProcessPending();
+    }
+    void Wait(int milliseconds) override {
+        const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(milliseconds);
+        for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+            pump_.ProcessPending();
+        }
+    }
+
+    std::vector<std::string> Column(Window& window, int list, int column) override {
+        const HWND view = Control(window, list);
+        std::vector<std::string> texts;
+        for (int row = 0; row < ListView_GetItemCount(view); ++row) {
+            wchar_t text[256]{};
+            ListView_GetItemText(view, row, column, text, 256);
+            texts.push_back(ToCodePage(text));
+        }
+        return texts;
+    }
+    std::string SortMark(Window& window, int list) override {
+        const HWND header = ListView_GetHeader(Control(window, list));
+        for (int column = 0; column < Header_GetItemCount(header); ++column) {
+            HDITEMW item{};
+            item.mask = HDI_FORMAT;
+            SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+            if (item.fmt & HDF_SORTUP) return std::to_string(column) + " up";
+            if (item.fmt & HDF_SORTDOWN) return std::to_string(column) + " down";
+        }
+        return {};
+    }
+
+private:
+    std::unique_ptr<Window> Create(int dialog) override {
+        auto window = factory_.Create(dialog);
+        made_.emplace_back(dialog, Handle(*window));
+        return window;
+    }
+    static HWND Handle(Window& window) { return dynamic_cast<DialogWindow&>(window).Handle(); }
+    static HWND Control(Window& window, int control) { return GetDlgItem(Handle(window), control); }
+
+    Win32WindowFactory factory_{GetModuleHandleW(nullptr)};
+    Win32MessagePump pump_;
+    std::vector<std::pair<int, HWND>> made_;
+};
+
+}  // namespace
+
+std::unique_ptr<Stage> Stage::Make() { return std::make_unique<RealStage>(); }
+
+}  // namespace kaz

@@ -1,0 +1,70 @@
+#include "MainWindowFixture.h"
+
+#include "base/Text.h"
+#include "ui/FormFactory.h"
+
+namespace kaz {
+
+namespace {
+
+constexpr DateValue kToday(45000);
+
+}  // namespace
+
+MainWindowFixture::MainWindowFixture() {
+    app.log.OverrideLogFilename("C:\\KAZ\\Log_KAZ.txt");
+    app.settingsFileName = "C:\\KAZ\\Kaz.ini";
+    app.settingsInitialised = true;
+    app.settings.StoreSetting("Owner", std::string("Smith"));
+    app.layers.LoadLayers();
+    app.events = std::make_unique<clsDbXml>(app.Storage());
+    app.shared = std::make_unique<clsDbXml>(app.Storage());
+    app.expired = std::make_unique<clsDbXml>(app.Storage());
+    app.events->LoadDB("C:\\KAZ\\Events.xml");
+    app.expired->LoadDB("C:\\KAZ\\Expired.xml");
+}
+
+clsEvent& MainWindowFixture::Add(clsDbXml& database, const std::string& description, int days) {
+    clsEvent event;
+    event.IDCode = std::to_string(100000 + database.RecordCount());
+    event.Desc(description);
+    event.Owner("Smith");
+    event.Layer(1);
+    event.DueDate(kToday.PlusDays(days));
+    database.AllEvents().push_back(event);
+    return database.AllEvents().back();
+}
+
+void MainWindowFixture::Open() {
+    main = MakeMainWindow(app, *this);
+    window = machine.windows.Newest(IDD_MAIN);
+}
+
+void MainWindowFixture::OpenAndTick() {
+    Open();
+    machine.windows.Advance(1);
+}
+
+std::string MainWindowFixture::Column(int column) {
+    std::string texts;
+    for (const std::string& text : List().Column(column))
+        texts.append(texts.empty() ? "" : "|").append(text);
+    return texts;
+}
+
+std::string MainWindowFixture::Logged() {
+    std::string texts;
+    const std::string log = machine.files.Text("C:\\KAZ\\Log_KAZ.txt");
+    for (const std::string_view line : Split(std::string_view(log).substr(logRead_), kLineBreak))
+        if (const std::size_t comma = line.find(", "); comma != std::string_view::npos)
+            texts.append(line.substr(comma + 2)).append("\n");
+    logRead_ = log.size();
+    return texts;
+}
+
+std::vector<std::string> MainWindowFixture::Reminders(const std::string& caption) const {
+    const FakeWindow* reminder = machine.windows.WithCaption(caption);
+    return reminder ? reminder->Items(IDC_lstReminders) : std::vector<std::string>{};
+}
+
+}  // namespace kaz

@@ -1,0 +1,178 @@
+#include "MainWindowFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace kaz {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr int kInterval = 30000;
+
+class TimerRefreshTest : public MainWindowFixture {
+protected:
+    void Tick() { machine.windows.Advance(kInterval); }
+    clsEvent& AddAlarm(clsDbXml& database, const std::string& description, int hour, int minute) {
+        clsEvent& event = Add(database, description, 0);
+        event.AlarmSet(true);
+        event.AlarmTime(DateValue::FromTime(hour, minute));
+        return event;
+    }
+};
+
+TEST_F(TimerRefreshTest, TheFirstTickShowsTheRemindersAsSoonAsMessagesAreProcessed) {
+    Add(*app.events, "Dentist", 0);
+    Add(*app.events, "Rent", 2).DaysWarning(3);
+    Open();
+    EXPECT_EQ(nullptr, machine.windows.WithCaption("TODAY!"));
+    machine.windows.Advance(1);
+    EXPECT_THAT(Reminders("TODAY!"), ElementsAre("Dentist"));
+    EXPECT_THAT(Reminders("COMING UP"), ElementsAre("In 2 days: Rent"));
+    EXPECT_EQ(kInterval, window->Interval(IDT_TimerRefresh));
+}
+
+TEST_F(TimerRefreshTest, MidnightWhileRunningMovesTheListAndTheRemindersToTheNewDay) {
+    clsEvent& daily = Add(*app.events, "Water the flowers", 0);
+    daily.Recurring(true);
+    daily.RecurrenceType(RecurEveryNDays);
+    daily.Period(2);
+    daily.StartDate(daily.DueDate());
+    Add(*app.events, "Dentist", 1);
+    machine.clock.Set(2023, 3, 15, 23, 59, 50);
+    OpenAndTick();
+    EXPECT_THAT(Reminders("TODAY!"), ElementsAre("Water the flowers"));
+
+    machine.clock.now = machine.clock.now.PlusMinutes(1);
+    Tick();
+    EXPECT_THAT(Reminders("TODAY!"), ElementsAre("Dentist"));
+    EXPECT_EQ("Dentist|Water the flowers", Column(kEventColumn));
+    EXPECT_EQ("0000|0001", Column(kLeftColumn));
+}
+
+TEST_F(TimerRefreshTest, NothingIsRefilledOrSavedWhileNothingHappens) {
+    Add(*app.events, "Dentist", 3);
+    OpenAndTick();
+    const int refreshes = List().refreshes;
+    const int written = machine.files.written;
+    Tick();
+    Tick();
+    EXPECT_EQ(refreshes, List().refreshes);
+    EXPECT_EQ(written, machine.files.written);
+
+    // The same day of another month is no new day.
+    machine.clock.Set(2023, 4, 15, 9);
+    Tick();
+    EXPECT_EQ(refreshes, List().refreshes);
+}
+
+TEST_F(TimerRefreshTest, AnAlarmRingsInItsMinute) {
+    AddAlarm(*app.events, "Call Ann", 9, 1);
+    OpenAndTick();
+    EXPECT_EQ(nullptr, machine.windows.WithCaption("ALARM!"));
+    machine.clock.Set(2023, 3, 15, 9, 1, 59);
+    Tick();
+    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Call Ann"));
+}
+
+TEST_F(TimerRefreshTest, SharedAlarmsRingInANetworkOnly) {
+    AddAlarm(*app.shared, "Meeting", 9, 0).Owner("Ann");
+    OpenAndTick();
+    EXPECT_EQ(nullptr, machine.windows.WithCaption("ALARM!"));
+    app.settings.StoreSetting("Networked", true);
+    Tick();
+    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Meeting"));
+}
+
+TEST_F(TimerRefreshTest, WhatAnotherProgramSavedIsReadBeforeAnythingIsWritten) {
+    Add(*app.events, "mine", 1);
+    ASSERT_TRUE(app.events->SaveDB());
+    OpenAndTick();
+
+    clsDbXml other(app.Storage());
+    other.LoadDB("C:\\KAZ\\Events.xml");
+    Add(other, "theirs", 2);
+    ASSERT_TRUE(other.SaveDB());
+    Tick();
+    EXPECT_EQ("mine|theirs", Column(kEventColumn));
+
+    Add(other, "theirs at midnight", 2);
+    ASSERT_TRUE(other.SaveDB());
+    machine.clock.AdvanceDays(1);
+    Tick();
+    EXPECT_EQ("mine|theirs|theirs at midnight", Column(kEventColumn));
+    EXPECT_THAT(machine.files.Text("C:\\KAZ\\Events.xml"), HasSubstr("midnight"));
+}
+
+TEST_F(TimerRefreshTest, AFileThatCannotBeReadKeepsTheListAndIsTriedAgain) {
+    Add(*app.events, "mine", 1);
+    ASSERT_TRUE(app.events->SaveDB());
+    OpenAndTick();
+    const std::string saved = machine.files.Text("C:\\KAZ\\Events.xml");
+    machine.files.Put("C:\\KAZ\\Events.xml", saved);
+    machine.files.At("C:\\KAZ\\Events.xml").locked = true;
+    const int refreshes = List().refreshes;
+    Tick();
+    EXPECT_EQ(refreshes, List().refreshes);
+    EXPECT_EQ("mine", Column(kEventColumn));
+    EXPECT_EQ(kInterval, window->Interval(IDT_TimerRefresh));
+
+    machine.files.At("C:\\KAZ\\Events.xml").locked = false;
+    Tick();
+    EXPECT_EQ("mine", Column(kEventColumn));
+    EXPECT_FALSE(app.events->DatabaseChanged());
+}
+
+TEST_F(TimerRefreshTest, AFailingStepStopsNeitherTheOthersNorTheTimer) {
+    AddAlarm(*app.events, "Call Ann", 9, 0);
+    Open();
+    machine.windows.failures = 1;  // the window for today's events
+    machine.windows.Advance(1);
+    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Call Ann"));
+    EXPECT_EQ(kInterval, window->Interval(IDT_TimerRefresh));
+
+    app.events.reset();
+    app.expired.reset();
+    machine.clock.AdvanceDays(1);
+    Tick();
+    EXPECT_EQ(kInterval, window->Interval(IDT_TimerRefresh));
+    EXPECT_EQ(0, List().RowCount());
+}
+
+TEST_F(TimerRefreshTest, WakingUpTicksAtOnce) {
+    Add(*app.events, "Dentist", 1);
+    OpenAndTick();
+    machine.clock.AdvanceDays(1);
+    window->Raise(0, Raised::Resumed);
+    machine.windows.Advance(1);
+    EXPECT_THAT(Reminders("TODAY!"), ElementsAre("Dentist"));
+    EXPECT_EQ(kInterval, window->Interval(IDT_TimerRefresh));
+}
+
+TEST_F(TimerRefreshTest, MessagesInTheMiddleOfATickCannotStartASecondOne) {
+    Open();
+    machine.pump.waiting = [&] {
+        window->Raise(0, Raised::Resumed);
+        EXPECT_EQ(0, window->Interval(IDT_TimerRefresh));
+    };
+    machine.windows.Advance(1);
+    EXPECT_GT(machine.pump.processed, 0);
+    EXPECT_EQ(kInterval, window->Interval(IDT_TimerRefresh));
+}
+
+TEST_F(TimerRefreshTest, TheEndOfTheProgramInTheMiddleOfATickEndsTheTick) {
+    AddAlarm(*app.events, "Call Ann", 9, 0);
+    Open();
+    machine.pump.waiting = [&] {
+        if (const auto leaving = std::exchange(main, nullptr)) leaving->Unload();
+    };
+    machine.windows.Advance(1);
+    EXPECT_EQ(nullptr, machine.windows.WithCaption("ALARM!"));
+    app.openWindows.UnloadAll();
+    EXPECT_EQ(nullptr, machine.windows.Newest(IDD_MAIN));
+}
+
+}  // namespace
+}  // namespace kaz
