@@ -15,7 +15,7 @@ bool IsPlain(const std::string& text) {
 }  // namespace
 
 bool TrustedFiles::Holds(const std::string& owner, const std::string& file) const {
-    return CanHold(owner, file) && settings_.ValueInSet(kSet, owner + "|" + file);
+    return settings_.ValueInSet(kSet, owner + "|" + file);
 }
 
 void TrustedFiles::Add(const std::string& owner, const std::string& file) {

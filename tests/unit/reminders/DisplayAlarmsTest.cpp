@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 namespace kaz {
 namespace {
 
@@ -170,6 +172,35 @@ TEST_F(FilesOfOthers, DoNotRunWhenTheProgramEndsDuringTheQuestion) {
     desk.openWindows.UnloadAll();
     desk.machine.windows.Advance(100);
     EXPECT_THAT(desk.machine.dialogs.questions, IsEmpty());
+}
+
+// A question box runs the timers and closes windows while it stands open.
+struct BusyDialogs : FakeDialogs {
+    bool AskYesNo(const std::string& text) override {
+        questions.push_back(text);
+        if (meanwhile) meanwhile();
+        return true;
+    }
+    std::function<void()> meanwhile;
+};
+
+TEST(DeferredQuestion, IsPutOnceAndNotAnsweredAfterItsClosing) {
+    ReminderDesk desk;
+    BusyDialogs dialogs;
+    int answers = 0;
+    ReminderWindows windows({desk.machine.windows, desk.openWindows, desk.errors, dialogs, desk.machine.files,
+                             desk.machine.pump, desk.settings, desk.player, desk.folder});
+    dialogs.meanwhile = [&] { desk.machine.windows.Advance(100); };
+    windows.AskLater("Run it?", [&](bool) { ++answers; });
+    desk.machine.windows.Advance(100);
+    EXPECT_EQ(dialogs.questions.size(), 1U);
+    EXPECT_EQ(answers, 1);
+
+    dialogs.meanwhile = [&] { desk.openWindows.UnloadAll(); };
+    windows.AskLater("Run it?", [&](bool) { ++answers; });
+    desk.machine.windows.Advance(100);
+    EXPECT_EQ(dialogs.questions.size(), 2U);
+    EXPECT_EQ(answers, 1);
 }
 
 }  // namespace
