@@ -104,7 +104,10 @@ void PosixFileSystem::Replace(const std::string& from, const std::string& to) {
     const std::string source = NativePath(from);
     const std::string target = NativePath(to);
     RefuseReadOnly(target);
-    if (std::rename(source.c_str(), target.c_str()) != 0) ThrowFor(errno, errno == ENOENT ? from : to);
+    if (std::rename(source.c_str(), target.c_str()) != 0) {
+        const int error = errno;
+        ThrowFor(error, Look(source).error != 0 ? from : to);
+    }
     // The new name is an entry of the folder, which has to reach the disk as well.
     const std::string folder = FolderOf(to);
     const Descriptor entries = Open(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
