@@ -33,10 +33,11 @@ namespace {
 using E = clsEvent;
 using Tag = std::string_view;
 
-// The kinds of fields: how the property (or the plain member) is written and read back.
+// The kinds of fields: how the property is written and read back. Plain members have names of their own,
+// since GCC 12 for Windows crashes on templates that differ only in what their argument points to.
 
 template <std::string E::*Member>
-constexpr EventField Text(Tag tag) {
+constexpr EventField TextMember(Tag tag) {
     return {tag, [](const E& event, FieldWriter to) { to.Text(event.*Member); },
             [](E& event, const FieldText& from) { event.*Member = from.Text(); }};
 }
@@ -48,7 +49,7 @@ constexpr EventField Text(Tag tag) {
 }
 
 template <std::string E::*Member>
-constexpr EventField Encoded(Tag tag) {
+constexpr EventField EncodedMember(Tag tag) {
     return {tag, [](const E& event, FieldWriter to) { to.Encoded(event.*Member); },
             [](E& event, const FieldText& from) { event.*Member = from.Decoded(); }};
 }
@@ -60,7 +61,7 @@ constexpr EventField Encoded(Tag tag) {
 }
 
 template <bool E::*Member>
-constexpr EventField Flag(Tag tag) {
+constexpr EventField FlagMember(Tag tag) {
     return {tag, [](const E& event, FieldWriter to) { to.Flag(event.*Member); },
             [](E& event, const FieldText& from) { event.*Member = from.Flag(); }};
 }
@@ -105,7 +106,7 @@ constexpr EventField SearchedAs(Tag searchedTag, EventField field) {
 }
 
 constexpr std::array<EventField, kEventFieldCount> kFields{{
-    Text<&E::IDCode>("IDCode"),
+    TextMember<&E::IDCode>("IDCode"),
     Flag<&E::AlarmSet, &E::AlarmSet>("AlarmSet"),
     DateTime<&E::AlarmTime, &E::AlarmTime>("AlarmTime"),
     SearchedAs("Daynumber", Int16<&E::Daynumber, &E::Daynumber>("DayNumber")),
@@ -113,14 +114,14 @@ constexpr std::array<EventField, kEventFieldCount> kFields{{
     Int16<&E::DayOfWeek, &E::DayOfWeek>("DayOfWeek"),
     Int32<&E::DaysLeft, &E::DaysLeft>("DaysLeft"),
     Int16<&E::DaysWarning, &E::DaysWarning>("DaysWarning"),
-    Flag<&E::Deleted>("Deleted"),
-    Flag<&E::MailSent>("MailSent"),
+    FlagMember<&E::Deleted>("Deleted"),
+    FlagMember<&E::MailSent>("MailSent"),
     Encoded<&E::Desc, &E::Desc>("Desc"),
     Date<&E::DueDate, &E::DueDate>("DueDate"),
     DateTime<&E::DueTime, &E::DueTime>("DueTime"),
     Int16<&E::Layer, &E::Layer>("Layer"),
-    Text<&E::SharedLayerName>("SharedLayerName"),
-    Text<&E::Email>("Email"),
+    TextMember<&E::SharedLayerName>("SharedLayerName"),
+    TextMember<&E::Email>("Email"),
     Int16<&E::MinutesWarning, &E::MinutesWarning>("MinutesWarning"),
     Int16<&E::MonthNumber, &E::MonthNumber>("MonthNumber"),
     Text<&E::Owner, &E::Owner>("Owner"),
@@ -129,13 +130,13 @@ constexpr std::array<EventField, kEventFieldCount> kFields{{
     Flag<&E::Recurring, &E::Recurring>("Recurring"),
     Date<&E::StartDate, &E::StartDate>("StartDate"),
     Int16<&E::WeekDays, &E::WeekDays>("WeekDays"),
-    Flag<&E::SharedEvent>("SharedEvent"),
-    Flag<&E::ExecFile>("ExecFile"),
-    Text<&E::Filename>("Filename"),
-    Text<&E::WavFile>("WavFile"),
-    Flag<&E::PlayWav>("PlayWav"),
-    Flag<&E::ShareWithSpecific>("ShareWithSpecific"),
-    Encoded<&E::ShareNames>("ShareNames"),
+    FlagMember<&E::SharedEvent>("SharedEvent"),
+    FlagMember<&E::ExecFile>("ExecFile"),
+    TextMember<&E::Filename>("Filename"),
+    TextMember<&E::WavFile>("WavFile"),
+    FlagMember<&E::PlayWav>("PlayWav"),
+    FlagMember<&E::ShareWithSpecific>("ShareWithSpecific"),
+    EncodedMember<&E::ShareNames>("ShareNames"),
 }};
 
 }  // namespace
