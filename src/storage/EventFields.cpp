@@ -33,11 +33,12 @@ namespace {
 using E = clsEvent;
 using Tag = std::string_view;
 
-// The kinds of fields: how the property is written and read back. Plain members have names of their own,
-// since GCC 12 for Windows crashes on templates that differ only in what their argument points to.
+// The kinds of fields: how the property (or the plain member) is written and read back.
+// Members have names of their own, since the compiler for Windows (GCC 12) breaks down over overloads of the
+// two.
 
 template <std::string E::*Member>
-constexpr EventField TextMember(Tag tag) {
+constexpr EventField PlainText(Tag tag) {
     return {tag, [](const E& event, FieldWriter to) { to.Text(event.*Member); },
             [](E& event, const FieldText& from) { event.*Member = from.Text(); }};
 }
@@ -49,7 +50,7 @@ constexpr EventField Text(Tag tag) {
 }
 
 template <std::string E::*Member>
-constexpr EventField EncodedMember(Tag tag) {
+constexpr EventField PlainEncoded(Tag tag) {
     return {tag, [](const E& event, FieldWriter to) { to.Encoded(event.*Member); },
             [](E& event, const FieldText& from) { event.*Member = from.Decoded(); }};
 }
@@ -61,7 +62,7 @@ constexpr EventField Encoded(Tag tag) {
 }
 
 template <bool E::*Member>
-constexpr EventField FlagMember(Tag tag) {
+constexpr EventField PlainFlag(Tag tag) {
     return {tag, [](const E& event, FieldWriter to) { to.Flag(event.*Member); },
             [](E& event, const FieldText& from) { event.*Member = from.Flag(); }};
 }
@@ -106,7 +107,7 @@ constexpr EventField SearchedAs(Tag searchedTag, EventField field) {
 }
 
 constexpr std::array<EventField, kEventFieldCount> kFields{{
-    TextMember<&E::IDCode>("IDCode"),
+    PlainText<&E::IDCode>("IDCode"),
     Flag<&E::AlarmSet, &E::AlarmSet>("AlarmSet"),
     DateTime<&E::AlarmTime, &E::AlarmTime>("AlarmTime"),
     SearchedAs("Daynumber", Int16<&E::Daynumber, &E::Daynumber>("DayNumber")),
@@ -114,14 +115,14 @@ constexpr std::array<EventField, kEventFieldCount> kFields{{
     Int16<&E::DayOfWeek, &E::DayOfWeek>("DayOfWeek"),
     Int32<&E::DaysLeft, &E::DaysLeft>("DaysLeft"),
     Int16<&E::DaysWarning, &E::DaysWarning>("DaysWarning"),
-    FlagMember<&E::Deleted>("Deleted"),
-    FlagMember<&E::MailSent>("MailSent"),
+    PlainFlag<&E::Deleted>("Deleted"),
+    PlainFlag<&E::MailSent>("MailSent"),
     Encoded<&E::Desc, &E::Desc>("Desc"),
     Date<&E::DueDate, &E::DueDate>("DueDate"),
     DateTime<&E::DueTime, &E::DueTime>("DueTime"),
     Int16<&E::Layer, &E::Layer>("Layer"),
-    TextMember<&E::SharedLayerName>("SharedLayerName"),
-    TextMember<&E::Email>("Email"),
+    PlainText<&E::SharedLayerName>("SharedLayerName"),
+    PlainText<&E::Email>("Email"),
     Int16<&E::MinutesWarning, &E::MinutesWarning>("MinutesWarning"),
     Int16<&E::MonthNumber, &E::MonthNumber>("MonthNumber"),
     Text<&E::Owner, &E::Owner>("Owner"),
@@ -130,13 +131,13 @@ constexpr std::array<EventField, kEventFieldCount> kFields{{
     Flag<&E::Recurring, &E::Recurring>("Recurring"),
     Date<&E::StartDate, &E::StartDate>("StartDate"),
     Int16<&E::WeekDays, &E::WeekDays>("WeekDays"),
-    FlagMember<&E::SharedEvent>("SharedEvent"),
-    FlagMember<&E::ExecFile>("ExecFile"),
-    TextMember<&E::Filename>("Filename"),
-    TextMember<&E::WavFile>("WavFile"),
-    FlagMember<&E::PlayWav>("PlayWav"),
-    FlagMember<&E::ShareWithSpecific>("ShareWithSpecific"),
-    EncodedMember<&E::ShareNames>("ShareNames"),
+    PlainFlag<&E::SharedEvent>("SharedEvent"),
+    PlainFlag<&E::ExecFile>("ExecFile"),
+    PlainText<&E::Filename>("Filename"),
+    PlainText<&E::WavFile>("WavFile"),
+    PlainFlag<&E::PlayWav>("PlayWav"),
+    PlainFlag<&E::ShareWithSpecific>("ShareWithSpecific"),
+    PlainEncoded<&E::ShareNames>("ShareNames"),
 }};
 
 }  // namespace
