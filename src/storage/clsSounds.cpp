@@ -62,7 +62,12 @@ std::string clsSounds::GetWavName(std::string_view id) {
     std::string name;
     ErrorTrap trap(errors_, "GetWavName", kModule);
     trap([&] { name = DefaultAlarmSound(settings_, applicationFolder_()); });
-    trap([&] {
+    return OwnWavName(id).value_or(name);
+}
+
+std::optional<std::string> clsSounds::OwnWavName(std::string_view id) {
+    std::optional<std::string> name;
+    ErrorTrap(errors_, "GetWavName", kModule)([&] {
         LoadOnce();
         if (const std::string* line = Find(id)) name = Split(*line, ",")[1];
     });

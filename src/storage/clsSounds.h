@@ -5,6 +5,7 @@
 #include "support/cSHAREDSettings.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,8 @@ public:
     void Delete(std::string_view id);
     // The event's sound file up to a comma in it, or the default alarm sound.
     std::string GetWavName(std::string_view id);
+    // The same, but nothing when the event has no sound of its own.
+    std::optional<std::string> OwnWavName(std::string_view id);
     void Initialise();
 
 private:

@@ -1,0 +1,174 @@
+#include "storage/clsDB2.h"
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "platform/Files.h"
+#include "storage/ErrorBatch.h"
+#include "storage/LegacyRecord.h"
+#include "storage/SharedFolder.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kaz {
+
+namespace {
+
+constexpr std::string_view kModule = "clsDB2";
+constexpr std::string_view kSingleOwner = "Single";
+
+// Kept on purpose: the count is rounded, so that the larger half of a record at the end of a file is read.
+std::size_t RecordsIn(std::string_view records) {
+    const double count = static_cast<double>(records.size()) / static_cast<double>(kLegacyRecordSize);
+    return static_cast<std::size_t>(RoundToInt32(count));
+}
+
+std::string_view RecordAt(std::string_view records, std::size_t index) {
+    return records.substr(index * kLegacyRecordSize, kLegacyRecordSize);
+}
+
+}  // namespace
+
+clsDB2::clsDB2(const StorageServices& services, clsSounds& sounds)
+    : services_(services),
+      sounds_(sounds),
+      memory_(services) {}
+
+bool clsDB2::DatabaseChanged() const { return FileDate() != lastKnownDate_; }
+
+void clsDB2::LoadDBIfChanged(const std::string& fileName) {
+    if (DatabaseChanged()) LoadDB(fileName);
+}
+
+bool clsDB2::LoadDB(const std::string& fileName, bool append) {
+    fileName_ = fileName;
+    lastKnownDate_ = FileDate();
+    ErrorBatch errors(services_.log);
+    ErrorTrap trap(errors, "LoadAllEvents", kModule);
+    std::vector<clsEvent> loaded;
+    const bool read = trap([&] {
+        const std::string records = ReadFileOrEmpty(services_.files, fileName);
+        const std::size_t count = RecordsIn(records);
+        loaded.resize(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            ReadLegacyRecord(RecordAt(records, i), loaded[i], trap);
+            AddOwnerAndSound(loaded[i]);
+        }
+    });
+    if (!read) return false;
+    std::vector<clsEvent>& events = memory_.AllEvents();
+    if (!append) events.clear();
+    events.insert(events.end(), std::make_move_iterator(loaded.begin()),
+                  std::make_move_iterator(loaded.end()));
+    return true;
+}
+
+void clsDB2::LoadMultiple() {
+    const SharedFolder folder(services_.files, services_.settings, services_.log);
+    const std::string user = services_.settings.TextOr("Owner", "");
+    const auto fileOf = [&](const std::string& name) { return WithExtension(folder.FileOf(name), ".Dat"); };
+    memory_.AllEvents().clear();
+    for (const std::string& name : folder.Users()) {
+        if (StringsEqual(name, user, services_.locale.Folding())) continue;
+        services_.log.LogEvent("Setting Databasename to " + fileOf(name));
+        LoadDB(fileOf(name), true);
+    }
+    fileName_ = fileOf(user);
+    lastKnownDate_ = FileDate();
+}
+
+bool clsDB2::SaveDB() {
+    ErrorTrap trap(services_.log, "SaveDB", kModule);
+    std::string records;
+    for (const clsEvent& event : memory_.AllEvents())
+        if (!event.Deleted) records += LegacyRecordOf(event, trap);
+    return Write(records);
+}
+
+void clsDB2::DeleteRecord(std::string_view code) {
+    if (clsEvent* event = ReadEvent(code)) event->Deleted = true;
+    SaveDB();
+}
+
+void clsDB2::WipeDiskFile() {
+    ErrorTrap trap(services_.log, "WipeDiskFile", kModule);
+    trap([&] {
+        if (FileExists(services_.files, fileName_)) services_.files.Delete(fileName_);
+    });
+}
+
+void clsDB2::WipeRecordsByOwner(std::string_view owner) {
+    LoadDB(fileName_);
+    for (clsEvent& event : AllEvents())
+        event.Deleted |= IsOwner(event, owner);
+    SaveDB();
+}
+
+void clsDB2::SetAllToSingleUser() {
+    for (clsEvent& event : AllEvents())
+        event.Owner(std::string(kSingleOwner));
+    SaveDB();
+}
+
+void clsDB2::WipeAllButThisOwner(std::string_view owner) {
+    if (owner.empty()) return;
+    for (clsEvent& event : AllEvents())
+        event.Deleted |= !IsOwner(event, owner);
+    SaveDB();
+}
+
+void clsDB2::RenameOwner(std::string_view oldName, std::string_view newName) {
+    for (clsEvent& event : AllEvents())
+        if (IsOwner(event, oldName)) event.Owner(std::string(newName));
+    SaveDB();
+}
+
+std::int32_t clsDB2::SeekDiskRecord(std::string_view code) {
+    ErrorTrap trap(services_.log, "SeekDiskRecord", kModule);
+    std::int32_t found = -1;
+    trap([&] {
+        const std::string records = ReadFileOrEmpty(services_.files, fileName_);
+        for (std::size_t i = 0; i < RecordsIn(records) && found < 0; ++i) {
+            clsEvent event;
+            ReadLegacyRecord(RecordAt(records, i), event, trap);
+            if (event.IDCode == code) found = static_cast<std::int32_t>(i) + 1;
+        }
+    });
+    return found;
+}
+
+bool clsDB2::WriteEventToFile(const clsEvent& event) {
+    ErrorTrap trap(services_.log, "WriteEventToFile", kModule);
+    std::string records;
+    if (!trap([&] { records = ReadFileOrEmpty(services_.files, fileName_); })) return false;
+    const std::int32_t number = SeekDiskRecord(event.IDCode);
+    const std::size_t count = RecordsIn(records);
+    const std::size_t index = number < 1 ? count : static_cast<std::size_t>(number) - 1;
+    records.resize(std::max(count, index + 1) * kLegacyRecordSize);
+    records.replace(index * kLegacyRecordSize, kLegacyRecordSize, LegacyRecordOf(event, trap));
+    return Write(records);
+}
+
+bool clsDB2::IsOwner(const clsEvent& event, std::string_view owner) const {
+    return StringsEqual(event.Owner(), owner, services_.locale.Folding());
+}
+
+void clsDB2::AddOwnerAndSound(clsEvent& event) {
+    if (event.Owner().empty() || event.Owner() == kSingleOwner)
+        event.Owner(services_.settings.TextOr("Owner", "Not Set"));
+    if (const auto sound = sounds_.OwnWavName(event.IDCode)) {
+        event.WavFile = *sound;
+        event.PlayWav = true;
+    }
+}
+
+std::optional<FileTime> clsDB2::FileDate() const { return services_.files.ModificationTime(fileName_); }
+
+bool clsDB2::Write(const std::string& records) {
+    ErrorTrap trap(services_.log, "SaveDB", kModule);
+    const bool written = trap([&] { WriteWholeFile(services_.files, fileName_, records); });
+    lastKnownDate_ = FileDate();
+    return written;
+}
+
+}  // namespace kaz
