@@ -1,9 +1,23 @@
 #include "core/Startup.h"
 
+#include "core/Backup.h"
+#include "core/Conversion.h"
 #include "core/Names.h"
+#include "platform/Dialogs.h"
 #include "platform/Files.h"
 
 namespace kaz {
+
+namespace {
+
+constexpr std::string_view kConvertedText =
+    "Your KAZ2 database has been converted to the new XML format (events.xml)\r\n"
+    "If you are using KAZ in networked mode, other users' shared events won't show up until they also update to this "
+    "new version.\r\n"
+    "IMPORTANT: If you see any errors in your event list, simply delete events.xml and restart KAZ to recreate it from "
+    "your original events.dat file.";
+
+}  // namespace
 
 void Startup::Run() {
     app_.log.LogEvent("KAZ Startup", true);
@@ -45,10 +59,27 @@ void Startup::OpenDatabases() {
     app_.shared = std::make_unique<clsDbXml>(app_.Storage());
     app_.expired = std::make_unique<clsDbXml>(app_.Storage());
 
-    app_.events->LoadDB(eventsFile);
+    LoadEvents(eventsFile, expiredFile);
+    BackUp();
+}
+
+void Startup::LoadEvents(const std::string& eventsFile, const std::string& expiredFile) {
+    const Conversion local = ConvertOldDatabase(app_, *app_.events, eventsFile);
+    if (local == Conversion::Done) app_.platform.dialogs.Message(std::string(kConvertedText));
+    const Conversion expired = ConvertOldDatabase(app_, *app_.expired, expiredFile);
+
+    // After a conversion that failed, the memory may hold what no file holds yet.
+    if (local != Conversion::Failed) app_.events->LoadDB(eventsFile);
     app_.log.LogEvent("Local events loaded");
-    app_.expired->LoadDB(expiredFile);
+    if (expired != Conversion::Failed) app_.expired->LoadDB(expiredFile);
     app_.log.LogEvent("Expired events loaded");
+}
+
+void Startup::BackUp() {
+    if (app_.settings.Flag("NoAutoBackups"))
+        app_.log.LogEvent("Autobackups disabled");
+    else if (MakeAutoBackup(app_, "Autobackup"))
+        app_.log.LogEvent("Data automatically zipped to Autobackups folder in " + app_.DataPath());
 }
 
 }  // namespace kaz

@@ -4,9 +4,9 @@
 
 namespace kaz {
 
-// The start-up sequence, run once after the log has been named and the runtime path stored: settings, user mode, file
-// names, databases, and the first update of all events. A failure ends the sequence where it stands and is thrown;
-// what was done stays done.
+// The start-up sequence, run once after the log has been named and the runtime path stored: settings, user
+// mode, file names, databases, and the first update of all events. A failure ends the sequence where it
+// stands and is thrown; what was done stays done.
 class Startup {
 public:
     explicit Startup(Application& application) : app_(application) {}
@@ -16,6 +16,8 @@ private:
     void LoadOptions();
     void DecideUserMode();
     void OpenDatabases();
+    void LoadEvents(const std::string& eventsFile, const std::string& expiredFile);
+    void BackUp();
 
     Application& app_;
 };

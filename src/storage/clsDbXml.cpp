@@ -122,8 +122,9 @@ void clsDbXml::StoreWaiting(std::vector<clsEvent> before) {
 }
 
 bool clsDbXml::MustNotWrite() const {
-    return !unreadFile_.empty() && unreadFile_ == fileName_ &&
-           services_.files.Kind(fileName_) != PathKind::Missing;
+    if (services_.files.Kind(fileName_) == PathKind::Missing)
+        return !missingFile_.empty() && missingFile_ == fileName_;
+    return !unreadFile_.empty() && unreadFile_ == fileName_;
 }
 
 bool clsDbXml::SaveDB() {

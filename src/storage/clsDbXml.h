@@ -45,6 +45,9 @@ public:
     // Writes the whole collection, events marked deleted left out. False when the file could not be written;
     // the old file is then whole and the memory unchanged.
     bool SaveDB();
+    // As long as the file is not there, SaveDB does not make it: its events are in an older file that could not
+    // be read, and a new file without them would hide that one.
+    void KeepFileMissing() { missingFile_ = fileName_; }
 
     std::int32_t RecordCount() const { return static_cast<std::int32_t>(events_.size()); }
     // Marks the event deleted, if there is one, and saves in any case.
@@ -88,6 +91,7 @@ private:
     EventCodes codes_;
     std::optional<FileTime> lastKnownDate_;
     std::string unreadFile_;  // the last load of it failed, so that it must not be written over
+    std::string missingFile_;
     std::vector<Waiting> waiting_;
 };
 

@@ -1,0 +1,64 @@
+#include "core/Backup.h"
+
+#include "core/Names.h"
+#include "core/cSHAREDZipFiles.h"
+#include "platform/DateText.h"
+#include "platform/Files.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace kaz {
+
+namespace {
+
+// A day's name comes from the locale, where the user may have put anything.
+std::string SafeFileName(std::string name) {
+    const auto isUnsafe = [](char c) {
+        return static_cast<unsigned char>(c) < ' ' ||
+               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
+    };
+    std::replace_if(name.begin(), name.end(), isUnsafe, '_');
+    return name;
+}
+
+std::string ArchiveName(const Application& app, const std::string& word) {
+    const std::string day = FormatDate(app.platform.clock.Today(), "DDD", app.platform.locale.Data());
+    return SafeFileName(day + " " + word + ".zip");
+}
+
+std::vector<std::string> FilesToKeep(const Application& app) {
+    const std::string& events = app.events->DBFilename();
+    const std::string& expired = app.expired->DBFilename();
+    return {events,
+            expired,
+            app.settingsFileName,
+            app.log.CurrentLogFilename(),
+            JoinPath(app.DataPath(), kTaskFile),
+            WithExtension(events, kOldExtension),
+            WithExtension(expired, kOldExtension)};
+}
+
+}  // namespace
+
+bool MakeAutoBackup(Application& app, const std::string& word) {
+    try {
+        const std::string folder = JoinPath(app.runtimePath, kBackupFolder);
+        const std::string archive = JoinPath(folder, ArchiveName(app, word));
+        app.platform.files.CreateFolder(folder);
+        cSHAREDZipFiles zip(app.platform.zip);
+        zip.Setup();
+        zip.ZipFileName(archive);
+        for (const std::string& fileName : FilesToKeep(app))
+            zip.AddFile(fileName);
+        const bool made = zip.MakeZipFile() == kZipSuccess;
+        if (!zip.GetLastMessage().empty()) app.log.LogEvent(zip.GetLastMessage());
+        app.log.LogEvent("Backup to " + archive + (made ? " complete" : " failed"));
+        return made;
+    } catch (...) {
+        app.log.Report(CurrentError(), "MakeAutoBackup", "Backup");
+        return false;
+    }
+}
+
+}  // namespace kaz

@@ -1,0 +1,131 @@
+#include "core/Backup.h"
+
+#include "core/Startup.h"
+#include "fakes/FakePlatform.h"
+#include "unit/core/ZipReading.h"
+
+#include <gmock/gmock.h>
+
+namespace kaz {
+namespace {
+
+using testing::_;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::Pair;
+
+const std::string kArchive = "C:\\KAZ\\Autobackups\\Wed Autobackup.zip";
+const std::string kComplete = "Backup to " + kArchive + " complete";
+const std::string kFailed = "Backup to " + kArchive + " failed";
+const std::string kZipped = "Data automatically zipped to Autobackups folder in C:\\Data";
+
+// The clock stands at a Wednesday.
+class Backup : public testing::Test {
+protected:
+    Backup() {
+        Settings("");
+        machine.files.Put("C:\\Data\\Events.xml", "first");
+    }
+
+    void Settings(const std::string& more) {
+        machine.files.Put("C:\\KAZ\\Kaz.ini", "OWNER,Ann\r\nDATAPATH,C:\\Data\r\n" + more);
+    }
+    void Start() {
+        app = std::make_unique<Application>(machine.Services());
+        app->log.OverrideLogFilename("C:\\KAZ\\Log_KAZ.txt");
+        Startup(*app).Run();
+    }
+    std::string Log() const { return machine.files.Text("C:\\KAZ\\Log_KAZ.txt"); }
+    std::map<std::string, std::string> Archived(const std::string& archive = kArchive) const {
+        return Unpacked(machine.files.Text(archive));
+    }
+
+    FakePlatform machine;
+    std::unique_ptr<Application> app;
+};
+
+TEST_F(Backup, EachStartKeepsWhatIsThere) {
+    Start();
+    EXPECT_THAT(Log(), AllOf(HasSubstr(kComplete), HasSubstr(kZipped)));
+    EXPECT_THAT(Archived(), ElementsAre(Pair("Events.xml", "first"), Pair("Kaz.ini", HasSubstr("OWNER,Ann")),
+                                        Pair("Log_KAZ.txt", HasSubstr("Expired events loaded"))));
+
+    machine.files.Put("C:\\Data\\Events.xml", "second");
+    machine.files.Put("C:\\Data\\Expired.xml", "expired");
+    machine.files.Put("C:\\Data\\tasklist.xml", "tasks");
+    machine.files.Put("C:\\Data\\Events.dat", "old events");
+    machine.files.Put("C:\\Data\\Expired.dat", "old expired");
+    Start();
+    EXPECT_THAT(Archived(),
+                ElementsAre(Pair("Events.dat", "old events"), Pair("Events.xml", "second"),
+                            Pair("Expired.dat", "old expired"), Pair("Expired.xml", "expired"),
+                            Pair("Kaz.ini", _), Pair("Log_KAZ.txt", _), Pair("tasklist.xml", "tasks")));
+
+    machine.clock.AdvanceDays(1);
+    machine.files.Put("C:\\Data\\Events.xml", "third");
+    Start();
+    EXPECT_EQ(Archived()["Events.xml"], "second");
+    EXPECT_EQ(Archived("C:\\KAZ\\Autobackups\\Thu Autobackup.zip")["Events.xml"], "third");
+}
+
+TEST_F(Backup, CanBeSwitchedOff) {
+    for (const char* value : {"True", "-1", "1"}) {
+        Settings("NOAUTOBACKUPS," + std::string(value) + "\r\n");
+        Start();
+        EXPECT_THAT(Log(), AllOf(HasSubstr("Autobackups disabled"), Not(HasSubstr("Backup to")))) << value;
+        EXPECT_EQ(machine.files.Kind("C:\\KAZ\\Autobackups"), PathKind::Missing);
+    }
+    Settings("NOAUTOBACKUPS,0\r\n");
+    Start();
+    EXPECT_THAT(Log(), HasSubstr(kComplete));
+}
+
+TEST_F(Backup, TheArchiveHasTheLocalesNameOfTheDay) {
+    Start();
+    machine.locale.data.shortDayNames[3] = "Mi.";
+    EXPECT_TRUE(MakeAutoBackup(*app, "Manual"));
+    EXPECT_EQ(machine.files.Kind("C:\\KAZ\\Autobackups\\Mi. Manual.zip"), PathKind::File);
+    machine.locale.data.shortDayNames[3] = "M/\\:i?\x01";
+    EXPECT_TRUE(MakeAutoBackup(*app, "..\\x"));
+    EXPECT_EQ(machine.files.Kind("C:\\KAZ\\Autobackups\\M___i__ .._x.zip"), PathKind::File);
+}
+
+TEST_F(Backup, AFileThatCannotBeReadMakesItFailButCostsOnlyItself) {
+    Start();
+    machine.files.At("C:\\Data\\Events.xml").locked = true;
+    EXPECT_FALSE(MakeAutoBackup(*app, "Autobackup"));
+    EXPECT_THAT(Archived(), ElementsAre(Pair("Expired.xml", _), Pair("Kaz.ini", _), Pair("Log_KAZ.txt", _)));
+    EXPECT_THAT(Log(), AllOf(HasSubstr("C:\\Data\\Events.xml: Permission denied"), HasSubstr(kFailed)));
+}
+
+TEST_F(Backup, AFailureNeverEndsTheStart) {
+    Start();
+    const std::string good = machine.files.Text(kArchive);
+    machine.files.At(kArchive).readOnly = true;
+    Start();
+    EXPECT_THAT(Log(), AllOf(HasSubstr(kFailed), Not(HasSubstr(kZipped))));
+    EXPECT_EQ(machine.files.Text(kArchive), good);
+
+    machine.files.At(kArchive).readOnly = false;
+    machine.files.freeBytes = 300;
+    EXPECT_FALSE(MakeAutoBackup(*app, "Autobackup"));
+    machine.files.freeBytes = 0;
+    EXPECT_FALSE(MakeAutoBackup(*app, "Autobackup"));
+    machine.files.freeBytes.reset();
+    machine.files.At("C:\\KAZ\\Autobackups").readOnly = true;
+    EXPECT_FALSE(MakeAutoBackup(*app, "Autobackup"));
+    EXPECT_EQ(machine.files.Text(kArchive), good);
+
+    FakePlatform other;
+    other.files.Put("C:\\KAZ\\Autobackups", "a file stands in the way");
+    Application blocked(other.Services());
+    EXPECT_NO_THROW(Startup(blocked).Run());
+    EXPECT_FALSE(MakeAutoBackup(blocked, "Autobackup"));
+    EXPECT_EQ(other.files.Text("C:\\KAZ\\Autobackups"), "a file stands in the way");
+}
+
+}  // namespace
+}  // namespace kaz
