@@ -1,7 +1,7 @@
 #include "com/ComponentObject.h"
 
 #include "com/Enumerator.h"
-#include "com/RuntimePath.h"
+#include "com/OwnModule.h"
 #include "platform/win32/Text.h"
 #include "ui/FormFactory.h"
 
@@ -21,9 +21,15 @@ struct CopyPoint {
     static void Undo(IConnectionPoint** element) { (*element)->Release(); }
 };
 
+std::string FolderText(BSTR folder) {
+    return PathToCodePage(std::wstring(folder ? folder : L"", SysStringLen(folder)));
+}
+
 }  // namespace
 
-ComponentObject::ComponentObject() : component_(platform_.Services(), MakeMainWindow, relay_) {}
+ComponentObject::ComponentObject()
+    : platform_(OwnModule()),
+      component_(platform_.Services(), MakeMainWindow, relay_) {}
 
 // No exception crosses to the host, and the object outlives the call even when the host lets go of it in an
 // event.
@@ -49,15 +55,15 @@ HRESULT ComponentObject::get_SettingsInitialised(VARIANT_BOOL* initialised) {
 HRESULT ComponentObject::get_DLLVersion(BSTR* version) {
     if (!version) return E_POINTER;
     *version = nullptr;
-    return Run([&] { *version = Bstr(ToUtf16(component_.DLLVersion())).Detach(); });
+    return Run([&] { *version = Bstr(ToWide(component_.DLLVersion())).Detach(); });
 }
 
 HRESULT ComponentObject::Startup(BSTR RuntimePath) {
-    return Run([&] { component_.Startup(RuntimePathText(RuntimePath)); });
+    return Run([&] { component_.Startup(FolderText(RuntimePath)); });
 }
 
 HRESULT ComponentObject::SetOptions(BSTR RuntimePath) {
-    return Run([&] { component_.SetOptions(RuntimePathText(RuntimePath)); });
+    return Run([&] { component_.SetOptions(FolderText(RuntimePath)); });
 }
 
 HRESULT ComponentObject::RefreshDates() {

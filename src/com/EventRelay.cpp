@@ -39,7 +39,7 @@ VARIANT Argument(IDispatch* object) {
 }
 
 Bstr ToBstr(const std::string& text) {
-    Bstr wide(ToUtf16(text));
+    Bstr wide(ToWide(text));
     if (!wide.Get()) throw std::bad_alloc();
     return wide;
 }
@@ -75,7 +75,7 @@ void EventRelay::RaiseList(DISPID event, const std::vector<std::string>& texts) 
     std::vector<std::wstring> wide;
     wide.reserve(texts.size());
     for (const std::string& text : texts)
-        wide.push_back(ToUtf16(text));
+        wide.push_back(ToWide(text));
     const auto list = ComPointer<StringCollection>::Adopt(new StringCollection(std::move(wide)));
     std::array arguments{Argument(list.Get())};
     Raise(event, arguments);

@@ -1,6 +1,7 @@
 #include "com/Registration.h"
 
 #include "Kazlib_h.h"
+#include "com/OwnModule.h"
 #include "com/TypeLibrary.h"
 
 #include <olectl.h>

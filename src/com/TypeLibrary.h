@@ -5,12 +5,7 @@
 #include <windows.h>
 #include <oleauto.h>
 
-#include <string>
-
 namespace kaz {
-
-// The full path of this module's own file.
-std::wstring ModulePath();
 
 // The type library in this module's resources. It is read from the file and never from the registry, so that
 // it is there, and the right one, in a folder where nothing was registered.

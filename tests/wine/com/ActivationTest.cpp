@@ -1,6 +1,6 @@
-#include "RecordingHost.h"
-#include "TestFolder.h"
+#include "ComHost.h"
 #include "base/Version.h"
+#include "fakes/TestFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,7 @@
-#include "RecordingHost.h"
-#include "TestFolder.h"
+#include "ComHost.h"
+#include "fakes/Sample.h"
+#include "fakes/TestFolder.h"
+#include "platform/win32/Win32Clock.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,9 +18,13 @@ class Events : public testing::Test {
 protected:
     // A component that was started on a folder with one event due today and one tomorrow.
     void SetUp() override {
-        folder.Write("Kaz.ini", kSettings);
-        folder.Write("Events.xml", EventFile({{"000001", "T%E4glich%0D%0AKaffee", 0, " ann@example.org "},
-                                              {"000002", "Zahnarzt", 1}}));
+        folder.Write("Kaz.ini", "OWNER,Single\r\nNOAUTOBACKUPS,-1\r\n");
+        const DateValue today = Win32Clock().Today();
+        clsEvent coffee = OneOff("000001", "T\xe4glich\r\nKaffee", today);
+        coffee.Email = " ann@example.org ";
+        clsEvent dentist = OneOff("000002", "Zahnarzt", DateValue(today.Day() + 1));
+        dentist.DaysWarning(3);
+        folder.Write("Events.xml", FileOf({coffee, dentist}));
         component = MakeComponent();
         ASSERT_EQ(component->Startup(Bstr(folder.Path().wstring()).Get()), S_OK);
         VARIANT_BOOL initialised = VARIANT_FALSE;
@@ -32,7 +38,7 @@ protected:
     }
 
     TestFolder folder;
-    RecordingHost host;
+    ComHost host;
     ComPointer<IKazComponent> component;
 };
 
@@ -61,7 +67,7 @@ TEST_F(Events, WindowsWishesReachTheHost) {
 }
 
 TEST_F(Events, HostsMayConnectAndDisconnectWhileTheyAreTold) {
-    RecordingHost second, late;
+    ComHost second, late;
     Connection first(component, host);
     Connection other(component, second);
     std::unique_ptr<Connection> added;
@@ -97,7 +103,7 @@ TEST_F(Events, HostMayCallBackAndEvenLetGoInAnEvent) {
     EXPECT_EQ(host.heard.size(), 5u);
     EXPECT_FALSE(component);
     PumpMessages();
-    EXPECT_NE(folder.Read("Kaz.ini").find("OWNER,Ann\r\n"), std::string::npos);
+    EXPECT_NE(folder.Read("Kaz.ini").find("OWNER,Single\r\n"), std::string::npos);
 }
 
 TEST_F(Events, ListIsACollectionForScripts) {

@@ -1,5 +1,5 @@
-#include "RecordingHost.h"
-#include "TestFolder.h"
+#include "ComHost.h"
+#include "fakes/TestFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ TEST(Startup, FolderThatIsNotThereIsToldInTheLogAndToNobodyElse) {
          {std::wstring(L"C:\\not\\there"), std::wstring(L"<|>\"*?"), std::wstring(),
           std::wstring(L"C:\\a\0b", 6), std::wstring(40000, L'x')}) {
         const auto component = MakeComponent();
-        RecordingHost host;
+        ComHost host;
         Connection connection(component, host);
         EXPECT_EQ(StartOn(component, folder), VARIANT_FALSE);
         EXPECT_EQ(component->SetOptions(nullptr), S_OK);
@@ -48,7 +48,6 @@ TEST(Startup, FolderThatIsNotThereIsToldInTheLogAndToNobodyElse) {
 
 TEST(Startup, TrailingBackslashAndForeignScriptAreTheSameFolder) {
     const TestFolder folder;
-    folder.Write("Kaz.ini", kSettings);
     const auto component = MakeComponent();
     EXPECT_EQ(StartOn(component, folder.Path().wstring() + L"\\"), VARIANT_TRUE);
     EXPECT_NE(folder.Read("Log_KAZ.txt").find(", Local events loaded\r\n"), std::string::npos);

@@ -1,5 +1,5 @@
-#include "RecordingHost.h"
-#include "TestFolder.h"
+#include "ComHost.h"
+#include "fakes/TestFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "RecordingHost.h"
+#include "ComHost.h"
 
 #include <gtest/gtest.h>
 
@@ -24,15 +24,14 @@ std::wstring ListText(IDispatch* object) {
 
 }  // namespace
 
-HRESULT RecordingHost::QueryInterface(REFIID iid, void** object) {
+HRESULT ComHost::QueryInterface(REFIID iid, void** object) {
     *object = nullptr;
     if (iid != IID_IUnknown && iid != IID_IDispatch && iid != DIID_DKazEvents) return E_NOINTERFACE;
     *object = ComPointer<IDispatch>(this).Detach();
     return S_OK;
 }
 
-HRESULT RecordingHost::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
-                              UINT*) {
+HRESULT ComHost::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*, UINT*) {
     static const wchar_t* const names[] = {L"?",         L"TestEvent",   L"TodaysEvents", L"UpcomingEvents",
                                            L"MailEvent", L"ShutDownKAZ", L"Closed",       L"AllEvents"};
     std::wstring text = names[id >= 1 && id <= 7 ? id : 0];
@@ -65,7 +64,7 @@ ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component
     return point;
 }
 
-Connection::Connection(const ComPointer<IKazComponent>& component, RecordingHost& host)
+Connection::Connection(const ComPointer<IKazComponent>& component, ComHost& host)
     : point_(EventsOf(component)) {
     EXPECT_EQ(point_->Advise(&host, &cookie_), S_OK);
 }

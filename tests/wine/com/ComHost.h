@@ -11,7 +11,7 @@
 namespace kaz::test {
 
 // A host that notes what it hears as "Name(argument; argument)", lists as "[one|two]".
-class RecordingHost final : public IDispatch {
+class ComHost final : public IDispatch {
 public:
     std::vector<std::wstring> heard;
     ComPointer<IDispatch> lastList;
@@ -38,7 +38,7 @@ ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component
 // Connects for as long as it lives.
 class Connection {
 public:
-    Connection(const ComPointer<IKazComponent>& component, RecordingHost& host);
+    Connection(const ComPointer<IKazComponent>& component, ComHost& host);
     ~Connection() { Disconnect(); }
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace kaz {
+
+// KAZ2 [FOLDER] [--lists FILE]
+struct CommandLine {
+    std::wstring folder;     // of the data; empty when none was given
+    std::wstring listsFile;  // where the lists of each scan are written; empty for nowhere
+};
+
+// `text` is the whole command line, the program's own name included.
+CommandLine ParseCommandLine(const wchar_t* text);
+
+}  // namespace kaz

@@ -1,0 +1,70 @@
+#include "hosts/kaz2/Component.h"
+
+#include "hosts/kaz2/ComponentSink.h"
+#include "hosts/kaz2/StartFailure.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+void Require(HRESULT result, const wchar_t* what) {
+    if (SUCCEEDED(result)) return;
+    wchar_t number[16];
+    swprintf(number, 16, L"0x%08lX", static_cast<unsigned long>(result));
+    throw StartFailure{std::wstring(L"KAZ cannot start: ") + what + L" (" + number + L")."};
+}
+
+Owned<IKazComponent> Create() {
+    IKazComponent* component = nullptr;
+    Require(CoCreateInstance(CLSID_clsComponent, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IKazComponent),
+                             reinterpret_cast<void**>(&component)),
+            L"its component Kazlib.dll is missing or damaged");
+    return Owned<IKazComponent>(component);
+}
+
+Owned<IConnectionPoint> EventsOf(IKazComponent& component) {
+    IConnectionPointContainer* found = nullptr;
+    HRESULT result =
+        component.QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(&found));
+    const Owned<IConnectionPointContainer> container(found);
+    IConnectionPoint* events = nullptr;
+    if (SUCCEEDED(result)) result = container->FindConnectionPoint(DIID_DKazEvents, &events);
+    Require(result, L"its component Kazlib.dll is of another version");
+    return Owned<IConnectionPoint>(events);
+}
+
+}  // namespace
+
+Component::Component(ListsFile& lists) : component_(Create()), events_(EventsOf(*component_)) {
+    const Owned<ComponentSink> sink(new ComponentSink(lists));
+    Require(events_->Advise(sink.get(), &connection_), L"its component Kazlib.dll does not answer");
+}
+
+Component::~Component() {
+    ShutDown();
+    events_->Unadvise(connection_);
+}
+
+void Component::Start(const std::wstring& folder) {
+    component_->Startup(MakeText(folder).get());
+    VARIANT_BOOL initialised = VARIANT_FALSE;
+    component_->get_SettingsInitialised(&initialised);
+    if (initialised == VARIANT_FALSE)
+        throw StartFailure{L"KAZ cannot work with the folder\n" + folder +
+                           L"\nThe reason is in the file Log_KAZ.txt, there or beside the program."};
+    started_ = true;
+    component_->RefreshDates();
+}
+
+void Component::Scan() { component_->ScanEvents(); }
+
+void Component::Show() { component_->ShowMain(); }
+
+void Component::ShutDown() {
+    if (std::exchange(started_, false)) component_->ShutDown();
+}
+
+}  // namespace kaz

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Kazlib_h.h"
+#include "hosts/kaz2/ListsFile.h"
+#include "hosts/kaz2/Owned.h"
+
+#include <windows.h>
+#include <ocidl.h>
+
+#include <string>
+
+namespace kaz {
+
+// The component in the order in which a host must call it: created and connected, started on a folder,
+// scanned, shown, shut down last.
+class Component {
+public:
+    // Throws StartFailure when the component is missing or cannot be connected to.
+    explicit Component(ListsFile& lists);
+    // Shuts it down, disconnects and lets go.
+    ~Component();
+    Component(const Component&) = delete;
+    Component& operator=(const Component&) = delete;
+
+    // Throws StartFailure when the component cannot work on the folder.
+    void Start(const std::wstring& folder);
+    // Raises the lists, and loads the main window without showing it.
+    void Scan();
+    void Show();
+    // Saves everything; what is called afterwards does nothing.
+    void ShutDown();
+
+private:
+    Owned<IKazComponent> component_;
+    Owned<IConnectionPoint> events_;
+    DWORD connection_ = 0;
+    bool started_ = false;
+};
+
+}  // namespace kaz

@@ -1,0 +1,34 @@
+#include "hosts/kaz2/ConsoleSignals.h"
+
+#include "hosts/kaz2/Owned.h"
+
+#include <atomic>
+
+namespace kaz {
+
+namespace {
+
+constexpr DWORD kLongestEnd = 5000;  // milliseconds; the system itself does not wait much longer
+
+// The system's handler takes no argument of ours, so what it needs stands here.
+std::atomic<HWND> target = nullptr;
+const OwnedHandle ended{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+
+BOOL WINAPI OnSignal(DWORD) {
+    PostMessageW(target, WM_CLOSE, 0, 0);
+    WaitForSingleObject(ended.get(), kLongestEnd);
+    return TRUE;
+}
+
+}  // namespace
+
+ConsoleSignals::ConsoleSignals(HWND window) {
+    target = window;
+    // A program with windows has no console of its own; it shares the one of the shell that started it.
+    AttachConsole(ATTACH_PARENT_PROCESS);
+    SetConsoleCtrlHandler(OnSignal, TRUE);
+}
+
+ConsoleSignals::~ConsoleSignals() { SetEvent(ended.get()); }
+
+}  // namespace kaz

@@ -1,0 +1,78 @@
+#include "hosts/kaz2/ListsFile.h"
+
+#include "hosts/kaz2/Owned.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+std::string Utf8(std::wstring_view text) {
+    const int length = static_cast<int>(text.size());
+    std::string bytes(3 * text.size(), '\0');
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
+                                         static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(size));
+    return bytes;
+}
+
+// An event is one line, also when its description has several.
+std::wstring OneLine(std::wstring_view text) {
+    std::wstring line;
+    for (const wchar_t character : text) {
+        if (character == L'\n')
+            line += L' ';
+        else if (character != L'\r')
+            line += character;
+    }
+    return line;
+}
+
+void AddSection(std::wstring& text, const wchar_t* heading, const std::vector<std::wstring>& lines) {
+    text.append(text.empty() ? L"" : L"\n").append(heading).append(L"\n");
+    for (const std::wstring& line : lines)
+        text.append(OneLine(line)).append(L"\n");
+}
+
+std::vector<std::wstring> Lines(std::wstring_view text) {
+    std::vector<std::wstring> lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(L"\r\n"), text.size());
+        lines.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 2, text.size()));
+    }
+    return lines;
+}
+
+}  // namespace
+
+void ListsFile::Mail(std::wstring_view to, std::wstring_view subject, std::wstring_view text) {
+    if (fileName_.empty()) return;
+    mails_.push_back(std::wstring(to).append(L", ").append(subject).append(L", ").append(text));
+}
+
+void ListsFile::All(std::wstring_view lines) {
+    if (fileName_.empty()) return;
+    std::wstring text;
+    AddSection(text, L"TODAY", today_);
+    AddSection(text, L"COMING UP", comingUp_);
+    AddSection(text, L"ALL EVENTS", Lines(lines));
+    AddSection(text, L"MAILS ASKED FOR (NOT SENT)", mails_);
+    Write(Utf8(text));
+}
+
+void ListsFile::Write(const std::string& text) const {
+    // Beside and renamed: a script that waits for the file never reads a part of it.
+    const std::wstring beside = fileName_ + L".new";
+    OwnedHandle file =
+        FileHandle(CreateFileW(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    DWORD written = 0;
+    const bool complete =
+        file && WriteFile(file.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
+        written == text.size();
+    file.reset();
+    if (complete) MoveFileExW(beside.c_str(), fileName_.c_str(), MOVEFILE_REPLACE_EXISTING);
+}
+
+}  // namespace kaz

@@ -1,0 +1,61 @@
+#include "hosts/kaz2/SilentStart.h"
+
+#include "hosts/kaz2/DataFolder.h"
+#include "hosts/kaz2/Owned.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+
+namespace kaz {
+
+namespace {
+
+constexpr DWORD kLargestFile = 16 * 1024 * 1024;
+
+std::string Upper(std::string_view text) {
+    std::string upper(text);
+    std::ranges::transform(upper, upper.begin(),
+                           [](char c) { return c >= 'a' && c <= 'z' ? char(c - 32) : c; });
+    return upper;
+}
+
+std::string_view Trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    return first == text.npos ? std::string_view()
+                              : text.substr(first, text.find_last_not_of(" \t") + 1 - first);
+}
+
+bool IsTrue(std::string_view value) {
+    const std::string word = Upper(Trimmed(value));
+    return word == "TRUE" || std::strtod(word.c_str(), nullptr) != 0;
+}
+
+}  // namespace
+
+bool SaysSilentStart(const std::string& settings) {
+    bool silent = false;
+    for (std::size_t start = 0; start < settings.size();) {
+        const std::size_t end = std::min(settings.find_first_of("\r\n", start), settings.size());
+        const std::string_view line(settings.data() + start, end - start);
+        const std::size_t comma = line.find(',');
+        if (comma != line.npos && Upper(Trimmed(line.substr(0, comma))) == "SILENTSTART")
+            silent = IsTrue(line.substr(comma + 1));
+        start = end + 1;
+    }
+    return silent;
+}
+
+bool StartsSilently(const std::wstring& folder) {
+    const OwnedHandle file = FileHandle(CreateFileW(InFolder(folder, L"Kaz.ini").c_str(), GENERIC_READ,
+                                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                                    nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!file) return false;
+    std::string text(std::min(GetFileSize(file.get(), nullptr), kLargestFile), '\0');
+    DWORD read = 0;
+    if (!ReadFile(file.get(), text.data(), static_cast<DWORD>(text.size()), &read, nullptr)) return false;
+    text.resize(read);
+    return SaysSilentStart(text);
+}
+
+}  // namespace kaz

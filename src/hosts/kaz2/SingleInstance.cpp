@@ -1,0 +1,82 @@
+#include "hosts/kaz2/SingleInstance.h"
+
+#include <cstdint>
+
+namespace kaz {
+
+namespace {
+
+constexpr DWORD kPause = 100;  // milliseconds
+constexpr int kAttempts = 100;
+
+// The folder as the file system itself names it: mapped drives, links and short names fall together.
+std::wstring FinalPath(const std::wstring& folder) {
+    const OwnedHandle handle =
+        FileHandle(CreateFileW(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                               FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!handle) return folder;
+    std::wstring path(32768, L'\0');
+    const DWORD length = GetFinalPathNameByHandleW(handle.get(), path.data(), static_cast<DWORD>(path.size()),
+                                                   FILE_NAME_NORMALIZED);
+    if (length == 0 || length >= path.size()) return folder;
+    path.resize(length);
+    return path;
+}
+
+// FNV-1a: a path may be longer than the name of a mutex, and holds backslashes, which such a name may not.
+std::wstring Hash(const std::wstring& text) {
+    std::uint64_t hash = 0xcbf29ce484222325;
+    for (const wchar_t character : text) {
+        hash = (hash ^ (character & 0xffu)) * 0x100000001b3;
+        hash = (hash ^ (character >> 8)) * 0x100000001b3;
+    }
+    wchar_t digits[17];
+    for (int place = 15; place >= 0; --place, hash >>= 4)
+        digits[place] = L"0123456789abcdef"[hash & 0xf];
+    digits[16] = L'\0';
+    return digits;
+}
+
+std::wstring NameFor(const std::wstring& folder) {
+    std::wstring path = FinalPath(folder);
+    CharUpperBuffW(path.data(), static_cast<DWORD>(path.size()));
+    return L"KAZ2-" + Hash(path);
+}
+
+}  // namespace
+
+SingleInstance::SingleInstance(const std::wstring& folder)
+    : name_(NameFor(folder)),
+      mutex_(CreateMutexW(nullptr, FALSE, (L"Local\\" + name_).c_str())) {}
+
+SingleInstance::~SingleInstance() {
+    if (owned_) ReleaseMutex(mutex_.get());
+}
+
+bool SingleInstance::IsOnly() {
+    for (int attempt = 0; mutex_ && attempt < kAttempts; ++attempt) {
+        const DWORD result = WaitForSingleObject(mutex_.get(), attempt == 0 ? 0 : kPause);
+        owned_ = result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
+        if (owned_) return true;
+        if (AskToComeForward()) return false;
+    }
+    // Without the mutex nothing can be told; two programs on one folder do no harm to its files.
+    return !AskToComeForward();
+}
+
+UINT SingleInstance::ComeForwardMessage() {
+    static const UINT message = RegisterWindowMessageW(L"KAZ2.ComeForward");
+    return message;
+}
+
+bool SingleInstance::AskToComeForward() const {
+    const HWND window = FindWindowW(kWindowClass, name_.c_str());
+    if (!window) return false;
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    // The user has just clicked for this program; the right to the foreground goes to the one that runs.
+    AllowSetForegroundWindow(process);
+    return PostMessageW(window, ComeForwardMessage(), 0, 0) != FALSE;
+}
+
+}  // namespace kaz

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "hosts/kaz2/Owned.h"
+
+#include <string>
+
+namespace kaz {
+
+// At most one running program for each data folder, whatever way the folder is spelled.
+class SingleInstance {
+public:
+    explicit SingleInstance(const std::wstring& folder);
+    ~SingleInstance();
+    SingleInstance(const SingleInstance&) = delete;
+    SingleInstance& operator=(const SingleInstance&) = delete;
+
+    // True when this is the only one, which it then is until its end. Otherwise the one that runs has been
+    // asked to come forward. One that is starting or ending just now is waited for, some seconds at most.
+    bool IsOnly();
+
+    // The class and the name of the window that receives the request.
+    static constexpr wchar_t kWindowClass[] = L"KAZ2Host";
+    const std::wstring& WindowName() const { return name_; }
+    // The request's message number.
+    static UINT ComeForwardMessage();
+
+private:
+    bool AskToComeForward() const;
+
+    std::wstring name_;
+    OwnedHandle mutex_;
+    bool owned_ = false;
+};
+
+}  // namespace kaz
