@@ -4,6 +4,7 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace kaz {
 
@@ -13,8 +14,9 @@ void ReminderLines::Add(const std::vector<std::string>& texts) {
     // equals.
     std::vector<Line> lines;
     lines.reserve(texts.size() + lines_.size());
-    for (auto text = texts.rbegin(); text != texts.rend(); ++text)
-        lines.push_back({NumberOf(*text), *text});
+    std::transform(texts.rbegin(), texts.rend(), std::back_inserter(lines), [](const std::string& text) {
+        return Line{NumberOf(text), text};
+    });
     std::move(lines_.begin(), lines_.end(), std::back_inserter(lines));
     std::stable_sort(lines.begin(), lines.end(),
                      [](const Line& a, const Line& b) { return a.number < b.number; });
