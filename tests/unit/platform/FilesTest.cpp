@@ -9,7 +9,6 @@ namespace kaz {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr const char* kFile = "C:\\KAZ\\Events.xml";
 
