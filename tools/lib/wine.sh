@@ -120,7 +120,7 @@ wine_start_resident() {
 wine_template() {
     mkdir -p "$wine_folder"
     local version template=$wine_folder/template
-    version=$({ cat "$root/tools/lib/wine.sh"; dpkg-query -W wine64 libwine fonts-wine 2>/dev/null; } | sha256sum)
+    version=$({ cat "$root"/tools/lib/wine.{sh,reg}; dpkg-query -W wine64 libwine fonts-wine 2>/dev/null; } | sha256sum)
     (
         flock -w 300 9 || die "another run has been making the Wine prefix for five minutes"
         [[ -e $template/complete && $(<"$template/complete") == "$version" ]] || wine_make_template "$version"
