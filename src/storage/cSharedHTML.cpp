@@ -20,12 +20,14 @@ constexpr auto npos = std::string_view::npos;
 // the same under every code page.
 std::size_t FindTag(std::string_view text, std::string_view tag, std::size_t from) {
     const CaseFolding& folding = CaseFolding::Ascii();
-    if (tag.empty() || tag[0] != '<') return folding.Find(text, tag, from);
+    if (tag.size() < 2 || tag[0] != '<') return folding.Find(text, tag, from);
+    // Most of the time of a search goes into tags that differ in their second character.
+    const char second = folding.Lower(tag[1]);
     while (from < text.size() && text.size() - from >= tag.size()) {
         const void* found = std::memchr(text.data() + from, '<', text.size() - from - (tag.size() - 1));
         if (found == nullptr) return npos;
         const auto at = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
-        if (folding.Equal(text.substr(at, tag.size()), tag)) return at;
+        if (folding.Lower(text[at + 1]) == second && folding.Equal(text.substr(at, tag.size()), tag)) return at;
         from = at + 1;
     }
     return npos;

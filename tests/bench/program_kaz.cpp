@@ -1,0 +1,121 @@
+// The work of a day without any window, as one process, to be timed beside other programs:
+//   bench_program_kaz agenda FILE YYYY-MM-DD [OUT]   what is due that day and what comes up
+//   bench_program_kaz save   FILE YYYY-MM-DD OUT     loads and writes the file
+//   bench_program_kaz update FILE YYYY-MM-DD OUT     day change: loads, moves past events on, lists, saves
+//   safely
+// Prints one line for each event due, and "In N day(s): " before those that come up.
+
+#include "fakes/FakeClock.h"
+#include "fakes/FakeDialogs.h"
+#include "fakes/FakeLocale.h"
+#include "fakes/FakePump.h"
+#include "fakes/FakeRandom.h"
+#include "fakes/FakeShell.h"
+#include "fakes/FakeSound.h"
+#include "fakes/FakeSystemInfo.h"
+#include "fakes/FakeWindowFactory.h"
+#include "platform/DateText.h"
+#include "platform/posix/PosixFileSystem.h"
+#include "reminders/ReminderText.h"
+#include "reminders/ReminderWindows.h"
+#include "reminders/clsReminder.h"
+#include "storage/clsDbXml.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <string>
+
+namespace kaz {
+namespace {
+
+class Program {
+public:
+    explicit Program(const std::string& out) : out_(out) { log_.OverrideLogFilename(out + ".log"); }
+
+    bool Run(const std::string& operation, const std::string& file, DateValue today) {
+        clock_.now = today;
+        events_.LoadDB(file);
+        if (operation == "save") return SaveTo(out_);
+        if (operation == "agenda")
+            MoveOn();
+        else if (operation == "update")
+            Update();
+        else
+            return false;
+        PrintAgenda();
+        return true;
+    }
+
+private:
+    bool SaveTo(const std::string& file) {
+        events_.SetDBFilename(file);
+        return events_.SaveDB();
+    }
+
+    void Update() {
+        events_.SetDBFilename(out_);
+        expired_.SetDBFilename(out_ + ".expired");
+        clsReminder(
+            {clock_, locale_, files_, pump_, shell_, log_, settings_, reminderWindows_, &events_, &expired_})
+            .UpdateAllEvents();
+    }
+
+    // What the update does, in memory only.
+    void MoveOn() {
+        const DateValue today = clock_.Today();
+        for (clsEvent& event : events_.AllEvents()) {
+            if (event.DueDate() < today && event.Recurring()) event.CalcNextDueDate(today, log_);
+            event.CalcDaysLeft(today);
+        }
+    }
+
+    void PrintAgenda() const {
+        std::string text;
+        for (const clsEvent& event : events_.AllEvents()) {
+            if (event.DaysLeft() == 0)
+                text.append(event.Desc()).append("\n");
+            else if (event.DaysLeft() >= 1 && event.DaysLeft() <= event.DaysWarning())
+                text.append(UpcomingLine(event.DaysLeft(), event.Desc())).append("\n");
+        }
+        std::fwrite(text.data(), 1, text.size(), stdout);
+    }
+
+    std::string out_;
+    PosixFileSystem files_;
+    FakeClock clock_;
+    FakeDialogs dialogs_;
+    FakeLocale locale_;
+    FakePump pump_;
+    FakeRandom random_;
+    FakeShell shell_;
+    FakeSound sound_;
+    FakeSystemInfo system_;
+    FakeWindowFactory windows_;
+    cSharedLogging log_{files_, clock_, system_, {"KAZ", "benchmark"}};
+    cSHAREDSettings settings_{files_, locale_, dialogs_, log_};
+    clsLayers layers_{settings_, locale_};
+    cSharedSound player_{sound_, files_, log_};
+    OpenWindows openWindows_;
+    const std::string folder_ = ".";
+    ReminderWindows reminderWindows_{
+        {windows_, openWindows_, log_, dialogs_, files_, pump_, settings_, player_, folder_}};
+    clsDbXml events_{{files_, clock_, random_, locale_, log_, settings_, layers_}};
+    clsDbXml expired_{{files_, clock_, random_, locale_, log_, settings_, layers_}};
+};
+
+}  // namespace
+}  // namespace kaz
+
+int main(int count, char** arguments) try {
+    if (count < 4) return 2;
+    const kaz::DateValue today = kaz::TextToDate(arguments[3], kaz::LocaleData());
+    kaz::Program program(count > 4 ? arguments[4] : "bench.out");
+    const bool done = program.Run(arguments[1], arguments[2], today);
+    std::fflush(stdout);
+    // The memory goes with the process, as in the programs that this one is timed beside.
+    std::_Exit(done ? 0 : 1);
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+}

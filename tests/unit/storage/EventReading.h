@@ -1,0 +1,72 @@
+#pragma once
+
+#include "base/ErrorTrap.h"
+#include "fakes/MemoryFileSystem.h"
+#include "platform/LocaleData.h"
+#include "storage/EventFileReader.h"
+#include "storage/EventXml.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kaz {
+
+// An event file as read: each event in one text, and the errors in their order. Equal when nothing differs.
+struct EventReading {
+    struct Errors : ErrorSink {
+        std::vector<std::string> told;
+        void Report(const ErrorInfo& error, std::string_view procedure,
+                    std::string_view module) noexcept override {
+            told.push_back(std::to_string(error.number) + " " + std::string(procedure) + " " +
+                           std::string(module));
+        }
+    };
+
+    std::vector<std::string> events;
+    std::vector<std::string> errors;
+    friend bool operator==(const EventReading&, const EventReading&) = default;
+
+    void Add(const clsEvent& event) {
+        std::string& text = events.emplace_back();
+        EventXml::AppendBlock(text, event);
+        // The seconds do not stand in the file.
+        text += std::to_string(event.AlarmTime().SecondOfDay()) + " " +
+                std::to_string(event.DueTime().SecondOfDay());
+    }
+
+    // Word for word what the format says: split at every block end, then search each field in each piece.
+    static EventReading BySearch(std::string_view file, const LocaleData& locale) {
+        EventReading reading;
+        Errors errors;
+        const EventXml xml(locale, errors);
+        for (bool last = false; !last;) {
+            const auto blockEnd = file.find(EventXml::kBlockEnd);
+            last = blockEnd == std::string_view::npos;
+            const std::string_view piece = file.substr(0, blockEnd);
+            if (!last) file.remove_prefix(blockEnd + EventXml::kBlockEnd.size());
+            if (!EventXml::HoldsBlock(piece)) continue;
+            clsEvent event;
+            xml.ReadBySearch(piece, event);
+            reading.Add(event);
+        }
+        reading.errors = errors.told;
+        return reading;
+    }
+
+    static EventReading Streamed(std::string_view file, const LocaleData& locale,
+                                 std::size_t bufferSize = EventFileReader::kBufferSize) {
+        MemoryFileSystem files;
+        files.Put("C:\\e.xml", std::string(file));
+        const auto input = files.OpenForReading("C:\\e.xml");
+        EventReading reading;
+        Errors errors;
+        EventFileReader reader(*input, locale, errors, bufferSize);
+        for (clsEvent event; reader.Next(event); event = {})
+            reading.Add(event);
+        reading.errors = errors.told;
+        return reading;
+    }
+};
+
+}  // namespace kaz

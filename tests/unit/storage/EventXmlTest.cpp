@@ -1,0 +1,208 @@
+#include "storage/EventXml.h"
+
+#include "base/Text.h"
+#include "fakes/FakeLocale.h"
+#include "fakes/TestData.h"
+#include "unit/storage/EventReading.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <iterator>
+#include <random>
+
+namespace kaz {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+std::string Golden(const std::string& name) {
+    std::ifstream file(TestData() + "/golden/" + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+// Every field different from its default and from its neighbours.
+clsEvent FullEvent() {
+    clsEvent event;
+    event.IDCode = "048213";
+    event.AlarmSet(true);
+    event.AlarmTime(DateValue::FromTime(14, 30));
+    event.Daynumber(5);
+    event.DayOfMonth(31);
+    event.DayOfWeek(7);
+    event.DaysLeft(-70000);
+    event.DaysWarning(14);
+    event.MailSent = true;
+    event.Desc("50% off: <b>Caf\xE9</b> & \"bar\"\r\n\t100_000 a-b/c\\d");
+    event.DueDate(DateValue::FromCivil(2006, 3, 1));
+    event.DueTime(DateValue::FromTime(14, 45));
+    event.Layer(19);
+    event.SharedLayerName = "Fu\xDF"
+                            "ball & Co";
+    event.Email = "ann@example.org;bob@example.org";
+    event.MinutesWarning(15);
+    event.MonthNumber(13);
+    event.Owner("Bj\xF6rn O'Neil");
+    event.Period(-32768);
+    event.RecurrenceType(4);
+    event.Recurring(true);
+    event.StartDate(DateValue::FromCivil(9999, 12, 31));
+    event.WeekDays(254);
+    event.SharedEvent = true;
+    event.ExecFile = true;
+    event.Filename = "C:\\Program Files\\a, b & c.exe";
+    event.WavFile = "\\\\server\\share\\ding.wav";
+    event.PlayWav = true;
+    event.ShareWithSpecific = true;
+    event.ShareNames = "Ann\r\nBob\r\n";
+    return event;
+}
+
+std::string FileOf(const std::vector<clsEvent>& events) {
+    std::string text(EventXml::kProlog);
+    for (const clsEvent& event : events)
+        EventXml::AppendBlock(text, event);
+    return text;
+}
+
+std::vector<LocaleData> Locales() {
+    return {FakeLocale::English(), FakeLocale::German(), FakeLocale::Polish(), FakeLocale::Hungarian()};
+}
+
+// The same file read in both ways and through buffers so small that every place is once their end.
+EventReading ReadAlike(const std::string& file, const LocaleData& locale = {}) {
+    const EventReading expected = EventReading::BySearch(file, locale);
+    EXPECT_EQ(EventReading::Streamed(file, locale), expected);
+    EXPECT_EQ(EventReading::Streamed(file, locale, 100), expected);
+    return expected;
+}
+
+TEST(EventXml, WritesTheFileByteForByte) {
+    // A pure time stands with the date of day zero; a time with a date keeps it; seconds are lost.
+    clsEvent dated;
+    dated.AlarmTime(DateValue(DateValue::FromCivil(2023, 3, 15).Day(), 8 * 3600 + 59));
+    EXPECT_EQ(FileOf({FullEvent(), clsEvent(), dated}), Golden("events.xml"));
+    EXPECT_EQ(FileOf({}), Golden("events_none.xml"));
+}
+
+TEST(EventXml, ReadsWhatItWroteInEveryLocale) {
+    const std::string file = Golden("events.xml");
+    for (const LocaleData& locale : Locales()) {
+        const EventReading reading = ReadAlike(file, locale);
+        EXPECT_THAT(reading.errors, IsEmpty());
+        ASSERT_THAT(reading.events, SizeIs(3));
+        EventReading expected;
+        expected.Add(FullEvent());
+        EXPECT_EQ(reading.events[0], expected.events[0]);
+    }
+}
+
+// One change to a file at a time, and how many of its events' fields cannot be read after it.
+TEST(EventXml, ReadsAnyOtherLayoutByTheTagsAlone) {
+    const std::string good = FileOf({FullEvent(), FullEvent()});
+    const EventReading before = ReadAlike(good);
+    const auto changed = [&](std::string_view what, std::string_view with) {
+        const std::string file = ReplaceAll(good, what, with);
+        EXPECT_NE(file, good) << what;
+        return ReadAlike(file);
+    };
+    const struct {
+        const char* what;
+        const char* with;
+    } harmless[] = {
+        {"\r\n", "\n"},
+        {"\t", ""},
+        {"<DayNumber>5</DayNumber>", "<dAYNUMBER>5</Daynumber>"},
+        {"<EVENT>", "<event>\r\n<Color>red</Color>"},
+        {"<IDCode>048213</IDCode>\r\n", ""},
+        {"</ShareNames>", "</ShareNames><IDCode>999999</IDCode>"},
+        {"<Layer>19</Layer>", "<Layer>1<Layer>9</Layer>"},
+        {"<Period>", "<!-- a > b --><Period>"},
+        {"<?xml", "<IDCodes><?xml"},
+    };
+    for (const auto& c : harmless) {
+        SCOPED_TRACE(c.what);
+        EventReading after = changed(c.what, c.with);
+        if (std::string_view(c.what).starts_with("<IDCode>")) {
+            const std::string code = "<IDCode></IDCode>";
+            for (std::string& event : after.events)
+                event.replace(event.find(code), code.size(), "<IDCode>048213</IDCode>");
+        }
+        EXPECT_EQ(after, before);
+    }
+
+    // A field that is missing, empty or malformed is one line in the log and keeps its default.
+    for (const char* bad : {"", "<Layer></Layer>", "<Layer>19x</Layer>", "<Layer>32768</Layer>"}) {
+        const EventReading after = changed("<Layer>19</Layer>", bad);
+        const char* error = std::string(bad).find("32768") == std::string::npos ? "13" : "6";
+        const std::string line = std::string(error) + " TransferXMLToObject clsDbXml";
+        EXPECT_THAT(after.errors, ElementsAre(line, line)) << bad;
+        EXPECT_EQ(ReplaceAll(after.events[0], "<Layer>0</Layer>", "<Layer>19</Layer>"), before.events[0])
+            << bad;
+    }
+    EXPECT_THAT(changed("<DueDate>2006-03-01", "<DueDate>2006-02-30").errors, SizeIs(2));
+    EXPECT_THAT(changed("14:30</AlarmTime>", "14:30:59</AlarmTime>").errors, IsEmpty());
+    // Without its block end the second block is part of the first one's piece, whose fields come first.
+    EXPECT_THAT(changed("</EVENT>", "</event>").events, ElementsAre(before.events[0]));
+    EXPECT_THAT(changed("<EVENT>", "<EVENTS>").events, IsEmpty());
+}
+
+TEST(EventXml, TakesAnEarlierTextForTheFieldWhoseTagItHolds) {
+    clsEvent event = FullEvent();
+    event.IDCode = "<Layer>7</Layer>";
+    event.SharedLayerName = "<email>";
+    event.Owner("x</Owner>y");
+    event.Filename = "<FileName>f</filename>";
+    const EventReading reading = ReadAlike(FileOf({event, FullEvent()}));
+    EXPECT_THAT(reading.errors, IsEmpty());
+    event.Layer(7);
+    event.SharedLayerName = "<email>";
+    event.Email = "</SharedLayerName>\r\n\t\tann@example.org;bob@example.org";
+    event.Owner("x");
+    event.Filename = "f";
+    EventReading expected;
+    expected.Add(event);
+    expected.Add(FullEvent());
+    EXPECT_EQ(reading, expected);
+}
+
+TEST(EventXml, ReadsEveryDamageAsTheSearchDoes) {
+    clsEvent small;
+    small.IDCode = "1";
+    const std::string good = FileOf({small, FullEvent()});
+    // At each place the bit of letter case and one more.
+    for (std::size_t place = 0; place < good.size() * 2; ++place) {
+        std::string file = good;
+        char& damaged = file[place / 2];
+        damaged = static_cast<char>(damaged ^ (place % 2 == 0 ? 0x20 : 1 << place / 2 % 8));
+        const EventReading expected = EventReading::BySearch(file, {});
+        ASSERT_EQ(EventReading::Streamed(file, {}), expected) << place;
+    }
+    for (std::size_t length = 0; length < good.size(); length += 3) {
+        const std::string file = good.substr(0, length);
+        ASSERT_EQ(EventReading::Streamed(file, {}, 64), EventReading::BySearch(file, {})) << length;
+    }
+    std::mt19937 random(1);
+    const std::string marked = ReplaceAll(good, "<", "\1<");
+    const std::vector<std::string_view> words = Split(marked, "\1");
+    for (int i = 0; i < 500; ++i) {
+        std::string file;
+        for (std::size_t n = random() % 300; n > 0; --n)
+            file += words[random() % words.size()];
+        ASSERT_EQ(EventReading::Streamed(file, {}, 64), EventReading::BySearch(file, {})) << file;
+    }
+}
+
+TEST(EventXml, GrowsTheBufferOnlyForALongBlock) {
+    clsEvent longEvent = FullEvent();
+    longEvent.Desc(std::string(3 * EventFileReader::kBufferSize, '%'));
+    const std::string file = FileOf({FullEvent(), longEvent, FullEvent()});
+    const EventReading reading = EventReading::Streamed(file, {});
+    ASSERT_THAT(reading.events, SizeIs(3));
+    EXPECT_EQ(reading, EventReading::BySearch(file, {}));
+}
+
+}  // namespace
+}  // namespace kaz
