@@ -23,6 +23,12 @@ public:
     DateValue Date() const { return DateValue::FromSerial(std::bit_cast<double>(Bits())); }
     // A field that was never filled holds zeros instead of blanks.
     std::string Text() const { return std::string(Trim(bytes_.substr(0, bytes_.find('\0')))); }
+    // The same for a text of one line.
+    std::string Line() const {
+        std::string text = Text();
+        std::erase_if(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
+        return std::string(Trim(text));
+    }
 
 private:
     std::uint64_t Bits() const {
@@ -79,7 +85,7 @@ constexpr Field kFields[] = {
      [](const E& e, Out out) { out.Number(e.DaysWarning()); }},
     {222, 2, [](E& e, In in) { e.MinutesWarning(in.Int16()); },
      [](const E& e, Out out) { out.Number(e.MinutesWarning()); }},
-    {232, 12, [](E& e, In in) { e.IDCode = in.Text(); }, [](const E& e, Out out) { out.Text(e.IDCode); }},
+    {232, 12, [](E& e, In in) { e.IDCode = in.Line(); }, [](const E& e, Out out) { out.Text(e.IDCode); }},
     {244, 2, [](E& e, In in) { e.RecurrenceType(in.Int16()); },
      [](const E& e, Out out) { out.Number(ToInt16(e.RecurrenceType())); }},
     {246, 2, [](E& e, In in) { e.AlarmSet(in.Flag()); }, [](const E& e, Out out) { out.Flag(e.AlarmSet()); }},
@@ -99,15 +105,15 @@ constexpr Field kFields[] = {
     {268, 4, [](E& e, In in) { e.DaysLeft(in.Int32()); },
      [](const E& e, Out out) { out.Number(e.DaysLeft()); }},
     {272, 2, [](E& e, In in) { e.Layer(in.Int16()); }, [](const E& e, Out out) { out.Number(e.Layer()); }},
-    {274, 14, [](E& e, In in) { e.Owner(in.Text()); }, [](const E& e, Out out) { out.Text(e.Owner()); }},
+    {274, 14, [](E& e, In in) { e.Owner(in.Line()); }, [](const E& e, Out out) { out.Text(e.Owner()); }},
     {288, 2, [](E& e, In in) { e.SharedEvent = in.Flag(); },
      [](const E& e, Out out) { out.Flag(e.SharedEvent); }},
     {290, 8, [](E& e, In in) { e.AlarmTime(in.Date()); },
      [](const E& e, Out out) { out.Date(e.AlarmTime()); }},
     {298, 2, [](E& e, In in) { e.ExecFile = in.Flag(); }, [](const E& e, Out out) { out.Flag(e.ExecFile); }},
-    {300, 150, [](E& e, In in) { e.Filename = in.Text(); },
+    {300, 150, [](E& e, In in) { e.Filename = in.Line(); },
      [](const E& e, Out out) { out.Text(e.Filename); }},
-    {450, 48, [](E& e, In in) { e.Email = in.Text(); }, [](const E& e, Out out) { out.Text(e.Email); }},
+    {450, 48, [](E& e, In in) { e.Email = in.Line(); }, [](const E& e, Out out) { out.Text(e.Email); }},
 };
 
 }  // namespace

@@ -9,8 +9,6 @@ namespace kaz {
 
 namespace {
 
-bool IsControl(char c) { return static_cast<unsigned char>(c) < ' '; }
-
 // Whether a reader of the tagged file would take some of the text for the file's own tags.
 bool HoldsTag(std::string_view text) {
     const auto holds = [&](std::string_view tag) {
@@ -24,8 +22,7 @@ bool HoldsTag(std::string_view text) {
 
 // A record holds any bytes, but these texts stand in the tagged file just as they are.
 std::string Tame(std::string text) {
-    std::erase_if(text, IsControl);
-    if (HoldsTag(text)) std::erase(text, '<');
+    if (text.find('<') != std::string::npos && HoldsTag(text)) std::erase(text, '<');
     return text;
 }
 
@@ -43,6 +40,7 @@ void clsDB2::ExportToXML(clsDbXml& target) {
         event.Owner(Tame(event.Owner()));
         event.Filename = Tame(std::move(event.Filename));
         event.Email = Tame(std::move(event.Email));
+        event.WavFile = Tame(std::move(event.WavFile));
         if (!event.IDCode.empty() && codes.insert(event.IDCode).second)
             kept.push_back(std::move(event));
         else
