@@ -28,8 +28,8 @@ struct SortKey {
 }  // namespace
 
 std::vector<ReportColumn> EventList::Columns() {
-    return {{"Left", 44},  {"Day", 40},   {"Date", 48}, {"Year", 44},        {"Event", 360},
-            {"Layer", 90}, {"Owner", 80}, {"Type", 40}, {"Shared With", 110}};
+    return {{"Left", 56},  {"Day", 40},   {"Date", 48}, {"Year", 44},       {"Event", 250},
+            {"Layer", 84}, {"Owner", 64}, {"Type", 44}, {"Shared With", 88}};
 }
 
 void EventList::Show(EventRows rows) {

@@ -1,0 +1,179 @@
+#include "Picture.h"
+#include "core/Application.h"
+#include "core/MainWindow.h"
+#include "fakes/FakePlatform.h"
+#include "platform/win32/DialogWindow.h"
+#include "platform/win32/Win32MessagePump.h"
+#include "platform/win32/Win32WindowFactory.h"
+#include "resources/resource.h"
+#include "ui/EventRows.h"
+#include "ui/FormFactory.h"
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace kaz {
+namespace {
+
+// The pictures are left in the folder of the test results.
+class MainWindowPicture : public testing::Test, public MainWindowEvents {
+protected:
+    MainWindowPicture() {
+        app.settings.StoreSetting("Owner", std::string("Smith"));
+        app.settings.StoreSetting("Networked", true);
+        app.layers.LoadLayers();
+        app.layers.Layer(1, "Home");
+        app.layers.Layer(2, "Work");
+        app.events = std::make_unique<clsDbXml>(app.Storage());
+        app.shared = std::make_unique<clsDbXml>(app.Storage());
+        app.expired = std::make_unique<clsDbXml>(app.Storage());
+        app.events->LoadDB("C:\\KAZ\\Events.xml");
+        app.expired->LoadDB("C:\\KAZ\\Expired.xml");
+
+        Add(*app.events, "Put the bins out", 0).Recurring(true);
+        Add(*app.events, "Dentist, bring the insurance card", 3);
+        Add(*app.events, "Team lunch at the Caf\xE9 Central", 5, 2).SharedEvent = true;
+        Add(*app.shared, "Release of the spring catalogue", 12, 2).Owner("Ann");
+        Add(*app.expired, "Renew the passport", -8);
+        for (int week = 1; week < 40; ++week)
+            Add(*app.events, "Water the plants", 7 * week).Recurring(true);
+    }
+    ~MainWindowPicture() override {
+        if (main) main->Unload();
+    }
+
+    Platform Services() {
+        machine.UseWindows(windows);
+        machine.pump.waiting = [this] { pump.ProcessPending(); };
+        return machine.Services();
+    }
+    clsEvent& Add(clsDbXml& database, const std::string& description, int days, int category = 1) {
+        clsEvent event;
+        event.IDCode = std::to_string(100000 + database.RecordCount());
+        event.Desc(description);
+        event.Owner("Smith");
+        event.Layer(static_cast<std::int16_t>(category));
+        event.RecurrenceType(RecurEveryNWeeks);
+        event.Period(1);
+        event.DueDate(machine.clock.Today().PlusDays(days));
+        event.StartDate(event.DueDate());
+        database.AllEvents().push_back(event);
+        return database.AllEvents().back();
+    }
+    void Open() {
+        main = MakeMainWindow(app, *this);
+        main->ShowWindow();
+        window = FindWindowW(nullptr, L"KAZ");
+        ASSERT_NE(nullptr, window);
+        SendMessageW(GetDlgItem(window, IDC_chkExpired), BM_CLICK, 0, 0);
+        list = GetDlgItem(window, IDC_ListEvents);
+        Paint();
+    }
+    void Paint() {
+        pump.ProcessPending();
+        UpdateWindow(window);
+        UpdateWindow(list);
+        pump.ProcessPending();
+    }
+    RECT Cell(int row, int column) const {
+        RECT place{};
+        ListView_GetSubItemRect(list, row, column, LVIR_LABEL, &place);
+        return place;
+    }
+    static int Pixels(const Picture& picture, const RECT& cell, int red, int green, int blue) {
+        return picture.Count(cell,
+                             Colour::Rgb(static_cast<std::uint8_t>(red), static_cast<std::uint8_t>(green),
+                                         static_cast<std::uint8_t>(blue)));
+    }
+
+    void fMain_ShutDownKAZ() override {}
+    void fMain_Rescan() override {}
+    void fMain_WindowClosed() override {}
+
+    FakePlatform machine;
+    Win32WindowFactory windows{GetModuleHandleW(nullptr)};
+    Win32MessagePump pump;
+    Application app{Services()};
+    std::shared_ptr<MainWindow> main;
+    HWND window = nullptr;
+    HWND list = nullptr;
+};
+
+TEST_F(MainWindowPicture, TheDescriptionAloneIsPaintedInTheColourOfItsType) {
+    Open();
+    const Picture picture = Picture::OfClient(list);
+    Picture::OfWhole(window).Save("main-window.bmp");
+
+    // In the order of the days left: expired (the selected row is painted in the system's colours, so it is
+    // looked at later), today's, the dentist, the user's shared one, then that of somebody else.
+    EXPECT_EQ(0, Pixels(picture, Cell(2, kEventColumn), 255, 0, 0));
+    EXPECT_GT(Pixels(picture, Cell(2, kEventColumn), 0, 0, 0), 20);
+    EXPECT_GT(Pixels(picture, Cell(3, kEventColumn), 0, 128, 0), 20);
+    EXPECT_EQ(0, Pixels(picture, Cell(3, kLayerColumn), 0, 128, 0));
+    EXPECT_GT(Pixels(picture, Cell(3, kLayerColumn), 0, 0, 0), 5);
+    const RECT others = Cell(5, kEventColumn);
+    EXPECT_GT(Pixels(picture, others, 0, 0, 255), 20);
+
+    ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
+    Paint();
+    EXPECT_GT(Pixels(Picture::OfClient(list), Cell(0, kEventColumn), 255, 0, 0), 20);
+    EXPECT_EQ(0, Pixels(Picture::OfClient(list), Cell(0, kLeftColumn), 255, 0, 0));
+}
+
+TEST_F(MainWindowPicture, TheFrameShowsTheBackgroundOfTheWindow) {
+    Open();
+    const Picture picture = Picture::OfClient(window);
+    RECT frame{};
+    GetWindowRect(GetDlgItem(window, IDC_fraFilter), &frame);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&frame), 2);
+    const LONG area = (frame.right - frame.left) * (frame.bottom - frame.top);
+    const COLORREF face = GetSysColor(COLOR_3DFACE);
+    EXPECT_GT(Pixels(picture, frame, GetRValue(face), GetGValue(face), GetBValue(face)), area / 2);
+}
+
+TEST_F(MainWindowPicture, TheListFillsTheWindowAtEverySizeAndTheFilterKeepsItsPlace) {
+    Open();
+    DialogWindow& dialog = *DialogWindow::Of(window);
+    const auto margins = [&] {
+        RECT client{}, place{};
+        GetClientRect(window, &client);
+        GetWindowRect(list, &place);
+        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+        return std::array<LONG, 4>{place.left, place.top, client.right - place.right,
+                                   client.bottom - place.bottom};
+    };
+    const auto before = margins();
+    for (const WindowSize size : {WindowSize{1000, 640}, WindowSize{520, 300}, WindowSize{50, 50}}) {
+        dialog.SetSize(size);
+        Paint();
+        EXPECT_EQ(before, margins()) << size.width;
+        EXPECT_GE(dialog.Size().width, size.width);
+    }
+    RECT place{};
+    GetClientRect(list, &place);
+    EXPECT_GT(place.bottom, 60);  // the smallest window still has room for rows
+    Picture::OfWhole(window).Save("main-window-small.bmp");
+}
+
+TEST_F(MainWindowPicture, ScrollingToTheEndPaintsTheLastRows) {
+    Open();
+    const int last = ListView_GetItemCount(list) - 1;
+    SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(last), FALSE);
+    Paint();
+    const Picture picture = Picture::OfClient(list);
+    EXPECT_GT(Pixels(picture, Cell(last, kEventColumn), 0, 0, 0), 20);
+
+    // The list shrinks while it is scrolled down: what is left is painted, and nothing behind it.
+    SendMessageW(GetDlgItem(window, IDC_cmbCategories), CB_SETCURSEL, 2, 0);
+    SendMessageW(window, WM_COMMAND, MAKEWPARAM(IDC_cmbCategories, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(GetDlgItem(window, IDC_cmbCategories)));
+    Paint();
+    EXPECT_EQ(2, ListView_GetItemCount(list));
+    EXPECT_EQ(0, ListView_GetTopIndex(list));
+    EXPECT_GT(Pixels(Picture::OfClient(list), Cell(1, kEventColumn), 0, 0, 255), 20);
+}
+
+}  // namespace
+}  // namespace kaz
