@@ -68,7 +68,7 @@ void ListContents::Append(const std::wstring& text) {
 }
 
 void ListContents::FitWidth(const std::vector<std::string>& items) {
-    if (kind_ != ControlKind::ListBox || (GetWindowLongPtrW(control_, GWL_STYLE) & WS_HSCROLL) == 0) return;
+    if (kind_ != ControlKind::ListBox) return;
     // Adding up the widths of the characters is a hundred times faster than measuring each line.
     INT widths[256] = {};
     const HDC device = GetDC(control_);

@@ -1,0 +1,146 @@
+#include "ModalDriver.h"
+#include "WindowFixture.h"
+#include "platform/win32/Text.h"
+#include "platform/win32/Win32Dialogs.h"
+#include "resources/resource.h"
+
+namespace kaz {
+namespace {
+
+class ModalTest : public WindowFixture {
+protected:
+    static std::string TextOf(HWND box, int control) {
+        wchar_t text[300] = L"";
+        GetDlgItemTextW(box, control, text, 300);
+        return ToCodePage(text);
+    }
+
+    ModalDriver user;
+    Win32Dialogs dialogs{GetModuleHandleW(nullptr)};
+};
+
+TEST_F(ModalTest, DisablesTheWindowOfWorkAndNotTheOneThatCameByItself) {
+    DialogWindow reminder(GetModuleHandleW(nullptr), IDD_SMALL);
+    DialogWindow box(GetModuleHandleW(nullptr), IDD_SMALL);
+    Show();
+    reminder.Show(Activation::KeepFocus);
+    Settle();
+    bool workEnabled = true;
+    bool reminderEnabled = false;
+    HWND owner = nullptr;
+    user.Then([&](HWND shown) {
+        workEnabled = IsWindowEnabled(window->Handle());
+        reminderEnabled = IsWindowEnabled(reminder.Handle());
+        owner = GetWindow(shown, GW_OWNER);
+        box.EndModal(42);
+    });
+    EXPECT_EQ(42, box.ShowModal());
+    EXPECT_FALSE(workEnabled);
+    EXPECT_TRUE(reminderEnabled);
+    EXPECT_EQ(window->Handle(), owner);
+    EXPECT_TRUE(IsWindowEnabled(window->Handle()));
+    EXPECT_FALSE(box.IsVisible());
+    EXPECT_EQ(window->Handle(), GetActiveWindow());
+
+    user.Then([&](HWND) { box.EndModal(7); });
+    EXPECT_EQ(7, box.ShowModal());
+}
+
+TEST_F(ModalTest, EndsWhenItsWindowIsDestroyedOrTheProgramIsToldToQuit) {
+    Show();
+    auto box = std::make_unique<DialogWindow>(GetModuleHandleW(nullptr), IDD_SMALL);
+    user.Then([&](HWND) { box.reset(); });
+    EXPECT_EQ(IDCANCEL, box->ShowModal());
+    EXPECT_TRUE(IsWindowEnabled(window->Handle()));
+
+    box = std::make_unique<DialogWindow>(GetModuleHandleW(nullptr), IDD_SMALL);
+    user.Then([](HWND) { PostQuitMessage(3); });
+    EXPECT_EQ(IDCANCEL, box->ShowModal());
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    }
+    EXPECT_EQ(3U, message.wParam);
+}
+
+TEST_F(ModalTest, AHandlerOfAKeyMayOpenABox) {
+    Show();
+    std::optional<std::string> answer;
+    handler = [&](int control, Raised what) {
+        if (control == IDM_GO && what == Raised::Click)
+            answer = dialogs.InputBox("Search", "Enter search term", "cat");
+    };
+    user.Then([&](HWND box) {
+        wchar_t title[20] = L"";
+        GetWindowTextW(box, title, 20);
+        EXPECT_EQ(std::wstring(L"Search"), title);
+        EXPECT_EQ("Enter search term", TextOf(box, IDC_lblPrompt));
+        EXPECT_EQ("cat", TextOf(box, IDC_txtAnswer));
+        SetDlgItemTextW(box, IDC_txtAnswer, L"dog");
+        PostMessageW(GetDlgItem(box, IDC_txtAnswer), WM_KEYDOWN, VK_RETURN, 1);
+    });
+    Key(At(IDC_REPORT), VK_F5);
+    EXPECT_EQ("dog", answer);
+    EXPECT_TRUE(user.Done());
+}
+
+TEST_F(ModalTest, TheInputBoxRefusesWhatCannotBeStoredAndStaysOpen) {
+    Show();
+    HWND box = nullptr;
+    std::string said;
+    user.Then([&](HWND shown) {
+        box = shown;
+        SetDlgItemTextW(box, IDC_txtAnswer, L"\x041F");
+        PostMessageW(GetDlgItem(box, IDOK), BM_CLICK, 0, 0);
+    });
+    user.Then([&](HWND message) {
+        said = TextOf(message, 0xFFFF);
+        SetDlgItemTextW(box, IDC_txtAnswer, L"P");
+        PostMessageW(message, WM_COMMAND, IDOK, 0);
+        PostMessageW(GetDlgItem(box, IDOK), BM_CLICK, 0, 0);
+    });
+    EXPECT_EQ("P", dialogs.InputBox("Title", "A prompt\r\nof two lines", ""));
+    EXPECT_NE(std::string::npos, said.find("U+041F")) << said;
+
+    user.Then([](HWND shown) { PostMessageW(shown, WM_CLOSE, 0, 0); });
+    EXPECT_EQ(std::nullopt, dialogs.InputBox("Title", "Prompt", "kept"));
+    user.Press(IDCANCEL);
+    EXPECT_EQ(std::nullopt, dialogs.InputBox("Title", "Prompt", "kept"));
+}
+
+TEST_F(ModalTest, MessagesAndQuestions) {
+    Show();
+    std::wstring title(20, L'\0');
+    user.Then([&](HWND box) {
+        title.resize(static_cast<std::size_t>(GetWindowTextW(box, title.data(), 20)));
+        EXPECT_EQ("caf\xE9", TextOf(box, 0xFFFF));
+        EXPECT_EQ(window->Handle(), GetWindow(box, GW_OWNER));
+        PostMessageW(box, WM_COMMAND, IDOK, 0);
+    });
+    dialogs.Message("caf\xE9");
+    EXPECT_EQ(L"The title", title);
+    user.Press(IDYES);
+    EXPECT_TRUE(dialogs.AskYesNo("Sure?"));
+    user.Press(IDNO);
+    EXPECT_FALSE(dialogs.AskYesNo("Sure?"));
+}
+
+TEST_F(ModalTest, PicksADate) {
+    Show();
+    user.Press(IDOK);
+    EXPECT_EQ(DateValue::FromCivil(2024, 2, 29),
+              dialogs.PickDate("Due on:", DateValue::FromCivil(2024, 2, 29)));
+    user.Press(IDCANCEL);
+    EXPECT_EQ(std::nullopt, dialogs.PickDate("Due on:", DateValue::FromCivil(2024, 2, 29)));
+    user.Then([](HWND box) {
+        SYSTEMTIME day{};
+        day.wYear = 2025;
+        day.wMonth = 12;
+        day.wDay = 24;
+        SendDlgItemMessageW(box, IDC_calDate, MCM_SETCURSEL, 0, reinterpret_cast<LPARAM>(&day));
+        PostMessageW(GetDlgItem(box, IDOK), BM_CLICK, 0, 0);
+    });
+    EXPECT_EQ(DateValue::FromCivil(2025, 12, 24), dialogs.PickDate("", DateValue::FromCivil(100, 1, 1)));
+}
+
+}  // namespace
+}  // namespace kaz
