@@ -28,7 +28,7 @@ Scanned ScanHexadecimal(std::string_view text) {
     const auto [end, error] = std::from_chars(first, text.data() + text.size(), bits, 16);
     if (end == first || error != std::errc{}) return {};
     const auto digits = end - first;
-    double value = static_cast<double>(bits);
+    auto value = static_cast<double>(bits);
     if (digits <= 4)
         value = static_cast<std::int16_t>(static_cast<std::uint16_t>(bits));
     else if (digits <= 8)

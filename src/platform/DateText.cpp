@@ -78,6 +78,10 @@ std::size_t RunLength(std::string_view pattern, std::size_t at, std::size_t most
     return length;
 }
 
+bool Mentions(std::string_view text, std::string_view word) {
+    return CaseFolding::Ascii().Find(text, word) != std::string_view::npos;
+}
+
 // A pattern in the notation of Windows, where case tells months from minutes and quoted text stands for
 // itself.
 void AppendByWindowsPattern(std::string& text, DateValue date, std::string_view pattern,
@@ -118,7 +122,7 @@ void AppendByWindowsPattern(std::string& text, DateValue date, std::string_view 
 
 std::string FormatDate(DateValue date, std::string_view pattern, const LocaleData& locale) {
     const CaseFolding& folding = CaseFolding::Ascii();
-    const bool twelve = folding.Find(pattern, kMorningOrAfternoon) != std::string_view::npos;
+    const bool twelve = Mentions(pattern, kMorningOrAfternoon);
     std::string text;
     Writer writer(text, date, locale);
     enum class Last { Other, Hour, HourAndColon } last = Last::Other;

@@ -15,7 +15,7 @@ bool FolderExists(const FileSystem& files, const std::string& path) {
 
 std::string ReadWholeFile(FileSystem& files, const std::string& path) {
     const auto file = files.OpenForReading(path);
-    constexpr std::size_t kPiece = 64 * 1024;
+    constexpr std::size_t kPiece = 65536;
     std::string text;
     std::size_t used = 0;
     for (;;) {

@@ -1,6 +1,7 @@
 #include "fakes/MemoryFileSystem.h"
 
 #include "base/CaseFolding.h"
+#include "fakes/MemoryFile.h"
 #include "platform/Files.h"
 
 #include <algorithm>
@@ -29,71 +30,6 @@ bool IsRoot(const std::string& path) {
 }
 
 }  // namespace
-
-class MemoryInput : public InputFile {
-public:
-    MemoryInput(MemoryFileSystem& files, std::shared_ptr<MemoryFileSystem::Node> node)
-        : files_(files),
-          node_(std::move(node)) {
-        ++node_->open;
-    }
-    ~MemoryInput() override { --node_->open; }
-    MemoryInput(const MemoryInput&) = delete;
-    MemoryInput& operator=(const MemoryInput&) = delete;
-
-    std::size_t Read(char* buffer, std::size_t capacity) override {
-        files_.faults.Operation();
-        const std::size_t count = std::min(capacity, node_->text.size() - std::min(at_, node_->text.size()));
-        std::copy_n(node_->text.data() + at_, count, buffer);
-        at_ += count;
-        return count;
-    }
-    std::uint64_t Size() const override { return node_->text.size(); }
-
-private:
-    MemoryFileSystem& files_;
-    std::shared_ptr<MemoryFileSystem::Node> node_;
-    std::size_t at_ = 0;
-};
-
-class MemoryOutput : public OutputFile {
-public:
-    MemoryOutput(MemoryFileSystem& files, std::shared_ptr<MemoryFileSystem::Node> node)
-        : files_(files),
-          node_(std::move(node)) {
-        ++node_->open;
-        ++files_.written;
-    }
-    ~MemoryOutput() override { Release(); }
-    MemoryOutput(const MemoryOutput&) = delete;
-    MemoryOutput& operator=(const MemoryOutput&) = delete;
-
-    void Write(std::string_view text) override {
-        files_.faults.Operation();
-        const std::size_t fits = std::min(text.size(), files_.freeBytes.value_or(text.size()));
-        node_->text.append(text.substr(0, fits));
-        files_.Touch(*node_);
-        if (files_.freeBytes) *files_.freeBytes -= fits;
-        if (fits < text.size()) throw RuntimeError(ErrorNumber::DiskFull);
-    }
-    void Flush() override {
-        files_.faults.Operation();
-        node_->onDisk = node_->text;
-    }
-    void Close() override {
-        Release();
-        files_.faults.Operation();
-    }
-
-private:
-    void Release() {
-        if (std::exchange(open_, false)) --node_->open;
-    }
-
-    MemoryFileSystem& files_;
-    std::shared_ptr<MemoryFileSystem::Node> node_;
-    bool open_ = true;
-};
 
 PathKind MemoryFileSystem::Kind(const std::string& path) const {
     const NodePointer node = Find(path);
