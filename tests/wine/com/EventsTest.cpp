@@ -106,6 +106,25 @@ TEST_F(Events, HostMayCallBackAndEvenLetGoInAnEvent) {
     EXPECT_NE(folder.Read("Kaz.ini").find("OWNER,Single\r\n"), std::string::npos);
 }
 
+// The window that raises the event is still in its own code when the host has let go of everything.
+TEST_F(Events, HostMayLetGoWhileTheMainWindowCloses) {
+    auto connection = std::make_unique<Connection>(component, host);
+    component->ShowMain();
+    PumpMessages();
+    const HWND window = FindWindowW(L"#32770", L"KAZ");
+    ASSERT_TRUE(window);
+    host.reaction = [&](DISPID) {
+        component->ShutDown();
+        connection.reset();
+        component.Reset();
+    };
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    PumpMessages();
+    EXPECT_THAT(host.heard, ElementsAre(L"Closed()"));
+    EXPECT_FALSE(component);
+    EXPECT_FALSE(IsWindow(window));
+}
+
 TEST_F(Events, ListIsACollectionForScripts) {
     const Connection connection(component, host);
     component->ScanEvents();

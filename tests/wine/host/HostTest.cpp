@@ -1,0 +1,137 @@
+#include "RunningHost.h"
+#include "fakes/Sample.h"
+#include "fakes/TestFolder.h"
+#include "platform/win32/Win32Clock.h"
+
+#include <gtest/gtest.h>
+
+namespace kaz::test {
+
+namespace {
+
+constexpr wchar_t kMain[] = L"KAZ";
+// Written in lower case, so that a saving of the settings shows.
+const std::string kSettings = "owner,Single\r\nNOAUTOBACKUPS,-1\r\n";
+
+std::wstring Quoted(const std::filesystem::path& path) { return L"\"" + path.wstring() + L"\""; }
+
+class Host : public testing::Test {
+protected:
+    void SetUp() override {
+        folder.Write("Kaz.ini", kSettings);
+        const DateValue today = Win32Clock().Today();
+        folder.Write("Events.xml", FileOf({OneOff("000001", "Caf\xe9 au lait", today)}));
+    }
+    void ExpectSaved() const {
+        EXPECT_NE(folder.Read("Kaz.ini").find("OWNER,Single\r\n"), std::string::npos)
+            << folder.Read("Kaz.ini");
+    }
+
+    TestFolder folder;
+};
+
+}  // namespace
+
+TEST_F(Host, ShowsTheWindowAndWritesTheListsOfAScan) {
+    // A backslash before the closing quotation mark is what a shell's completion leaves.
+    const RunningHost host(L"--lists " + Quoted(folder.Path() / "lists.txt") + L" \"" +
+                           folder.Path().wstring() + L"\\\"");
+    EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
+    EXPECT_TRUE(Eventually([&] { return !folder.Read("lists.txt").empty(); }));
+    const std::string lists = folder.Read("lists.txt");
+    EXPECT_TRUE(lists.starts_with("TODAY\nCaf\xc3\xa9 au lait\n\nCOMING UP\nNone\n\nALL EVENTS\n0000,"))
+        << lists;
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() / "alarm.wav")) << "the default sound is provided";
+
+    // Closing the window is the end, as long as there is nothing else to click on.
+    PostMessageW(host.VisibleWindow(kMain), WM_CLOSE, 0, 0);
+    EXPECT_EQ(host.ExitCode(), 0);
+    ExpectSaved();
+}
+
+TEST_F(Host, SecondStartOnTheSameFolderBringsTheFirstForwardAndLeaves) {
+    folder.Write("Kaz.ini", kSettings + "SILENTSTART,0\r\nSilentStart,-1\r\n");
+    const RunningHost first(Quoted(folder.Path()) + L" --lists " + Quoted(folder.Path() / "lists.txt"));
+    EXPECT_TRUE(Eventually([&] { return !folder.Read("lists.txt").empty(); }));
+    ASSERT_TRUE(first.HostWindow());
+    Sleep(300);
+    EXPECT_EQ(first.VisibleWindow(kMain), nullptr) << "a silent start shows reminders only";
+
+    std::wstring spelling =
+        (folder.Path() / "..").wstring() + L"\\" + folder.Path().filename().wstring() + L"\\.";
+    CharUpperBuffW(spelling.data(), static_cast<DWORD>(spelling.size()));
+    EXPECT_EQ(RunningHost(Quoted(spelling)).ExitCode(), 0);
+    EXPECT_TRUE(Eventually([&] { return first.VisibleWindow(kMain) != nullptr; }));
+
+    // Another folder is another program.
+    const TestFolder other;
+    const RunningHost second(Quoted(other.Path()));
+    EXPECT_TRUE(Eventually([&] { return second.VisibleWindow(kMain) != nullptr; }));
+
+    // The one that starts while the first ends takes its place.
+    PostMessageW(first.HostWindow(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(first.ExitCode(), 0);
+    ExpectSaved();
+    const RunningHost third(Quoted(folder.Path()));
+    EXPECT_TRUE(third.HostWindow());
+}
+
+TEST_F(Host, EndOfTheSessionSavesBeforeTheAnswer) {
+    const RunningHost host(Quoted(folder.Path()));
+    EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
+    const HWND window = host.HostWindow();
+    EXPECT_EQ(SendMessageW(window, WM_QUERYENDSESSION, 0, 0), 1);
+    SendMessageW(window, WM_ENDSESSION, FALSE, 0);
+    EXPECT_NE(host.VisibleWindow(kMain), nullptr) << "somebody else refused to end the session";
+    SendMessageW(window, WM_ENDSESSION, TRUE, 0);
+    ExpectSaved();
+    EXPECT_EQ(host.ExitCode(), 0);
+}
+
+TEST_F(Host, FolderOfTheProgramItselfWhenItIsPortable) {
+    const std::filesystem::path beside = RunningHost::Program().parent_path();
+    for (const char* file : {"KAZ2.exe", "Kazlib.dll"})
+        std::filesystem::copy_file(beside / file, folder.Path() / file);
+    std::filesystem::remove(folder.Path() / "Kaz.ini");
+    folder.Write("portable", "");
+    const RunningHost host(L"", folder.Path() / "KAZ2.exe");
+    EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
+    EXPECT_NE(folder.Read("Log_KAZ.txt").find("KAZ Startup"), std::string::npos);
+    PostMessageW(host.HostWindow(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(host.ExitCode(), 0);
+}
+
+TEST_F(Host, ReasonOfAFailedStartIsTold) {
+    const auto expectTold = [](const RunningHost& host, const wchar_t* words) {
+        HWND box = nullptr;
+        ASSERT_TRUE(Eventually([&] { return (box = host.VisibleWindow(L"KAZ")) != nullptr; }));
+        wchar_t text[500] = L"";
+        GetDlgItemTextW(box, 0xFFFF, text, 500);
+        EXPECT_NE(std::wstring_view(text).find(words), std::wstring_view::npos)
+            << std::filesystem::path(text);
+        PostMessageW(box, WM_COMMAND, IDOK, 0);
+        EXPECT_EQ(host.ExitCode(), 1);
+    };
+    expectTold(RunningHost(Quoted(folder.Path() / "not" / "there")), L"cannot be created");
+    expectTold(RunningHost(Quoted(folder.Path() / "Kaz.ini")), L"cannot use the folder");
+
+    std::filesystem::copy_file(RunningHost::Program(), folder.Path() / "KAZ2.exe");
+    expectTold(RunningHost(Quoted(folder.Path()), folder.Path() / "KAZ2.exe"), L"Kazlib.dll is missing");
+}
+
+// The last one, since what a test prints on a terminal is lost once it has let go of that.
+TEST_F(Host, ControlCInTheConsoleOfItsParentEndsItCleanly) {
+    FreeConsole();
+    ASSERT_TRUE(AllocConsole()) << GetLastError();
+    // This program shares the console; a handler of its own keeps it alive and is not inherited.
+    const auto ignore = [](DWORD) -> BOOL { return TRUE; };
+    SetConsoleCtrlHandler(ignore, TRUE);
+    const RunningHost host(Quoted(folder.Path()));
+    EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
+    EXPECT_TRUE(GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0));
+    EXPECT_EQ(host.ExitCode(), 0);
+    ExpectSaved();
+    SetConsoleCtrlHandler(ignore, FALSE);
+}
+
+}  // namespace kaz::test

@@ -1,0 +1,76 @@
+#include "RunningHost.h"
+
+#include <gtest/gtest.h>
+
+namespace kaz::test {
+
+namespace {
+
+std::wstring TextOf(HWND window) {
+    wchar_t text[100] = L"";
+    InternalGetWindowText(window, text, 100);
+    return text;
+}
+
+}  // namespace
+
+RunningHost::RunningHost(const std::wstring& arguments, const std::filesystem::path& program) {
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    std::wstring line = L"\"" + program.wstring() + L"\" " + arguments;
+    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                               &process_));
+}
+
+RunningHost::~RunningHost() {
+    TerminateProcess(process_.hProcess, 99);
+    WaitForSingleObject(process_.hProcess, 5000);
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+}
+
+std::filesystem::path RunningHost::Program() {
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    return std::filesystem::path(program).replace_filename("KAZ2.exe");
+}
+
+HWND RunningHost::HostWindow() const {
+    HWND window = nullptr;
+    Eventually([&] {
+        while ((window = FindWindowExW(nullptr, window, L"KAZ2Host", nullptr))) {
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            if (process == process_.dwProcessId) return true;
+        }
+        return false;
+    });
+    return window;
+}
+
+HWND RunningHost::VisibleWindow(const wchar_t* title) const {
+    struct Search {
+        DWORD process;
+        const wchar_t* title;
+        HWND found = nullptr;
+    } search{process_.dwProcessId, title};
+    const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+        auto& wanted = *reinterpret_cast<Search*>(parameter);
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        if (process == wanted.process && IsWindowVisible(window) && TextOf(window) == wanted.title)
+            wanted.found = window;
+        return TRUE;
+    };
+    EnumWindows(look, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+int RunningHost::ExitCode() const {
+    if (WaitForSingleObject(process_.hProcess, 20000) != WAIT_OBJECT_0) return -1;
+    DWORD code = 0;
+    GetExitCodeProcess(process_.hProcess, &code);
+    return static_cast<int>(code);
+}
+
+}  // namespace kaz::test
