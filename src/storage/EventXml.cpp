@@ -1,5 +1,6 @@
 #include "storage/EventXml.h"
 
+#include "base/CaseFolding.h"
 #include "storage/EventFields.h"
 #include "storage/cSharedHTML.h"
 
@@ -13,24 +14,31 @@ namespace {
 constexpr std::string_view kBlockHead = "<KAZ2>\r\n\t<EVENT>\r\n";
 constexpr std::string_view kBlockTail = "\r\n</KAZ2>\r\n";
 
-// What stands around the values of a block: between[0] before the first, between[i] after value i-1 and
-// before value i, and the last one after the last value, up to the block end.
+std::string StartTag(std::string_view name) { return std::string("<").append(name).append(">"); }
+std::string EndTag(std::string_view name) { return std::string("</").append(name).append(">"); }
+
+// The tags of a block, put together once.
 struct Layout {
+    // What stands around the values: between[0] before the first, between[i] after value i-1 and before value
+    // i, and the last one after the last value, up to the block end.
     std::array<std::string, kEventFieldCount + 1> between;
+    std::array<std::string, kEventFieldCount> searchedStart;
+    std::array<std::string, kEventFieldCount> searchedEnd;
 
     Layout() {
         const auto& fields = EventFields();
-        const auto tag = [](std::string_view name) { return std::string("<").append(name).append(">"); };
-        const auto endTag = [](std::string_view name) { return std::string("</").append(name).append(">"); };
-        between[0] = "\t\t" + tag(fields[0].tag);
+        between[0] = "\t\t" + StartTag(fields[0].tag);
         for (std::size_t i = 1; i < kEventFieldCount; ++i)
-            between[i] = endTag(fields[i - 1].tag) + "\r\n\t\t" + tag(fields[i].tag);
-        between[kEventFieldCount] =
-            endTag(fields[kEventFieldCount - 1].tag) + "\r\n\t" + std::string(EventXml::kBlockEnd);
+            between[i] = EndTag(fields[i - 1].tag) + "\r\n\t\t" + StartTag(fields[i].tag);
+        between.back() = EndTag(fields.back().tag) + "\r\n\t" + std::string(EventXml::kBlockEnd);
+        for (std::size_t i = 0; i < kEventFieldCount; ++i) {
+            searchedStart[i] = StartTag(fields[i].searchedTag);
+            searchedEnd[i] = EndTag(fields[i].searchedTag);
+        }
     }
 };
 
-const Layout& WrittenLayout() {
+const Layout& BlockLayout() {
     static const Layout layout;
     return layout;
 }
@@ -48,7 +56,7 @@ bool Skip(std::string_view& text, std::string_view expected) {
 bool FindExpectedValues(std::string_view& text, Values& values) {
     const bool first = Skip(text, EventXml::kProlog);
     if (!first && !Skip(text, kBlockTail)) return false;
-    const Layout& layout = WrittenLayout();
+    const Layout& layout = BlockLayout();
     if (!Skip(text, kBlockHead) || !Skip(text, layout.between[0])) return false;
     for (std::size_t i = 0; i < kEventFieldCount; ++i) {
         const void* found = std::memchr(text.data(), '<', text.size());
@@ -58,6 +66,35 @@ bool FindExpectedValues(std::string_view& text, Values& values) {
         if (!Skip(text, layout.between[i + 1])) return false;
     }
     return true;
+}
+
+using Places = std::array<std::size_t, kEventFieldCount>;
+
+// Where a search from the start of the piece finds each field's start tag; one walk instead of a search for
+// each.
+Places FirstPlaces(std::string_view piece) {
+    Places places;
+    places.fill(std::string_view::npos);
+    std::size_t missing = kEventFieldCount;
+    std::size_t next = 0;  // a file in another layout still tends to have the fields in their order
+    for (auto at = piece.find('<'); at != std::string_view::npos && missing > 0;
+         at = piece.find('<', at + 1)) {
+        const std::string_view rest = piece.substr(at);
+        if (rest.starts_with("</")) continue;
+        for (std::size_t tried = 0; tried < kEventFieldCount; ++tried) {
+            const std::size_t field = (next + tried) % kEventFieldCount;
+            const std::string& tag = BlockLayout().searchedStart[field];
+            if (rest.size() < tag.size() || rest[tag.size() - 1] != '>') continue;
+            if (!CaseFolding::Ascii().Equal(rest.substr(0, tag.size()), tag)) continue;
+            if (places[field] == std::string_view::npos) {
+                places[field] = at;
+                --missing;
+            }
+            next = field + 1;
+            break;
+        }
+    }
+    return places;
 }
 
 // A field that cannot be read is one line in the log and keeps its default; reading goes on with the next
@@ -72,7 +109,7 @@ void TransferXMLToObject(const Values& values, clsEvent& event, const LocaleData
 }  // namespace
 
 void EventXml::AppendBlock(std::string& text, const clsEvent& event) {
-    const Layout& layout = WrittenLayout();
+    const Layout& layout = BlockLayout();
     const auto& fields = EventFields();
     text.append(kBlockHead);
     for (std::size_t i = 0; i < kEventFieldCount; ++i) {
@@ -93,12 +130,14 @@ std::size_t EventXml::ReadAsWritten(std::string_view text, clsEvent& event) cons
 }
 
 void EventXml::ReadBySearch(std::string_view piece, clsEvent& event) const {
+    const Layout& layout = BlockLayout();
+    const Places places = FirstPlaces(piece);
     std::array<std::string, kEventFieldCount> contents;
     Values values;
-    const auto& fields = EventFields();
     for (std::size_t i = 0; i < kEventFieldCount; ++i) {
-        const std::string name(fields[i].searchedTag);
-        contents[i] = cSharedHTML::ExtractBetweenTags(piece, "<" + name + ">", "</" + name + ">");
+        if (places[i] == std::string_view::npos) continue;
+        contents[i] = cSharedHTML::ExtractBetweenTags(piece.substr(places[i]), layout.searchedStart[i],
+                                                      layout.searchedEnd[i]);
         values[i] = contents[i];
     }
     TransferXMLToObject(values, event, locale_, errors_);

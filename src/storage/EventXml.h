@@ -32,7 +32,7 @@ public:
     // read nothing. The result is always that of ReadBySearch for the same piece, several times as fast.
     std::size_t ReadAsWritten(std::string_view text, clsEvent& event) const;
 
-    // Reads a piece whatever its layout: each field is searched from the start of the piece.
+    // Reads a piece whatever its layout: each field from its first start tag on, wherever that stands.
     void ReadBySearch(std::string_view piece, clsEvent& event) const;
 
 private:

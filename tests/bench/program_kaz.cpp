@@ -31,7 +31,10 @@ namespace {
 
 class Program {
 public:
-    explicit Program(const std::string& out) : out_(out) { log_.OverrideLogFilename(out + ".log"); }
+    explicit Program(const std::string& out) : out_(out) {
+        log_.OverrideLogFilename(out + ".log");
+        settings_.sSet("Owner", std::string("Single"));
+    }
 
     bool Run(const std::string& operation, const std::string& file, DateValue today) {
         clock_.now = today;

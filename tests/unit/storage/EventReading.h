@@ -3,8 +3,10 @@
 #include "base/ErrorTrap.h"
 #include "fakes/MemoryFileSystem.h"
 #include "platform/LocaleData.h"
+#include "storage/EventFields.h"
 #include "storage/EventFileReader.h"
 #include "storage/EventXml.h"
+#include "storage/cSharedHTML.h"
 
 #include <string>
 #include <string_view>
@@ -35,19 +37,25 @@ struct EventReading {
                 std::to_string(event.DueTime().SecondOfDay());
     }
 
-    // Word for word what the format says: split at every block end, then search each field in each piece.
+    // Word for word what the format says: split at every block end, then search each field from the start of
+    // the piece.
     static EventReading BySearch(std::string_view file, const LocaleData& locale) {
         EventReading reading;
         Errors errors;
-        const EventXml xml(locale, errors);
         for (bool last = false; !last;) {
-            const auto blockEnd = file.find(EventXml::kBlockEnd);
+            const auto blockEnd = file.find("</EVENT>");
             last = blockEnd == std::string_view::npos;
             const std::string_view piece = file.substr(0, blockEnd);
-            if (!last) file.remove_prefix(blockEnd + EventXml::kBlockEnd.size());
-            if (!EventXml::HoldsBlock(piece)) continue;
+            if (!last) file.remove_prefix(blockEnd + 8);
+            if (cSharedHTML::cInstr(piece, "<EVENT>") == 0) continue;
             clsEvent event;
-            xml.ReadBySearch(piece, event);
+            for (const EventField& field : EventFields()) {
+                const std::string name(field.tag);
+                const std::string content =
+                    cSharedHTML::ExtractBetweenTags(piece, "<" + name + ">", "</" + name + ">");
+                ErrorTrap trap(errors, "TransferXMLToObject", "clsDbXml");
+                trap([&] { field.read(event, FieldText(content, locale)); });
+            }
             reading.Add(event);
         }
         reading.errors = errors.told;
