@@ -105,7 +105,6 @@ bool DateScanner::ScanTime(Part hour) {
         at_ = half->end;
     }
     time_ = ValidTime(hour.value, minuteAndSecond[0], minuteAndSecond[1]);
-    dateIsOver_ = count_ != 0;
     separator_ = 0;
     return anything_ = time_.has_value();
 }
@@ -169,7 +168,7 @@ std::size_t DateScanner::NameLength(std::string_view name, std::size_t at) const
 }
 
 bool DateScanner::AddPart(Part part) {
-    if (dateIsOver_ || count_ == parts_.size()) return false;
+    if (count_ == parts_.size()) return false;
     parts_[count_++] = part;
     separator_ = 0;
     return anything_ = true;

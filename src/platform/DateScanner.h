@@ -49,7 +49,6 @@ private:
     std::size_t count_ = 0;
     std::optional<int> monthName_;  // its place in parts_
     std::optional<DateValue> time_;
-    bool dateIsOver_ = false;
     bool anything_ = false;
     char separator_ = 0;  // what stands between the last part and the next
 };

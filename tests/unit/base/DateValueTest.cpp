@@ -59,6 +59,7 @@ TEST(DateValue, OverflowingPartsCarry) {
     EXPECT_EQ(DateValue::FromCivil(2023, 0, 1).Civil(), (CivilDate{2022, 12, 1}));
     EXPECT_EQ(DateValue::FromCivil(2023, -11, 1).Civil(), (CivilDate{2022, 1, 1}));
     EXPECT_EQ(DateValue::FromCivil(2023, 25, -1).Civil(), (CivilDate{2024, 12, 30}));
+    EXPECT_EQ(DateValue::FromCivil(0, 0, 100031), DateValue::FromCivil(0, 1, 100000));
     for (const int far : {INT_MIN, -1'000'000, 1'000'000'000, INT_MAX}) {
         EXPECT_EQ(NumberOf([&] { DateValue::FromCivil(far, 1, 1); }), ErrorNumber::InvalidCall);
         EXPECT_EQ(NumberOf([&] { DateValue::FromCivil(2023, far, 1); }), ErrorNumber::InvalidCall);

@@ -79,11 +79,12 @@ TEST(Numbers, LeadingNumberStopsWhereTheNumberDoes) {
 
 TEST(Numbers, WhatNoDoubleHoldsIsInfiniteOrZero) {
     const std::string zeros(400, '0');
+    const std::string nines(400, '9');
     for (const std::string& large :
-         {std::string("1e400"), "1" + zeros, "1" + zeros + "e-5", "0.1e" + zeros + "999"})
+         {"1e" + nines, std::string("1e400"), "1" + zeros, "1" + zeros + "e-5", "0.1e" + zeros + "999"})
         EXPECT_EQ(LeadingNumber(large), HUGE_VAL) << large;
-    for (const std::string& tiny : {std::string("1e-400"), "0." + zeros + "1", "0." + zeros + "1e5",
-                                    "1e-" + zeros + "999", "-0." + zeros + "1"})
+    for (const std::string& tiny : {"1e-" + nines, std::string("1e-400"), "0." + zeros + "1",
+                                    "0." + zeros + "1e5", "1e-" + zeros + "999", "-0." + zeros + "1"})
         EXPECT_EQ(LeadingNumber(tiny), 0) << tiny;
     EXPECT_EQ(LeadingNumber("-1e999"), -HUGE_VAL);
 }

@@ -110,12 +110,31 @@ TEST(RecogniseDate, OrderAndNamesOfTheLocale) {
     ExpectRead(FakeLocale::Polish(), "\234roda 15 marzec 2023", "2023-03-15 00:00:00");
     ExpectRead(FakeLocale::Hungarian(), "2023. 03. 05.", "2023-03-05 00:00:00");
     ExpectRead(FakeLocale::Hungarian(), "23.3.5", "2023-03-05 00:00:00");
+    ExpectRead(FakeLocale::Hungarian(), "23. m\341rc. 5.", "2023-03-05 00:00:00");
     ExpectRead(FakeLocale::Hungarian(), "2023. m\341rc. 5. du. 7:08", "nothing");
+    ExpectRead(english, "5\240Mar\2402023", "2023-03-05 00:00:00");
+    LocaleData lettered;
+    lettered.morning = "a";
+    ExpectRead(lettered, "5 April 2023 7 A", "2023-04-05 07:00:00");
     LocaleData spanish = FakeLocale::British();
     spanish.shortDayNames[2] = spanish.shortMonthNames[2] = "mar.";
     spanish.morning = "a.\240m.";
     spanish.afternoon = "p.\240m.";
     ExpectRead(spanish, "mar. 7 mar. 2023 9:15 p.\240m.", "2023-03-07 21:15:00");
+}
+
+TEST(RecogniseDate, TheOrderComesFromThePattern) {
+    struct {
+        const char* pattern;
+        DateOrder order;
+    } const cases[] = {{"M/d/yyyy", DateOrder::MonthDayYear},         {"ddd M/d/yy", DateOrder::MonthDayYear},
+                       {"dddd, d. M. yyyy", DateOrder::DayMonthYear}, {"'den 'M/d", DateOrder::MonthDayYear},
+                       {"yy.MM.dd", DateOrder::YearMonthDay},         {"", DateOrder::MonthDayYear}};
+    for (const auto& [pattern, order] : cases) {
+        LocaleData locale;
+        locale.shortDatePattern = pattern;
+        EXPECT_EQ(locale.Order(), order) << pattern;
+    }
 }
 
 TEST(RecogniseDate, Times) {
@@ -127,8 +146,9 @@ TEST(RecogniseDate, Times) {
     ExpectRead(english, "7:08 3/5/2023", "2023-03-05 07:08:00");
     ExpectRead(FakeLocale::Hungarian(), "7:08 du.", "1899-12-30 19:08:00");
     ExpectRead(FakeLocale::Hungarian(), "7 DE", "1899-12-30 07:00:00");
-    for (const char* bad : {"24:00", "7:60", "7:08:60", "13 pm", "7:", ":08", "7:8:9:1", "7:08 pm am",
-                            "100:00", "7:008", "3/5 7:08 2023", "7:08 8:09", "7:08 3/5", "7 pmx"})
+    for (const char* bad :
+         {"24:00", "7:60", "7:08:60", "13 pm", "7:", ":08", "7:8:9:1", "7:08 pm am", "100:00", "7:008",
+          "3/5 7:08 2023", "7:08 8:09", "7:08 3/5", "3/5/2023/7:08", "3/5/2023 7:08 9", "7 pmx"})
         ExpectRead(english, bad, "nothing");
 }
 
@@ -155,6 +175,7 @@ TEST(RecogniseDate, AnythingElseIsNothing) {
                             "3/-5/2023",
                             "3/5/20233",
                             "003/5/2023",
+                            "3/005/2023",
                             "3:5:2023",
                             "true",
                             "3/5/99999999999999",

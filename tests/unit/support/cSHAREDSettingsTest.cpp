@@ -207,6 +207,7 @@ TEST_F(SettingsTest, SetsGrowShrinkAndHaveGaps) {
     settings.StoreSetting("USERS_02", Text("no member"));
     settings.StoreSetting("USERS_4", Text("beyond the last index"));
     settings.DeleteFromSetByValue("users", Text("Ann"));
+    EXPECT_EQ(settings.sGet("users_4"), Text("beyond the last index")) << "look-ups find the new places";
     EXPECT_FALSE(settings.ValueInSet("users", Text("Ann")));
     EXPECT_FALSE(settings.ValueInSet("users", Text("no member")));
     EXPECT_FALSE(settings.ValueInSet("users", Text("beyond the last index")));
