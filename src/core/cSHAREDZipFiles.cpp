@@ -30,7 +30,7 @@ void cSHAREDZipFiles::AddFile(const std::string& fileName) {
 }
 
 void cSHAREDZipFiles::RemoveFile(const std::string& fileName) {
-    const Position found = Find(fileName);
+    const auto found = Find(fileName);
     if (found == fileNames_.end() || found == fileNames_.begin())
         throw ZipListError("File is not in Zip List", "CGZip::RemoveFile");
     fileNames_.erase(found);

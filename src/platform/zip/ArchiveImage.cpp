@@ -13,8 +13,9 @@ namespace kaz {
 
 namespace {
 
-// Half as fast again at the library's own choice, the best level, saves a few hundredths of the size.
-constexpr zip_uint32_t kLevel = 6;
+// A backup is part of every start. On event files this level takes little more than half the time of the
+// customary 6 and a fifth of that of the library's own choice, 9, for a tenth and a fifth more bytes.
+constexpr zip_uint32_t kLevel = 5;
 
 constexpr FileTime kUnitsPerSecond = 10'000'000;
 constexpr FileTime kSecondsFrom1601To1970 = 11'644'473'600;
@@ -31,7 +32,7 @@ std::time_t ToTimeT(FileTime time) {
 }
 
 struct OwnError : zip_error_t {
-    OwnError() { zip_error_init(this); }
+    OwnError() : zip_error_t() { zip_error_init(this); }
     ~OwnError() { zip_error_fini(this); }
 };
 
@@ -75,7 +76,8 @@ void ArchiveImage::WriteTo(SafeFileWriter& writer) {
     if (zip_close(archive_) != 0) ThrowArchiveError();
     archive_ = nullptr;
     if (zip_source_open(image_) != 0) Throw(zip_source_error(image_));
-    std::array<char, 64 * 1024> piece;
+    constexpr std::size_t kPiece = 65536;
+    std::array<char, kPiece> piece{};
     zip_int64_t read = 0;
     while ((read = zip_source_read(image_, piece.data(), piece.size())) > 0)
         writer.Write({piece.data(), static_cast<std::size_t>(read)});
