@@ -9,12 +9,24 @@ namespace kaz {
 
 namespace {
 
-std::span<const std::uint16_t> Table(HINSTANCE module, int dialog) {
-    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(dialog), MAKEINTRESOURCEW(10));  // RT_RCDATA
+// A resource as 16-bit words.
+std::span<const std::uint16_t> Words(HINSTANCE module, int id, const wchar_t* kind) {
+    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(id), kind);
     const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
     const void* data = loaded ? LockResource(loaded) : nullptr;
     if (!data) return {};
     return {static_cast<const std::uint16_t*>(data), SizeofResource(module, found) / sizeof(std::uint16_t)};
+}
+
+// The client area that the template asks for. The window may have been made smaller, to fit the screen.
+SIZE TemplateSize(HWND window, HINSTANCE module, int dialog) {
+    // In the extended form of a template, width and height are the words 11 and 12.
+    constexpr std::size_t kWidth = 11;
+    const auto words = Words(module, dialog, RT_DIALOG);
+    if (words.size() <= kWidth + 1) return {};
+    RECT client{0, 0, words[kWidth], words[kWidth + 1]};
+    MapDialogRect(window, &client);
+    return {client.right, client.bottom};
 }
 
 SIZE ClientSize(HWND window) {
@@ -35,8 +47,8 @@ RECT PlaceIn(HWND window, HWND control) {
 DialogLayout::DialogLayout(HWND window, HINSTANCE module, int dialog)
     : window_(window),
       madeDpi_(static_cast<int>(GetDpiForWindow(window))),
-      madeClient_(ClientSize(window)) {
-    const auto table = Table(module, dialog);
+      madeClient_(TemplateSize(window, module, dialog)) {
+    const auto table = Words(module, dialog, RT_RCDATA);
     if (table.size() < 2) return;
     RECT least{0, 0, table[0], table[1]};
     MapDialogRect(window, &least);
@@ -45,6 +57,7 @@ DialogLayout::DialogLayout(HWND window, HINSTANCE module, int dialog)
         if (const HWND control = GetDlgItem(window, table[at]))
             items_.push_back({control, table[at + 1], PlaceIn(window, control)});
     MakeHeadings();
+    Apply();
 }
 
 int DialogLayout::Scaled(LONG pixels) const {
