@@ -3,6 +3,7 @@
 #include "core/Names.h"
 #include "platform/Files.h"
 #include "platform/SystemInfo.h"
+#include "storage/SharedCopy.h"
 
 namespace kaz {
 
@@ -23,6 +24,26 @@ Application::Application(const Platform& services)
 std::string Application::DataPath() const { return settings.TextOr("DataPath", runtimePath); }
 
 std::string Application::Owner() const { return settings.TextOr("Owner", std::string(kNoOwner)); }
+
+void Application::ApplySharing() {
+    const bool on = Networked();
+    shared->ForeignFileFilter(on);
+    if (!on) {
+        events->CopyToShared({});
+        return;
+    }
+    events->CopyToShared([this] {
+        SharedCopy({*events, *shared, platform.files, platform.locale, settings, layers, log}).Run();
+    });
+}
+
+bool Application::LoadShared() {
+    if (!shared || !Networked()) return false;
+    const bool neverRead = shared->DBFilename().empty();
+    if (!neverRead && !shared->DatabaseChanged()) return false;
+    shared->LoadMultiple(Folder().ListFile());
+    return true;
+}
 
 StorageServices Application::Storage() {
     return {platform.files, platform.clock, platform.random, platform.locale, log, settings, layers};

@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"
+#include "storage/SharedFolder.h"
 #include "storage/cSharedSound.h"
 #include "storage/clsDbXml.h"
 #include "storage/clsLayers.h"
@@ -50,6 +51,14 @@ public:
     // The current user: the setting "Owner", by default "Not Set".
     std::string Owner() const;
     bool Networked() const { return settings.Flag("Networked"); }
+
+    // Switches the copying of shared events and the filter of others' files on or off, as "Networked" says
+    // now.
+    void ApplySharing();
+    // Loads the other users' shared events anew when one of their files has changed since, or was never read.
+    // True when it did; false without sharing too.
+    bool LoadShared();
+    SharedFolder Folder() { return SharedFolder(platform.files, settings, log); }
 
     StorageServices Storage();
     // An engine over the databases as they are now.

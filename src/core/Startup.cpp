@@ -12,10 +12,10 @@ namespace {
 
 constexpr std::string_view kConvertedText =
     "Your KAZ2 database has been converted to the new XML format (events.xml)\r\n"
-    "If you are using KAZ in networked mode, other users' shared events won't show up until they also update to this "
-    "new version.\r\n"
-    "IMPORTANT: If you see any errors in your event list, simply delete events.xml and restart KAZ to recreate it from "
-    "your original events.dat file.";
+    "If you are using KAZ in networked mode, other users' shared events won't show up until they also "
+    "update to this new version.\r\n"
+    "IMPORTANT: If you see any errors in your event list, simply delete events.xml and restart KAZ to "
+    "recreate it from your original events.dat file.";
 
 }  // namespace
 
@@ -58,6 +58,7 @@ void Startup::OpenDatabases() {
     app_.events = std::make_unique<clsDbXml>(app_.Storage());
     app_.shared = std::make_unique<clsDbXml>(app_.Storage());
     app_.expired = std::make_unique<clsDbXml>(app_.Storage());
+    app_.ApplySharing();
 
     LoadEvents(eventsFile, expiredFile);
     BackUp();

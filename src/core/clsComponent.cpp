@@ -42,7 +42,8 @@ std::string clsComponent::DLLVersion() const noexcept {
 void clsComponent::Startup(const std::string& runtimePath) noexcept {
     ErrorTrap trap(application_.errors, "Startup", kModule);
     trap([&] {
-        application_.log.OverrideLogFilename(JoinPath(runtimePath, kLogFile));
+        const bool named = !runtimePath.empty();
+        application_.log.OverrideLogFilename(named ? JoinPath(runtimePath, kLogFile) : std::string(kLogFile));
         application_.runtimePath = CheckedRuntimePath(application_, runtimePath);
         application_.log.ApplicationFolder(application_.runtimePath);
         kaz::Startup(application_).Run();

@@ -44,8 +44,8 @@ bool SharedFolder::IsSafeName(std::string_view name) {
            std::none_of(name.begin(), name.end(), unsafe) && !IsDeviceName(name);
 }
 
-std::vector<std::string> SharedFolder::Users() const {
-    std::vector<std::string> users = ListedNames();
+std::vector<std::string> SharedFolder::UsersOf(const std::string& listFile) const {
+    std::vector<std::string> users = ListedNames(listFile);
     std::erase_if(users, [&](const std::string& name) {
         if (IsSafeName(name)) return false;
         log_.LogEvent("Shared user \"" + name + "\" refused: the name does not stay in the shared folder");
@@ -61,7 +61,7 @@ void SharedFolder::AddUser(std::string_view user) {
                            "\"" + name +
                                "\" cannot be used as an ID: it has to be usable as part of a file name.");
     }
-    std::vector<std::string> names = ListedNames();
+    std::vector<std::string> names = ListedNames(ListFile());
     const auto same = [&](const std::string& listed) { return StringsEqual(listed, name); };
     if (std::any_of(names.begin(), names.end(), same)) return;
     names.push_back(name);
@@ -69,7 +69,7 @@ void SharedFolder::AddUser(std::string_view user) {
 }
 
 void SharedFolder::RemoveUsers(const std::vector<std::string>& users) {
-    std::vector<std::string> names = ListedNames();
+    std::vector<std::string> names = ListedNames(ListFile());
     std::erase_if(names, [&](const std::string& listed) {
         return std::any_of(users.begin(), users.end(),
                            [&](const std::string& user) { return StringsEqual(listed, user); });
@@ -77,10 +77,10 @@ void SharedFolder::RemoveUsers(const std::vector<std::string>& users) {
     WriteNames(names);
 }
 
-std::vector<std::string> SharedFolder::ListedNames() const {
+std::vector<std::string> SharedFolder::ListedNames(const std::string& listFile) const {
     std::vector<std::string> names;
     if (Path().empty()) return names;
-    const std::string text = ReadFileOrEmpty(files_, ListFile());
+    const std::string text = ReadFileOrEmpty(files_, listFile);
     for (const std::string_view line : Split(text, kLineBreak))
         if (const std::string_view name = Trim(line); !name.empty()) names.emplace_back(name);
     return names;

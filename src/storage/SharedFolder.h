@@ -24,7 +24,9 @@ public:
     std::string FileOf(std::string_view user) const;
 
     // The listed names in the list's order, blanks around them and blank lines left out.
-    std::vector<std::string> Users() const;
+    std::vector<std::string> Users() const { return UsersOf(ListFile()); }
+    // The same for a list by its path.
+    std::vector<std::string> UsersOf(const std::string& listFile) const;
     // Adds a name that is not there yet. Throws InvalidCall for a name that cannot be part of a file name,
     // and as FileSystem does.
     void AddUser(std::string_view user);
@@ -34,7 +36,7 @@ public:
     static bool IsSafeName(std::string_view name);
 
 private:
-    std::vector<std::string> ListedNames() const;
+    std::vector<std::string> ListedNames(const std::string& listFile) const;
     void WriteNames(const std::vector<std::string>& names);
 
     FileSystem& files_;

@@ -7,6 +7,7 @@
 #include "storage/ErrorBatch.h"
 #include "storage/EventFileReader.h"
 #include "storage/EventXml.h"
+#include "storage/SharedFolder.h"
 
 #include <algorithm>
 #include <iterator>
@@ -41,16 +42,20 @@ clsDbXml::clsDbXml(const StorageServices& services)
     : services_(services),
       codes_(services.clock, services.random) {}
 
-std::optional<FileTime> clsDbXml::FileDate() const {
+std::optional<FileTime> clsDbXml::DateOf(const std::string& path) const {
     try {
-        return services_.files.ModificationTime(fileName_);
+        return services_.files.ModificationTime(path);
     } catch (...) {
         services_.log.Report(CurrentError(), "DatabaseChanged", kModule);
         return std::nullopt;
     }
 }
 
-bool clsDbXml::DatabaseChanged() const { return FileDate() != lastKnownDate_; }
+bool clsDbXml::DatabaseChanged() const {
+    if (!multiFileMode_) return FileDate() != lastKnownDate_;
+    const auto changed = [&](const WatchedFile& file) { return DateOf(file.path) != file.date; };
+    return std::any_of(loadedFiles_.begin(), loadedFiles_.end(), changed);
+}
 
 void clsDbXml::LoadDBIfChanged(const std::string& fileName) {
     if (DatabaseChanged()) LoadDB(fileName);
@@ -102,7 +107,20 @@ std::vector<clsEvent> clsDbXml::ReadFile() const {
 // What is done with every event that is read; false drops it.
 bool clsDbXml::Admit(clsEvent& event, const std::string& user) const {
     if (event.Owner().empty() || event.Owner() == kSingleOwner) event.Owner(user);
-    return !event.Deleted;
+    return !event.Deleted && (!foreignFileFilter_ || AdmitForeign(event, user));
+}
+
+// A shared event without a list of names is meant for everybody.
+bool clsDbXml::AdmitForeign(clsEvent& event, const std::string& user) const {
+    const CaseFolding& letters = services_.locale.Folding();
+    if (event.SharedEvent && event.ShareWithSpecific && !event.NameInShared(user, letters)) return false;
+    const std::string& category = event.SharedLayerName;
+    // The name was written by somebody else and would become a line of the settings file.
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 32; };
+    if (category.empty() || std::any_of(category.begin(), category.end(), isControl)) return true;
+    const std::int16_t slot = services_.layers.SeekLayerIndex(category);
+    if (slot >= 0) event.Layer(slot);
+    return true;
 }
 
 // What the user stored while the file could not be read joins what the file holds, and is saved at last.
@@ -139,6 +157,7 @@ bool clsDbXml::SaveDB() {
     }
     // Also after a failure, which must not look like a change by somebody else.
     lastKnownDate_ = FileDate();
+    if (copyToShared_) copyToShared_();
     return written;
 }
 
@@ -199,9 +218,13 @@ void clsDbXml::WipeDiskFile() {
 
 void clsDbXml::WipeRecordsByOwner(std::string_view owner) {
     LoadDB(fileName_);
+    MarkRecordsByOwner(owner);
+    SaveDB();
+}
+
+void clsDbXml::MarkRecordsByOwner(std::string_view owner) {
     for (clsEvent& event : events_)
         if (StringsEqual(event.Owner(), owner, services_.locale.Folding())) event.Deleted = true;
-    SaveDB();
 }
 
 void clsDbXml::SetAllToSingleUser() {
@@ -222,6 +245,45 @@ void clsDbXml::RenameOwner(std::string_view oldName, std::string_view newName) {
         if (StringsEqual(event.Owner(), oldName, services_.locale.Folding()))
             event.Owner(std::string(newName));
     SaveDB();
+}
+
+void clsDbXml::LoadMultiple(const std::string& listFile) {
+    codes_.Forget();
+    events_.clear();
+    loadedFiles_.clear();
+    multiFileMode_ = true;
+    // Watched like the files that it names: a user who joins is seen at the next look.
+    loadedFiles_.push_back({listFile, DateOf(listFile)});
+
+    const SharedFolder folder(services_.files, services_.settings, services_.log);
+    const std::string me = services_.settings.TextOr("Owner", "Not Set");
+    ErrorTrap trap(services_.log, "LoadMultiple", kModule);
+    std::vector<std::string> users;
+    trap([&] { users = folder.UsersOf(listFile); });
+    for (const std::string& user : users) {
+        services_.log.LogEvent("Found shared database " + user);
+        if (StringsEqual(user, me, services_.locale.Folding()))
+            services_.log.LogEvent("Not loading - belongs to current user (" + me + ")");
+        else
+            trap([&] { LoadWatched(folder.FileOf(user)); });
+    }
+    const std::string own = folder.FileOf(me);
+    services_.log.LogEvent("Setting Database filename to " + own);
+    fileName_ = own;
+    lastKnownDate_ = FileDate();
+}
+
+void clsDbXml::LoadWatched(const std::string& path) {
+    if (!FileExists(services_.files, path)) {
+        services_.log.LogEvent(path + " not found. Setting null refresh date.");
+        loadedFiles_.push_back({path, std::nullopt});
+        return;
+    }
+    services_.log.LogEvent("Loading from " + path);
+    loadedFiles_.push_back({path, DateOf(path)});
+    LoadDB(path, true);
+    // A file that could not be read counts as changed, so that the next look at it tries again.
+    if (unreadFile_ == path) loadedFiles_.back().date.reset();
 }
 
 }  // namespace kaz

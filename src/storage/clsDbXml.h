@@ -9,9 +9,11 @@
 #include "support/cSharedLogging.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -45,8 +47,8 @@ public:
     // Writes the whole collection, events marked deleted left out. False when the file could not be written;
     // the old file is then whole and the memory unchanged.
     bool SaveDB();
-    // As long as the file is not there, SaveDB does not make it: its events are in an older file that could not
-    // be read, and a new file without them would hide that one.
+    // As long as the file is not there, SaveDB does not make it: its events are in an older file that could
+    // not be read, and a new file without them would hide that one.
     void KeepFileMissing() { missingFile_ = fileName_; }
 
     std::int32_t RecordCount() const { return static_cast<std::int32_t>(events_.size()); }
@@ -63,6 +65,18 @@ public:
     void WipeAllButThisOwner(std::string_view owner);
     void RenameOwner(std::string_view oldName, std::string_view newName);
 
+    // Loads every other user's shared file that the list names and watches them all from then on. What is
+    // saved afterwards goes to this user's own shared file.
+    void LoadMultiple(const std::string& listFile);
+
+    // While on, loading drops shared events that are not meant for this user and gives the others the
+    // category of this user's that has the same name. For files that other users wrote.
+    void ForeignFileFilter(bool on) { foreignFileFilter_ = on; }
+    // What follows every save while sharing is on; empty while it is off.
+    void CopyToShared(std::function<void()> copy) { copyToShared_ = std::move(copy); }
+    // Marks every event of that owner as deleted, in memory.
+    void MarkRecordsByOwner(std::string_view owner);
+
     std::vector<clsEvent>& AllEvents() {
         codes_.Forget();
         return events_;
@@ -77,8 +91,16 @@ private:
         bool isNew;
     };
 
+    struct WatchedFile {
+        std::string path;
+        std::optional<FileTime> date;  // nothing when it was not there
+    };
+
     Position Find(std::string_view code);
-    std::optional<FileTime> FileDate() const;
+    std::optional<FileTime> FileDate() const { return DateOf(fileName_); }
+    std::optional<FileTime> DateOf(const std::string& path) const;
+    bool AdmitForeign(clsEvent& event, const std::string& user) const;
+    void LoadWatched(const std::string& path);
     std::vector<clsEvent> ReadFile() const;
     bool Admit(clsEvent& event, const std::string& user) const;
     void StoreWaiting(std::vector<clsEvent> before);
@@ -93,6 +115,10 @@ private:
     std::string unreadFile_;  // the last load of it failed, so that it must not be written over
     std::string missingFile_;
     std::vector<Waiting> waiting_;
+    bool multiFileMode_ = false;
+    std::vector<WatchedFile> loadedFiles_;
+    bool foreignFileFilter_ = false;
+    std::function<void()> copyToShared_;
 };
 
 }  // namespace kaz

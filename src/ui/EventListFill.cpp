@@ -37,6 +37,8 @@ void EventListFill::AddLocal(std::int16_t category) {
 void EventListFill::AddShared(std::int16_t category) {
     app_.log.LogEvent("Showing shared events");
     if (!viewpoint_.networked || !app_.shared) return;
+    app_.log.LogEvent("Loading multiple databases from " + app_.Folder().Path());
+    app_.LoadShared();
     if (app_.shared->AllEvents().empty()) app_.log.LogEvent("No events in shared databases");
     for (clsEvent& event : app_.shared->AllEvents()) {
         // The user's own shared events are in the local list already.

@@ -219,6 +219,7 @@ void frmMain::ReloadChangedFiles() {
         // A file that could not be read still counts as changed: it is tried again on the next tick.
         changed = changed || !database->DatabaseChanged();
     }
+    if (app_.LoadShared()) changed = true;
     if (changed) FillEvents(Category());
 }
 

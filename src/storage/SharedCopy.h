@@ -1,0 +1,30 @@
+#pragma once
+
+#include "storage/SharedFolder.h"
+#include "storage/clsDbXml.h"
+
+namespace kaz {
+
+// Publishes this user's shared events: rewrites the user's own file in the shared folder from the events
+// database, then loads the others' files again.
+class SharedCopy {
+public:
+    struct Context {
+        const clsDbXml& events;
+        clsDbXml& shared;
+        FileSystem& files;
+        const Locale& locale;
+        const cSHAREDSettings& settings;
+        const clsLayers& layers;
+        cSharedLogging& log;
+    };
+
+    explicit SharedCopy(const Context& context) : context_(context) {}
+    // Failures are logged; the local events are not touched by any of them.
+    void Run();
+
+private:
+    Context context_;
+};
+
+}  // namespace kaz
