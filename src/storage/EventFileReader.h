@@ -16,7 +16,7 @@ namespace kaz {
 // longer.
 class EventFileReader {
 public:
-    static constexpr std::size_t kBufferSize = 256 * 1024;
+    static constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
 
     // All of them outlive the reader.
     EventFileReader(InputFile& file, const LocaleData& locale, ErrorSink& errors,

@@ -27,7 +27,8 @@ std::size_t FindTag(std::string_view text, std::string_view tag, std::size_t fro
         const void* found = std::memchr(text.data() + from, '<', text.size() - from - (tag.size() - 1));
         if (found == nullptr) return npos;
         const auto at = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
-        if (folding.Lower(text[at + 1]) == second && folding.Equal(text.substr(at, tag.size()), tag)) return at;
+        if (folding.Lower(text[at + 1]) == second && folding.Equal(text.substr(at, tag.size()), tag))
+            return at;
         from = at + 1;
     }
     return npos;
@@ -203,14 +204,15 @@ void cSharedHTML::AppendEncoded(std::string& to, std::string_view text) {
 }
 
 std::string cSharedHTML::HtmlDecode(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    for (;;) {
-        const auto at = text.find('%');
-        if (at == npos || text.size() - at < 3) return result.append(text);
-        result.append(text.substr(0, at)).push_back(DecodedPair(text[at + 1], text[at + 2]));
-        text.remove_prefix(at + 3);
+    std::string result(text.size(), '\0');
+    char* out = result.data();
+    for (std::size_t at = 0; at < text.size();) {
+        const bool pair = text[at] == '%' && text.size() - at >= 3;
+        *out++ = pair ? DecodedPair(text[at + 1], text[at + 2]) : text[at];
+        at += pair ? 3 : 1;
     }
+    result.resize(static_cast<std::size_t>(out - result.data()));
+    return result;
 }
 
 std::string cSharedHTML::ReplaceBetweenTags(std::string_view text, std::string_view startTag,

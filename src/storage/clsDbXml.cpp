@@ -22,8 +22,8 @@ constexpr std::string_view kModule = "clsDbXml";
 constexpr std::string_view kSingleOwner = "Single";
 
 void WriteEvents(SafeFileWriter& file, const std::vector<clsEvent>& events) {
-    constexpr std::size_t kPiece = 256 * 1024;
-    constexpr std::size_t kUsualBlock = 8 * 1024;
+    constexpr std::size_t kPiece = std::size_t{256} * 1024;
+    constexpr std::size_t kUsualBlock = std::size_t{8} * 1024;
     std::string text;
     text.reserve(std::min(kPiece + kUsualBlock, (events.size() + 1) * kUsualBlock));
     text = EventXml::kProlog;
@@ -184,14 +184,14 @@ clsDbXml::Position clsDbXml::Find(std::string_view code) {
 }
 
 clsEvent* clsDbXml::ReadEvent(std::string_view code) {
-    const Position found = Find(code);
+    const auto found = Find(code);
     if (found == events_.end()) return nullptr;
     codes_.Forget();
     return &*found;
 }
 
 void clsDbXml::DeleteRecord(std::string_view code) {
-    if (const Position found = Find(code); found != events_.end()) found->Deleted = true;
+    if (const auto found = Find(code); found != events_.end()) found->Deleted = true;
     SaveDB();
 }
 
@@ -200,7 +200,7 @@ void clsDbXml::StoreRecord(clsEvent event, bool forceNew) {
     if (isNew) {
         event.IDCode = codes_.Unused(events_);
     } else {
-        const Position old = codes_.MayHold(events_, event.IDCode) ? Find(event.IDCode) : events_.end();
+        const auto old = codes_.MayHold(events_, event.IDCode) ? Find(event.IDCode) : events_.end();
         isNew = old == events_.end();
         if (!isNew) events_.erase(old);
     }

@@ -1,0 +1,169 @@
+// What the event database costs inside a process: loading, saving, the rules and new codes.
+// With KAZ_BENCH_EVENTS=FILE the loads and saves work on that file instead of events made here.
+
+#include "base/Text.h"
+#include "fakes/FakeClock.h"
+#include "fakes/FakeDialogs.h"
+#include "fakes/FakeLocale.h"
+#include "fakes/FakeRandom.h"
+#include "fakes/FakeSystemInfo.h"
+#include "platform/Files.h"
+#include "platform/posix/PosixFileSystem.h"
+#include "storage/EventFields.h"
+#include "storage/cSharedHTML.h"
+#include "storage/clsDbXml.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+
+namespace kaz {
+namespace {
+
+// A database over real files in a folder of its own.
+class Bench {
+public:
+    Bench() { std::filesystem::create_directories(folder_); }
+    ~Bench() { std::filesystem::remove_all(folder_); }
+    Bench(const Bench&) = delete;
+    Bench& operator=(const Bench&) = delete;
+
+    clsDbXml Database() { return clsDbXml({files, clock, random, locale, log, settings, layers}); }
+    std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+
+    // The file that loads and saves work on, in the written layout.
+    std::string EventFile(std::int64_t count) {
+        if (const char* given = std::getenv("KAZ_BENCH_EVENTS")) return given;
+        clsDbXml database = Database();
+        for (std::int64_t i = 0; i < count; ++i)
+            database.StoreRecord(Event(i));
+        database.SetDBFilename(Path("Events.xml"));
+        database.SaveDB();
+        return database.DBFilename();
+    }
+
+    static clsEvent Event(std::int64_t i) {
+        clsEvent event;
+        event.Desc("Renew the passport photos, room B/12; ask about the fee (" + std::to_string(i) + ")");
+        event.Owner("Single");
+        event.Recurring(i % 3 != 0);
+        event.RecurrenceType(static_cast<std::int32_t>(i % 6));
+        event.DueDate(DateValue(46000 + static_cast<std::int32_t>(i % 400)));
+        event.StartDate(event.DueDate());
+        event.DueTime(DateValue::FromTime(static_cast<int>(i % 24), 30));
+        event.DaysWarning(static_cast<std::int16_t>(i % 14));
+        return event;
+    }
+
+    PosixFileSystem files;
+    FakeClock clock;
+    FakeDialogs dialogs;
+    FakeLocale locale;
+    FakeRandom random;
+    FakeSystemInfo system;
+    cSharedLogging log{files, clock, system, {"KAZ", "benchmark"}};
+    cSHAREDSettings settings{files, locale, dialogs, log};
+    clsLayers layers{settings, locale};
+
+private:
+    std::filesystem::path folder_ = std::filesystem::temp_directory_path() / "kaz-bench-storage";
+};
+
+void Load(benchmark::State& state, Bench& bench, const std::string& file) {
+    for (auto _ : state) {
+        clsDbXml database = bench.Database();
+        database.LoadDB(file);
+        benchmark::DoNotOptimize(database.RecordCount());
+        if (database.RecordCount() == 0) throw std::runtime_error("nothing loaded");
+        state.PauseTiming();
+        database.AllEvents().clear();
+        state.ResumeTiming();
+    }
+}
+
+void LoadAsWritten(benchmark::State& state) {
+    Bench bench;
+    Load(state, bench, bench.EventFile(state.range(0)));
+}
+
+// Every block off the written layout.
+void LoadOtherLayout(benchmark::State& state) {
+    Bench bench;
+    const std::string text = ReadWholeFile(bench.files, bench.EventFile(state.range(0)));
+    WriteWholeFile(bench.files, bench.Path("Other.xml"), ReplaceAll(text, kLineBreak, "\n"));
+    Load(state, bench, bench.Path("Other.xml"));
+}
+
+// Each field searched from the start of its block, as the format is defined.
+void LoadWordForWord(benchmark::State& state) {
+    Bench bench;
+    const std::string file = bench.EventFile(state.range(0));
+    for (auto _ : state) {
+        const std::string text = ReadWholeFile(bench.files, file);
+        std::vector<clsEvent> events;
+        for (const std::string_view piece : Split(text, "</EVENT>")) {
+            if (cSharedHTML::cInstr(piece, "<EVENT>") == 0) continue;
+            clsEvent& event = events.emplace_back();
+            for (const EventField& field : EventFields()) {
+                const std::string name(field.searchedTag);
+                const std::string content =
+                    cSharedHTML::ExtractBetweenTags(piece, "<" + name + ">", "</" + name + ">");
+                field.read(event, FieldText(content, bench.locale.data));
+            }
+        }
+        benchmark::DoNotOptimize(events.data());
+    }
+}
+
+void Save(benchmark::State& state) {
+    Bench bench;
+    clsDbXml database = bench.Database();
+    database.LoadDB(bench.EventFile(state.range(0)));
+    database.SetDBFilename(bench.Path("Saved.xml"));
+    for (auto _ : state)
+        if (!database.SaveDB()) throw std::runtime_error("not saved");
+}
+
+void AddOneByOneAndSave(benchmark::State& state) {
+    Bench bench;
+    for (auto _ : state) {
+        clsDbXml database = bench.Database();
+        database.SetDBFilename(bench.Path("Added.xml"));
+        for (std::int64_t i = 0; i < state.range(0); ++i)
+            database.StoreRecord(Bench::Event(i));
+        if (!database.SaveDB()) throw std::runtime_error("not saved");
+    }
+}
+
+// One call, five years behind.
+void Rule(benchmark::State& state) {
+    const DateValue today = DateValue::FromCivil(2026, 3, 2);
+    const DateValue start = DateValue::FromCivil(2021, 3, 4);
+    clsEvent event;
+    event.RecurrenceType(static_cast<std::int32_t>(state.range(0)));
+    event.WeekDays(128);
+    event.DayOfMonth(31);
+    event.MonthNumber(state.range(0) == RecurNthWeekday ? std::int16_t{1} : kEveryMonthByDay);
+    event.Daynumber(5);
+    event.DayOfWeek(1);
+    event.Period(1);
+    Bench bench;
+    for (auto _ : state) {
+        event.StartDate(start);
+        event.DueDate(start);
+        event.CalcNextDueDate(today, bench.log);
+        benchmark::DoNotOptimize(event);
+    }
+}
+
+BENCHMARK(LoadAsWritten)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadOtherLayout)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadWordForWord)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Save)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(AddOneByOneAndSave)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Rule)->DenseRange(RecurWeekdays, RecurEveryNDays);
+
+}  // namespace
+}  // namespace kaz
