@@ -76,6 +76,21 @@ TEST_F(EventListTest, SortsWithoutRegardToCaseAndKeepsTheFillOrderOfEqualTextsIn
     EXPECT_EQ("5|6|8|3|1|4|2|7", Column(kLeftColumn));
 }
 
+TEST_F(EventListTest, ManyEqualTextsKeepTheirOrderToo) {
+    std::vector<Sample> samples;
+    for (int i = 0; i < 200; ++i)
+        samples.push_back({std::to_string(1000 + i), i % 2 ? "odd" : "even", ""});
+    list.Show(Rows(samples));
+    for (const std::string first : {"odd", "even"}) {
+        list.SortBy(kEventColumn);
+        EXPECT_EQ(first, list.CellText(0, kEventColumn));
+        for (int row = 1; row < list.RowCount(); ++row) {
+            if (row == 100) continue;
+            EXPECT_LT(list.CellText(row - 1, kLeftColumn), list.CellText(row, kLeftColumn));
+        }
+    }
+}
+
 TEST_F(EventListTest, CodeAndIdentityFollowTheirRowThroughSorting) {
     list.Show(Rows({{"0001", "a", ""}, {"0002", "b", ""}}));
     const auto identity = list.Identity(0);

@@ -35,6 +35,15 @@ clsEvent& MainWindowFixture::Add(clsDbXml& database, const std::string& descript
     return database.AllEvents().back();
 }
 
+void MainWindowFixture::ShareAsAnn(const std::vector<clsEvent>& events) {
+    machine.files.Put("C:\\Share\\KAZShared.ini", "Smith\r\nAnn\r\n");
+    app.settings.StoreSetting("SharedDataPath", std::string("C:\\Share"));
+    clsDbXml ann(app.Storage());
+    ann.SetDBFilename("C:\\Share\\Shared_Ann.xml");
+    ann.AllEvents() = events;
+    ASSERT_TRUE(ann.SaveDB());
+}
+
 void MainWindowFixture::Open() {
     main = MakeMainWindow(app, *this);
     window = machine.windows.Newest(IDD_MAIN);

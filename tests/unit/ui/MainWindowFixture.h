@@ -21,6 +21,8 @@ protected:
 
     // A one-off event in so many days. It is valid until the next one is added to the same database.
     static clsEvent& Add(clsDbXml& database, const std::string& description, int days);
+    // Puts the events into the shared folder as those of the user "Ann".
+    void ShareAsAnn(const std::vector<clsEvent>& events);
     void Open();
     // Lets the first tick pass, which comes as soon as messages are processed.
     void OpenAndTick();

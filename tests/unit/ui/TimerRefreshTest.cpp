@@ -78,7 +78,10 @@ TEST_F(TimerRefreshTest, AnAlarmRingsInItsMinute) {
 }
 
 TEST_F(TimerRefreshTest, SharedAlarmsRingInANetworkOnly) {
-    AddAlarm(*app.shared, "Meeting", 9, 0).Owner("Ann");
+    clsDbXml anns(app.Storage());
+    clsEvent meeting = AddAlarm(anns, "Meeting", 9, 0);
+    meeting.Owner("Ann");
+    ShareAsAnn({meeting});
     OpenAndTick();
     EXPECT_EQ(nullptr, machine.windows.WithCaption("ALARM!"));
     app.settings.StoreSetting("Networked", true);

@@ -7,6 +7,7 @@
 namespace kaz {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -95,14 +96,16 @@ TEST_F(frmMainTest, TheExpiredFileIsReadAgainWhenAnotherProgramWroteItAndOnlyThe
 }
 
 TEST_F(frmMainTest, SharedEventsOfOthersAreBroughtUpToDateInANetworkOnly) {
-    clsEvent& weekly = Add(*app.shared, "weekly", -1);
-    weekly.Owner("Ann");
+    clsDbXml anns(app.Storage());
+    clsEvent weekly = Add(anns, "weekly", -1);
     weekly.Recurring(true);
     weekly.RecurrenceType(RecurEveryNWeeks);
     weekly.Period(1);
     weekly.StartDate(weekly.DueDate());
-    Add(*app.shared, "past", -2).Owner("Ann");
-    Add(*app.shared, "own", 1);
+    clsEvent past = Add(anns, "past", -2);
+    for (clsEvent* event : {&weekly, &past})
+        event->Owner("Ann");
+    ShareAsAnn({weekly, past, Add(anns, "of this user", 1)});
     Open();
     EXPECT_EQ("", Column(kEventColumn));
 
@@ -112,10 +115,13 @@ TEST_F(frmMainTest, SharedEventsOfOthersAreBroughtUpToDateInANetworkOnly) {
     EXPECT_EQ("past|weekly", Column(kEventColumn));
     EXPECT_EQ("---|0006", Column(kLeftColumn));
     EXPECT_EQ("E|S", Column(kTypeColumn));
-    EXPECT_THAT(Logged(), HasSubstr("Finished displaying shared events\n"));
+    EXPECT_THAT(Logged(),
+                AllOf(HasSubstr("Showing shared events\nLoading multiple databases from C:\\Share\n"),
+                      HasSubstr("Finished displaying shared events\n")));
 
-    app.shared->AllEvents().clear();
+    ShareAsAnn({});
     window->Click(IDM_REFRESH);
+    EXPECT_EQ("", Column(kEventColumn));
     EXPECT_THAT(Logged(), HasSubstr("No events in shared databases\n"));
 }
 
@@ -232,7 +238,8 @@ INSTANTIATE_TEST_SUITE_P(
         SizeCase{"AsText", "640", "400", WindowState::Normal, {640, 400}},
         SizeCase{"NinetyPercent", std::int32_t{1728}, std::int32_t{972}, WindowState::Normal, {1728, 972}},
         SizeCase{"More", std::int32_t{1729}, std::int32_t{973}, WindowState::Maximised, {800, 600}},
-        SizeCase{"OneDirection", std::int32_t{1900}, std::int32_t{500}, WindowState::Normal, {1900, 500}},
+        SizeCase{"Tall", std::int32_t{500}, std::int32_t{1070}, WindowState::Normal, {500, 1070}},
+        SizeCase{"Wide", std::int32_t{1900}, std::int32_t{500}, WindowState::Normal, {1900, 500}},
         SizeCase{"Nonsense", "wide", std::int32_t{-5}, WindowState::Normal, {800, 600}}),
     [](const auto& test) { return test.param.title; });
 
