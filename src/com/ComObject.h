@@ -18,6 +18,7 @@ namespace kaz {
 template <class... Interfaces>
 class ComObject : public Interfaces... {
 public:
+    virtual ~ComObject() = default;
     ComObject(const ComObject&) = delete;
     ComObject& operator=(const ComObject&) = delete;
 
@@ -39,7 +40,6 @@ public:
 
 protected:
     ComObject() = default;
-    virtual ~ComObject() = default;
 
     using First = std::tuple_element_t<0, std::tuple<Interfaces...>>;
     First* Identity() { return this; }

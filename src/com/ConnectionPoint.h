@@ -15,6 +15,7 @@ namespace kaz {
 class ConnectionPoint final : public IConnectionPoint {
 public:
     explicit ConnectionPoint(IConnectionPointContainer& container) : container_(container) {}
+    virtual ~ConnectionPoint() = default;
     ConnectionPoint(const ConnectionPoint&) = delete;
     ConnectionPoint& operator=(const ConnectionPoint&) = delete;
 

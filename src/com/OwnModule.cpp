@@ -1,7 +1,7 @@
 #include "com/OwnModule.h"
 
-// The linker's name for the start of this module.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
+extern "C" IMAGE_DOS_HEADER
+    __ImageBase;  // NOLINT(bugprone-reserved-identifier): the linker's name for our start
 
 namespace kaz {
 

@@ -15,6 +15,7 @@ class ComponentSink final : public IDispatch {
 public:
     // `lists` outlives the connection.
     explicit ComponentSink(ListsFile& lists) : lists_(lists) {}
+    virtual ~ComponentSink() = default;
     ComponentSink(const ComponentSink&) = delete;
     ComponentSink& operator=(const ComponentSink&) = delete;
 
@@ -31,7 +32,6 @@ public:
                                      EXCEPINFO*, UINT*) override;
 
 private:
-    ~ComponentSink() = default;
     void On(DISPID event, const DISPPARAMS& arguments);
 
     ListsFile& lists_;

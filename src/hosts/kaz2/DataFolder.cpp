@@ -35,7 +35,7 @@ std::wstring ProgramFolder() {
 std::wstring RoamingFolder() {
     wchar_t* path = nullptr;
     const HRESULT result = SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_CREATE, nullptr, &path);
-    const std::wstring folder = SUCCEEDED(result) ? path : L"";
+    std::wstring folder = SUCCEEDED(result) ? path : L"";
     CoTaskMemFree(path);
     if (folder.empty()) throw StartFailure{L"KAZ cannot find the folder for application data of this user."};
     return folder;
@@ -62,7 +62,7 @@ std::wstring Created(const std::wstring& folder) {
 
 std::wstring ChooseDataFolder(const std::wstring& asked) {
     if (!asked.empty()) return Created(FullPath(asked));
-    const std::wstring own = ProgramFolder();
+    std::wstring own = ProgramFolder();
     if (IsFile(InFolder(own, L"Kaz.ini")) || IsFile(InFolder(own, L"portable"))) return own;
     return Created(InFolder(RoamingFolder(), L"KAZ"));
 }

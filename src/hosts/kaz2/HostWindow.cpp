@@ -27,6 +27,7 @@ HostWindow::~HostWindow() {
 }
 
 LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a window keeps its owner as a number
     auto* const self = reinterpret_cast<HostWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     return self && self->On(message, first) ? 0 : DefWindowProcW(window, message, first, second);
 }

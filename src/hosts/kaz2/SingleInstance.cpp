@@ -70,7 +70,7 @@ UINT SingleInstance::ComeForwardMessage() {
 }
 
 bool SingleInstance::AskToComeForward() const {
-    const HWND window = FindWindowW(kWindowClass, name_.c_str());
+    HWND window = FindWindowW(kWindowClass, name_.c_str());
     if (!window) return false;
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
