@@ -173,6 +173,7 @@ TEST_F(TimerRefreshTest, TheEndOfTheProgramInTheMiddleOfATickEndsTheTick) {
     };
     machine.windows.Advance(1);
     EXPECT_EQ(nullptr, machine.windows.WithCaption("ALARM!"));
+    EXPECT_EQ(0, window->Interval(IDT_TimerRefresh));  // the form lives until its handler has ended
     app.openWindows.UnloadAll();
     EXPECT_EQ(nullptr, machine.windows.Newest(IDD_MAIN));
 }

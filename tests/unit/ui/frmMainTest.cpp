@@ -99,12 +99,13 @@ TEST_F(frmMainTest, SharedEventsOfOthersAreBroughtUpToDateInANetworkOnly) {
     clsDbXml anns(app.Storage());
     clsEvent weekly = Add(anns, "weekly", -1);
     weekly.Recurring(true);
-    weekly.RecurrenceType(RecurEveryNWeeks);
-    weekly.Period(1);
-    weekly.StartDate(weekly.DueDate());
     clsEvent past = Add(anns, "past", -2);
-    for (clsEvent* event : {&weekly, &past})
+    for (clsEvent* event : {&weekly, &past}) {
         event->Owner("Ann");
+        event->RecurrenceType(RecurEveryNWeeks);
+        event->Period(1);
+        event->StartDate(event->DueDate());
+    }
     ShareAsAnn({weekly, past, Add(anns, "of this user", 1)});
     Open();
     EXPECT_EQ("", Column(kEventColumn));
