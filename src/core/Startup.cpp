@@ -58,6 +58,8 @@ void Startup::OpenDatabases() {
     app_.events = std::make_unique<clsDbXml>(app_.Storage());
     app_.shared = std::make_unique<clsDbXml>(app_.Storage());
     app_.expired = std::make_unique<clsDbXml>(app_.Storage());
+    for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
+        database->KeepOverwrittenIn(JoinPath(app_.runtimePath, kBackupFolder));
     app_.ApplySharing();
 
     LoadEvents(eventsFile, expiredFile);

@@ -2,7 +2,10 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "platform/Clock.h"
+#include "platform/DateText.h"
 #include "platform/Files.h"
+#include "platform/Locale.h"
 #include "platform/SafeFileWriter.h"
 #include "storage/ErrorBatch.h"
 #include "storage/EventFileReader.h"
@@ -150,7 +153,7 @@ bool clsDbXml::SaveDB() {
         services_.log.LogEvent("Unable to write events. " + fileName_ + " could not be read.");
         return false;
     }
-    const bool written = WriteFile();
+    const bool written = KeepUnreadVersion() && WriteFile();
     if (written) {
         unreadFile_.clear();
         waiting_.clear();
@@ -159,6 +162,27 @@ bool clsDbXml::SaveDB() {
     lastKnownDate_ = FileDate();
     if (copyToShared_) copyToShared_();
     return written;
+}
+
+// False when there is such a version and it could not be kept; it is not written over then.
+bool clsDbXml::KeepUnreadVersion() {
+    const std::optional<FileTime> date = FileDate();
+    if (overwrittenFolder_.empty() || !date || date == lastKnownDate_) return true;
+    const std::string name = FileNameOf(fileName_);
+    const std::string stem = WithExtension(name, "");
+    const std::string time =
+        FormatDate(services_.clock.Now(), "YYYY-MM-DD HH.NN.SS", services_.locale.Data());
+    std::string kept = JoinPath(overwrittenFolder_, stem + " (changed by another, " + time + ")");
+    // Two of them can be found within a second.
+    if (FileExists(services_.files, kept + ".xml")) kept += " " + std::to_string(*date);
+    ErrorTrap trap(services_.log, "SaveDB", kModule);
+    const bool done = trap([&] {
+        services_.files.CreateFolder(overwrittenFolder_);
+        WriteWholeFile(services_.files, kept + ".xml", ReadWholeFile(services_.files, fileName_));
+    });
+    services_.log.LogEvent(fileName_ + " was changed by another program. " +
+                           (done ? "Its version is kept as " + kept + ".xml" : "It is not written over."));
+    return done;
 }
 
 bool clsDbXml::WriteFile() {

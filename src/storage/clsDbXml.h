@@ -74,6 +74,9 @@ public:
     void ForeignFileFilter(bool on) { foreignFileFilter_ = on; }
     // What follows every save while sharing is on; empty while it is off.
     void CopyToShared(std::function<void()> copy) { copyToShared_ = std::move(copy); }
+    // The folder that keeps a version of the file which somebody else saved and this database would write
+    // over without having read it. Without a folder it is written over.
+    void KeepOverwrittenIn(std::string folder) { overwrittenFolder_ = std::move(folder); }
     // Marks every event of that owner as deleted, in memory.
     void MarkRecordsByOwner(std::string_view owner);
 
@@ -105,6 +108,7 @@ private:
     bool Admit(clsEvent& event, const std::string& user) const;
     void StoreWaiting(std::vector<clsEvent> before);
     bool MustNotWrite() const;
+    bool KeepUnreadVersion();
     bool WriteFile();
 
     StorageServices services_;
@@ -119,6 +123,7 @@ private:
     std::vector<WatchedFile> loadedFiles_;
     bool foreignFileFilter_ = false;
     std::function<void()> copyToShared_;
+    std::string overwrittenFolder_;
 };
 
 }  // namespace kaz

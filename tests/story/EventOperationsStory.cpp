@@ -1,0 +1,135 @@
+#include "storage/EventOperations.h"
+
+#include "core/Application.h"
+#include "fakes/FakePlatform.h"
+#include "fakes/Sample.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+using namespace kaz;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+// A user at the editor.
+class FakeEditor : public EventEditor {
+public:
+    bool Edit(clsEvent& event, EditMode) override {
+        if (meanwhile) meanwhile();
+        event.Desc(typed);
+        return saves;
+    }
+    std::string typed = "Typed";
+    bool saves = true;
+    std::function<void()> meanwhile;  // what happens elsewhere while the dialog is open
+};
+
+class EventOperationsTest : public testing::Test {
+protected:
+    EventOperationsTest() {
+        settings.StoreSetting("Owner", std::string("Ann"));
+        events.SetDBFilename("C:\\KAZ\\Events.xml");
+        expired.SetDBFilename("C:\\KAZ\\Expired.xml");
+        Add(events, "000001", "Ann");
+        Add(events, "000002", "Bob");
+        Add(expired, "000003", "Bob");
+    }
+    void Add(clsDbXml& database, const std::string& code, const std::string& owner) {
+        clsEvent event = OneOff(code, "Event " + code, Today().PlusDays(1));
+        event.Owner(owner);
+        database.StoreRecord(event);
+        database.SaveDB();
+    }
+    DateValue Today() { return machine.clock.Today(); }
+    std::string Saved(const std::string& name) { return machine.files.Text("C:\\KAZ\\" + name); }
+
+    FakePlatform machine;
+    Application app{machine.Services()};
+    cSHAREDSettings& settings = app.settings;
+    clsDbXml events{app.Storage()};
+    clsDbXml expired{app.Storage()};
+    EventOperations operations{{events, expired, settings, machine.clock, machine.dialogs, app.log}};
+    FakeEditor editor;
+};
+
+}  // namespace
+
+TEST_F(EventOperationsTest, OwnershipCountsInANetworkOnly) {
+    settings.StoreSetting("Networked", true);
+    EXPECT_FALSE(operations.EditEvent("000002", false, EditMode::Whole, editor));
+    operations.DeleteEvent("000002");
+    EXPECT_THAT(machine.dialogs.messages,
+                ElementsAre("You're not the owner of this event.  Only Bob can edit it",
+                            "You're not the owner of this event.  Only Bob can delete it."));
+    EXPECT_THAT(Saved("Events.xml"), HasSubstr("000002"));
+
+    settings.StoreSetting("Networked", false);
+    operations.DeleteEvent("000002");
+    EXPECT_THAT(Saved("Events.xml"), Not(HasSubstr("000002")));
+    operations.DeleteEvent("no such code");
+}
+
+TEST_F(EventOperationsTest, AddGivesANewCodeAndTheNextDate) {
+    editor.saves = false;
+    EXPECT_FALSE(operations.AddEvent(editor));
+    editor.saves = true;
+    const auto code = operations.AddEvent(editor);
+    ASSERT_TRUE(code);
+    EXPECT_EQ(code->size(), 6U);
+    EXPECT_THAT(Saved("Events.xml"), HasSubstr("<IDCode>" + *code + "</IDCode>"));
+}
+
+TEST_F(EventOperationsTest, AnEditedExpiredEventMovesBackUnlessItCannotBeSaved) {
+    machine.files.At("C:\\KAZ\\Events.xml").readOnly = true;
+    operations.EditEvent("000003", true, EditMode::Whole, editor);
+    EXPECT_THAT(Saved("Expired.xml"), HasSubstr("000003"));
+
+    machine.files.At("C:\\KAZ\\Events.xml").readOnly = false;
+    EXPECT_TRUE(operations.EditEvent("000003", true, EditMode::Whole, editor));
+    EXPECT_THAT(Saved("Expired.xml"), Not(HasSubstr("000003")));
+    EXPECT_EQ(events.ReadEvent("000003")->Desc(), "Typed");
+}
+
+TEST_F(EventOperationsTest, AChangeOfSharingAloneMovesNoDateAndSendsNoMailAgain) {
+    clsEvent late = Daily("000004", "Late", Today().PlusDays(-3));
+    late.MailSent = true;
+    events.StoreRecord(late);
+    ASSERT_TRUE(operations.EditEvent("000004", false, EditMode::SharingOnly, editor));
+    EXPECT_EQ(events.ReadEvent("000004")->DueDate(), Today().PlusDays(-3));
+    EXPECT_TRUE(events.ReadEvent("000004")->MailSent);
+    ASSERT_TRUE(operations.EditEvent("000004", false, EditMode::Whole, editor));
+    EXPECT_EQ(events.ReadEvent("000004")->DueDate(), Today());
+    EXPECT_FALSE(events.ReadEvent("000004")->MailSent);
+}
+
+TEST_F(EventOperationsTest, AnEventThatWentWhileItWasEditedIsAskedAbout) {
+    editor.meanwhile = [&] { events.AllEvents().clear(); };
+    EXPECT_FALSE(operations.EditEvent("000001", false, EditMode::Whole, editor));
+    EXPECT_THAT(events.AllEvents(), IsEmpty());
+    EXPECT_THAT(machine.dialogs.questions, testing::SizeIs(1));
+
+    editor.meanwhile = {};
+    Add(events, "000001", "Ann");
+    editor.meanwhile = [&] { events.AllEvents().clear(); };
+    machine.dialogs.yesNo = {true};
+    EXPECT_TRUE(operations.EditEvent("000001", false, EditMode::Whole, editor));
+    EXPECT_THAT(Saved("Events.xml"), HasSubstr("<Desc>Typed</Desc>"));
+}
+
+TEST_F(EventOperationsTest, PushPutsOffByADayAndRewritesTheExpiredFileInEveryCase) {
+    const auto before = machine.files.ModificationTime("C:\\KAZ\\Expired.xml");
+    operations.PushEvent("000001", false);
+    EXPECT_EQ(events.ReadEvent("000001")->DueDate(), Today().PlusDays(2));
+    EXPECT_NE(machine.files.ModificationTime("C:\\KAZ\\Expired.xml"), before);
+    operations.PushEvent("000003", true);
+    EXPECT_THAT(Saved("Expired.xml"), Not(HasSubstr("000003")));
+    EXPECT_THAT(Saved("Events.xml"), HasSubstr("000003"));
+    operations.PushEvent("nothing", false);
+    EXPECT_THAT(machine.files.Text("C:\\KAZ\\log.txt"),
+                HasSubstr("Unable to push event with ID nothing. Not found in database."));
+    EXPECT_THAT(machine.dialogs.messages, IsEmpty());
+}
