@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 namespace kaz {
 namespace {
 
@@ -289,7 +291,7 @@ TEST_F(EventDatabase, DrawsCodesUntilOneIsFree) {
     clsDbXml database = Database();
     const auto next = [&] {
         database.StoreRecord(Event(""));
-        return database.AllEvents().back().IDCode;
+        return std::as_const(database).AllEvents().back().IDCode;
     };
     // Half a hundred-thousandth rounds to the even code.
     machine.random.script = {0.0, 0.999999, 0.000005, 0.123456, 0.123456, 0.5};
@@ -304,6 +306,11 @@ TEST_F(EventDatabase, DrawsCodesUntilOneIsFree) {
     database.AllEvents().push_back(Event("000007"));
     machine.random.script = {0.00007, 0.00008};
     EXPECT_EQ(next(), "000008");
+    std::vector<clsEvent>& held = database.AllEvents();
+    next();
+    held.push_back(Event("000010"));
+    machine.random.script = {0.0001, 0.00011};
+    EXPECT_EQ(next(), "000011");
 }
 
 TEST_F(EventDatabase, UsesEveryCodeBeforeItGivesUp) {
