@@ -42,7 +42,7 @@ wine_sound() {
     local script=$wine_run/sound.pa socket=$wine_sockets/pulse.sock
     printf '%s\n' 'load-module module-null-sink sink_name=kaz rate=44100 channels=2' \
         "load-module module-native-protocol-unix socket=$socket auth-anonymous=1" 'set-default-sink kaz' >"$script"
-    pulseaudio -n -F "$script" --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disallow-exit=1 \
+    setsid pulseaudio -n -F "$script" --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disallow-exit=1 \
         </dev/null >"$wine_run/sound.log" 2>&1 &
     printf '%s\n' $! >"$wine_run/sound.pid"
     export PULSE_SERVER=unix:$socket
@@ -97,8 +97,9 @@ wine_take_wanted() {
 wine_start_screen() {
     local number=$wine_run/display
     : >"$number"
-    # Xvfb looks for a free number itself and reports it when it is ready.
-    Xvfb -displayfd 3 -screen 0 "${wine_screen}x24" -nolisten tcp 3>"$number" </dev/null >"$wine_run/screen.log" 2>&1 &
+    # Xvfb looks for a free number itself and reports it when it is ready. In a session of its own it does not hear a Ctrl+C,
+    # which would take the screen from under a program that is ending.
+    setsid Xvfb -displayfd 3 -screen 0 "${wine_screen}x24" -nolisten tcp 3>"$number" </dev/null >"$wine_run/screen.log" 2>&1 &
     printf '%s\n' $! >"$wine_run/screen.pid"
     wait_for 20 test -s "$number" || die "Xvfb did not start: $(tail -n 3 "$wine_run/screen.log")"
     DISPLAY=:$(tr -d '[:space:]' <"$number")
