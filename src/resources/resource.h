@@ -48,8 +48,8 @@
 #define IDS_TITLE 401
 #define IDS_TOOLTIP 10000
 
-// A window's layout table is the RCDATA of the template's id: the smallest width and height in dialog units (0: as the
-// template), then pairs of a control and what it keeps its distance to, or how it looks.
+// A window's layout table is the RCDATA of the template's id: the smallest width and height in dialog units
+// (0: as the template), then pairs of a control and what it keeps its distance to, or how it looks.
 #define LAYOUT_LEFT 1
 #define LAYOUT_TOP 2
 #define LAYOUT_RIGHT 4

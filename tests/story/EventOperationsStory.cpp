@@ -1,8 +1,7 @@
-#include "storage/EventOperations.h"
-
 #include "core/Application.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/Sample.h"
+#include "storage/EventOperations.h"
 
 #include <gmock/gmock.h>
 
