@@ -85,8 +85,8 @@ void ListContents::FitWidth(const std::vector<std::string>& items) {
             width += widths[static_cast<unsigned char>(c)];
         widest = std::max(widest, width);
     }
-    constexpr int kMargin = 8;
-    SendMessageW(control_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + kMargin), 0);
+    constexpr WPARAM kMargin = 8;
+    SendMessageW(control_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest) + kMargin, 0);
 }
 
 int ListContents::Top() const { return static_cast<int>(Send({LB_GETTOPINDEX, 0, 0})); }

@@ -67,7 +67,8 @@ std::optional<std::string> AskForFile(const std::wstring& title, std::wstring fi
     request.lpstrTitle = title.c_str();
     request.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER | OFN_ENABLESIZING;
     if (!GetOpenFileNameW(&request)) return std::nullopt;
-    return PathToCodePage(path.c_str());
+    path.resize(path.find(L'\0'));
+    return PathToCodePage(path);
 }
 
 std::optional<std::string> AskForFolder(const std::wstring& title) {

@@ -5,6 +5,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <iterator>
 
 namespace kaz {
@@ -78,6 +79,7 @@ void SetControlItems(HWND control, const std::vector<std::string>& items) {
 std::vector<std::string> ControlItems(HWND control) {
     const ListContents contents(control);
     std::vector<std::string> items;
+    items.reserve(static_cast<std::size_t>(std::max(contents.Count(), 0)));
     for (int position = 0; position < contents.Count(); ++position)
         items.push_back(contents.Item(position));
     return items;
