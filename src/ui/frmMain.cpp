@@ -121,16 +121,16 @@ void frmMain::ListEvents_ColumnClick(int column) {
     list_.SortBy(column);
     ListEvents().ShowSortMark(list_.SortColumn(), list_.Ascending());
     SetColours();
-    ListEvents().ClearSelection();
+    if (marked.empty()) return;
+    std::vector<int> moved;
     int newCurrent = -1;
     for (int row = 0; row < list_.RowCount(); ++row) {
         if (!isMarked[list_.Identity(row)]) continue;
-        if (current >= 0 && list_.Identity(row) == currentIdentity)
-            newCurrent = row;
-        else
-            ListEvents().Select(row);
+        moved.push_back(row);
+        if (current >= 0 && list_.Identity(row) == currentIdentity) newCurrent = row;
     }
-    if (newCurrent >= 0) ListEvents().Select(newCurrent);  // last, so that it is the one in view
+    ListEvents().SetSelection(moved);
+    if (newCurrent >= 0) ListEvents().Select(newCurrent);
 }
 
 void frmMain::ListEvents_MouseUp() {

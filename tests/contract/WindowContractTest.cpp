@@ -178,8 +178,17 @@ TEST_F(WindowContract, AReportListShowsItsRowsAndKeepsTheSelectionInPlace) {
     stage->SelectRows(*window, IDC_ListEvents, {0, 3});
     EXPECT_THAT(raised, testing::Contains(Raised::Select));
     EXPECT_THAT(list.Selection(), ElementsAre(0, 3));
+    EXPECT_EQ(3, list.Current());
     list.ClearSelection();
+    EXPECT_EQ(3, list.Current());
     EXPECT_THAT(list.Selection(), IsEmpty());
+    raised.clear();
+    list.SetSelection({1, 3, 4});
+    EXPECT_THAT(list.Selection(), ElementsAre(1, 3));
+    list.SetSelection({0, 1, 2, 3});
+    EXPECT_THAT(list.Selection(), ElementsAre(0, 1, 2, 3));
+    EXPECT_EQ(3, list.Current());
+    EXPECT_THAT(raised, testing::Not(testing::Contains(Raised::Select)));
 
     EXPECT_EQ("", stage->SortMark(*window, IDC_ListEvents));
     list.ShowSortMark(1, false);

@@ -27,6 +27,12 @@ void FakeReportList::Select(int row) {
     scrolledTo = row;
 }
 
+void FakeReportList::SetSelection(const std::vector<int>& rows) {
+    selection_ = rows;
+    std::erase_if(selection_, [this](int row) { return row < 0 || row >= shown_; });
+    std::sort(selection_.begin(), selection_.end());
+}
+
 void FakeReportList::ShowSortMark(int column, bool ascending) {
     sortColumn = column;
     sortAscending = ascending;

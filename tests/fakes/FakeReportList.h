@@ -18,6 +18,7 @@ public:
     int Current() const override { return current_; }
     void ClearSelection() override { selection_.clear(); }
     void Select(int row) override;
+    void SetSelection(const std::vector<int>& rows) override;
     void ShowSortMark(int column, bool ascending) override;
 
     // What the user would see.

@@ -90,6 +90,17 @@ void ReportListView::Select(int row) {
     SendMessageW(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
+void ReportListView::SetSelection(const std::vector<int>& rows) {
+    SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+    const bool all = std::cmp_equal(rows.size(), shown_);
+    SetState(-1, all ? LVIS_SELECTED : 0, LVIS_SELECTED);
+    if (!all)
+        for (const int row : rows)
+            if (IsRow(row)) SetState(row, LVIS_SELECTED, LVIS_SELECTED);
+    SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list_, nullptr, FALSE);
+}
+
 void ReportListView::ShowSortMark(int column, bool ascending) {
     const HWND header = ListView_GetHeader(list_);
     const int count = Header_GetItemCount(header);

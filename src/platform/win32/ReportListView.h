@@ -25,6 +25,7 @@ public:
     int Current() const override;
     void ClearSelection() override;
     void Select(int row) override;
+    void SetSelection(const std::vector<int>& rows) override;
     void ShowSortMark(int column, bool ascending) override;
 
     std::optional<LRESULT> OnNotify(const NMHDR& header) override;

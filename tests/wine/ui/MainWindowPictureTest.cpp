@@ -35,7 +35,12 @@ protected:
         Add(*app.events, "Put the bins out", 0).Recurring(true);
         Add(*app.events, "Dentist, bring the insurance card", 3);
         Add(*app.events, "Team lunch at the Caf\xE9 Central", 5, 2).SharedEvent = true;
-        Add(*app.shared, "Release of the spring catalogue", 12, 2).Owner("Ann");
+        clsDbXml anns(app.Storage());
+        Add(anns, "Release of the spring catalogue", 12, 2).Owner("Ann");
+        anns.SetDBFilename("C:\\Share\\Shared_Ann.xml");
+        machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\n");
+        anns.SaveDB();
+        app.settings.StoreSetting("SharedDataPath", std::string("C:\\Share"));
         Add(*app.expired, "Renew the passport", -8);
         for (int week = 1; week < 40; ++week)
             Add(*app.events, "Water the plants", 7 * week).Recurring(true);
