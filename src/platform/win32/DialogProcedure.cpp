@@ -32,10 +32,15 @@ INT_PTR CALLBACK DialogWindow::Procedure(HWND window, UINT message, WPARAM wide,
         auto* self = reinterpret_cast<DialogWindow*>(narrow);
         self->window_ = window;
         SetPropW(window, kProperty, self);
+        SetWindowLongPtrW(window, DWLP_USER, narrow);
         return FALSE;  // a window that is made hidden must not take the focus
     }
-    if (message == WM_NCDESTROY) RemovePropW(window, kProperty);
-    DialogWindow* self = Of(window);
+    if (message == WM_NCDESTROY) {
+        RemovePropW(window, kProperty);
+        SetWindowLongPtrW(window, DWLP_USER, 0);
+    }
+    // Not by the property: a list asks hundreds of times for each page that it paints.
+    auto* self = reinterpret_cast<DialogWindow*>(GetWindowLongPtrW(window, DWLP_USER));
     return self ? self->OnMessage(message, wide, narrow) : FALSE;
 }
 
@@ -92,6 +97,9 @@ void DialogWindow::Raise(int control, Raised what, int detail) {
 
 bool DialogWindow::TranslateKey(MSG& message) {
     if (!IsWindowEnabled(window_)) return false;
+    // The dialog's default button would get the Enter key, and a row could not be opened by it.
+    const bool isEnter = message.message == WM_KEYDOWN && message.wParam == VK_RETURN;
+    if (isEnter && reports_.contains(GetDlgCtrlID(message.hwnd))) return false;
     translating_ = true;
     const bool used =
         (accelerators_ && !TypesText(message) && TranslateAcceleratorW(window_, accelerators_, &message)) ||

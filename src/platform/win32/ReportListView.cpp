@@ -15,17 +15,6 @@ ReportListView::ReportListView(HWND list, Raise raise)
     if (!list_) return;
     constexpr DWORD kStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     ListView_SetExtendedListViewStyleEx(list_, kStyle, kStyle);
-    SetWindowSubclass(list_, Subclass, 0, 0);
-}
-
-LRESULT CALLBACK ReportListView::Subclass(HWND list, UINT message, WPARAM wide, LPARAM narrow, UINT_PTR,
-                                          DWORD_PTR) {
-    const LRESULT result = DefSubclassProc(list, message, wide, narrow);
-    // Without this the dialog's default button gets the Enter key, and a row can't be opened by it.
-    const auto* key = reinterpret_cast<const MSG*>(narrow);
-    if (message == WM_GETDLGCODE && key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN)
-        return result | DLGC_WANTMESSAGE;
-    return result;
 }
 
 void ReportListView::SetColumns(const std::vector<ReportColumn>& columns) {
@@ -62,9 +51,11 @@ void ReportListView::Refresh() {
 }
 
 std::vector<int> ReportListView::Selection() const {
+    // By the count, since a look for one more row than there are goes through the whole list.
+    const auto count = static_cast<std::size_t>(ListView_GetSelectedCount(list_));
     std::vector<int> rows;
-    rows.reserve(static_cast<std::size_t>(ListView_GetSelectedCount(list_)));
-    for (int row = -1; list_ && (row = ListView_GetNextItem(list_, row, LVNI_SELECTED)) >= 0;)
+    rows.reserve(count);
+    for (int row = -1; rows.size() < count && (row = ListView_GetNextItem(list_, row, LVNI_SELECTED)) >= 0;)
         rows.push_back(row);
     return rows;
 }
@@ -108,8 +99,10 @@ void ReportListView::ShowSortMark(int column, bool ascending) {
         HDITEMW item{};
         item.mask = HDI_FORMAT;
         SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
+        const int before = item.fmt;
         item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
         if (at == column) item.fmt |= ascending ? HDF_SORTUP : HDF_SORTDOWN;
+        if (item.fmt == before) continue;
         SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
     }
 }

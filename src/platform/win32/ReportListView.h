@@ -33,8 +33,6 @@ public:
     POINT MenuPoint() const override;
 
 private:
-    static LRESULT CALLBACK Subclass(HWND list, UINT message, WPARAM wide, LPARAM narrow, UINT_PTR id,
-                                     DWORD_PTR self);
     bool IsRow(int row) const { return rows_ && row >= 0 && row < shown_; }
     void SetState(int row, UINT state, UINT mask);
     void GiveText(LVITEMW& item) const;
