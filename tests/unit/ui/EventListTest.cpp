@@ -77,9 +77,9 @@ TEST_F(EventListTest, SortsWithoutRegardToCaseAndKeepsTheFillOrderOfEqualTextsIn
 }
 
 TEST_F(EventListTest, ManyEqualTextsKeepTheirOrderToo) {
-    std::vector<Sample> samples;
-    for (int i = 0; i < 200; ++i)
-        samples.push_back({std::to_string(1000 + i), i % 2 ? "odd" : "even", ""});
+    std::vector<Sample> samples(200);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = {std::to_string(1000 + i), i % 2 ? "odd" : "even", ""};
     list.Show(Rows(samples));
     for (const std::string first : {"odd", "even"}) {
         list.SortBy(kEventColumn);

@@ -7,8 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 constexpr int kInterval = 30000;
 

@@ -11,7 +11,6 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 class frmMainTest : public MainWindowFixture {};
 
