@@ -39,7 +39,8 @@ public:
     virtual void ClearSelection() = 0;
     // Selects the row, makes it current and scrolls it into view; other rows keep their state.
     virtual void Select(int row) = 0;
-    // Selects exactly these rows, however many, with one repaint; the current row and the scroll position stay.
+    // Selects exactly these rows, however many, with one repaint; the current row and the scroll position
+    // stay.
     virtual void SetSelection(const std::vector<int>& rows) = 0;
     // The arrow in the header; column -1 shows none.
     virtual void ShowSortMark(int column, bool ascending) = 0;
