@@ -2,8 +2,10 @@
 
 #include "resources/resource.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
+#include <utility>
 
 namespace kaz {
 
@@ -95,9 +97,13 @@ void DialogLayout::Apply() const {
 }
 
 void DialogLayout::MakeHeadings() {
+    // The font of the other controls, which the system has rescaled when the resolution changed.
+    const auto isPlain = [](const Item& item) { return (item.flags & LAYOUT_HEADING) == 0; };
+    const auto plain = std::find_if(items_.begin(), items_.end(), isPlain);
+    const HWND model = plain == items_.end() ? window_ : plain->control;
     LOGFONTW font{};
-    const auto dialogFont = reinterpret_cast<HFONT>(SendMessageW(window_, WM_GETFONT, 0, 0));
-    if (!dialogFont || !GetObjectW(dialogFont, sizeof font, &font)) return;
+    const auto modelFont = reinterpret_cast<HFONT>(SendMessageW(model, WM_GETFONT, 0, 0));
+    if (!modelFont || !GetObjectW(modelFont, sizeof font, &font)) return;
     font.lfHeight = font.lfHeight * 2;
     font.lfWeight = FW_BOLD;
     Font heading(CreateFontIndirectW(&font));
