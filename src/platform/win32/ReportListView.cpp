@@ -82,14 +82,11 @@ void ReportListView::Select(int row) {
 }
 
 void ReportListView::SetSelection(const std::vector<int>& rows) {
-    SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
     const bool all = std::cmp_equal(rows.size(), shown_);
     SetState(-1, all ? LVIS_SELECTED : 0, LVIS_SELECTED);
-    if (!all)
-        for (const int row : rows)
-            if (IsRow(row)) SetState(row, LVIS_SELECTED, LVIS_SELECTED);
-    SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(list_, nullptr, FALSE);
+    if (all) return;
+    for (const int row : rows)
+        if (IsRow(row)) SetState(row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 void ReportListView::ShowSortMark(int column, bool ascending) {
