@@ -40,13 +40,15 @@ void ReportListView::SetRows(const ReportRows* rows) {
 }
 
 void ReportListView::Refresh() {
-    quiet_ = true;
     const int before = std::exchange(shown_, rows_ ? rows_->RowCount() : 0);
-    // A list that shrinks has to scroll back, or it would show the emptiness behind its end.
-    const DWORD scroll = shown_ < before ? 0 : LVSICF_NOSCROLL;
-    SendMessageW(list_, LVM_SETITEMCOUNT, static_cast<WPARAM>(shown_),
-                 LPARAM{LVSICF_NOINVALIDATEALL} | scroll);
-    quiet_ = false;
+    if (shown_ != before) {  // otherwise the scroll bars would be painted anew for nothing
+        quiet_ = true;
+        // A list that shrinks has to scroll back, or it would show the emptiness behind its end.
+        const DWORD scroll = shown_ < before ? 0 : LVSICF_NOSCROLL;
+        SendMessageW(list_, LVM_SETITEMCOUNT, static_cast<WPARAM>(shown_),
+                     LPARAM{LVSICF_NOINVALIDATEALL} | scroll);
+        quiet_ = false;
+    }
     InvalidateRect(list_, nullptr, FALSE);
 }
 
@@ -71,7 +73,15 @@ void ReportListView::SetState(int row, UINT state, UINT mask) {
     quiet_ = false;
 }
 
-void ReportListView::ClearSelection() { SetState(-1, 0, LVIS_SELECTED); }
+void ReportListView::ClearSelection() {
+    constexpr UINT kFew = 100;
+    // "All rows" is a walk over each of them in some versions of the control.
+    if (ListView_GetSelectedCount(list_) > kFew)
+        SetState(-1, 0, LVIS_SELECTED);
+    else
+        for (const int row : Selection())
+            SetState(row, 0, LVIS_SELECTED);
+}
 
 void ReportListView::Select(int row) {
     if (!IsRow(row)) return;
@@ -82,9 +92,11 @@ void ReportListView::Select(int row) {
 }
 
 void ReportListView::SetSelection(const std::vector<int>& rows) {
-    const bool all = std::cmp_equal(rows.size(), shown_);
-    SetState(-1, all ? LVIS_SELECTED : 0, LVIS_SELECTED);
-    if (all) return;
+    if (std::cmp_equal(rows.size(), shown_)) {
+        SetState(-1, LVIS_SELECTED, LVIS_SELECTED);
+        return;
+    }
+    ClearSelection();
     for (const int row : rows)
         if (IsRow(row)) SetState(row, LVIS_SELECTED, LVIS_SELECTED);
 }
