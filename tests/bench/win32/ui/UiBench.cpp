@@ -143,7 +143,7 @@ void Print(const char* what, double ours, double bare) {
 }
 
 void Compare() {
-    constexpr int kRounds = 7;
+    constexpr int kRounds = 15;
     Program program;
     RECT place{};
     GetWindowRect(program.List(), &place);
