@@ -165,6 +165,7 @@ void frmMain::Search(int from) {
 void frmMain::ShowWindow() { window().Show(Activation::TakeFocus); }
 
 void frmMain::BringForward() {
+    // Kept on purpose: a maximised window becomes a normal one as well.
     window().SetState(WindowState::Normal);
     window().Show(Activation::TakeFocus);
 }

@@ -209,8 +209,10 @@ TEST_F(frmMainTest, TheCloseBoxHidesTheWindowAndTellsTheComponent) {
     EXPECT_EQ(1U, app.openWindows.Count());
     main->ShowWindow();
     EXPECT_TRUE(main->IsShown());
+    window->state = WindowState::Maximised;
     main->BringForward();
     EXPECT_EQ("Show activated", window->acts.back());
+    EXPECT_EQ(WindowState::Normal, window->State());
 }
 
 struct SizeCase {
