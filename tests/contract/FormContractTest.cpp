@@ -95,18 +95,6 @@ TEST_F(FormContract, TheMainListIsFilteredSortedAndSearched) {
     EXPECT_THAT(Shown(), IsEmpty());
 }
 
-TEST_F(FormContract, ExpiredEventsComeWithTheTick) {
-    const clsEvent old = Add("Old", -5);
-    app.events->AllEvents().clear();
-    app.expired->AllEvents().push_back(old);
-    Open();
-    main->ShowWindow();
-    stage->Click(*window, IDC_chkExpired);
-    EXPECT_THAT(Shown(kTypeColumn), ElementsAre("E"));
-    stage->Click(*window, IDC_chkExpired);
-    EXPECT_THAT(Shown(), IsEmpty());
-}
-
 TEST_F(FormContract, TheCloseBoxHidesTheMainWindowAndItComesBack) {
     Open();
     main->ShowWindow();

@@ -162,23 +162,5 @@ TEST_F(MainWindowPicture, TheListFillsTheWindowAtEverySizeAndTheFilterKeepsItsPl
     Picture::OfWhole(window).Save("main-window-small.bmp");
 }
 
-TEST_F(MainWindowPicture, ScrollingToTheEndPaintsTheLastRows) {
-    Open();
-    const int last = ListView_GetItemCount(list) - 1;
-    SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(last), FALSE);
-    Paint();
-    const Picture picture = Picture::OfClient(list);
-    EXPECT_GT(Pixels(picture, Cell(last, kEventColumn), 0, 0, 0), 20);
-
-    // The list shrinks while it is scrolled down: what is left is painted, and nothing behind it.
-    SendMessageW(GetDlgItem(window, IDC_cmbCategories), CB_SETCURSEL, 2, 0);
-    SendMessageW(window, WM_COMMAND, MAKEWPARAM(IDC_cmbCategories, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(GetDlgItem(window, IDC_cmbCategories)));
-    Paint();
-    EXPECT_EQ(2, ListView_GetItemCount(list));
-    EXPECT_EQ(0, ListView_GetTopIndex(list));
-    EXPECT_GT(Pixels(Picture::OfClient(list), Cell(1, kEventColumn), 0, 0, 255), 20);
-}
-
 }  // namespace
 }  // namespace kaz
