@@ -203,6 +203,53 @@ void Compare() {
     std::printf("find in 10000 rows, %d hits         %9.3f ms\n", hits, find);
 }
 
+std::vector<std::string> ComingUp(int count, int shift) {
+    std::vector<std::string> lines;
+    for (int i = 0; i < count; ++i)
+        lines.push_back("In " + std::to_string(1 + (i * 7 + shift) % 30) +
+                        " days: pay the caf\xE9 rent, number " + std::to_string(i));
+    return lines;
+}
+
+// The coming-up window against a bare list box that gets the same lines in their order at once.
+void CompareReminders() {
+    constexpr int kRounds = 15;
+    constexpr int kLines = 1231;
+    Program program;
+    frmReminder& form = program.App().reminderWindows.Open(ReminderKind::ComingUp);
+    form.Heading("COMING UP");
+    form.ShowOnTop();
+    Pump();
+    const HWND window = FindWindowW(nullptr, L"COMING UP");
+    const HWND list = GetDlgItem(window, IDC_lstReminders);
+    RECT place{};
+    GetClientRect(list, &place);
+    int shift = 0;
+    const double ours = Least(kRounds, [&] {
+        form.ReplaceList(ComingUp(kLines, ++shift));
+        PaintNow(list);
+    });
+
+    const HWND bare = CreateWindowExW(0, L"LISTBOX", L"",
+                                      WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT,
+                                      40, 40, place.right, place.bottom, nullptr, nullptr, nullptr, nullptr);
+    SendMessageW(bare, WM_SETFONT, static_cast<WPARAM>(SendMessageW(list, WM_GETFONT, 0, 0)), FALSE);
+    Pump();
+    const double theirs = Least(kRounds, [&] {
+        std::vector<std::string> lines = ComingUp(kLines, ++shift);
+        std::sort(lines.begin(), lines.end());
+        SendMessageW(bare, WM_SETREDRAW, FALSE, 0);
+        SendMessageW(bare, LB_RESETCONTENT, 0, 0);
+        for (const std::string& line : lines)
+            SendMessageA(bare, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+        SendMessageW(bare, WM_SETREDRAW, TRUE, 0);
+        InvalidateRect(bare, nullptr, TRUE);
+        PaintNow(bare);
+    });
+    Print("coming up, 1231 lines", ours, theirs);
+    DestroyWindow(bare);
+}
+
 void ShowMemory(int rows) {
     Program program;
     program.Events(rows);
@@ -221,7 +268,9 @@ void ShowMemory(int rows) {
 int main(int count, char** arguments) {
     if (count > 2 && std::string(arguments[1]) == "memory")
         kaz::ShowMemory(std::stoi(arguments[2]));
-    else
+    else {
         kaz::Compare();
+        kaz::CompareReminders();
+    }
     return 0;
 }
