@@ -56,7 +56,6 @@ void Component::Start(const std::wstring& folder) {
         throw StartFailure{L"KAZ cannot work with the folder\n" + folder +
                            L"\nThe reason is in the file Log_KAZ.txt, there or beside the program."};
     started_ = true;
-    component_->RefreshDates();
 }
 
 void Component::Scan() { component_->ScanEvents(); }

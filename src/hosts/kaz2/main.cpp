@@ -58,8 +58,9 @@ void Run(const CommandLine& line) {
 
     component = std::make_unique<Component>(lists);
     component->Start(folder);
-    component->Scan();
+    // First the window, so that it is there while the lists are made; a scan alone loads it hidden.
     if (!StartsSilently(folder)) component->Show();
+    component->Scan();
     ProcessMessages();
 
     // Gone before the saving starts, so that a second start waits and becomes the first instead of asking
