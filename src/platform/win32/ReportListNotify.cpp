@@ -44,10 +44,19 @@ void ReportListView::GiveText(LVITEMW& item) const {
     item.pszText[length] = L'\0';
 }
 
+bool ReportListView::HasColours(int row) const {
+    if (!IsRow(row) || row >= rows_->RowCount()) return false;
+    for (int column = 0; column < columnCount_; ++column)
+        if (!rows_->CellColour(row, column).windowText) return true;
+    return false;
+}
+
 LRESULT ReportListView::Draw(NMLVCUSTOMDRAW& draw) const {
     switch (draw.nmcd.dwDrawStage) {
     case CDDS_PREPAINT: return CDRF_NOTIFYITEMDRAW;
-    case CDDS_ITEMPREPAINT: return CDRF_NOTIFYSUBITEMDRAW;
+    // Asked cell by cell only where it is needed: nine messages a row are a good part of a page.
+    case CDDS_ITEMPREPAINT:
+        return HasColours(static_cast<int>(draw.nmcd.dwItemSpec)) ? CDRF_NOTIFYSUBITEMDRAW : CDRF_DODEFAULT;
     case CDDS_ITEMPREPAINT | CDDS_SUBITEM: {
         const int row = static_cast<int>(draw.nmcd.dwItemSpec);
         if (!IsRow(row) || row >= rows_->RowCount()) return CDRF_DODEFAULT;

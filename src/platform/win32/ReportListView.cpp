@@ -30,6 +30,7 @@ void ReportListView::SetColumns(const std::vector<ReportColumn>& columns) {
         column.iSubItem = static_cast<int>(at);
         SendMessageW(list_, LVM_INSERTCOLUMNW, at, reinterpret_cast<LPARAM>(&column));
     }
+    columnCount_ = static_cast<int>(columns.size());
     SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list_, nullptr, TRUE);
 }

@@ -37,10 +37,12 @@ private:
     void SetState(int row, UINT state, UINT mask);
     void GiveText(LVITEMW& item) const;
     LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
+    bool HasColours(int row) const;
 
     HWND list_;
     Raise raise_;
     const ReportRows* rows_ = nullptr;
+    int columnCount_ = 0;
     int shown_ = 0;
     int dpi_;
     bool quiet_ = false;  // what the program itself does to the selection is not raised
