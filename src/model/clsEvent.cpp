@@ -10,6 +10,11 @@ bool clsEvent::NameInShared(std::string_view name, const CaseFolding& folding) c
     return folding.Find(ShareNames, std::string(name).append(kLineBreak)) != std::string_view::npos;
 }
 
+RecurrenceRule clsEvent::Rule() const {
+    return {recurrenceType_, weekDays_,  dayOfMonth_, monthNumber_,
+            period_,         startDate_, dayNumber_,  dayOfWeek_};
+}
+
 void clsEvent::CalcNextDueDate(DateValue today, ErrorSink& errors) {
     CalcDueDate(today.DateOnly(), today, errors);
 }
@@ -22,9 +27,7 @@ void clsEvent::CalcDueDate(DateValue reference, DateValue today, ErrorSink& erro
     MailSent = false;  // for a kind that is not known too, so that a new occurrence can be mailed
     ErrorTrap trap(errors, "CalcDueDate", "clsEvent");
     trap([&] {
-        const RecurrenceRule rule{recurrenceType_, weekDays_,  dayOfMonth_, monthNumber_,
-                                  period_,         startDate_, dayNumber_,  dayOfWeek_};
-        const auto next = FirstOccurrence(rule, reference, today);
+        const auto next = FirstOccurrence(Rule(), reference, today);
         if (!next) return;
         dueDate_ = next->dueDate;
         startDate_ = next->startDate;

@@ -75,6 +75,9 @@ public:
     DateValue DueDate() const { return dueDate_; }
     void DueDate(DateValue value) { dueDate_ = value.DateOnly(); }
 
+    // What decides its days.
+    RecurrenceRule Rule() const;
+
     // Sets DueDate to the first occurrence on or after today (for the interval rules StartDate too) and
     // clears MailSent. `today` is the clock's day. A rule that cannot be computed is reported as one error
     // and leaves the dates as they were.

@@ -43,6 +43,15 @@ struct WindowSize {
     int height = 0;
 };
 
+// Where a control is, from the top left of the area inside the window's frame; in units of 1/96 inch.
+struct ControlPlace {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    friend constexpr bool operator==(const ControlPlace&, const ControlPlace&) = default;
+};
+
 enum class WindowState { Normal, Minimised, Maximised };
 
 struct Colour {
@@ -73,6 +82,8 @@ public:
     virtual WindowSize Size() const = 0;
     // Keeps the window on a screen that exists now.
     virtual void SetSize(WindowSize size) = 0;
+    // The same by the area inside the frame, which holds the controls.
+    virtual void SetInnerSize(WindowSize size) = 0;
     virtual WindowSize ScreenSize() const = 0;
     // Runs the window modally until EndModal; returns the latter's result.
     virtual int ShowModal() = 0;
@@ -91,6 +102,8 @@ public:
     virtual void SetEnabled(int control, bool enabled) = 0;
     virtual bool ControlVisible(int control) const = 0;
     virtual void SetControlVisible(int control, bool visible) = 0;
+    virtual ControlPlace Place(int control) const = 0;
+    virtual void SetPlace(int control, const ControlPlace& place) = 0;
     virtual void SetFocus(int control) = 0;
 
     // List boxes, combo boxes and tab strips; positions count from 0.

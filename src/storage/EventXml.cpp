@@ -119,6 +119,20 @@ void EventXml::AppendBlock(std::string& text, const clsEvent& event) {
     text.append(layout.between[kEventFieldCount]).append(kBlockTail);
 }
 
+std::string EventXml::FirstTag(std::string_view text) {
+    const auto isTag = [](std::string_view found, std::string_view name) {
+        return CaseFolding::Ascii().Equal(found, StartTag(name)) ||
+               CaseFolding::Ascii().Equal(found, EndTag(name));
+    };
+    for (auto at = text.find('<'); at != std::string_view::npos; at = text.find('<', at + 1)) {
+        const std::string_view found = text.substr(at, text.find('>', at) - at + 1);
+        if (isTag(found, "EVENT") || isTag(found, "KAZ2")) return std::string(found);
+        for (const EventField& field : EventFields())
+            if (isTag(found, field.tag)) return std::string(found);
+    }
+    return {};
+}
+
 bool EventXml::HoldsBlock(std::string_view piece) { return cSharedHTML::cInstr(piece, "<EVENT>") != 0; }
 
 std::size_t EventXml::ReadAsWritten(std::string_view text, clsEvent& event) const {

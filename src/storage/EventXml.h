@@ -24,6 +24,10 @@ public:
 
     static void AppendBlock(std::string& text, const clsEvent& event);
 
+    // The first tag of the format in a text, "" when there is none. A text with one would break the file as
+    // the value of a field that is not encoded.
+    static std::string FirstTag(std::string_view text);
+
     // Whether a piece of a file, up to its block end, holds a block.
     static bool HoldsBlock(std::string_view piece);
 

@@ -44,10 +44,14 @@ public:
     void SetState(WindowState value) override { state = value; }
     WindowSize Size() const override { return size; }
     void SetSize(WindowSize value) override { size = value; }
+    void SetInnerSize(WindowSize value) override { size = value; }
     WindowSize ScreenSize() const override { return screen; }
     // Runs the next modal script. Throws InternalError when there is none or when it leaves the window open.
     int ShowModal() override;
-    void EndModal(int result) override { modalResult_ = result; }
+    // The first result counts.
+    void EndModal(int result) override {
+        if (!modalResult_) modalResult_ = result;
+    }
 
     void StartTimer(int timer, int milliseconds) override;
     void StopTimer(int timer) override { timers_.erase(timer); }
@@ -60,6 +64,8 @@ public:
     void SetEnabled(int control, bool enabled) override { controls_[control].enabled = enabled; }
     bool ControlVisible(int control) const override { return At(control).visible; }
     void SetControlVisible(int control, bool visible) override { controls_[control].visible = visible; }
+    ControlPlace Place(int control) const override { return At(control).place; }
+    void SetPlace(int control, const ControlPlace& place) override { controls_[control].place = place; }
     void SetFocus(int control) override { focus = control; }
 
     void SetItems(int control, const std::vector<std::string>& items) override;
@@ -108,6 +114,7 @@ private:
         bool checked = false;
         bool enabled = true;
         bool visible = true;
+        ControlPlace place;
         std::vector<std::string> items;
         std::vector<int> selection;
         int fills = 0;

@@ -1,4 +1,5 @@
 #include "platform/win32/DialogWindow.h"
+#include "platform/win32/ScreenPlacement.h"
 #include "platform/win32/StockControls.h"
 #include "platform/win32/Text.h"
 
@@ -60,6 +61,22 @@ bool DialogWindow::ControlVisible(int control) const {
 void DialogWindow::SetControlVisible(int control, bool visible) {
     if (!visible) MoveFocusFrom(At(control));
     ShowWindow(At(control), visible ? SW_SHOWNA : SW_HIDE);
+}
+
+ControlPlace DialogWindow::Place(int control) const {
+    RECT place{};
+    GetWindowRect(At(control), &place);
+    MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
+    return {ToUnits(window_, place.left), ToUnits(window_, place.top),
+            ToUnits(window_, place.right - place.left), ToUnits(window_, place.bottom - place.top)};
+}
+
+void DialogWindow::SetPlace(int control, const ControlPlace& place) {
+    const HWND target = At(control);
+    if (target == window_) return;
+    SetWindowPos(target, nullptr, ToPixels(window_, place.left), ToPixels(window_, place.top),
+                 ToPixels(window_, place.width), ToPixels(window_, place.height),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void DialogWindow::SetFocus(int control) {

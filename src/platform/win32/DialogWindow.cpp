@@ -116,6 +116,7 @@ void DialogWindow::SetState(WindowState state) {
 
 WindowSize DialogWindow::Size() const { return OuterSize(window_); }
 void DialogWindow::SetSize(WindowSize size) { SetOuterSize(window_, size); }
+void DialogWindow::SetInnerSize(WindowSize size) { SetClientSize(window_, size); }
 WindowSize DialogWindow::ScreenSize() const { return MonitorSize(window_); }
 
 int DialogWindow::ShowModal() {

@@ -42,6 +42,7 @@ public:
     void SetState(WindowState state) override;
     WindowSize Size() const override;
     void SetSize(WindowSize size) override;
+    void SetInnerSize(WindowSize size) override;
     WindowSize ScreenSize() const override;
     int ShowModal() override;
     void EndModal(int result) override;
@@ -57,6 +58,8 @@ public:
     void SetEnabled(int control, bool enabled) override;
     bool ControlVisible(int control) const override;
     void SetControlVisible(int control, bool visible) override;
+    ControlPlace Place(int control) const override;
+    void SetPlace(int control, const ControlPlace& place) override;
     void SetFocus(int control) override;
 
     void SetItems(int control, const std::vector<std::string>& items) override;

@@ -72,6 +72,16 @@ void SetOuterSize(HWND window, WindowSize size) {
     KeepOnScreen(window);
 }
 
+void SetClientSize(HWND window, WindowSize size) {
+    RECT frame{0, 0, ToPixels(window, size.width), ToPixels(window, size.height)};
+    AdjustWindowRectExForDpi(&frame, static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)), FALSE,
+                             static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)),
+                             GetDpiForWindow(window));
+    SetWindowPos(window, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    KeepOnScreen(window);
+}
+
 WindowSize MonitorSize(HWND window) {
     const SIZE size = SizeOf(Info(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST)).rcMonitor);
     return {ToUnits(window, size.cx), ToUnits(window, size.cy)};

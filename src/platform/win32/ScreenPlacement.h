@@ -12,6 +12,7 @@ int ToUnits(HWND window, int pixels);
 
 WindowSize OuterSize(HWND window);
 void SetOuterSize(HWND window, WindowSize size);
+void SetClientSize(HWND window, WindowSize size);
 WindowSize MonitorSize(HWND window);
 
 // Into the middle of the owner or, without one, of the screen where the user works, one step aside of windows
