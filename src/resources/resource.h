@@ -8,6 +8,7 @@
 #define IDD_MAIN 102
 #define IDD_INPUTBOX 103
 #define IDD_DATE 104
+#define IDD_EVENT 105
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -44,7 +45,77 @@
 #define IDC_lblDatePrompt 1301
 #define IDC_calDate 1302
 
-// Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id.
+// frmEvent: every control is in this range
+#define IDC_frmEventFirst 1400
+#define IDC_frmEventLast 1499
+#define IDC_lblDesc 1400
+#define IDC_txtDesc 1401
+#define IDC_lblLayer 1402
+#define IDC_cmbLayers 1403
+#define IDC_lblDaysWarning 1404
+#define IDC_txtDaysWarning 1405
+#define IDC_chkTimed 1406
+#define IDC_lblTime 1407
+#define IDC_txtTime 1408
+#define IDC_lblMinutesWarning 1409
+#define IDC_txtMinutesWarning 1410
+#define IDC_lblMinutesUnit 1411
+#define IDC_lblAlarmAdvice 1412
+#define IDC_chkMakeNoise 1413
+#define IDC_lblWavFile 1414
+#define IDC_cmdPickWav 1415
+#define IDC_chkRunFile 1416
+#define IDC_lblExecFile 1417
+#define IDC_cmdPickFile 1418
+#define IDC_chkFrequency 1419
+#define IDC_txtFrequency 1420
+#define IDC_lblFrequencyMinutes 1421
+#define IDC_optRepeat 1422
+#define IDC_optShowOnce 1423
+#define IDC_chkEmailTo 1424
+#define IDC_txtEmailAlert 1425
+#define IDC_FrameShared 1426
+#define IDC_chkShared 1427
+#define IDC_chkSpecificShare 1428
+#define IDC_lblUsers 1429
+#define IDC_lstUsers 1430
+#define IDC_TabStrip1 1431  // up to 1437 for the tooltips of its tabs
+#define IDC_lblPreview 1488
+#define IDC_lblPreviewWarning 1489
+#define IDC_cmdSave 1490
+#define IDC_cmdAbort 1491
+// The frame of tab n, counted from 0, is the controls from IDC_fraEvent + 8 * n on, at most eight.
+#define IDC_fraEvent 1440
+#define FRAME_CONTROLS 8
+#define IDC_chkDay 1440  // Monday, and the other days after it
+#define IDC_lblWeekdaysHelp 1447
+#define IDC_lblDayOfMonth 1448
+#define IDC_txtDayOfMonth 1449
+#define IDC_lblMonthNames 1450
+#define IDC_lstMonthNames 1451
+#define IDC_lblMonthlyHelp 1452
+#define IDC_lblMonthlyEvery 1456
+#define IDC_txtMonthlyPeriod 1457
+#define IDC_lblMonthlyFrom 1458
+#define IDC_lblMonthlyStartDate 1459
+#define IDC_lblMonthsHelp 1460
+#define IDC_lblWeeklyEvery 1464
+#define IDC_txtWeeklyPeriod 1465
+#define IDC_lblWeeklyFrom 1466
+#define IDC_lblWeeklyStartDate 1467
+#define IDC_lblWeeksHelp 1468
+#define IDC_lstDayNumber 1472
+#define IDC_lstDayName 1473
+#define IDC_lstMonths 1474
+#define IDC_lblDayXHelp 1475
+#define IDC_lblDailyEvery 1480
+#define IDC_txtDailyPeriod 1481
+#define IDC_lblDailyFrom 1482
+#define IDC_lblDailyStartDate 1483
+#define IDC_lblDaysHelp 1484
+
+// Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id;
+// that of a tab follows its strip's: + 1 for the first tab.
 #define IDS_TITLE 401
 #define IDS_TOOLTIP 10000
 

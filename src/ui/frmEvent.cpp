@@ -1,0 +1,260 @@
+#include "ui/frmEvent.h"
+
+#include "base/Text.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "storage/clsSounds.h"
+#include "ui/event/FieldFault.h"
+#include "ui/event/FieldReading.h"
+#include "ui/event/RulePreview.h"
+#include "ui/event/ShareLayout.h"
+
+#include <utility>
+#include <vector>
+
+namespace kaz {
+
+namespace {
+
+constexpr int kSaved = 1;
+constexpr int kAborted = 2;
+constexpr std::int16_t kFirstOwnLayer = 1;  // where a list puts an event without a category
+
+std::string DatePattern(const cSHAREDSettings& settings) {
+    return ToNumber(settings.sGet("DateStyle", std::int16_t{0})) == 1 ? "DD/MM/YYYY" : "MM/DD/YYYY";
+}
+
+}  // namespace
+
+frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application, clsEvent event,
+                   EditMode mode)
+    : Form(std::move(window), application.errors, "frmEvent"),
+      app_(application),
+      event_(std::move(event)),
+      mode_(mode),
+      datePattern_(DatePattern(application.settings)),
+      alarm_(this->window(), application.platform.locale.Data()),
+      actions_(this->window(), application.platform.files, application.platform.dialogs),
+      share_(this->window(), application.platform.locale.Folding()),
+      tabs_(this->window(), {datePattern_, application.platform.locale.Data()}) {
+    On(0, Raised::Load, "Form_Load", &frmEvent::Form_Load);
+    On(0, Raised::CloseBox, "cmdAbort_Click", &frmEvent::cmdAbort_Click);
+    On(IDC_cmdSave, Raised::Click, "cmdSave_Click", &frmEvent::cmdSave_Click);
+    On(IDC_cmdAbort, Raised::Click, "cmdAbort_Click", &frmEvent::cmdAbort_Click);
+    On(IDC_chkTimed, Raised::Click, "chkTimed_Click", &frmEvent::chkTimed_Click);
+    On(IDC_txtTime, Raised::Change, "txtTime_Change", &frmEvent::txtTime_Change);
+    On(IDC_txtMinutesWarning, Raised::Change, "txtMinutesWarning_Change", &frmEvent::txtTime_Change);
+    On(IDC_chkMakeNoise, Raised::Click, "chkMakeNoise_Click", &frmEvent::chkMakeNoise_Click);
+    On(IDC_chkRunFile, Raised::Click, "chkRunFile_Click", &frmEvent::chkRunFile_Click);
+    On(IDC_chkEmailTo, Raised::Click, "chkEmailTo_Click", &frmEvent::chkEmailTo_Click);
+    On(IDC_chkShared, Raised::Click, "chkShared_Click", &frmEvent::chkShared_Click);
+    On(IDC_chkSpecificShare, Raised::Click, "chkSpecificShare_Click", &frmEvent::chkShared_Click);
+    On(IDC_cmdPickWav, Raised::Click, "cmdPickWav_Click", &frmEvent::cmdPickWav_Click);
+    On(IDC_cmdPickFile, Raised::Click, "cmdPickFile_Click", &frmEvent::cmdPickFile_Click);
+    On(IDC_TabStrip1, Raised::Select, "TabStrip1_Click", &frmEvent::TabStrip1_Click);
+    On(IDC_lblMonthlyStartDate, Raised::Click, "lblMonthlyStartDate_Click",
+       &frmEvent::lblMonthlyStartDate_Click);
+    On(IDC_lblWeeklyStartDate, Raised::Click, "lblWeeklyStartDate_Click",
+       &frmEvent::lblWeeklyStartDate_Click);
+    On(IDC_lblDailyStartDate, Raised::Click, "lblDailyStartDate_Click", &frmEvent::lblDailyStartDate_Click);
+    ListenToRule();
+}
+
+// Whatever else decides the next dates, so that the preview follows it.
+void frmEvent::ListenToRule() {
+    for (int day = 0; day < 7; ++day)
+        On(IDC_chkDay + day, Raised::Click, "chkDay_Click", &frmEvent::ShowPreview);
+    for (const int option : {IDC_optRepeat, IDC_optShowOnce})
+        On(option, Raised::Click, "optRepeat_Click", &frmEvent::ShowPreview);
+    for (const int text : {IDC_txtDayOfMonth, IDC_txtMonthlyPeriod, IDC_txtWeeklyPeriod, IDC_txtDailyPeriod})
+        On(text, Raised::Change, "txtPeriod_Change", &frmEvent::ShowPreview);
+    for (const int list : {IDC_lstMonthNames, IDC_lstDayNumber, IDC_lstDayName, IDC_lstMonths})
+        On(list, Raised::Select, "lstMonths_Click", &frmEvent::ShowPreview);
+}
+
+void frmEvent::Form_Load() {
+    ErrorTrap trap(errors(), "Form_Load", Name());
+    trap([&] { ShowNew(); });
+    trap([&] {
+        const bool networked = app_.Networked();
+        share_.Load(networked, networked ? app_.Folder().Users() : std::vector<std::string>{});
+    });
+    trap([&] {
+        if (!event_.IDCode.empty()) CopyDataToForm();
+    });
+    trap([&] { tabs_.ShowFrame(); });
+    trap([&] { SetupRelatedItems(); });
+    trap([&] { alarm_.ShowAdvice(); });
+    trap([&] { ShowPreview(); });
+    if (mode_ == EditMode::SharingOnly) trap([&] { ConvertToPickShareMode(); });
+}
+
+void frmEvent::ShowNew() {
+    std::vector<std::string> names;
+    for (std::int16_t slot = 0; slot < clsLayers::kAll; ++slot)
+        names.push_back(app_.layers.Layer(slot));
+    cmbLayers.Items(names);
+    cmbLayers.Select(kFirstOwnLayer);
+    txtDaysWarning.Text("0");
+    optRepeat.Checked(event_.Recurring());
+    optShowOnce.Checked(!event_.Recurring());
+    alarm_.ShowNew(app_.platform.clock.Now());
+    tabs_.ShowNew(app_.platform.clock.Today());
+}
+
+void frmEvent::CopyDataToForm() {
+    ErrorTrap trap(errors(), "CopyDataToForm", Name());
+    trap([&] { txtDesc.Text(event_.Desc()); });
+    trap([&] { shownDescription_ = txtDesc.Text(); });
+    trap([&] { share_.Show(event_); });
+    trap([&] { alarm_.Show(event_); });
+    trap([&] { actions_.Show(event_); });
+    trap([&] {
+        optRepeat.Checked(event_.Recurring());
+        optShowOnce.Checked(!event_.Recurring());
+        cmbLayers.Select(event_.Layer());
+        txtDaysWarning.Text(std::to_string(event_.DaysWarning()));
+    });
+    trap([&] { tabs_.Show(event_); });
+}
+
+bool frmEvent::CopyFormToData() {
+    try {
+        clsEvent edited = event_;
+        if (mode_ == EditMode::SharingOnly)
+            share_.Take(edited);  // what is hidden is neither checked nor changed
+        else
+            CopyFields(edited);
+        event_ = std::move(edited);
+        return true;
+    } catch (const FieldFault& fault) {
+        app_.platform.dialogs.Message(fault.Description());
+        window().SetFocus(fault.Control());
+    } catch (...) {
+        TellFailure();
+    }
+    return false;
+}
+
+void frmEvent::CopyFields(clsEvent& event) {
+    alarm_.Take(event);
+    CopyDescription(event);
+    alarm_.FillEmpty();
+    if (Trim(TypedText(txtDaysWarning)).empty()) txtDaysWarning.Text("0");
+    share_.Take(event);
+    actions_.Take(event);
+    event.Owner(app_.Owner());
+    event.Recurring(optRepeat.Checked());
+    const std::string days = "Please enter the days of warning as a whole number from 0 to 32767";
+    event.DaysWarning(TypedNumber(txtDaysWarning, 0, INT16_MAX, {days, days}));
+    // A category that is not in the list stays as it is.
+    if (cmbLayers.Selected() >= 0) event.Layer(static_cast<std::int16_t>(cmbLayers.Selected()));
+    tabs_.Take(event);
+    if (!event.Email.empty()) app_.settings.StoreSetting("DefaultEmail", event.Email);
+}
+
+// A text box cannot show every byte that a description may hold; one that the user has not touched keeps them
+// all.
+void frmEvent::CopyDescription(clsEvent& event) const {
+    const std::string text = TypedText(txtDesc);
+    if (event.IDCode.empty() || text != shownDescription_) event.Desc(text);
+}
+
+void frmEvent::TellFailure() {
+    const ErrorInfo failure = CurrentError();
+    app_.log.LogError(failure, "CopyFormToData", Name());
+    std::string text = failure.description;
+    // Kept on purpose: while an alarm is set, whatever else fails is put down to the time.
+    if (alarm_.Ticked()) text = "Time field " + alarm_.TimeText() + " is not valid, please correct";
+    if (text.empty()) text = "An error occurred.  Please check the data fields.";
+    app_.platform.dialogs.Message(text);
+}
+
+void frmEvent::SetupRelatedItems() {
+    alarm_.FollowTick();
+    actions_.FollowTick();
+    share_.FollowTicks();
+}
+
+void frmEvent::ConvertToPickShareMode() { ShowSharingOnly(window()); }
+
+bool frmEvent::ShowModal() { return window().ShowModal() == kSaved; }
+
+void frmEvent::Form_Unload() { window().EndModal(kAborted); }
+
+void frmEvent::cmdSave_Click() {
+    if (CopyFormToData()) window().EndModal(kSaved);
+}
+
+void frmEvent::cmdAbort_Click() { window().EndModal(kAborted); }
+
+void frmEvent::chkTimed_Click() {
+    SetupRelatedItems();
+    txtTime_Change();
+}
+
+void frmEvent::txtTime_Change() {
+    alarm_.ShowAdvice();
+    ShowPreview();
+}
+
+void frmEvent::chkMakeNoise_Click() {
+    actions_.FollowSoundTick(DefaultAlarmSound(app_.settings, app_.runtimePath));
+}
+
+void frmEvent::chkRunFile_Click() {
+    SetupRelatedItems();
+    ShowPreview();
+}
+
+void frmEvent::chkEmailTo_Click() { actions_.FollowEmailTick(app_.settings.TextOr("DefaultEmail", "")); }
+
+void frmEvent::chkShared_Click() { share_.FollowTicks(); }
+
+void frmEvent::cmdPickWav_Click() { actions_.PickSound(); }
+
+void frmEvent::cmdPickFile_Click() { actions_.PickFile(); }
+
+void frmEvent::TabStrip1_Click() {
+    tabs_.ShowFrame();
+    ShowPreview();
+}
+
+void frmEvent::lblMonthlyStartDate_Click() { PickStartDate(tabs_.months); }
+void frmEvent::lblWeeklyStartDate_Click() { PickStartDate(tabs_.weeks); }
+void frmEvent::lblDailyStartDate_Click() { PickStartDate(tabs_.days); }
+
+void frmEvent::PickStartDate(IntervalFrame& frame) {
+    frame.PickStartDate(app_.platform.dialogs, app_.platform.clock.Today());
+    ShowPreview();
+}
+
+void frmEvent::ShowPreview() {
+    RulePreview preview;
+    try {
+        preview = RulePreview(AsTyped(), app_.platform.clock.Today());
+    } catch (const FieldFault&) {
+        // The user is still typing: there is nothing to show yet, and nothing to complain of.
+    }
+    lblPreview.Text(preview.DatesLine(datePattern_, app_.platform.locale.Data()));
+    lblPreviewWarning.Text(preview.Warning());
+}
+
+// Throws FieldFault while the rule is incomplete; the other fields are taken as far as they can be.
+clsEvent frmEvent::AsTyped() const {
+    clsEvent event = event_;
+    tabs_.Take(event);
+    event.Recurring(optRepeat.Checked());
+    event.MinutesWarning(0);
+    const auto asFarAsPossible = [](auto take) {
+        try {
+            take();
+        } catch (const FieldFault&) {
+        }
+    };
+    asFarAsPossible([&] { alarm_.Take(event); });
+    asFarAsPossible([&] { actions_.Take(event); });
+    return event;
+}
+
+}  // namespace kaz

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "core/Application.h"
+#include "platform/Controls.h"
+#include "platform/Form.h"
+#include "resources/resource.h"
+#include "storage/EventEditor.h"
+#include "ui/event/ActionControls.h"
+#include "ui/event/AlarmControls.h"
+#include "ui/event/RecurrenceTabs.h"
+#include "ui/event/ShareControls.h"
+
+#include <memory>
+#include <string>
+
+namespace kaz {
+
+// The dialog in which one event is made or changed. It works on a copy of the event: nothing outside is
+// touched before the caller takes the result.
+class frmEvent : public Form {
+public:
+    // An event without a code is a new one. The application outlives the form.
+    frmEvent(std::unique_ptr<kaz::Window> window, Application& application, clsEvent event, EditMode mode);
+
+    // Fills every control from the event.
+    void CopyDataToForm();
+    // Checks the controls and copies them into the event. What is wrong is told in a message box; the field
+    // at fault gets the keyboard, and the event stays as it was.
+    bool CopyFormToData();
+    // Leaves only the frame for sharing and the two buttons.
+    void ConvertToPickShareMode();
+    // Enables the controls that depend on a tick.
+    void SetupRelatedItems();
+
+    // Runs the dialog until the user saves (true) or gives up.
+    bool ShowModal();
+    const clsEvent& Event() const { return event_; }
+    void Form_Unload() override;
+
+private:
+    void Form_Load();
+    void cmdSave_Click();
+    void cmdAbort_Click();
+    void chkTimed_Click();
+    void txtTime_Change();
+    void chkMakeNoise_Click();
+    void chkRunFile_Click();
+    void chkEmailTo_Click();
+    void chkShared_Click();
+    void cmdPickWav_Click();
+    void cmdPickFile_Click();
+    void TabStrip1_Click();
+    void lblMonthlyStartDate_Click();
+    void lblWeeklyStartDate_Click();
+    void lblDailyStartDate_Click();
+
+    void ListenToRule();
+    void ShowNew();
+    void CopyFields(clsEvent& event);
+    void CopyDescription(clsEvent& event) const;
+    void TellFailure();
+    void PickStartDate(IntervalFrame& frame);
+    void ShowPreview();
+    clsEvent AsTyped() const;
+
+    Application& app_;
+    clsEvent event_;
+    EditMode mode_;
+    std::string shownDescription_;
+    std::string datePattern_;
+    AlarmControls alarm_;
+    ActionControls actions_;
+    ShareControls share_;
+    RecurrenceTabs tabs_;
+    TextBox txtDesc{window(), IDC_txtDesc};
+    ListControl cmbLayers{window(), IDC_cmbLayers};
+    TextBox txtDaysWarning{window(), IDC_txtDaysWarning};
+    CheckBox optRepeat{window(), IDC_optRepeat};
+    CheckBox optShowOnce{window(), IDC_optShowOnce};
+    Label lblPreview{window(), IDC_lblPreview};
+    Label lblPreviewWarning{window(), IDC_lblPreviewWarning};
+};
+
+}  // namespace kaz
