@@ -18,13 +18,20 @@ struct Installed {
 std::mutex hooksGuard;
 std::map<DWORD, Installed> hooks;
 
+// An open menu takes its keys with a loop of its own, which the hook sees too.
+bool IsInMenu() {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && (thread.flags & GUI_INMENUMODE);
+}
+
 LRESULT CALLBACK OnMessage(int code, WPARAM removed, LPARAM parameter) {
     auto& message = *reinterpret_cast<MSG*>(parameter);
     if (code == HC_ACTION && removed == PM_REMOVE && message.message >= WM_KEYFIRST &&
         message.message <= WM_KEYLAST) {
         DialogWindow* window = DialogWindow::Of(GetAncestor(message.hwnd, GA_ROOT));
         // What was handled here must not reach the host's own translation once more.
-        if (window && window->TranslateKey(message)) message.message = WM_NULL;
+        if (window && !IsInMenu() && window->TranslateKey(message)) message.message = WM_NULL;
     }
     return CallNextHookEx(nullptr, code, removed, parameter);
 }

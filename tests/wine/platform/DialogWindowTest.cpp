@@ -41,6 +41,25 @@ TEST_F(DialogWindowTest, PlainKeysBelongToTheTextBeingTyped) {
     EXPECT_THAT(raised, ElementsAre(RaisedEvent{IDM_GO, Raised::Click}));
 }
 
+TEST_F(DialogWindowTest, TheKeysOfAnOpenMenuAreNotTheWindows) {
+    Show();
+    const HMENU menu = CreatePopupMenu();
+    AppendMenuW(menu, MF_STRING, 1, L"One");
+    static int ticks;
+    ticks = 0;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) {
+        if (++ticks > 1) EndMenu();
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_F5, 1);
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1);
+    });
+    EXPECT_FALSE(TrackPopupMenu(menu, TPM_RETURNCMD, 0, 0, 0, window->Handle(), nullptr));
+    KillTimer(nullptr, timer);
+    DestroyMenu(menu);
+    Settle();
+    EXPECT_THAT(raised, IsEmpty());
+    EXPECT_EQ(1, ticks);
+}
+
 TEST_F(DialogWindowTest, TellsOfTheSystem) {
     const HWND handle = window->Handle();
     EXPECT_NE(0, SendMessageW(handle, WM_QUERYENDSESSION, 0, 0));
