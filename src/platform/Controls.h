@@ -21,6 +21,8 @@ public:
     bool Visible() const { return window_.ControlVisible(id_); }
     void Visible(bool visible) { window_.SetControlVisible(id_, visible); }
     void SetFocus() { window_.SetFocus(id_); }
+    // Selects the whole text of a text box.
+    void HighlightText() { window_.SelectText(id_); }
 
 protected:
     Window& window_;

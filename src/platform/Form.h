@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -43,6 +44,10 @@ protected:
     void On(int control, Raised what, const char* procedure, void (Derived::*handler)(int)) {
         Add(control, what, procedure,
             [this, handler](int detail) { (static_cast<Derived*>(this)->*handler)(detail); });
+    }
+    // For the controls of an array, which share a procedure.
+    void On(int control, Raised what, const char* procedure, std::function<void()> handler) {
+        Add(control, what, procedure, [handler = std::move(handler)](int) { handler(); });
     }
 
 private:

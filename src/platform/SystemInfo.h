@@ -11,6 +11,8 @@ public:
     virtual std::string OperatingSystem() const = 0;
     // The folder of the component's own file, without trailing backslash.
     virtual std::string ModuleFolder() const = 0;
+    // The folder for what the user keeps, of the user's profile, without trailing backslash.
+    virtual std::string UserFolder() const = 0;
 };
 
 }  // namespace kaz

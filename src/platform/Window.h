@@ -105,6 +105,8 @@ public:
     virtual ControlPlace Place(int control) const = 0;
     virtual void SetPlace(int control, const ControlPlace& place) = 0;
     virtual void SetFocus(int control) = 0;
+    // Selects the whole text of a text box.
+    virtual void SelectText(int control) = 0;
 
     // List boxes, combo boxes and tab strips; positions count from 0.
     virtual void SetItems(int control, const std::vector<std::string>& items) = 0;

@@ -9,6 +9,10 @@
 #define IDD_INPUTBOX 103
 #define IDD_DATE 104
 #define IDD_EVENT 105
+#define IDD_OPTIONS 106
+#define IDD_LAYERS 107
+#define IDD_ERRORREPORT 108
+#define IDD_ABOUT 109
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -116,6 +120,54 @@
 
 // Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id;
 // that of a tab follows its strip's: + 1 for the first tab.
+
+// frmOptions
+#define IDC_txtDatapath 1500
+#define IDC_cmdDatapath 1501
+#define IDC_txtAlarmWav 1502
+#define IDC_cmdPickAlarmWav 1503
+#define IDC_chkNoSound 1504
+#define IDC_optUSDate 1505
+#define IDC_optEuroDate 1506
+#define IDC_chkSilentStart 1507
+#define IDC_chkDisableAutoUpdate 1508
+#define IDC_chkNoAutoBackups 1509
+#define IDC_chkPruneBackups 1510
+#define IDC_optSingle 1511
+#define IDC_optNetworked 1512
+#define IDC_txtSharedDBPath 1513
+#define IDC_cmdSharedDBPath 1514
+#define IDC_txtOwner 1515
+#define IDC_lstSharedUsers 1516
+#define IDC_cmdAddUser 1517
+#define IDC_cmdDel 1518
+#define IDC_cmdReload 1519
+#define IDC_cmdHomePage 1520
+#define IDC_cmdSaveOptions 1521
+#define IDC_cmdAbortOptions 1522
+
+// frmEditLayers: the text box of slot n is IDC_txtLayer + n, for 21 slots
+#define IDC_txtLayer 1600
+#define IDC_cmdAccept 1630
+#define IDC_cmdAbortLayers 1631
+
+// fSHAREDErrorRpt
+#define IDC_txtError 1700
+#define IDC_lblUserMessage 1701
+#define IDC_txtUserMessage 1702
+#define IDC_lblLog 1703
+#define IDC_txtLog 1704
+#define IDC_cmdSubmit 1705
+#define IDC_cmdSaveAsText 1706
+#define IDC_cmdCloseReport 1707
+
+// frmAbout
+#define IDC_lblProduct 1750
+#define IDC_lblVersion 1751
+#define IDC_cmdAboutHomePage 1752
+#define IDC_cmdCloseAbout 1753
+
+// Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id.
 #define IDS_TITLE 401
 #define IDS_TOOLTIP 10000
 

@@ -8,9 +8,11 @@ class FakeSystemInfo : public SystemInfo {
 public:
     std::string OperatingSystem() const override { return operatingSystem; }
     std::string ModuleFolder() const override { return moduleFolder; }
+    std::string UserFolder() const override { return userFolder; }
 
     std::string operatingSystem = "Test System 1.0";
     std::string moduleFolder = "C:\\KAZ";
+    std::string userFolder = "C:\\KAZ";
 };
 
 }  // namespace kaz

@@ -102,6 +102,13 @@ void FakeWindow::Toggle(int control) {
     Raise(control, Raised::Click);
 }
 
+void FakeWindow::Pick(int control, const std::vector<int>& group) {
+    if (!At(control).enabled || !At(control).visible) return;
+    for (const int option : group)
+        SetChecked(option, option == control);
+    Raise(control, Raised::Click);
+}
+
 void FakeWindow::Choose(int control, int position) {
     Select(control, position);
     Raise(control, Raised::Select);

@@ -67,6 +67,7 @@ public:
     ControlPlace Place(int control) const override { return At(control).place; }
     void SetPlace(int control, const ControlPlace& place) override { controls_[control].place = place; }
     void SetFocus(int control) override { focus = control; }
+    void SelectText(int control) override { selectedText = control; }
 
     void SetItems(int control, const std::vector<std::string>& items) override;
     std::vector<std::string> Items(int control) const override { return At(control).items; }
@@ -84,6 +85,8 @@ public:
     void Click(int control);
     void Type(int control, const std::string& text);
     void Toggle(int control);
+    // Picks one of a group of option buttons.
+    void Pick(int control, const std::vector<int>& group);
     void Choose(int control, int position);
     void CloseBox() { Raise(0, Raised::CloseBox); }
     // False when the timer is not running.
@@ -100,6 +103,7 @@ public:
     int broughtToFront = 0;
     bool topMost = false;
     int focus = 0;
+    int selectedText = 0;  // the text box whose text was selected last
     std::vector<int> menus;
     WindowState state = WindowState::Normal;
     WindowSize size{800, 600};

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 namespace kaz {
 
@@ -23,6 +24,13 @@ std::string PosixSystemInfo::ModuleFolder() const {
     std::string path(buffer.data(), static_cast<std::size_t>(length));
     std::replace(path.begin(), path.end(), '/', '\\');
     return FolderOf(path);
+}
+
+std::string PosixSystemInfo::UserFolder() const {
+    const char* home = std::getenv("HOME");
+    std::string path = home ? home : "";
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
 }
 
 }  // namespace kaz

@@ -9,6 +9,7 @@ public:
     std::string OperatingSystem() const override;
     // The folder of the running program.
     std::string ModuleFolder() const override;
+    std::string UserFolder() const override;
 };
 
 }  // namespace kaz

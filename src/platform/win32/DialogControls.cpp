@@ -89,6 +89,8 @@ void DialogWindow::SetFocus(int control) {
         focusWhenActive_ = control;
 }
 
+void DialogWindow::SelectText(int control) { SendMessageW(At(control), EM_SETSEL, 0, -1); }
+
 void DialogWindow::SetItems(int control, const std::vector<std::string>& items) {
     const Quietly quietly(quiet_);
     SetControlItems(At(control), items);

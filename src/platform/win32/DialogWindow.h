@@ -61,6 +61,7 @@ public:
     ControlPlace Place(int control) const override;
     void SetPlace(int control, const ControlPlace& place) override;
     void SetFocus(int control) override;
+    void SelectText(int control) override;
 
     void SetItems(int control, const std::vector<std::string>& items) override;
     std::vector<std::string> Items(int control) const override;

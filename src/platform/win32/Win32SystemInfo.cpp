@@ -1,8 +1,12 @@
 #include "platform/win32/Win32SystemInfo.h"
 
+#include "base/RuntimeError.h"
 #include "platform/Files.h"
 #include "platform/win32/SystemError.h"
 #include "platform/win32/Text.h"
+
+#include <objbase.h>
+#include <shlobj.h>
 
 namespace kaz {
 
@@ -37,6 +41,18 @@ std::string Win32SystemInfo::ModuleFolder() const {
         path.resize(path.size() * 2);
     }
     return WithoutTrailingBackslash(FolderOf(PathToCodePage(path)));
+}
+
+std::string Win32SystemInfo::UserFolder() const {
+    // The documents can be on a drive that is not there.
+    for (const KNOWNFOLDERID& folder : {FOLDERID_Documents, FOLDERID_Profile}) {
+        PWSTR path = nullptr;
+        const HRESULT found = SHGetKnownFolderPath(folder, 0, nullptr, &path);
+        const std::wstring text = SUCCEEDED(found) ? path : L"";
+        CoTaskMemFree(path);
+        if (!text.empty()) return WithoutTrailingBackslash(PathToCodePage(text));
+    }
+    throw RuntimeError(ErrorNumber::PathNotFound);
 }
 
 }  // namespace kaz

@@ -11,6 +11,7 @@ public:
     explicit Win32SystemInfo(HINSTANCE module) : module_(module) {}
     std::string OperatingSystem() const override;
     std::string ModuleFolder() const override;
+    std::string UserFolder() const override;
 
 private:
     HINSTANCE module_;

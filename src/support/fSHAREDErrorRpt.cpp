@@ -1,0 +1,115 @@
+#include "support/fSHAREDErrorRpt.h"
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/OpenWindows.h"
+#include "platform/Shell.h"
+#include "platform/SystemInfo.h"
+#include "support/Endpoints.h"
+
+namespace kaz {
+
+namespace {
+
+constexpr std::string_view kTextFile = "FullLog.txt";
+
+}  // namespace
+
+fSHAREDErrorRpt::fSHAREDErrorRpt(std::unique_ptr<Window> window, const ErrorReportServices& services)
+    : Form(std::move(window), services.log, "fSHAREDErrorRpt"),
+      services_(services) {
+    On(IDC_cmdSubmit, Raised::Click, "cmdSubmit_Click", &fSHAREDErrorRpt::cmdSubmit_Click);
+    On(IDC_cmdSaveAsText, Raised::Click, "cmdSaveAsText_Click", &fSHAREDErrorRpt::cmdSaveAsText_Click);
+    On(IDC_cmdCloseReport, Raised::Click, "cmdClose_Click", &fSHAREDErrorRpt::cmdClose_Click);
+    On(0, Raised::CloseBox, "cmdClose_Click", &fSHAREDErrorRpt::cmdClose_Click);
+}
+
+void fSHAREDErrorRpt::ShowError(const std::string& text, const std::string& extra) {
+    txtError.Text(extra.empty() ? text : text + std::string(kLineBreak) + extra);
+    txtLog.Text(LogText());
+    window().Show(Activation::KeepFocus);
+    window().BringToFront();
+}
+
+std::string fSHAREDErrorRpt::LogText() {
+    const std::string file = services_.log.CurrentLogFilename();
+    if (!FileExists(services_.files, file)) return "No log file";
+    try {
+        return ReadWholeFile(services_.files, file);
+    } catch (const RuntimeError& error) {
+        return "The log could not be read: " + error.Description();
+    }
+}
+
+ErrorReport fSHAREDErrorRpt::Report() const {
+    return {services_.application,
+            services_.version,
+            services_.system.OperatingSystem(),
+            BugReportAddress(services_.clock.Today().Civil().year),
+            services_.log.CurrentLogFilename(),
+            txtError.Text(),
+            txtUserMessage.Text(),
+            txtLog.Text()};
+}
+
+// What the user has to know of a failure here: a report of the report would help nobody.
+template <class Step>
+void fSHAREDErrorRpt::Told(Step step) {
+    try {
+        step();
+    } catch (const RuntimeError& error) {
+        services_.dialogs.Message(error.Description());
+    }
+}
+
+void fSHAREDErrorRpt::cmdSubmit_Click() {
+    Told([&] {
+        const ErrorReport report = Report();
+        const auto link = report.MailLink();
+        std::string reason = "This report is too long for your mail program.";
+        if (link) {
+            try {
+                services_.shell.Open(*link);
+                return;
+            } catch (const RuntimeError& error) {
+                services_.log.LogEvent("The mail program could not be opened: " + error.Description());
+                reason = "Your mail program could not be opened.";
+            }
+        }
+        services_.dialogs.Message(reason +
+                                  "\r\nThe report is saved as a text now. Please mail it to the address that "
+                                  "it names.");
+        SaveAsText(report);
+    });
+}
+
+void fSHAREDErrorRpt::cmdSaveAsText_Click() {
+    Told([&] { SaveAsText(Report()); });
+}
+
+void fSHAREDErrorRpt::SaveAsText(const ErrorReport& report) {
+    const std::string file = JoinPath(services_.system.UserFolder(), kTextFile);
+    try {
+        WriteWholeFile(services_.files, file, report.AsText());
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number(), file + " could not be written: " + error.Description());
+    }
+    try {
+        services_.shell.Open(file);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number(), "The report is saved as " + file +
+                                               ", but it could not be opened: " + error.Description());
+    }
+}
+
+void fSHAREDErrorRpt::cmdClose_Click() { services_.openWindows.Unload(*this); }
+
+void fSHAREDErrorRpt::Form_Unload() {
+    closed_ = true;
+    window().Hide();
+}
+
+}  // namespace kaz

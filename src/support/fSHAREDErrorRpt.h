@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/Controls.h"
+#include "platform/Form.h"
+#include "platform/Platform.h"
+#include "resources/resource.h"
+#include "support/ErrorReport.h"
+#include "support/cSharedLogging.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace kaz {
+
+// What an error report works with; all of it outlives the report.
+struct ErrorReportServices {
+    WindowFactory& windows;
+    OpenWindows& openWindows;
+    Dialogs& dialogs;
+    FileSystem& files;
+    Shell& shell;
+    const SystemInfo& system;
+    const Clock& clock;
+    cSharedLogging& log;
+    std::string application;
+    std::string version;
+};
+
+// The window that tells a failure and offers to send it to the makers, with the log and a word of the user's.
+// Its own failures are only logged.
+class fSHAREDErrorRpt : public Form {
+public:
+    fSHAREDErrorRpt(std::unique_ptr<Window> window, const ErrorReportServices& services);
+
+    // Fills the window and shows it, without taking the keyboard.
+    void ShowError(const std::string& text, const std::string& extra);
+    // The text as part of a mail link.
+    static std::string MakeClean(std::string_view text) { return ErrorReport::MakeClean(text); }
+
+    // Whether it has been closed; it may live on until its handlers have ended.
+    bool Closed() const { return closed_; }
+    void Form_Unload() override;
+
+private:
+    void cmdSubmit_Click();
+    void cmdSaveAsText_Click();
+    void cmdClose_Click();
+
+    std::string LogText();
+    ErrorReport Report() const;
+    void SaveAsText(const ErrorReport& report);
+    template <class Step>
+    void Told(Step step);
+
+    ErrorReportServices services_;
+    TextBox txtError{window(), IDC_txtError};
+    TextBox txtUserMessage{window(), IDC_txtUserMessage};
+    TextBox txtLog{window(), IDC_txtLog};
+    bool closed_ = false;
+};
+
+}  // namespace kaz
