@@ -1,5 +1,6 @@
 #include "core/Application.h"
 
+#include "core/EventFiles.h"
 #include "core/Names.h"
 #include "platform/Files.h"
 #include "platform/SystemInfo.h"
@@ -17,9 +18,15 @@ Application::Application(const Platform& services)
       sounds(platform.files, settings, log, [this] { return runtimePath; }),
       player(platform.sound, platform.files, log),
       reminderWindows({platform.windows, openWindows, errors, platform.dialogs, platform.files, platform.pump,
-                       settings, player, runtimePath}) {
+                       settings, player, runtimePath}),
+      errorReports({platform.windows, openWindows, platform.dialogs, platform.files, platform.shell,
+                    platform.system, platform.clock, log, std::string(kApplicationName), VersionText()}) {
     log.ApplicationFolder(runtimePath);
+    errors.ShowThrough(
+        [this](const std::string& text, const std::string& extra) { errorReports.Show(text, extra); });
 }
+
+Application::~Application() { errors.ShowThrough({}); }
 
 std::string Application::DataPath() const { return settings.TextOr("DataPath", runtimePath); }
 
@@ -36,6 +43,8 @@ void Application::ApplySharing() {
         SharedCopy({*events, *shared, platform.files, platform.locale, settings, layers, log}).Run();
     });
 }
+
+void Application::ReopenDatabases() { EventFiles(*this).Reopen(); }
 
 bool Application::LoadShared() {
     if (!shared || !Networked()) return false;
@@ -55,6 +64,8 @@ clsReminder Application::MakeReminder() {
 }
 
 void Application::EndProgram() {
+    // From here on there is nobody to read a report.
+    errors.ShowThrough({});
     openWindows.UnloadAll();
     if (settingsInitialised) settings.SaveSettings(settingsFileName);
 }

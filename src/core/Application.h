@@ -9,6 +9,7 @@
 #include "storage/clsDbXml.h"
 #include "storage/clsLayers.h"
 #include "storage/clsSounds.h"
+#include "support/ErrorReports.h"
 #include "support/cSHAREDSettings.h"
 #include "support/cSHAREDShowError.h"
 #include "support/cSharedLogging.h"
@@ -24,6 +25,9 @@ class Application {
 public:
     // `services` outlive the application.
     explicit Application(const Platform& services);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
 
     Platform platform;
     cSharedLogging log;
@@ -45,6 +49,7 @@ public:
 
     OpenWindows openWindows;
     ReminderWindows reminderWindows;
+    ErrorReports errorReports;
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;
@@ -55,6 +60,10 @@ public:
     // Switches the copying of shared events and the filter of others' files on or off, as "Networked" says
     // now.
     void ApplySharing();
+    // Opens the databases anew after the settings have changed, and publishes this user's shared events.
+    // While the old files cannot take the latest changes, the data folder stays what it was, and the user is
+    // told.
+    void ReopenDatabases();
     // Loads the other users' shared events anew when one of their files has changed since, or was never read.
     // True when it did; false without sharing too.
     bool LoadShared();

@@ -15,9 +15,12 @@ inline constexpr std::string_view kSettingsFile = "Kaz.ini";
 inline constexpr std::string_view kEventsFile = "Events.xml";
 inline constexpr std::string_view kExpiredFile = "Expired.xml";
 inline constexpr std::string_view kTaskFile = "tasklist.xml";
+inline constexpr std::string_view kSoundsFile = "EventWavs.ini";
 // The extension of the event files from before the XML files.
 inline constexpr std::string_view kOldExtension = ".dat";
 inline constexpr std::string_view kBackupFolder = "Autobackups";
+// Beside the program.
+inline constexpr std::string_view kHelpFile = "KAZ.html";
 
 // The setting "Owner" while no user has been chosen, and in single-user mode.
 inline constexpr std::string_view kNoOwner = "Not Set";

@@ -15,8 +15,6 @@ public:
 private:
     void LoadOptions();
     void DecideUserMode();
-    void OpenDatabases();
-    void LoadEvents(const std::string& eventsFile, const std::string& expiredFile);
     void BackUp();
 
     Application& app_;

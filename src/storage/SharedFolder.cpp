@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace kaz {
 
@@ -23,11 +24,12 @@ bool IsDeviceName(std::string_view name) {
 }  // namespace
 
 SharedFolder::SharedFolder(FileSystem& files, const cSHAREDSettings& settings, cSharedLogging& log)
-    : files_(files),
-      settings_(settings),
-      log_(log) {}
+    : SharedFolder(files, settings.TextOr("SharedDataPath", ""), log) {}
 
-std::string SharedFolder::Path() const { return settings_.TextOr("SharedDataPath", ""); }
+SharedFolder::SharedFolder(FileSystem& files, std::string path, cSharedLogging& log)
+    : files_(files),
+      path_(std::move(path)),
+      log_(log) {}
 
 std::string SharedFolder::ListFile() const { return JoinPath(Path(), "KAZShared.ini"); }
 

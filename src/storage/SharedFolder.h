@@ -15,10 +15,12 @@ namespace kaz {
 // folder is refused with a log line.
 class SharedFolder {
 public:
+    // The folder of the setting "SharedDataPath"; "" when sharing has not been set up.
     SharedFolder(FileSystem& files, const cSHAREDSettings& settings, cSharedLogging& log);
+    // Another one, such as the user is about to choose.
+    SharedFolder(FileSystem& files, std::string path, cSharedLogging& log);
 
-    // The setting "SharedDataPath"; "" when sharing has not been set up.
-    std::string Path() const;
+    const std::string& Path() const { return path_; }
     std::string ListFile() const;
     // The full path of the user's shared file.
     std::string FileOf(std::string_view user) const;
@@ -40,7 +42,7 @@ private:
     void WriteNames(const std::vector<std::string>& names);
 
     FileSystem& files_;
-    const cSHAREDSettings& settings_;
+    std::string path_;
     cSharedLogging& log_;
 };
 

@@ -75,6 +75,7 @@ void clsDbXml::LoadDB(const std::string& fileName, bool append) {
             events.clear();
         } else {
             events_.swap(events);
+            unsaved_ = false;
         }
         if (unreadFile_ == fileName_) StoreWaiting(std::move(events));
     } catch (...) {
@@ -142,6 +143,19 @@ void clsDbXml::StoreWaiting(std::vector<clsEvent> before) {
     if (!waiting.empty()) SaveDB();
 }
 
+void clsDbXml::Forget() {
+    events_.clear();
+    codes_.Forget();
+    fileName_.clear();
+    lastKnownDate_.reset();
+    unreadFile_.clear();
+    missingFile_.clear();
+    waiting_.clear();
+    unsaved_ = false;
+    multiFileMode_ = false;
+    loadedFiles_.clear();
+}
+
 bool clsDbXml::MustNotWrite() const {
     if (services_.files.Kind(fileName_) == PathKind::Missing)
         return !missingFile_.empty() && missingFile_ == fileName_;
@@ -154,6 +168,7 @@ bool clsDbXml::SaveDB() {
         return false;
     }
     const bool written = KeepUnreadVersion() && WriteFile();
+    unsaved_ = !written;
     if (written) {
         unreadFile_.clear();
         waiting_.clear();

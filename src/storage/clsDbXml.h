@@ -47,6 +47,10 @@ public:
     // Writes the whole collection, events marked deleted left out. False when the file could not be written;
     // the old file is then whole and the memory unchanged.
     bool SaveDB();
+    // Whether the memory holds changes that the file has not taken yet.
+    bool HasUnsaved() const { return unsaved_ || !waiting_.empty(); }
+    // Empties the memory and forgets the file, before another one takes its place.
+    void Forget();
     // As long as the file is not there, SaveDB does not make it: its events are in an older file that could
     // not be read, and a new file without them would hide that one.
     void KeepFileMissing() { missingFile_ = fileName_; }
@@ -119,6 +123,7 @@ private:
     std::string unreadFile_;  // the last load of it failed, so that it must not be written over
     std::string missingFile_;
     std::vector<Waiting> waiting_;
+    bool unsaved_ = false;
     bool multiFileMode_ = false;
     std::vector<WatchedFile> loadedFiles_;
     bool foreignFileFilter_ = false;
