@@ -3,6 +3,7 @@
 #include "platform/MessagePump.h"
 #include "platform/WindowFactory.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +23,8 @@ public:
     // The newest living window of a template, null when there is none.
     virtual Window* Find(int dialog) = 0;
 
+    // What the user does in the next modal window of a template; it has to be closed then.
+    virtual void OnModal(int dialog, std::function<void(Window&)> user) = 0;
     // What the user does. Buttons and check boxes are clicked, disabled and hidden ones in vain.
     virtual void Click(Window& window, int control) = 0;
     virtual void Type(Window& window, int control, const std::string& text) = 0;

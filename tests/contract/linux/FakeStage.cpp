@@ -3,9 +3,18 @@
 #include "fakes/FakeWindowFactory.h"
 #include "resources/resource.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 namespace kaz {
 
 namespace {
+
+// What the real window knows from its template.
+constexpr int kCheckBoxes[] = {IDC_chkExpired, IDC_chkNoSound, IDC_chkSilentStart};
+constexpr std::pair<int, int> kOptionPairs[] = {{IDC_optSingle, IDC_optNetworked},
+                                                {IDC_optUSDate, IDC_optEuroDate}};
 
 class FakeStage : public Stage {
 public:
@@ -13,8 +22,12 @@ public:
     MessagePump& Pump() override { return pump_; }
     Window* Find(int dialog) override { return windows_.Newest(dialog); }
 
+    void OnModal(int, std::function<void(Window&)> user) override { windows_.OnModal(std::move(user)); }
+
     void Click(Window& window, int control) override {
-        const bool isCheckBox = control == IDC_chkExpired;
+        for (const auto& [one, other] : kOptionPairs)
+            if (control == one || control == other) return Fake(window).Pick(control, {one, other});
+        const bool isCheckBox = std::ranges::find(kCheckBoxes, control) != std::end(kCheckBoxes);
         isCheckBox ? Fake(window).Toggle(control) : Fake(window).Click(control);
     }
     void Type(Window& window, int control, const std::string& text) override {

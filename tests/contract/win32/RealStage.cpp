@@ -6,9 +6,11 @@
 
 #include <windows.h>
 #include <commctrl.h>
+#include <gtest/gtest.h>
 #include <windowsx.h>
 
 #include <algorithm>
+#include <deque>
 #include <utility>
 
 namespace kaz {
@@ -25,6 +27,19 @@ public:
             if (made->first == dialog)
                 if (Window* living = DialogWindow::Of(made->second)) return living;
         return nullptr;
+    }
+
+    void OnModal(int dialog, std::function<void(Window&)> user) override {
+        static RealStage* stage = nullptr;
+        stage = this;
+        modal_ = {dialog, std::move(user)};
+        // A thread's timer ticks inside the modal loop as well.
+        SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR timer, DWORD) {
+            Window* window = stage->Find(stage->modal_.first);
+            if (!window || !window->IsVisible()) return;
+            KillTimer(nullptr, timer);
+            stage->modal_.second(*window);
+        });
     }
 
     void Click(Window& window, int control) override {
@@ -114,6 +129,7 @@ private:
     Win32WindowFactory factory_{GetModuleHandleW(nullptr)};
     Win32MessagePump pump_;
     std::vector<std::pair<int, HWND>> made_;
+    std::pair<int, std::function<void(Window&)>> modal_;
 };
 
 }  // namespace

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "core/Application.h"
+
+namespace kaz {
+
+// Each opens its window and returns when the user has closed it; throws InternalError when the window cannot
+// be made.
+
+// The options dialog; true when the options were saved. The databases are still those of the options before:
+// see Application::ReopenDatabases.
+bool ShowOptions(Application& application);
+// The category editor; true when the names were saved.
+bool ShowCategories(Application& application);
+void ShowAbout(Application& application);
+
+}  // namespace kaz

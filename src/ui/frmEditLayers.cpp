@@ -1,0 +1,52 @@
+#include "ui/frmEditLayers.h"
+
+#include "base/Text.h"
+#include "platform/Dialogs.h"
+#include "ui/event/FieldFault.h"
+#include "ui/event/FieldReading.h"
+
+#include <cstdint>
+#include <string>
+
+namespace kaz {
+
+frmEditLayers::frmEditLayers(std::unique_ptr<Window> window, Application& application)
+    : ModalForm(std::move(window), application.errors, "frmEditLayers"),
+      app_(application) {
+    for (int slot = 0; slot < clsLayers::kCount; ++slot) {
+        txtDesc.emplace_back(this->window(), IDC_txtLayer + slot);
+        On(IDC_txtLayer + slot, Raised::Focus, "txtDesc_GotFocus",
+           [this, slot] { txtDesc[static_cast<std::size_t>(slot)].HighlightText(); });
+    }
+    On(0, Raised::Load, "Form_Load", &frmEditLayers::Form_Load);
+    On(IDC_cmdAccept, Raised::Click, "cmdAccept_Click", &frmEditLayers::cmdAccept_Click);
+    On(IDC_cmdAbortLayers, Raised::Click, "cmdAbort_Click", &frmEditLayers::cmdAbort_Click);
+    On(0, Raised::CloseBox, "cmdAbort_Click", &frmEditLayers::cmdAbort_Click);
+}
+
+void frmEditLayers::Form_Load() {
+    for (std::int16_t slot = 0; slot < clsLayers::kCount; ++slot)
+        txtDesc[static_cast<std::size_t>(slot)].Text(std::string(Trim(app_.layers.Layer(slot))));
+    txtDesc[1].SetFocus();
+}
+
+void frmEditLayers::cmdAccept_Click() {
+    // All of them are read before the first one changes, so that a name which cannot be stored changes none.
+    std::vector<std::string> names;
+    try {
+        for (const TextBox& box : txtDesc)
+            names.push_back(StorableText(box, "The name of a category"));
+    } catch (const FieldFault& fault) {
+        app_.platform.dialogs.Message(fault.Description());
+        window().SetFocus(fault.Control());
+        return;
+    }
+    for (std::int16_t slot = 0; slot < clsLayers::kCount; ++slot)
+        app_.layers.Layer(slot, names[static_cast<std::size_t>(slot)]);
+    app_.layers.SaveLayers();
+    // Typed by hand, so not left to the end of the program.
+    app_.settings.SaveSettings(app_.settingsFileName);
+    Accept();
+}
+
+}  // namespace kaz

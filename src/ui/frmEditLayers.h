@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/Application.h"
+#include "platform/Controls.h"
+#include "resources/resource.h"
+#include "ui/ModalForm.h"
+
+#include <memory>
+#include <vector>
+
+namespace kaz {
+
+// The names of all categories. Those of the first and the last slot are fixed and can be read only.
+class frmEditLayers : public ModalForm {
+public:
+    frmEditLayers(std::unique_ptr<Window> window, Application& application);
+
+private:
+    void Form_Load();
+    void cmdAccept_Click();
+    void cmdAbort_Click() { Leave(); }
+
+    Application& app_;
+    std::vector<TextBox> txtDesc;  // by slot
+};
+
+}  // namespace kaz

@@ -1,0 +1,24 @@
+#include "ui/options/Options.h"
+
+#include "core/Application.h"
+#include "platform/Files.h"
+
+namespace kaz {
+
+Options Options::Of(const Application& application) {
+    const cSHAREDSettings& settings = application.settings;
+    Options options;
+    options.dataPath = application.DataPath();
+    options.alarmWav = settings.TextOr("WavFile", JoinPath(options.dataPath, "alarm.wav"));
+    options.noSounds = settings.Flag("NoSounds");
+    options.networked = application.Networked();
+    options.sharedPath = settings.TextOr("SharedDataPath", "");
+    options.owner = application.Owner();
+    options.europeanDates = ToNumber(settings.sGet("DateStyle", std::int16_t{0})) == 1;
+    options.silentStart = settings.Flag("SilentStart");
+    options.disableAutoUpdate = settings.Flag("DisableAutoUpdateCheck");
+    options.noAutoBackups = settings.Flag("NoAutoBackups");
+    return options;
+}
+
+}  // namespace kaz

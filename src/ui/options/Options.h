@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+namespace kaz {
+
+class Application;
+
+// What the options dialog edits.
+struct Options {
+    std::string dataPath;
+    std::string alarmWav;
+    bool noSounds = false;
+    bool networked = false;
+    std::string sharedPath;
+    std::string owner;
+    bool europeanDates = false;
+    bool silentStart = false;
+    bool disableAutoUpdate = false;
+    bool noAutoBackups = false;
+
+    static Options Of(const Application& application);
+};
+
+}  // namespace kaz
