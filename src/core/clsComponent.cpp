@@ -53,7 +53,7 @@ void clsComponent::Startup(const std::string& runtimePath) noexcept {
 void clsComponent::SetOptions(const std::string& /*runtimePath*/) noexcept {
     if (!SettingsInitialised()) return;
     ErrorTrap trap(application_.errors, "SetOptions", kModule);
-    trap([&] { EnsureMainWindow().EditOptions(); });
+    trap([&] { EnsureMainWindow()->EditOptions(); });
 }
 
 void clsComponent::RefreshDates() noexcept {
@@ -66,7 +66,7 @@ void clsComponent::ScanEvents() noexcept {
     if (!SettingsInitialised()) return;
     ErrorTrap trap(application_.errors, "ScanEvents", kModule);
     trap([&] {
-        if (!fMain_) EnsureMainWindow().FillEvents(clsLayers::kAll);
+        if (fMain_.expired()) EnsureMainWindow()->FillEvents(clsLayers::kAll);
         const EventLists lists(application_, host_);
         host_.TodaysEvents(lists.todays);
         host_.UpcomingEvents(lists.upcoming);
@@ -78,19 +78,20 @@ void clsComponent::ShowMain() noexcept {
     if (!SettingsInitialised()) return;
     ErrorTrap trap(application_.errors, "ShowMain", kModule);
     trap([&] {
-        MainWindow& main = EnsureMainWindow();
-        if (main.IsShown())
-            main.BringForward();
+        const auto main = EnsureMainWindow();
+        if (main->IsShown())
+            main->BringForward();
         else
-            main.ShowWindow();
+            main->ShowWindow();
     });
 }
 
 void clsComponent::HideMain() noexcept {
-    if (!fMain_) return;
+    const auto main = fMain_.lock();
+    if (!main) return;
     ErrorTrap trap(application_.log, "HideMain", kModule);
     trap([&] {
-        fMain_->HideWindow();
+        main->HideWindow();
         application_.platform.pump.ProcessPending();
     });
 }
@@ -98,8 +99,10 @@ void clsComponent::HideMain() noexcept {
 void clsComponent::ShutDown() noexcept {
     ErrorTrap trap(application_.errors, "ShutDown", kModule);
     trap([&] {
+        const auto main = fMain_.lock();
         // Released first, so that nothing reaches a window that is going.
-        if (const auto main = std::exchange(fMain_, nullptr)) main->Unload();
+        fMain_.reset();
+        if (main) main->Unload();
     });
     trap([&] { application_.EndProgram(); });
 }
@@ -110,9 +113,10 @@ void clsComponent::fMain_Rescan() { ScanEvents(); }
 
 void clsComponent::fMain_WindowClosed() { host_.Closed(); }
 
-MainWindow& clsComponent::EnsureMainWindow() {
-    if (!fMain_) fMain_ = mainWindows_(application_, *this);
-    return *fMain_;
+std::shared_ptr<MainWindow> clsComponent::EnsureMainWindow() {
+    auto main = fMain_.lock();
+    if (!main) fMain_ = main = mainWindows_(application_, *this);
+    return main;
 }
 
 }  // namespace kaz

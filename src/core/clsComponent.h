@@ -35,12 +35,13 @@ public:
     void fMain_WindowClosed() override;
 
 private:
-    MainWindow& EnsureMainWindow();
+    // Shared for the time of the call: a host may end the program while a dialog of the main window is open.
+    std::shared_ptr<MainWindow> EnsureMainWindow();
 
     Application application_;
     MainWindowFactory mainWindows_;
     ComponentEvents& host_;
-    std::shared_ptr<MainWindow> fMain_;
+    std::weak_ptr<MainWindow> fMain_;  // it lives among the open windows; the user can end it in the tray
 };
 
 }  // namespace kaz

@@ -26,6 +26,8 @@ public:
     const std::string& Name() const { return name_; }
     // Whether one of its handlers is running, so that it must not be destroyed yet.
     bool Busy() const { return running_ > 0; }
+    // Calls `leave` once none of its handlers runs, by a message of its own: the form may be destroyed in it.
+    void WhenIdle(std::function<void()> leave);
     // What the program does when every window is closed at the end: saves what the form keeps.
     virtual void Form_Unload() {}
 
@@ -63,6 +65,7 @@ private:
     ErrorSink& errors_;
     std::string name_;
     std::vector<Entry> entries_;
+    std::function<void()> leave_;
     int running_ = 0;
 };
 

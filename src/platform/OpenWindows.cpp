@@ -24,7 +24,10 @@ void OpenWindows::Unload(const Form& form) {
     forms_.erase(found);
     const std::shared_ptr<Form> kept = leaving_.back();
     kept->Form_Unload();
-    if (!kept->Busy()) DropIdle();
+    if (kept->Busy())
+        kept->WhenIdle([this] { DropIdle(); });
+    else
+        DropIdle();
 }
 
 void OpenWindows::UnloadAll() {

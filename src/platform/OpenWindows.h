@@ -15,7 +15,7 @@ public:
 
     void Add(std::shared_ptr<Form> form);
     // Unloads the form: Form_Unload runs and the form is dropped, at once or, while one of its handlers runs,
-    // as soon as none does (at the next call here). A form that is not open is ignored.
+    // as soon as none does. A form that is not open is ignored.
     void Unload(const Form& form);
     // From the last opened to the first; forms opened by an unloading form are closed too, within a bound.
     void UnloadAll();

@@ -25,8 +25,9 @@ enum class Raised {
     ColumnClick,  // report list header; `detail` is the column from 0
     RightClick,   // report list or window; the pointer is where the menu goes
     DpiChanged,
-    Resumed,      // the computer woke up
-    SecondStart,  // another start of the program asked this one to come forward
+    Resumed,    // the computer woke up
+    TrayMouse,  // the mouse on the tray icon; `detail` is the system's message code
+    TrayLost,   // the shell has started anew, without the tray icon
 };
 
 class WindowListener {
@@ -59,6 +60,14 @@ struct Colour {
     bool windowText = true;  // the system's own text colour; red, green and blue do not count
     static constexpr Colour Rgb(std::uint8_t r, std::uint8_t g, std::uint8_t b) { return {r, g, b, false}; }
     friend constexpr bool operator==(const Colour&, const Colour&) = default;
+};
+
+// One button of a toolbar. Its picture is the icon resource named like the key.
+struct ToolButton {
+    std::string key;
+    int command = 0;  // raised as Click
+    std::string tooltip;
+    bool startsGroup = false;
 };
 
 // A window with the controls of one template, without any word of the application in it. Control ids are
@@ -120,6 +129,15 @@ public:
     // Shows a pop-up menu of the resources at the pointer (or at the focus, for the keyboard); the chosen
     // item is raised as Click.
     virtual void ShowMenu(int menu) = 0;
+    // The same beneath a button of the window's toolbar.
+    virtual void ShowMenuUnder(int toolbar, int command, int menu) = 0;
+
+    virtual void SetToolbar(int control, const std::vector<ToolButton>& buttons) = 0;
+
+    // Shows the program's icon in the tray, or shows it again with another tip of at most 127 characters. It
+    // goes with the window. Throws InternalError when the shell takes no icon.
+    virtual void ShowTrayIcon(const std::string& tip) = 0;
+    virtual void HideTrayIcon() = 0;
 };
 
 }  // namespace kaz

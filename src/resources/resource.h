@@ -30,6 +30,7 @@
 #define IDC_cmbCategories 1104
 #define IDC_fraFilter 1105
 #define IDT_TimerRefresh 1106
+#define IDC_Toolbar1 1107
 
 // Commands of menus and accelerators
 #define IDM_FIND 2001
@@ -37,8 +38,30 @@
 #define IDM_EDIT 2003
 #define IDM_DELETE 2004
 #define IDM_REFRESH 2005
+#define IDM_EXIT 2006
+#define IDM_ADD 2007
+#define IDM_PUSH 2008
+#define IDM_TASKLIST 2009
+#define IDM_MONTHVIEW 2010
+#define IDM_EDITLAYERS 2011
+#define IDM_OPTIONS 2012
+#define IDM_LOG 2013
+#define IDM_HELPMENU 2014
+#define IDM_SELECTALL 2015
+#define IDM_SHAREWITH 2016
+#define IDM_SHOW 2017
+#define IDM_QUIT 2018
+#define IDM_SETTINGS 2019
+#define IDM_BACKUP 2020
+#define IDM_VIEWBACKUPS 2021
+#define IDM_CHECKFORUPDATE 2022
+#define IDM_HELP 2023
+#define IDM_ABOUT 2024
 
 #define IDR_MENU_LIST 201
+#define IDR_MENU_TRAY 202
+#define IDR_MENU_SETTINGS 203
+#define IDR_MENU_HELP 204
 #define IDI_KAZ 301
 
 // The input box

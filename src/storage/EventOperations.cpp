@@ -5,6 +5,7 @@ namespace kaz {
 std::optional<std::string> EventOperations::AddEvent(EventEditor& editor) {
     clsEvent event;
     if (!editor.Edit(event, EditMode::Whole)) return std::nullopt;
+    CatchUp();
     context_.events.StoreRecord(Updated(std::move(event)), true);
     const std::string code = context_.events.AllEvents().back().IDCode;
     context_.events.SaveDB();
@@ -18,6 +19,7 @@ bool EventOperations::EditEvent(const std::string& code, bool fromExpired, EditM
 
     clsEvent copy = *found;
     if (!editor.Edit(copy, mode)) return false;
+    CatchUp();
     // A change of sharing alone moves no date and must not make a mail go out again.
     if (mode == EditMode::Whole) copy = Updated(std::move(copy));
 
@@ -61,6 +63,11 @@ bool EventOperations::OwnerRefuses(const clsEvent& event, const std::string& tex
     context_.dialogs.Message("You're not the owner of this event.  " + textBefore + event.Owner() +
                              textAfter);
     return true;
+}
+
+void EventOperations::CatchUp() {
+    for (clsDbXml* database : {&context_.events, &context_.expired})
+        if (database->DatabaseChanged()) database->LoadDBIfChanged(database->DBFilename());
 }
 
 clsEvent EventOperations::Updated(clsEvent event) {

@@ -11,7 +11,6 @@ namespace kaz {
 namespace {
 
 constexpr std::size_t kMostActions = 20;
-constexpr std::string_view kDefaultName = "log.txt";
 
 // The number is that of the run-time file through which the line was once written. It never meant more, but
 // every tool that reads such logs expects it.

@@ -17,6 +17,8 @@ namespace kaz {
 // reaches the file in batches. No operation throws; a line that cannot be written is lost.
 class cSharedLogging : public ErrorSink {
 public:
+    static constexpr std::string_view kDefaultName = "log.txt";
+
     struct About {
         std::string name;
         std::string version;

@@ -1,5 +1,7 @@
 #include "ui/EventList.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -81,6 +83,12 @@ void EventList::Sort() {
 std::optional<int> EventList::Find(std::string_view term, int from) const noexcept {
     for (int row = std::max(from, 0); row < RowCount(); ++row)
         if (folding_.Find(CellText(row, kEventColumn), term) != std::string_view::npos) return row;
+    return std::nullopt;
+}
+
+std::optional<int> EventList::RowOf(std::string_view code, EventSource source) const noexcept {
+    for (int row = 0; row < RowCount(); ++row)
+        if (Source(row) == source && Trim(Code(row)) == code) return row;
     return std::nullopt;
 }
 

@@ -29,6 +29,8 @@ public:
     // The first row at or after `from` whose description contains the term, letter case aside.
     std::optional<int> Find(std::string_view term, int from) const noexcept;
 
+    // The row of the event with that identity code; each source has codes of its own.
+    std::optional<int> RowOf(std::string_view code, EventSource source) const noexcept;
     std::string_view Code(int row) const noexcept {
         return rows_.Code(order_[static_cast<std::size_t>(row)]);
     }

@@ -2,12 +2,28 @@
 
 #include "core/Application.h"
 #include "platform/WindowFactory.h"
+#include "ui/EventEditorDialog.h"
+#include "ui/ModalForms.h"
 #include "ui/frmMain.h"
 
 namespace kaz {
 
+namespace {
+
+MainDialogs DialogsOf(Application& application) {
+    return {[&application] { return std::make_unique<EventEditorDialog>(application); },
+            [&application] { ShowOptions(application); },
+            [&application] { ShowCategories(application); },
+            [&application] { ShowAbout(application); },
+            [] {},
+            [](int, int) {}};
+}
+
+}  // namespace
+
 std::shared_ptr<MainWindow> MakeMainWindow(Application& application, MainWindowEvents& owner) {
-    auto form = std::make_shared<frmMain>(application.platform.windows.Create(IDD_MAIN), application, owner);
+    auto form = std::make_shared<frmMain>(application.platform.windows.Create(IDD_MAIN), application, owner,
+                                          DialogsOf(application));
     application.openWindows.Add(form);
     form->OnRaised(0, Raised::Load, 0);
     return form;

@@ -4,7 +4,10 @@
 #include "platform/Dialogs.h"
 #include "platform/MessagePump.h"
 #include "ui/EventListFill.h"
+#include "ui/MainToolbar.h"
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -18,11 +21,14 @@ constexpr int kLastRememberedRow = 65533;
 
 }  // namespace
 
-frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, MainWindowEvents& owner)
+frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, MainWindowEvents& owner,
+                 MainDialogs dialogs)
     : Form(std::move(window), application.errors, "frmMain"),
       app_(application),
       owner_(owner),
+      dialogs_(std::move(dialogs)),
       list_(application.platform.locale),
+      commands_(application, list_, dialogs_.editor),
       size_(this->window(), application.settings) {
     On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
     On(0, Raised::CloseBox, "Form_QueryUnload", &frmMain::Form_QueryUnload);
@@ -34,13 +40,16 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(IDC_cmbCategories, Raised::Select, "cmbCategories_Click", &frmMain::cmbCategories_Click);
     On(IDM_FIND, Raised::Click, "mnuFind_Click", &frmMain::mnuFind_Click);
     On(IDM_FINDNEXT, Raised::Click, "mnuFind_Click", &frmMain::mnuFindNext_Click);
-    On(IDM_REFRESH, Raised::Click, "mnuRefresh_Click", &frmMain::mnuRefresh_Click);
+    On(IDM_SELECTALL, Raised::Click, "mnuSelectAll_Click", &frmMain::mnuSelectAll_Click);
     On(IDT_TimerRefresh, Raised::Timer, "TimerRefresh_Timer", &frmMain::TimerRefresh_Timer);
+    NameCommands();
+    NameTrayEvents();
 }
 
 void frmMain::Form_Load() {
     ErrorTrap trap(errors(), "Form_Load", Name());
     loading_ = true;
+    trap([&] { window().SetToolbar(IDC_Toolbar1, MainToolbar()); });
     trap([&] {
         ListEvents().SetColumns(EventList::Columns());
         ListEvents().SetRows(&list_);
@@ -52,6 +61,7 @@ void frmMain::Form_Load() {
     app_.log.LogEvent("Setting main window width and height");
     trap([&] { size_.Restore(); });
     loading_ = false;
+    ShowProgramInTray();
     TickSoon();
 }
 
@@ -82,6 +92,7 @@ void frmMain::FillEvents(std::int16_t category) {
     });
     trap([&] { list_.Show(fill.TakeRows()); });
     SetColours();
+    trap([&] { RenewTrayTip(); });
     ListEvents().ClearSelection();
     app_.log.LogEvent("Selecting current event");
     if (list_.RowCount() == 0) return;
@@ -107,8 +118,6 @@ void frmMain::cmbCategories_Click() {
     if (!loading_) FillEvents(Category());
 }
 
-void frmMain::mnuRefresh_Click() { FillEvents(Category()); }
-
 void frmMain::ListEvents_ColumnClick(int column) {
     // The list on the screen marks rows by their place only, so the marks have to move along with the events.
     const std::vector<int> marked = ListEvents().Selection();
@@ -131,6 +140,24 @@ void frmMain::ListEvents_ColumnClick(int column) {
     }
     ListEvents().SetSelection(moved);
     if (newCurrent >= 0) ListEvents().Select(newCurrent);
+}
+
+int frmMain::CommandRow() const {
+    const std::vector<int> rows = ListEvents().Selection();
+    const int current = ListEvents().Current();
+    const bool isSelected = std::find(rows.begin(), rows.end(), current) != rows.end();
+    if (isSelected) return current;
+    return rows.empty() ? -1 : rows.front();
+}
+
+void frmMain::Refill(const std::optional<std::string>& code) {
+    if (unloaded_) return;
+    FillEvents(Category());
+    owner_.fMain_Rescan();
+    const auto row = code ? list_.RowOf(*code, EventSource::Local) : std::nullopt;
+    if (!row) return;
+    ListEvents().ClearSelection();
+    ListEvents().Select(*row);
 }
 
 void frmMain::ListEvents_MouseUp() {
@@ -162,6 +189,12 @@ void frmMain::Search(int from) {
     app_.platform.dialogs.Message("No " + further + "event contains \"" + searchTerm_ + "\".");
 }
 
+void frmMain::mnuSelectAll_Click() {
+    std::vector<int> rows(static_cast<std::size_t>(list_.RowCount()));
+    std::iota(rows.begin(), rows.end(), 0);
+    ListEvents().SetSelection(rows);
+}
+
 void frmMain::ShowWindow() { window().Show(Activation::TakeFocus); }
 
 void frmMain::BringForward() {
@@ -171,8 +204,6 @@ void frmMain::BringForward() {
 }
 
 void frmMain::HideWindow() { window().Hide(); }
-
-void frmMain::EditOptions() { app_.log.LogEvent("This version has no options dialog"); }
 
 void frmMain::Form_QueryUnload() {
     window().Hide();
@@ -190,6 +221,7 @@ void frmMain::Unload() { app_.openWindows.Unload(*this); }
 void frmMain::Form_Unload() {
     unloaded_ = true;
     TimerRefresh.Stop();
+    window().HideTrayIcon();
     size_.Save();
     window().Hide();
 }
@@ -197,7 +229,7 @@ void frmMain::Form_Unload() {
 // By the timer rather than at once: the window is painted first, and the tick never runs inside the host's
 // call or inside itself.
 void frmMain::TickSoon() {
-    if (!ticking_ && !unloaded_) TimerRefresh.Start(kAtOnce);
+    if (!ticking_ && !unloaded_ && pauses_ == 0) TimerRefresh.Start(kAtOnce);
 }
 
 void frmMain::TimerRefresh_Timer() {
@@ -208,7 +240,7 @@ void frmMain::TimerRefresh_Timer() {
     for (const auto step : {&frmMain::ReloadChangedFiles, &frmMain::ShowNewDay, &frmMain::ShowAlarms})
         if (!unloaded_) trap([&] { (this->*step)(); });
     ticking_ = false;
-    if (!unloaded_) TimerRefresh.Start(kRefreshInterval);
+    if (!unloaded_ && pauses_ == 0) TimerRefresh.Start(kRefreshInterval);
 }
 
 // Comes first: what another program has saved must be in memory before a new day makes this one save.
@@ -221,7 +253,7 @@ void frmMain::ReloadChangedFiles() {
         changed = changed || !database->DatabaseChanged();
     }
     if (app_.LoadShared()) changed = true;
-    if (changed) FillEvents(Category());
+    if (changed) Refill(std::nullopt);
 }
 
 void frmMain::ShowNewDay() {
@@ -231,7 +263,7 @@ void frmMain::ShowNewDay() {
     lastDay_ = day;
     ErrorTrap trap(errors(), "TimerRefresh_Timer", Name());
     trap([&] { app_.MakeReminder().DisplayReminders(); });
-    if (!unloaded_) FillEvents(Category());
+    Refill(std::nullopt);
 }
 
 void frmMain::ShowAlarms() {

@@ -5,7 +5,9 @@
 #include "platform/Controls.h"
 #include "platform/Form.h"
 #include "resources/resource.h"
+#include "ui/EventCommands.h"
 #include "ui/EventList.h"
+#include "ui/MainDialogs.h"
 #include "ui/WindowSizeSetting.h"
 
 #include <cstdint>
@@ -14,11 +16,13 @@
 
 namespace kaz {
 
-// The main window: the list of all events, and the one timer that drives reminders and alarms.
+// The main window: the list of all events with its commands, the tray icon, and the one timer that drives
+// reminders and alarms.
 class frmMain : public Form, public MainWindow {
 public:
     // `owner` and the application outlive the form.
-    frmMain(std::unique_ptr<kaz::Window> window, Application& application, MainWindowEvents& owner);
+    frmMain(std::unique_ptr<kaz::Window> window, Application& application, MainWindowEvents& owner,
+            MainDialogs dialogs);
 
     void FillEvents(std::int16_t category) override;
     // Colours follow from the Type column; repaints the list with them.
@@ -41,14 +45,51 @@ private:
     void cmbCategories_Click();
     void mnuFind_Click();
     void mnuFindNext_Click();
-    void mnuRefresh_Click();
+    void mnuSelectAll_Click();
     void TimerRefresh_Timer();
+
+    // The toolbar and the menus: frmMainCommands.cpp.
+    void NameCommands();
+    void cmdExit_Click() { owner_.fMain_ShutDownKAZ(); }
+    void cmdAdd_Click();
+    void cmdEdit_Click();
+    void cmdPush_Click();
+    void cmdDelete_Click();
+    void cmdTaskList_Click() { dialogs_.tasks(); }
+    void cmdMonthView_Click();
+    void cmdEditLayers_Click();
+    void cmdOptions_Click();
+    void cmdRefresh_Click() { FillEvents(Category()); }
+    void cmdLog_Click();
+    void cmdHelp_Click();
+    void mnuShareWith_Click();
+    void mnuBackup_Click();
+    void mnuViewBackups_Click();
+    void mnuCheckForUpdate_Click();
+    void mnuHelp_Click();
+    void mnuAbout_Click() { dialogs_.about(); }
+
+    // The tray: frmMainTray.cpp.
+    void NameTrayEvents();
+    void ShowProgramInTray();
+    // Shows the icon again, after the shell has lost it or with another tip.
+    void ShowIconInTray();
+    void RenewTrayTip();
+    void Form_MouseMove(int mouseMessage);
+    void mnuShow_Click();
+    void mnuExit_Click();
+    // Whether one of the program's dialogs waits for its answer.
+    bool IsBlocked() const { return !window().Enabled(0); }
 
     void FillCategories();
     std::int16_t Category() const;
     ReportList& ListEvents() const { return window().Report(IDC_ListEvents); }
     int SelectedRow() const;
-    void SelectOnly(int row);
+    // The row that a command for one event is about, -1 when there is none.
+    int CommandRow() const;
+    // After events have changed: fills the list, selects the row of that event, if there is one, and has the
+    // host's lists made anew.
+    void Refill(const std::optional<std::string>& code);
     bool AskForTerm();
     void Search(int from);
     void TickSoon();
@@ -58,16 +99,22 @@ private:
 
     Application& app_;
     MainWindowEvents& owner_;
+    MainDialogs dialogs_;
     EventList list_;
+    EventCommands commands_;
     WindowSizeSetting size_;
     CheckBox chkExpired{window(), IDC_chkExpired};
     ListControl cmbCategories{window(), IDC_cmbCategories};
     TimerControl TimerRefresh{window(), IDT_TimerRefresh};
     std::string searchTerm_;
+    std::string trayTip_;
     bool loading_ = false;
     bool ticking_ = false;
+    int pauses_ = 0;  // dialogs during which the refresh timer stands still
     bool unloaded_ = false;
     int lastDay_ = 0;  // day of the month of the last day change; 0 before the first tick
+
+    class TimerPause;
 };
 
 }  // namespace kaz

@@ -3,6 +3,7 @@
 #include "platform/Dialogs.h"
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,6 +16,7 @@ public:
     void Message(const std::string& text) override { messages.push_back(text); }
     bool AskYesNo(const std::string& text) override {
         questions.push_back(text);
+        if (meanwhile) meanwhile();
         return Next(yesNo, false);
     }
     std::optional<std::string> InputBox(const std::string& title, const std::string& prompt,
@@ -39,6 +41,8 @@ public:
     std::vector<std::string> messages;
     std::vector<std::string> questions;  // what was asked, its parts joined by "|"
     std::vector<DateValue> initialDates;
+
+    std::function<void()> meanwhile;  // what happens while a question is open
 
     std::deque<bool> yesNo;
     std::deque<std::optional<std::string>> inputs, files, folders;

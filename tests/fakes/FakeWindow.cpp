@@ -83,6 +83,11 @@ void FakeWindow::SetSelection(int control, const std::vector<int>& positions) {
         if (position >= 0 && std::cmp_less(position, at.items.size())) at.selection.push_back(position);
 }
 
+void FakeWindow::ShowTrayIcon(const std::string& tip) {
+    if (trayRefuses) throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
+    trayTip = tip;
+}
+
 void FakeWindow::Raise(int control, Raised what, int detail) {
     if (listener_) listener_->OnRaised(control, what, detail);
 }

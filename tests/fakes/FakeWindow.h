@@ -78,6 +78,10 @@ public:
 
     FakeReportList& Report(int control) override { return reports_[control]; }
     void ShowMenu(int menu) override { menus.push_back(menu); }
+    void ShowMenuUnder(int, int, int menu) override { menus.push_back(menu); }
+    void SetToolbar(int, const std::vector<ToolButton>& buttons) override { toolbar = buttons; }
+    void ShowTrayIcon(const std::string& tip) override;
+    void HideTrayIcon() override { trayTip.reset(); }
 
     // What the user, the system or a timer does.
     void Raise(int control, Raised what, int detail = 0);
@@ -105,6 +109,9 @@ public:
     int focus = 0;
     int selectedText = 0;  // the text box whose text was selected last
     std::vector<int> menus;
+    std::vector<ToolButton> toolbar;
+    std::optional<std::string> trayTip;  // while the icon is shown
+    bool trayRefuses = false;
     WindowState state = WindowState::Normal;
     WindowSize size{800, 600};
     WindowSize screen{1920, 1080};

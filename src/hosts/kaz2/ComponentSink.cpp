@@ -78,8 +78,7 @@ void ComponentSink::On(DISPID event, const DISPPARAMS& arguments) {
     case 4:  // MailEvent(ToAddr, Subject, MessageText)
         if (arguments.cArgs == 3) lists_.Mail(TextOf(last[2]), TextOf(last[1]), TextOf(last[0]));
         break;
-    case 5:  // ShutDownKAZ: the user chose to exit
-    case 6:  // Closed: without the main window there is nothing left to click on
+    case 5:  // ShutDownKAZ: the user chose to exit. Closed needs no answer: the tray icon stays.
         // The component is still in the call that raised this; it is shut down once the message loop has
         // ended.
         PostQuitMessage(0);

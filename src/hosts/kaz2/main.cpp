@@ -1,5 +1,6 @@
 #include "hosts/kaz2/CommandLine.h"
 #include "hosts/kaz2/Component.h"
+#include "hosts/kaz2/ComponentWindows.h"
 #include "hosts/kaz2/ConsoleSignals.h"
 #include "hosts/kaz2/DataFolder.h"
 #include "hosts/kaz2/HostWindow.h"
@@ -29,7 +30,7 @@ public:
 // The windows are the component's; all that they need of the host is this loop on the thread that made it.
 void ProcessMessages() {
     MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (ComponentHasWindows() && GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -1,5 +1,7 @@
+#include "base/RuntimeError.h"
 #include "platform/win32/DialogWindow.h"
 #include "platform/win32/StockControls.h"
+#include "platform/win32/Text.h"
 
 namespace kaz {
 
@@ -12,6 +14,7 @@ constexpr wchar_t kProperty[] = L"kaz.DialogWindow";
 constexpr UINT kRaiseLater = WM_APP + 1;
 constexpr UINT kFocusNow = WM_APP + 2;
 constexpr UINT kDpiHasChanged = WM_APP + 3;
+constexpr UINT kTrayMouse = WM_APP + 4;
 
 // A plain key such as Del belongs to the text that is being typed.
 bool TypesText(const MSG& message) {
@@ -77,7 +80,12 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
     case kRaiseLater:
         Raise(LOWORD(wide), static_cast<Raised>(HIWORD(wide)), static_cast<int>(narrow));
         return TRUE;
-    default: return FALSE;
+    case kTrayMouse: OnTray(LOWORD(narrow)); return TRUE;
+    default:
+        if (!tray_ || message != TrayIcon::ShellStarted()) return FALSE;
+        tray_->Forget();
+        Raise(0, Raised::TrayLost);
+        return TRUE;
     }
 }
 
@@ -109,7 +117,8 @@ bool DialogWindow::TranslateKey(MSG& message) {
 }
 
 void DialogWindow::OnCommand(int id, unsigned notification, HWND control) {
-    if (!control) {
+    // A toolbar's button speaks through the toolbar, under the id of its command.
+    if (!control || toolbars_.contains(GetDlgCtrlID(control))) {
         // Escape comes as IDCANCEL without a button, Enter as IDOK.
         if (id == IDCANCEL)
             Raise(0, Raised::CloseBox);
@@ -125,6 +134,10 @@ INT_PTR DialogWindow::OnNotify(const NMHDR& header) {
     const int id = static_cast<int>(header.idFrom);
     if (const auto report = reports_.find(id); report != reports_.end()) {
         const auto answer = report->second.OnNotify(header);
+        return answer ? Answer(*answer) : FALSE;
+    }
+    if (const auto toolbar = toolbars_.find(id); toolbar != toolbars_.end()) {
+        const auto answer = toolbar->second.OnNotify(header);
         return answer ? Answer(*answer) : FALSE;
     }
     if (header.code == TCN_SELCHANGE && !quiet_) Raise(id, Raised::Select);
@@ -146,21 +159,47 @@ void DialogWindow::OnContextMenu(HWND control, LPARAM point) {
     if (control == window_ || GetParent(control) == window_) Raise(id, Raised::RightClick);
 }
 
+void DialogWindow::OnTray(UINT mouseMessage) {
+    GetCursorPos(&menuPoint_);
+    Raise(0, Raised::TrayMouse, static_cast<int>(mouseMessage));
+}
+
 void DialogWindow::OnDpiChanged() {
     layout_->MakeHeadings();
     layout_->Apply();
     for (auto& [id, report] : reports_)
         report.OnDpiChanged();
+    for (auto& [id, toolbar] : toolbars_)
+        toolbar.OnDpiChanged();
     Raise(0, Raised::DpiChanged);
 }
 
 void DialogWindow::ShowMenu(int menu) {
     const Menu whole(LoadMenuW(module_, MAKEINTRESOURCEW(menu)));
     if (!whole) return;
+    // The menu of a window that is not in front, as that of the tray icon, would stay open after a click
+    // beside it.
+    SetForegroundWindow(window_);
     const UINT side = GetSystemMetrics(SM_MENUDROPALIGNMENT) ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
     const int chosen = TrackPopupMenuEx(GetSubMenu(whole.Get(), 0), TPM_RETURNCMD | TPM_RIGHTBUTTON | side,
                                         menuPoint_.x, menuPoint_.y, window_, nullptr);
+    PostMessageW(window_, WM_NULL, 0, 0);
     if (chosen) Raise(chosen, Raised::Click);
+}
+
+void DialogWindow::ShowMenuUnder(int toolbar, int command, int menu) {
+    if (const auto found = toolbars_.find(toolbar); found != toolbars_.end())
+        menuPoint_ = found->second.MenuPointOf(command);
+    ShowMenu(menu);
+}
+
+void DialogWindow::SetToolbar(int control, const std::vector<ToolButton>& buttons) {
+    toolbars_.try_emplace(control, GetDlgItem(window_, control), module_).first->second.SetButtons(buttons);
+}
+
+void DialogWindow::ShowTrayIcon(const std::string& tip) {
+    if (!tray_) tray_.emplace(window_, module_, kTrayMouse);
+    if (!tray_->Show(ToWide(tip))) throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
 }
 
 }  // namespace kaz

@@ -44,6 +44,7 @@ DialogWindow::DialogWindow(HINSTANCE module, int dialog) : module_(module) {
 
 DialogWindow::~DialogWindow() {
     listener_ = nullptr;
+    tray_.reset();
     if (modal_) {
         modal_->End(IDCANCEL);
         modal_->Forget();
@@ -67,7 +68,8 @@ void DialogWindow::Show(Activation activation) {
     if (stateWhenShown_ == WindowState::Maximised) how = SW_SHOWMAXIMIZED;
     stateWhenShown_.reset();
     ShowWindow(window_, how);
-    if (how != SW_SHOWMINIMIZED) SetForegroundWindow(window_);
+    // The dialog that waits for its answer, if there is one.
+    if (how != SW_SHOWMINIMIZED) SetForegroundWindow(GetLastActivePopup(window_));
 }
 
 void DialogWindow::Hide() { ShowWindow(window_, SW_HIDE); }

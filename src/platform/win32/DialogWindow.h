@@ -4,6 +4,8 @@
 #include "platform/win32/DialogLayout.h"
 #include "platform/win32/MessageHook.h"
 #include "platform/win32/ReportListView.h"
+#include "platform/win32/Toolbar.h"
+#include "platform/win32/TrayIcon.h"
 
 #include <map>
 #include <optional>
@@ -72,6 +74,11 @@ public:
 
     ReportList& Report(int control) override;
     void ShowMenu(int menu) override;
+    void ShowMenuUnder(int toolbar, int command, int menu) override;
+
+    void SetToolbar(int control, const std::vector<ToolButton>& buttons) override;
+    void ShowTrayIcon(const std::string& tip) override;
+    void HideTrayIcon() override { tray_.reset(); }
 
 private:
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM narrow);
@@ -80,6 +87,7 @@ private:
     void OnCommand(int id, unsigned notification, HWND control);
     INT_PTR OnNotify(const NMHDR& header);
     void OnContextMenu(HWND control, LPARAM point);
+    void OnTray(UINT mouseMessage);
     void OnDpiChanged();
     void Raise(int control, Raised what, int detail = 0);
 
@@ -94,6 +102,8 @@ private:
     WindowListener* listener_ = nullptr;
     std::optional<DialogLayout> layout_;
     std::map<int, ReportListView> reports_;
+    std::map<int, Toolbar> toolbars_;
+    std::optional<TrayIcon> tray_;
     ModalRun* modal_ = nullptr;
     bool work_ = false;
     bool placed_ = false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <utility>
 
@@ -48,6 +49,11 @@ struct IconTraits {
     static Type None() { return nullptr; }
     static void Close(Type handle) { DestroyIcon(handle); }
 };
+struct ImageListTraits {
+    using Type = HIMAGELIST;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { ImageList_Destroy(handle); }
+};
 struct MenuTraits {
     using Type = HMENU;
     static Type None() { return nullptr; }
@@ -62,6 +68,7 @@ struct ActivationTraits {
 using FileHandle = UniqueHandle<FileTraits>;
 using Font = UniqueHandle<FontTraits>;
 using Icon = UniqueHandle<IconTraits>;
+using ImageList = UniqueHandle<ImageListTraits>;
 using Menu = UniqueHandle<MenuTraits>;
 using ActivationHandle = UniqueHandle<ActivationTraits>;
 

@@ -32,15 +32,15 @@ protected:
     std::string Logged();
     std::vector<std::string> Reminders(const std::string& caption) const;
 
-    void fMain_ShutDownKAZ() override {}
-    void fMain_Rescan() override {}
-    void fMain_WindowClosed() override { ++windowClosed; }
+    void fMain_ShutDownKAZ() override { raised.emplace_back("ShutDownKAZ"); }
+    void fMain_Rescan() override { raised.emplace_back("Rescan"); }
+    void fMain_WindowClosed() override { raised.emplace_back("WindowClosed"); }
 
     FakePlatform machine;
     Application app{machine.Services()};
     std::shared_ptr<MainWindow> main;
     FakeWindow* window = nullptr;
-    int windowClosed = 0;
+    std::vector<std::string> raised;  // what the component heard
 
 private:
     std::size_t logRead_ = 0;

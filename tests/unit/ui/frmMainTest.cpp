@@ -196,7 +196,7 @@ TEST_F(frmMainTest, TheCloseBoxHidesTheWindowAndTellsTheComponent) {
     machine.pump.waiting = [&] { EXPECT_FALSE(main->IsShown()); };
     window->CloseBox();
     EXPECT_EQ(1, machine.pump.processed);
-    EXPECT_EQ(1, windowClosed);
+    EXPECT_THAT(raised, ElementsAre("WindowClosed"));
     EXPECT_EQ(1U, app.openWindows.Count());
     main->ShowWindow();
     EXPECT_TRUE(main->IsShown());

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace kaz {
+
+// Whether the component still has a window on this thread, be it hidden. Its main window is there from the
+// first scan until the component is shut down or the user quits in its tray menu, of which no event tells.
+bool ComponentHasWindows();
+
+}  // namespace kaz

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Window.h"
+#include "platform/win32/ControlView.h"
+#include "platform/win32/Handles.h"
+
+#include <vector>
+
+namespace kaz {
+
+// A toolbar of pictures only; their texts are the tooltips, and the names for screen readers. The pictures
+// are loaded in the size of the monitor's resolution.
+class Toolbar : public ControlView {
+public:
+    Toolbar(HWND toolbar, HINSTANCE module) : toolbar_(toolbar), module_(module) {}
+
+    void SetButtons(const std::vector<ToolButton>& buttons);
+
+    std::optional<LRESULT> OnNotify(const NMHDR& header) override;
+    void OnDpiChanged() override { LoadPictures(); }
+    // Beneath the button that has the keyboard.
+    POINT MenuPoint() const override;
+    // Beneath the button of a command.
+    POINT MenuPointOf(int command) const;
+
+private:
+    void LoadPictures();
+
+    HWND toolbar_;
+    HINSTANCE module_;
+    std::vector<ToolButton> buttons_;
+    ImageList pictures_;
+};
+
+}  // namespace kaz

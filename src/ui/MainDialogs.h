@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ui/EventCommands.h"
+
+#include <functional>
+
+namespace kaz {
+
+// The windows that the main window opens; it does not know how they are made.
+struct MainDialogs {
+    EventCommands::EditorFactory editor;
+    // Modal; they return when the window is closed.
+    std::function<void()> options;
+    std::function<void()> categories;
+    std::function<void()> about;
+    // Beside the main window; one that is open already comes forward.
+    std::function<void()> tasks;
+    std::function<void(int month, int year)> month;
+};
+
+}  // namespace kaz

@@ -1,0 +1,35 @@
+#include "ui/TrayTip.h"
+
+#include "core/Names.h"
+#include "platform/Clock.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+template <class IsMeant>
+std::ptrdiff_t Count(const clsDbXml* database, DateValue today, IsMeant isMeant) {
+    if (!database) return 0;
+    const std::vector<clsEvent>& events = database->AllEvents();
+    return std::count_if(events.begin(), events.end(), [&](const clsEvent& event) {
+        return !event.Deleted && event.DueDate() == today && isMeant(event);
+    });
+}
+
+}  // namespace
+
+std::string TrayTip(const Application& application) {
+    const DateValue today = application.platform.clock.Today();
+    std::ptrdiff_t count = Count(application.events.get(), today, [](const clsEvent&) { return true; });
+    if (application.Networked())
+        count += Count(application.shared.get(), today, [owner = application.Owner()](const clsEvent& event) {
+            return event.Owner() != owner;
+        });
+    const std::string name(kApplicationName);
+    if (count == 0) return name + " - nothing due today";
+    return name + " - " + std::to_string(count) + (count == 1 ? " event" : " events") + " due today";
+}
+
+}  // namespace kaz

@@ -1,0 +1,152 @@
+#include "core/Backup.h"
+#include "core/Names.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "ui/Links.h"
+#include "ui/frmMain.h"
+
+namespace kaz {
+
+// While it lives, the refresh timer stands still; then the tick that was due comes at once.
+class frmMain::TimerPause {
+public:
+    explicit TimerPause(frmMain& form) : form_(form) {
+        ++form_.pauses_;
+        form_.TimerRefresh.Stop();
+    }
+    ~TimerPause() {
+        --form_.pauses_;
+        form_.TickSoon();
+    }
+    TimerPause(const TimerPause&) = delete;
+    TimerPause& operator=(const TimerPause&) = delete;
+
+private:
+    frmMain& form_;
+};
+
+void frmMain::NameCommands() {
+    const struct {
+        int command;
+        const char* procedure;
+        void (frmMain::*handler)();
+    } commands[] = {
+        {IDM_EXIT, "Toolbar1_ButtonClick", &frmMain::cmdExit_Click},
+        {IDM_ADD, "Toolbar1_ButtonClick", &frmMain::cmdAdd_Click},
+        {IDM_EDIT, "EditEvent", &frmMain::cmdEdit_Click},
+        {IDM_PUSH, "PushEvent", &frmMain::cmdPush_Click},
+        {IDM_DELETE, "DeleteEvents", &frmMain::cmdDelete_Click},
+        {IDM_TASKLIST, "Toolbar1_ButtonClick", &frmMain::cmdTaskList_Click},
+        {IDM_MONTHVIEW, "Toolbar1_ButtonClick", &frmMain::cmdMonthView_Click},
+        {IDM_EDITLAYERS, "Toolbar1_ButtonClick", &frmMain::cmdEditLayers_Click},
+        {IDM_OPTIONS, "Toolbar1_ButtonClick", &frmMain::cmdOptions_Click},
+        {IDM_REFRESH, "Toolbar1_ButtonClick", &frmMain::cmdRefresh_Click},
+        {IDM_LOG, "ShowLog", &frmMain::cmdLog_Click},
+        {IDM_HELPMENU, "Toolbar1_ButtonClick", &frmMain::cmdHelp_Click},
+        {IDM_SHAREWITH, "mnuShareWith_Click", &frmMain::mnuShareWith_Click},
+        {IDM_SETTINGS, "mnuSettings_Click", &frmMain::EditOptions},
+        {IDM_BACKUP, "mnuBackup_Click", &frmMain::mnuBackup_Click},
+        {IDM_VIEWBACKUPS, "mnuViewBackups_Click", &frmMain::mnuViewBackups_Click},
+        {IDM_CHECKFORUPDATE, "mnuCheckForUpdate_Click", &frmMain::mnuCheckForUpdate_Click},
+        {IDM_HELP, "mnuHelp_Click", &frmMain::mnuHelp_Click},
+        {IDM_ABOUT, "mnuAbout_Click", &frmMain::mnuAbout_Click},
+    };
+    for (const auto& entry : commands)
+        On(entry.command, Raised::Click, entry.procedure, entry.handler);
+    On(IDC_ListEvents, Raised::DoubleClick, "ListEvents_DblClick", &frmMain::cmdEdit_Click);
+}
+
+void frmMain::cmdAdd_Click() {
+    if (const auto code = commands_.Add()) Refill(code);
+}
+
+void frmMain::cmdEdit_Click() {
+    const int row = CommandRow();
+    if (row < 0) return;
+    const auto code = [&] {
+        const TimerPause pause(*this);
+        return commands_.Edit(row);
+    }();
+    if (code) Refill(code);
+}
+
+void frmMain::cmdPush_Click() {
+    const int row = CommandRow();
+    if (row < 0) return;
+    if (const auto code = commands_.Push(row)) Refill(code);
+}
+
+void frmMain::cmdDelete_Click() {
+    if (commands_.Delete(ListEvents().Selection())) Refill(std::nullopt);
+}
+
+void frmMain::mnuShareWith_Click() {
+    const int row = CommandRow();
+    if (row < 0) return;
+    const auto code = [&] {
+        const TimerPause pause(*this);
+        return commands_.ShareWith(row, ListEvents().Selection());
+    }();
+    if (code) Refill(code);
+}
+
+void frmMain::cmdMonthView_Click() {
+    const CivilDate today = app_.platform.clock.Today().Civil();
+    dialogs_.month(today.month, today.year);
+}
+
+void frmMain::cmdEditLayers_Click() {
+    dialogs_.categories();
+    if (unloaded_) return;
+    FillCategories();
+    FillEvents(Category());
+}
+
+void frmMain::cmdOptions_Click() { window().ShowMenuUnder(IDC_Toolbar1, IDM_OPTIONS, IDR_MENU_SETTINGS); }
+
+void frmMain::cmdHelp_Click() { window().ShowMenuUnder(IDC_Toolbar1, IDM_HELPMENU, IDR_MENU_HELP); }
+
+void frmMain::EditOptions() {
+    {
+        const TimerPause pause(*this);
+        dialogs_.options();
+        if (!unloaded_) app_.ReopenDatabases();
+    }
+    if (!unloaded_) Refill(std::nullopt);
+}
+
+// Kept on purpose: this is the log's default name, not the one that the program writes, so there is something
+// to see only where a log of that name exists.
+void frmMain::cmdLog_Click() {
+    const std::string fileName = JoinPath(app_.runtimePath, cSharedLogging::kDefaultName);
+    if (FileExists(app_.platform.files, fileName))
+        OpenForUser(app_.platform, fileName);
+    else
+        app_.platform.dialogs.Message("There is no log \"" + fileName + "\".\r\nThis session's log is \"" +
+                                      app_.log.CurrentLogFilename() + "\".");
+}
+
+void frmMain::mnuBackup_Click() {
+    Dialogs& dialogs = app_.platform.dialogs;
+    if (!MakeAutoBackup(app_, "Manual")) {
+        dialogs.Message("Backup failed.");
+        return;
+    }
+    if (dialogs.AskYesNo("Backup complete. Your files were zipped to the AutoBackups folder in " +
+                         app_.DataPath() + "\r\nWould you like to open this folder now?"))
+        mnuViewBackups_Click();
+}
+
+// Archives are made beside the program's files, which need not be where the data are.
+void frmMain::mnuViewBackups_Click() {
+    const std::string ofData = JoinPath(app_.DataPath(), kBackupFolder);
+    const bool isThere = FolderExists(app_.platform.files, ofData);
+    OpenForUser(app_.platform, isThere ? ofData : JoinPath(app_.runtimePath, kBackupFolder));
+}
+
+void frmMain::mnuCheckForUpdate_Click() { ShowUpdatePage(app_.platform); }
+
+void frmMain::mnuHelp_Click() { ShowHelp(app_.platform); }
+
+}  // namespace kaz

@@ -1,0 +1,79 @@
+#include "base/ErrorTrap.h"
+#include "ui/TrayTip.h"
+#include "ui/frmMain.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+// The codes of the system's mouse messages.
+enum MouseMessage {
+    kMove = 0x200,
+    kLeftDown = 0x201,
+    kLeftUp = 0x202,
+    kLeftDouble = 0x203,
+    kRightDown = 0x204,
+    kRightUp = 0x205,
+    kRightDouble = 0x206,
+};
+
+std::string Hexadecimal(int code) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%X", static_cast<unsigned>(code));
+    return text;
+}
+
+}  // namespace
+
+void frmMain::NameTrayEvents() {
+    On(0, Raised::TrayMouse, "Form_MouseMove", &frmMain::Form_MouseMove);
+    On(0, Raised::TrayLost, "ShowIconInTray", &frmMain::ShowIconInTray);
+    On(IDM_SHOW, Raised::Click, "mnuShow_Click", &frmMain::mnuShow_Click);
+    On(IDM_QUIT, Raised::Click, "mnuExit_Click", &frmMain::mnuExit_Click);
+}
+
+void frmMain::ShowProgramInTray() {
+    ErrorTrap trap(app_.log, "ShowProgramInTray", Name());
+    trap([&] { window().ShowTrayIcon(trayTip_ = TrayTip(app_)); });
+}
+
+void frmMain::RenewTrayTip() {
+    std::string tip = TrayTip(app_);
+    if (trayTip_.empty() || tip == trayTip_) return;
+    trayTip_ = std::move(tip);
+    ShowIconInTray();
+}
+
+void frmMain::ShowIconInTray() {
+    ErrorTrap trap(app_.log, "ShowIconInTray", Name());
+    trap([&] { window().ShowTrayIcon(trayTip_); });
+}
+
+void frmMain::Form_MouseMove(int mouseMessage) {
+    switch (mouseMessage) {
+    case kLeftDown: BringForward(); break;
+    case kRightDown: window().ShowMenu(IDR_MENU_TRAY); break;
+    case kMove:
+    case kLeftUp:
+    case kLeftDouble:
+    case kRightUp:
+    case kRightDouble: break;
+    default: app_.log.LogEvent("&H" + Hexadecimal(mouseMessage) + " in 'mousemove' untrapped");
+    }
+}
+
+void frmMain::mnuShow_Click() { ShowWindow(); }
+
+// Kept on purpose: this ends the program by itself, while the toolbar's button only asks the host to do so.
+void frmMain::mnuExit_Click() {
+    // What the user is just typing in a dialog would be lost.
+    if (IsBlocked())
+        BringForward();
+    else
+        app_.EndProgram();
+}
+
+}  // namespace kaz
