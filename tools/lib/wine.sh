@@ -2,7 +2,9 @@
 # home folder is touched, and several can run side by side. Use: source common.sh and this; wine_begin NAME; "$WINELOADER" ...
 
 wine_folder=$root/build/wine
+# Of a screen that is not the user's own: its size in pixels, and the scaling of the windows in percent.
 wine_screen=${KAZ_SCREEN:-1280x800}
+wine_scale=${KAZ_SCALE:-100}
 export WINELOADER=/usr/lib/wine/wine64 WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 # Neither .NET nor a browser is needed; without winemenubuilder no menu entries appear in the user's desktop.
 export WINEDLLOVERRIDES='mscoree=d;mshtml=d;winemenubuilder.exe=d'
@@ -32,6 +34,7 @@ wine_begin() {
         # Without a server of our own there is no sound, rather than the user's.
         export HOME=$wine_run/home XDG_RUNTIME_DIR=$wine_sockets PULSE_SERVER=unix:$wine_sockets/no-sound
         unset WAYLAND_DISPLAY XAUTHORITY
+        wine_set_screen
         wine_start_screen
     fi
     wine_start_resident
@@ -94,6 +97,14 @@ wine_take_wanted() {
     done
 }
 
+# While no process of Wine runs, the registry is a text file; sed replaces it, so the template's stays as it is.
+wine_set_screen() {
+    local dots
+    printf -v dots 'dword:%08x' $((96 * wine_scale / 100))
+    sed -i -e 's/^"KAZ"="[0-9]*x[0-9]*"/"KAZ"="'"$wine_screen"'"/' -e '/^"LogPixels"=/d' \
+        -e '/^\[Control Panel\\\\Desktop\]/a "LogPixels"='"$dots" "$WINEPREFIX/user.reg"
+}
+
 wine_start_screen() {
     local number=$wine_run/display
     : >"$number"
@@ -139,8 +150,6 @@ wine_make_template() (
     timeout 120 "$WINELOADER" wineboot --init </dev/null >/dev/null 2>&1 || die "wineboot failed"
     cp /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$making/drive_c/windows/Fonts/"
     timeout 60 "$WINELOADER" regedit /S 'Z:'"${root//\//\\}"'\tools\lib\wine.reg' </dev/null >/dev/null 2>&1
-    timeout 60 "$WINELOADER" reg add 'HKCU\Software\Wine\Explorer\Desktops' /v KAZ /d "$wine_screen" /f \
-        </dev/null >/dev/null 2>&1
     timeout 60 wineserver -k
     timeout 60 wineserver -w
     # Documents, Desktop and the like are links into the home folder: every run gets folders of its own instead.
