@@ -20,6 +20,16 @@ void SetIcon(HWND window, HINSTANCE module, WPARAM kind, int width, int height) 
     if (icon) SendMessageW(window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
 }
 
+constexpr UINT kOrderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER;
+
+bool IsTopMost(HWND window) { return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }
+
+BOOL CALLBACK RaiseTopMost(HWND window, LPARAM other) {
+    if (window != reinterpret_cast<HWND>(other) && IsTopMost(window) && DialogWindow::Of(window))
+        SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, kOrderOnly);
+    return TRUE;
+}
+
 BOOL CALLBACK ReleaseOwned(HWND window, LPARAM owner) {
     if (GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner) && DialogWindow::Of(window))
         SetWindowLongPtrW(window, GWLP_HWNDPARENT, 0);
@@ -78,13 +88,17 @@ bool DialogWindow::IsVisible() const { return IsWindowVisible(window_) != FALSE;
 
 void DialogWindow::BringToFront() {
     if (!IsVisible()) return;
-    constexpr UINT kKeep = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER;
     if (IsIconic(window_)) ShowWindow(window_, SW_SHOWNOACTIVATE);
-    const bool topMost = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    const bool topMost = IsTopMost(window_);
     // The system does not let a program in the background raise its window directly; by way of the top-most
     // ones it does.
-    SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, kKeep);
-    if (!topMost) SetWindowPos(window_, HWND_NOTOPMOST, 0, 0, 0, 0, kKeep);
+    SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, kOrderOnly);
+    if (!topMost) {
+        // An alarm that this one has passed on its way goes over it again while both are top-most. Afterwards
+        // the order would be right as well, but not every screen is painted anew in it.
+        EnumThreadWindows(GetCurrentThreadId(), RaiseTopMost, reinterpret_cast<LPARAM>(window_));
+        SetWindowPos(window_, HWND_NOTOPMOST, 0, 0, 0, 0, kOrderOnly);
+    }
     if (GetForegroundWindow() == window_) return;
     FLASHWINFO flash{sizeof flash, window_, FLASHW_ALL, 3, 0};
     FlashWindowEx(&flash);

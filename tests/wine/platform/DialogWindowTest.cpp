@@ -158,6 +158,35 @@ TEST_F(DialogWindowTest, ComesToTheFrontWithoutTakingTheKeyboard) {
     EXPECT_NE(Place(other.Handle()).top, Place(third.Handle()).top);
 }
 
+TEST_F(DialogWindowTest, AnAlarmStaysOnTopOfAWindowThatComesToTheFront) {
+    DialogWindow alarm(GetModuleHandleW(nullptr), IDD_SMALL);
+    alarm.Show(Activation::KeepFocus);
+    alarm.SetTopMost(true);
+    Show();
+    const RECT place = Place(alarm.Handle());
+    SetWindowPos(window->Handle(), nullptr, place.left - 20, place.top - 20, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    alarm.BringToFront();
+    window->BringToFront();
+    Settle();
+    EXPECT_FALSE(GetWindowLongPtrW(window->Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+    HWND above = window->Handle();
+    while (above && above != alarm.Handle())
+        above = GetWindow(above, GW_HWNDPREV);
+    EXPECT_EQ(alarm.Handle(), above);
+    // The screen too, which Wine can leave in another order.
+    const COLORREF own = RGB(1, 2, 3);
+    POINT point{3, 3};
+    const HDC device = GetDC(alarm.Handle());
+    SetPixel(device, point.x, point.y, own);
+    ReleaseDC(alarm.Handle(), device);
+    Settle();
+    ClientToScreen(alarm.Handle(), &point);
+    const HDC screen = GetDC(nullptr);
+    EXPECT_EQ(own, GetPixel(screen, point.x, point.y));
+    ReleaseDC(nullptr, screen);
+}
+
 TEST_F(DialogWindowTest, ACharacterThatTheCodePageCannotHoldIsRefused) {
     SetWindowTextW(At(IDC_NAME), L"caf\x00E9");
     EXPECT_EQ("caf\xE9", window->Text(IDC_NAME));
