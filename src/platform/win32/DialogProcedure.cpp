@@ -2,6 +2,7 @@
 #include "platform/win32/DialogWindow.h"
 #include "platform/win32/StockControls.h"
 #include "platform/win32/Text.h"
+#include "platform/win32/Tooltips.h"
 
 namespace kaz {
 
@@ -62,6 +63,7 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
         reinterpret_cast<MINMAXINFO*>(narrow)->ptMinTrackSize = {least.cx, least.cy};
         return TRUE;
     }
+    case WM_SETCURSOR: EnsureTooltips(); return FALSE;
     case WM_CONTEXTMENU: OnContextMenu(reinterpret_cast<HWND>(wide), narrow); return TRUE;
     case WM_CLOSE: Raise(0, Raised::CloseBox); return TRUE;
     case WM_QUERYENDSESSION: return Answer(TRUE);
@@ -162,6 +164,12 @@ void DialogWindow::OnContextMenu(HWND control, LPARAM point) {
 void DialogWindow::OnTray(UINT mouseMessage) {
     GetCursorPos(&menuPoint_);
     Raise(0, Raised::TrayMouse, static_cast<int>(mouseMessage));
+}
+
+// Not before the pointer is there: while controls have tooltips, each message to them takes a detour, and a
+// window that opens sends hundreds.
+void DialogWindow::EnsureTooltips() {
+    if (!std::exchange(hasTooltips_, true)) AddTooltips(window_, module_);
 }
 
 void DialogWindow::OnDpiChanged() {

@@ -4,7 +4,6 @@
 #include "platform/win32/ActivationContext.h"
 #include "platform/win32/ModalRun.h"
 #include "platform/win32/ScreenPlacement.h"
-#include "platform/win32/Tooltips.h"
 #include "resources/resource.h"
 
 #include <algorithm>
@@ -47,7 +46,6 @@ DialogWindow::DialogWindow(HINSTANCE module, int dialog) : module_(module) {
     accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(dialog));
     layout_.emplace(window_, module, dialog);
     FindReportLists();
-    AddTooltips(window_, module);
     SetIcon(window_, module, ICON_BIG, SM_CXICON, SM_CYICON);
     SetIcon(window_, module, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
 }

@@ -93,6 +93,7 @@ private:
 
     HWND At(int control) const { return control == 0 ? window_ : GetDlgItem(window_, control); }
     void FindReportLists();
+    void EnsureTooltips();
     void MoveFocusFrom(HWND control);
 
     HINSTANCE module_;
@@ -109,6 +110,7 @@ private:
     bool placed_ = false;
     bool quiet_ = false;  // what the program itself puts into a control is not raised
     bool translating_ = false;
+    bool hasTooltips_ = false;
     std::optional<WindowState> stateWhenShown_;
     int focusWhenActive_ = 0;
     POINT menuPoint_{};

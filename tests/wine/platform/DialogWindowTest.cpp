@@ -212,6 +212,9 @@ TEST_F(DialogWindowTest, AListIsFilledOnceAndKeepsItsPlace) {
 
 TEST_F(DialogWindowTest, ControlsHaveTheirTooltips) {
     HWND tooltips = nullptr;
+    // As when the pointer comes over the button.
+    SendMessageW(At(IDC_BUTTON), WM_SETCURSOR, reinterpret_cast<WPARAM>(At(IDC_BUTTON)),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     while ((tooltips = FindWindowExW(nullptr, tooltips, TOOLTIPS_CLASSW, nullptr)) != nullptr)
         if (GetWindow(tooltips, GW_OWNER) == window->Handle()) break;
     ASSERT_NE(nullptr, tooltips);
