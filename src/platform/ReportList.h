@@ -21,6 +21,8 @@ public:
 struct ReportColumn {
     std::string header;
     int width = 60;  // in units of 1/96 inch
+    // It takes what the others leave of the list, yet never less than `width`. One column at most.
+    bool growing = false;
 };
 
 // A virtual report list: it holds no texts of its own.

@@ -30,7 +30,7 @@ struct SortKey {
 }  // namespace
 
 std::vector<ReportColumn> EventList::Columns() {
-    return {{"Left", 56},  {"Day", 40},   {"Date", 48}, {"Year", 44},       {"Event", 250},
+    return {{"Left", 56},  {"Day", 40},   {"Date", 48}, {"Year", 44},       {"Event", 250, true},
             {"Layer", 84}, {"Owner", 64}, {"Type", 44}, {"Shared With", 88}};
 }
 

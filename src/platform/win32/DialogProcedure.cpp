@@ -55,6 +55,8 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
     case WM_TIMER: Raise(static_cast<int>(wide), Raised::Timer); return TRUE;
     case WM_SIZE:
         if (layout_) layout_->Apply();
+        for (auto& [id, report] : reports_)
+            report.FitColumns();
         Raise(0, Raised::Resize);
         return TRUE;
     case WM_GETMINMAXINFO: {

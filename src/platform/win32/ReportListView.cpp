@@ -21,6 +21,7 @@ void ReportListView::SetColumns(const std::vector<ReportColumn>& columns) {
     SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
     while (ListView_DeleteColumn(list_, 0)) {
     }
+    growing_ = -1;
     for (std::size_t at = 0; at < columns.size(); ++at) {
         std::wstring header = ToWide(columns[at].header);
         LVCOLUMNW column{};
@@ -29,10 +30,28 @@ void ReportListView::SetColumns(const std::vector<ReportColumn>& columns) {
         column.cx = ToPixels(list_, columns[at].width);
         column.iSubItem = static_cast<int>(at);
         SendMessageW(list_, LVM_INSERTCOLUMNW, at, reinterpret_cast<LPARAM>(&column));
+        if (!columns[at].growing) continue;
+        growing_ = column.iSubItem;
+        leastWidth_ = fittedWidth_ = column.cx;
     }
     columnCount_ = static_cast<int>(columns.size());
+    FitColumns();
     SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list_, nullptr, TRUE);
+}
+
+void ReportListView::FitColumns() {
+    // A width that the user has given it by hand stays.
+    if (growing_ < 0 || ListView_GetColumnWidth(list_, growing_) != fittedWidth_) return;
+    RECT client{};
+    GetClientRect(list_, &client);
+    int rest = client.right;
+    for (int column = 0; column < columnCount_; ++column)
+        if (column != growing_) rest -= ListView_GetColumnWidth(list_, column);
+    rest = std::max(rest, leastWidth_);
+    if (rest == fittedWidth_) return;
+    fittedWidth_ = rest;
+    ListView_SetColumnWidth(list_, growing_, rest);
 }
 
 void ReportListView::SetRows(const ReportRows* rows) {
@@ -49,6 +68,7 @@ void ReportListView::Refresh() {
         SendMessageW(list_, LVM_SETITEMCOUNT, static_cast<WPARAM>(shown_),
                      LPARAM{LVSICF_NOINVALIDATEALL} | scroll);
         quiet_ = false;
+        FitColumns();  // a scroll bar has come or gone
     }
     InvalidateRect(list_, nullptr, FALSE);
 }
@@ -120,10 +140,13 @@ void ReportListView::ShowSortMark(int column, bool ascending) {
 void ReportListView::OnDpiChanged() {
     const int now = static_cast<int>(GetDpiForWindow(list_));
     if (!list_ || now == dpi_) return;
-    const int count = Header_GetItemCount(ListView_GetHeader(list_));
-    for (int at = 0; at < count; ++at)
-        ListView_SetColumnWidth(list_, at, MulDiv(ListView_GetColumnWidth(list_, at), now, dpi_));
+    const auto scaled = [&](int pixels) { return MulDiv(pixels, now, dpi_); };
+    for (int at = 0; at < columnCount_; ++at)
+        ListView_SetColumnWidth(list_, at, scaled(ListView_GetColumnWidth(list_, at)));
+    leastWidth_ = scaled(leastWidth_);
+    fittedWidth_ = scaled(fittedWidth_);
     dpi_ = now;
+    FitColumns();
 }
 
 POINT ReportListView::MenuPoint() const {

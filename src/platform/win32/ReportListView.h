@@ -28,6 +28,8 @@ public:
     void SetSelection(const std::vector<int>& rows) override;
     void ShowSortMark(int column, bool ascending) override;
 
+    // To be called when the list has another width.
+    void FitColumns();
     std::optional<LRESULT> OnNotify(const NMHDR& header) override;
     void OnDpiChanged() override;
     POINT MenuPoint() const override;
@@ -43,6 +45,9 @@ private:
     Raise raise_;
     const ReportRows* rows_ = nullptr;
     int columnCount_ = 0;
+    int growing_ = -1;  // the growing column, how wide it is at least and as it was fitted last, in pixels
+    int leastWidth_ = 0;
+    int fittedWidth_ = 0;
     int shown_ = 0;
     int dpi_;
     bool quiet_ = false;  // what the program itself does to the selection is not raised

@@ -113,5 +113,28 @@ TEST_F(ReportListTest, TheEnterKeyOpensARowAndLongTextsAreCut) {
     EXPECT_THAT(raised, testing::Contains(RaisedEvent{IDC_REPORT, Raised::Select}));
 }
 
+TEST_F(ReportListTest, OneColumnGrowsWithTheWindowUnlessTheUserHasSetItsWidth) {
+    list.SetColumns({{"One", 100}, {"Two", 180, true}, {"Three", 50}});
+    list.SetRows(&rows);
+    const auto width = [&](int column) { return ListView_GetColumnWidth(At(IDC_REPORT), column); };
+    const auto fills = [&] {
+        RECT client{};
+        GetClientRect(At(IDC_REPORT), &client);
+        return client.right == width(0) + width(1) + width(2);
+    };
+    for (const int wide : {900, 600, 760}) {
+        window->SetSize({wide, 400});
+        EXPECT_TRUE(fills()) << wide;
+    }
+    rows.count = 1;  // without its scroll bar there is more room
+    list.Refresh();
+    EXPECT_TRUE(fills());
+    window->SetSize({10, 400});
+    EXPECT_EQ(180, width(1));
+    ListView_SetColumnWidth(At(IDC_REPORT), 1, 123);  // as the user does with the mouse
+    window->SetSize({900, 400});
+    EXPECT_EQ(123, width(1));
+}
+
 }  // namespace
 }  // namespace kaz
