@@ -4,6 +4,10 @@
 // on 10,000 events and on 10,000 events that nobody looked at for five years, and a bare window with an empty
 // list. Prints the least time of the rounds of each and their ratio to the bare window. FOLDER is made and
 // written into.
+//
+// bench_start once bare | bench_start once KAZ2.exe FOLDER
+//
+// One start and end of the bare window, or of KAZ2 on an empty folder, for a clock outside.
 #include "model/clsEvent.h"
 #include "storage/EventXml.h"
 
@@ -105,6 +109,27 @@ void WriteFolder(const fs::path& folder, int events, int behind) {
     std::ofstream(folder / "Events.xml", std::ios::binary) << text;
 }
 
+double TimeOfBareWindow(bool& ended) {
+    wchar_t self[MAX_PATH]{};
+    GetModuleFileNameW(nullptr, self, MAX_PATH);
+    return TimeOf(L"\"" + std::wstring(self) + L"\" bare", kBareTitle, ended);
+}
+
+double TimeOfProgram(const std::wstring& program, const fs::path& folder, bool& ended) {
+    return TimeOf(L"\"" + program + L"\" \"" + folder.wstring() + L"\"", L"KAZ", ended);
+}
+
+bool StartOnce(int count, wchar_t** arguments) {
+    bool ended = false;
+    if (count == 3) {
+        TimeOfBareWindow(ended);
+    } else {
+        WriteFolder(arguments[3], 0, 0);
+        TimeOfProgram(arguments[2], arguments[3], ended);
+    }
+    return ended;
+}
+
 }  // namespace
 
 int main() {
@@ -112,6 +137,7 @@ int main() {
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count == 2 && std::wstring(arguments[1]) == L"bare") return ShowBareWindow();
     if (count < 3) return 2;
+    if (std::wstring(arguments[1]) == L"once") return StartOnce(count, arguments) ? 0 : 1;
     const std::wstring program = arguments[1];
     const fs::path folder = arguments[2];
     const int rounds = count > 3 ? _wtoi(arguments[3]) : 9;
@@ -127,14 +153,11 @@ int main() {
     bool allEnded = true;
     // In turn, so that a slow moment of the machine meets all of them.
     for (int round = 0; round < rounds; ++round) {
-        wchar_t self[MAX_PATH]{};
-        GetModuleFileNameW(nullptr, self, MAX_PATH);
-        bare = std::min(bare, TimeOf(L"\"" + std::wstring(self) + L"\" bare", kBareTitle, ended));
+        bare = std::min(bare, TimeOfBareWindow(ended));
         allEnded = allEnded && ended;
         for (int i = 0; i < 3; ++i) {
             WriteFolder(folder, kCases[i].events, kCases[i].behind);
-            ours[i] = std::min(ours[i],
-                               TimeOf(L"\"" + program + L"\" \"" + folder.wstring() + L"\"", L"KAZ", ended));
+            ours[i] = std::min(ours[i], TimeOfProgram(program, folder, ended));
             allEnded = allEnded && ended;
         }
     }
