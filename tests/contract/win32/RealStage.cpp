@@ -52,6 +52,7 @@ public:
     void Type(Window& window, int control, const std::string& text) override {
         const HWND edit = Control(window, control);
         SendMessageW(edit, EM_SETSEL, 0, -1);
+        if (text.empty()) SendMessageW(edit, WM_CLEAR, 0, 0);
         for (const wchar_t c : ToWide(text))
             SendMessageW(edit, WM_CHAR, c, 1);
         pump_.ProcessPending();

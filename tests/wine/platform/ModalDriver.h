@@ -34,6 +34,7 @@ private:
     std::set<HWND> seen_;
     HWND next_ = nullptr;
     int surprises_ = 0;
+    bool planned_ = false;
     UINT_PTR timer_;
     HANDLE ended_;
     HANDLE watchdog_;
