@@ -68,6 +68,14 @@ leave() {
     done
     return 1
 }
+# leave_all BEFORE KEY...: the windows that are not among those of before, one on top of the other.
+leave_all() {
+    local before=$1 id
+    shift
+    while id=$(new_window "$before"); do
+        leave "$id" type_keys "$@" || return 1
+    done
+}
 # open BEFORE KEY...: types until there is a window that is not among those of before.
 open() {
     local before=$1 try
