@@ -31,6 +31,7 @@
 #define IDC_fraFilter 1105
 #define IDT_TimerRefresh 1106
 #define IDC_Toolbar1 1107
+#define IDT_TimerAlarms 1108
 
 // Commands of menus and accelerators
 #define IDM_FIND 2001

@@ -42,6 +42,7 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(IDM_FINDNEXT, Raised::Click, "mnuFind_Click", &frmMain::mnuFindNext_Click);
     On(IDM_SELECTALL, Raised::Click, "mnuSelectAll_Click", &frmMain::mnuSelectAll_Click);
     On(IDT_TimerRefresh, Raised::Timer, "TimerRefresh_Timer", &frmMain::TimerRefresh_Timer);
+    On(IDT_TimerAlarms, Raised::Timer, "TimerAlarms_Timer", &frmMain::TimerAlarms_Timer);
     NameCommands();
     NameTrayEvents();
 }
@@ -221,6 +222,7 @@ void frmMain::Unload() { app_.openWindows.Unload(*this); }
 void frmMain::Form_Unload() {
     unloaded_ = true;
     TimerRefresh.Stop();
+    TimerAlarms.Stop();
     window().HideTrayIcon();
     size_.Save();
     window().Hide();

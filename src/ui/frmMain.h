@@ -47,6 +47,7 @@ private:
     void mnuFindNext_Click();
     void mnuSelectAll_Click();
     void TimerRefresh_Timer();
+    void TimerAlarms_Timer() { ShowAlarms(); }
 
     // The toolbar and the menus: frmMainCommands.cpp.
     void NameCommands();
@@ -106,6 +107,7 @@ private:
     CheckBox chkExpired{window(), IDC_chkExpired};
     ListControl cmbCategories{window(), IDC_cmbCategories};
     TimerControl TimerRefresh{window(), IDT_TimerRefresh};
+    TimerControl TimerAlarms{window(), IDT_TimerAlarms};  // runs while the other one stands still
     std::string searchTerm_;
     std::string trayTip_;
     bool loading_ = false;

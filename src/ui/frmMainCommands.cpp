@@ -8,15 +8,25 @@
 
 namespace kaz {
 
-// While it lives, the refresh timer stands still; then the tick that was due comes at once.
+namespace {
+
+constexpr int kAlarmInterval = 30000;  // milliseconds
+
+}  // namespace
+
+// While it lives, the refresh timer stands still: no list is filled and no file read behind the dialog.
+// Alarms have their one minute and ring in it all the same. The tick that was due comes at once when the
+// dialog is closed.
 class frmMain::TimerPause {
 public:
     explicit TimerPause(frmMain& form) : form_(form) {
         ++form_.pauses_;
         form_.TimerRefresh.Stop();
+        form_.TimerAlarms.Start(kAlarmInterval);
     }
     ~TimerPause() {
-        --form_.pauses_;
+        if (--form_.pauses_ > 0) return;
+        form_.TimerAlarms.Stop();
         form_.TickSoon();
     }
     TimerPause(const TimerPause&) = delete;

@@ -109,10 +109,14 @@ TEST_F(UserStory, AlarmsANewDayAndOthersSavesComeThroughWhileTheEditorIsOpen) {
     tea.AlarmSet(true);
     tea.DueTime(DateValue::FromTime(9, 1));
     tea.AlarmTime(tea.DueTime());
-    clsEvent walk = OneOff("000002", "Walk", story.Today(1));
-    for (clsEvent* event : {&tea, &walk})
+    const clsEvent walk = OneOff("000002", "Walk", story.Today(1));
+    clsEvent bread = Daily("000003", "Bread", story.Today());
+    bread.AlarmSet(true);
+    bread.DueTime(DateValue::FromTime(9, 4));
+    bread.AlarmTime(bread.DueTime());
+    for (clsEvent* event : {&tea, &bread})
         event->Owner("Smith");
-    story.Events({tea, walk});
+    story.Events({tea, walk, bread});
     Start();
 
     InEditor([&](FakeWindow& editor) {
@@ -140,7 +144,8 @@ TEST_F(UserStory, AlarmsANewDayAndOthersSavesComeThroughWhileTheEditorIsOpen) {
     InEditor([&](FakeWindow& editor) {
         editor.Type(IDC_txtDesc, "Gone");
         story.Events({});
-        story.Advance(35);
+        story.Advance(130);
+        EXPECT_THAT(story.Lines("ALARM!"), testing::Contains("Bread"));
     });
     Main().Click(IDM_EDIT);
     story.Advance(35);
