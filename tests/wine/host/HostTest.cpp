@@ -2,6 +2,7 @@
 #include "fakes/Sample.h"
 #include "fakes/TestFolder.h"
 #include "platform/win32/Win32Clock.h"
+#include "resources/resource.h"
 
 #include <gtest/gtest.h>
 
@@ -43,8 +44,13 @@ TEST_F(Host, ShowsTheWindowAndWritesTheListsOfAScan) {
         << lists;
     EXPECT_TRUE(std::filesystem::exists(folder.Path() / "alarm.wav")) << "the default sound is provided";
 
-    // Closing the window is the end, as long as there is nothing else to click on.
-    PostMessageW(host.VisibleWindow(kMain), WM_CLOSE, 0, 0);
+    // Closing the window leaves the tray icon, whose menu ends the program.
+    const HWND main = host.VisibleWindow(kMain);
+    SendMessageW(main, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindowVisible(main));
+    PostMessageW(main, WM_COMMAND, IDM_SHOW, 0);
+    EXPECT_TRUE(Eventually([&] { return IsWindowVisible(main); }));
+    PostMessageW(main, WM_COMMAND, IDM_QUIT, 0);
     EXPECT_EQ(host.ExitCode(), 0);
     ExpectSaved();
 }
@@ -97,7 +103,7 @@ TEST_F(Host, FolderOfTheProgramItselfWhenItIsPortable) {
     const RunningHost host(L"", folder.Path() / "KAZ2.exe");
     EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
     EXPECT_NE(folder.Read("Log_KAZ.txt").find("KAZ Startup"), std::string::npos);
-    PostMessageW(host.HostWindow(), WM_CLOSE, 0, 0);
+    PostMessageW(host.VisibleWindow(kMain), WM_COMMAND, IDM_EXIT, 0);
     EXPECT_EQ(host.ExitCode(), 0);
 }
 
