@@ -30,6 +30,7 @@ fSHAREDErrorRpt::fSHAREDErrorRpt(std::unique_ptr<Window> window, const ErrorRepo
 void fSHAREDErrorRpt::ShowError(const std::string& text, const std::string& extra) {
     txtError.Text(extra.empty() ? text : text + std::string(kLineBreak) + extra);
     txtLog.Text(LogText());
+    txtUserMessage.SetFocus();
     window().Show(Activation::KeepFocus);
     window().BringToFront();
 }
