@@ -57,7 +57,7 @@ std::optional<std::string> EventCommands::ShareWith(int row, const std::vector<i
         if (const Row at = RowAt(other); other != row && at.source == EventSource::Local && !at.IsForeign())
             others.push_back(at.code);
 
-    const auto edited = Edit(RowAt(row), EditMode::SharingOnly);
+    auto edited = Edit(RowAt(row), EditMode::SharingOnly);
     const clsEvent* found = edited ? app_.events->ReadEvent(*edited) : nullptr;
     if (!found || others.empty()) return edited;
     const clsEvent model = *found;
