@@ -39,6 +39,9 @@ protected:
         event.Owner("Smith");
         event.Layer(static_cast<std::int16_t>(category));
         event.DueDate(machine.clock.Today().PlusDays(days));
+        event.RecurrenceType(RecurEveryNDays);
+        event.StartDate(event.DueDate());
+        event.Period(7);
         app.events->AllEvents().push_back(event);
         return app.events->AllEvents().back();
     }
@@ -93,6 +96,35 @@ TEST_F(FormContract, TheMainListIsFilteredSortedAndSearched) {
     EXPECT_THAT(list.Selection(), ElementsAre(0));
     stage->Choose(*window, IDC_cmbCategories, 5);
     EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(FormContract, CommandsWorkOnTheSelectedRowsAndTheTrayQuits) {
+    Add("Dentist", 12);
+    Add("Rent", 3);
+    Add("Tea", 1);
+    Open();
+    main->ShowWindow();
+    stage->SelectRows(*window, IDC_ListEvents, {1});
+    stage->Command(*window, IDM_PUSH);
+    EXPECT_THAT(Shown(kLeftColumn), ElementsAre("0001", "0004", "0012"));
+    stage->OnModal(IDD_EVENT, [this](Window& editor) {
+        EXPECT_EQ("Rent", editor.Text(IDC_txtDesc));
+        EXPECT_FALSE(window->Enabled(0));
+        stage->Command(*window, IDM_QUIT);  // the tray's menu is there, but the editor comes first
+        stage->Type(editor, IDC_txtDesc, "Rent!");
+        stage->Click(editor, IDC_cmdSave);
+    });
+    stage->Command(*window, IDM_EDIT);
+    EXPECT_THAT(Shown(), testing::Contains("Rent!"));
+
+    stage->Command(*window, IDM_SELECTALL);
+    machine.dialogs.yesNo = {true};
+    stage->Command(*window, IDM_DELETE);
+    EXPECT_THAT(Shown(), IsEmpty());
+    main.reset();
+    stage->Command(*window, IDM_QUIT);
+    stage->Wait(100);
+    EXPECT_EQ(nullptr, stage->Find(IDD_MAIN));
 }
 
 TEST_F(FormContract, TheCloseBoxHidesTheMainWindowAndItComesBack) {

@@ -17,6 +17,7 @@ FakeWindow::~FakeWindow() { std::erase(desktop_->windows, this); }
 
 void FakeWindow::Show(Activation activation) {
     visible_ = true;
+    work_ = activation == Activation::TakeFocus;
     acts.push_back(activation == Activation::TakeFocus ? "Show activated" : "Show");
 }
 
@@ -38,7 +39,16 @@ int FakeWindow::ShowModal() {
     desktop_->modalScripts.pop_front();
     modalResult_.reset();
     visible_ = true;
+    // The windows that the user works in wait meanwhile; reminders do not.
+    std::vector<FakeWindow*> waiting;
+    for (FakeWindow* other : desktop_->windows)
+        if (other != this && other->visible_ && other->work_ && other->Enabled(0)) waiting.push_back(other);
+    for (FakeWindow* other : waiting)
+        other->SetEnabled(0, false);
     script(*this);
+    for (FakeWindow* other : waiting)
+        if (std::ranges::find(desktop_->windows, other) != desktop_->windows.end())
+            other->SetEnabled(0, true);
     visible_ = false;
     if (!modalResult_)
         throw RuntimeError(ErrorNumber::InternalError, "The script left the modal window open");

@@ -140,6 +140,7 @@ private:
     std::shared_ptr<FakeDesktop> desktop_;
     WindowListener* listener_ = nullptr;
     bool visible_ = false;
+    bool work_ = false;
     std::optional<int> modalResult_;
     std::map<int, ControlState> controls_;
     std::map<int, FakeReportList> reports_;

@@ -5,6 +5,17 @@
 
 namespace kaz {
 
+namespace {
+
+bool IsHighContrast() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON);
+}
+
+}  // namespace
+
 std::optional<LRESULT> ReportListView::OnNotify(const NMHDR& header) {
     // The list view's notifications are larger structures that begin with the header.
     auto* whole = const_cast<NMHDR*>(&header);
@@ -53,7 +64,8 @@ bool ReportListView::HasColours(int row) const {
 
 LRESULT ReportListView::Draw(NMLVCUSTOMDRAW& draw) const {
     switch (draw.nmcd.dwDrawStage) {
-    case CDDS_PREPAINT: return CDRF_NOTIFYITEMDRAW;
+    // The user's own colours are the only ones that can be told apart then; the texts say the same.
+    case CDDS_PREPAINT: return IsHighContrast() ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
     // Asked cell by cell only where it is needed: nine messages a row are a good part of a page.
     case CDDS_ITEMPREPAINT:
         return HasColours(static_cast<int>(draw.nmcd.dwItemSpec)) ? CDRF_NOTIFYSUBITEMDRAW : CDRF_DODEFAULT;
