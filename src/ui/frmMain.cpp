@@ -262,10 +262,13 @@ void frmMain::ShowNewDay() {
     // Kept on purpose: only the day of the month is compared.
     const int day = app_.platform.clock.Today().Civil().day;
     if (day == lastDay_) return;
-    lastDay_ = day;
+    const bool isFirst = std::exchange(lastDay_, day) == 0;
     ErrorTrap trap(errors(), "TimerRefresh_Timer", Name());
     trap([&] { app_.MakeReminder().DisplayReminders(); });
-    Refill(std::nullopt);
+    if (unloaded_) return;
+    FillEvents(Category());
+    // The host makes its first lists when it wants them.
+    if (!isFirst) owner_.fMain_Rescan();
 }
 
 void frmMain::ShowAlarms() {
