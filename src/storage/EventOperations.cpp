@@ -23,7 +23,9 @@ bool EventOperations::EditEvent(const std::string& code, bool fromExpired, EditM
     // A change of sharing alone moves no date and must not make a mail go out again.
     if (mode == EditMode::Whole) copy = Updated(std::move(copy));
 
-    if (!Source(fromExpired).ReadEvent(code)) {
+    // A deleted event stays in memory with its mark until the file is read again.
+    const clsEvent* still = Source(fromExpired).ReadEvent(code);
+    if (!still || (still->Deleted && !copy.Deleted)) {
         const bool keep =
             context_.dialogs.AskYesNo("This event was deleted or moved while you were editing it.\r\nDo you "
                                       "want to keep your version as a new event?");
@@ -31,6 +33,7 @@ bool EventOperations::EditEvent(const std::string& code, bool fromExpired, EditM
         copy.IDCode.clear();
         fromExpired = false;
     }
+    copy.Deleted = false;
     return StoreBack(std::move(copy), fromExpired);
 }
 

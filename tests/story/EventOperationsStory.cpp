@@ -106,9 +106,9 @@ TEST_F(EventOperationsTest, AChangeOfSharingAloneMovesNoDateAndSendsNoMailAgain)
 }
 
 TEST_F(EventOperationsTest, AnEventThatWentWhileItWasEditedIsAskedAbout) {
-    editor.meanwhile = [&] { events.AllEvents().clear(); };
+    editor.meanwhile = [&] { events.DeleteRecord("000001"); };
     EXPECT_FALSE(operations.EditEvent("000001", false, EditMode::Whole, editor));
-    EXPECT_THAT(events.AllEvents(), IsEmpty());
+    EXPECT_THAT(Saved("Events.xml"), Not(HasSubstr("000001")));
     EXPECT_THAT(machine.dialogs.questions, testing::SizeIs(1));
 
     editor.meanwhile = {};
