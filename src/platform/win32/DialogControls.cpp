@@ -83,10 +83,14 @@ void DialogWindow::SetFocus(int control) {
     const HWND target = At(control);
     if (!target || target == window_) return;
     // To focus a control of an inactive window would activate it.
-    if (GetActiveWindow() == window_)
-        SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
-    else
+    if (GetActiveWindow() != window_) {
         focusWhenActive_ = control;
+        return;
+    }
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
+    // The system selects all of a text, and the next key would put itself in the place of many lines.
+    if (KindOf(target) == ControlKind::Edit && (GetWindowLongPtrW(target, GWL_STYLE) & ES_MULTILINE))
+        SendMessageW(target, EM_SETSEL, 0, 0);
 }
 
 void DialogWindow::SelectText(int control) { SendMessageW(At(control), EM_SETSEL, 0, -1); }
@@ -114,11 +118,16 @@ void DialogWindow::SetSelection(int control, const std::vector<int>& positions) 
     SetControlSelection(At(control), positions);
 }
 
-void DialogWindow::FindReportLists() {
+void DialogWindow::PrepareControls() {
     for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
+        const ControlKind kind = KindOf(child);
+        // A text of several lines takes what it is given and no less from the keyboard.
+        if (kind == ControlKind::Edit && (style & ES_MULTILINE)) SendMessageW(child, EM_SETLIMITTEXT, 0, 0);
+        if (kind == ControlKind::TabStrip) tabs_.emplace(child, module_);
         wchar_t name[32] = L"";
         GetClassNameW(child, name, static_cast<int>(std::size(name)));
-        const bool ownsNoData = (GetWindowLongPtrW(child, GWL_STYLE) & LVS_OWNERDATA) != 0;
+        const bool ownsNoData = (style & LVS_OWNERDATA) != 0;
         if (lstrcmpiW(name, WC_LISTVIEWW) == 0 && ownsNoData) Report(GetDlgCtrlID(child));
     }
 }

@@ -52,6 +52,12 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
     switch (message) {
     case WM_COMMAND: OnCommand(LOWORD(wide), HIWORD(wide), reinterpret_cast<HWND>(narrow)); return TRUE;
     case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(narrow));
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN: return OnControlColour(message, wide, narrow);
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+        if (tabs_) tabs_->Repaint();
+        return FALSE;
     case WM_TIMER: Raise(static_cast<int>(wide), Raised::Timer); return TRUE;
     case WM_SIZE:
         if (layout_) layout_->Apply();
@@ -144,8 +150,18 @@ INT_PTR DialogWindow::OnNotify(const NMHDR& header) {
         const auto answer = toolbar->second.OnNotify(header);
         return answer ? Answer(*answer) : FALSE;
     }
+    if (tabs_ && tabs_->OnNotify(header)) return TRUE;
     if (header.code == TCN_SELCHANGE && !quiet_) Raise(id, Raised::Select);
     return FALSE;
+}
+
+INT_PTR DialogWindow::OnControlColour(UINT message, WPARAM wide, LPARAM narrow) {
+    const auto control = reinterpret_cast<HWND>(narrow);
+    const ControlKind kind = KindOf(control);
+    if (!tabs_ || (kind != ControlKind::Static && kind != ControlKind::Button)) return FALSE;
+    // For the colours of the text.
+    DefWindowProcW(window_, message, wide, narrow);
+    return reinterpret_cast<INT_PTR>(tabs_->BackgroundOf(control, reinterpret_cast<HDC>(wide)));
 }
 
 void DialogWindow::OnContextMenu(HWND control, LPARAM point) {

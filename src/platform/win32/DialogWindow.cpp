@@ -45,7 +45,7 @@ DialogWindow::DialogWindow(HINSTANCE module, int dialog) : module_(module) {
     if (!window_) throw RuntimeError(ErrorNumber::InternalError);
     accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(dialog));
     layout_.emplace(window_, module, dialog);
-    FindReportLists();
+    PrepareControls();
     SetIcon(window_, module, ICON_BIG, SM_CXICON, SM_CYICON);
     SetIcon(window_, module, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
 }

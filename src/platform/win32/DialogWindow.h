@@ -4,6 +4,7 @@
 #include "platform/win32/DialogLayout.h"
 #include "platform/win32/MessageHook.h"
 #include "platform/win32/ReportListView.h"
+#include "platform/win32/TabStripView.h"
 #include "platform/win32/Toolbar.h"
 #include "platform/win32/TrayIcon.h"
 
@@ -86,13 +87,14 @@ private:
     INT_PTR Answer(LRESULT result);
     void OnCommand(int id, unsigned notification, HWND control);
     INT_PTR OnNotify(const NMHDR& header);
+    INT_PTR OnControlColour(UINT message, WPARAM wide, LPARAM narrow);
     void OnContextMenu(HWND control, LPARAM point);
     void OnTray(UINT mouseMessage);
     void OnDpiChanged();
     void Raise(int control, Raised what, int detail = 0);
 
     HWND At(int control) const { return control == 0 ? window_ : GetDlgItem(window_, control); }
-    void FindReportLists();
+    void PrepareControls();
     void EnsureTooltips();
     void MoveFocusFrom(HWND control);
 
@@ -105,6 +107,7 @@ private:
     std::map<int, ReportListView> reports_;
     std::map<int, Toolbar> toolbars_;
     std::optional<TrayIcon> tray_;
+    std::optional<TabStripView> tabs_;
     ModalRun* modal_ = nullptr;
     bool work_ = false;
     bool placed_ = false;

@@ -39,6 +39,11 @@ struct FileTraits {
     static Type None() { return INVALID_HANDLE_VALUE; }
     static void Close(Type handle) { CloseHandle(handle); }
 };
+struct BrushTraits {
+    using Type = HBRUSH;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { DeleteObject(handle); }
+};
 struct FontTraits {
     using Type = HFONT;
     static Type None() { return nullptr; }
@@ -66,6 +71,7 @@ struct ActivationTraits {
 };
 
 using FileHandle = UniqueHandle<FileTraits>;
+using Brush = UniqueHandle<BrushTraits>;
 using Font = UniqueHandle<FontTraits>;
 using Icon = UniqueHandle<IconTraits>;
 using ImageList = UniqueHandle<ImageListTraits>;
