@@ -178,7 +178,10 @@ void frmEvent::SetupRelatedItems() {
 
 void frmEvent::ConvertToPickShareMode() { ShowSharingOnly(window()); }
 
-bool frmEvent::ShowModal() { return window().ShowModal() == kSaved; }
+bool frmEvent::ShowModal() {
+    window().SetFocus(mode_ == EditMode::SharingOnly ? IDC_chkShared : IDC_txtDesc);
+    return window().ShowModal() == kSaved;
+}
 
 void frmEvent::Form_Unload() { window().EndModal(kAborted); }
 
@@ -250,6 +253,7 @@ clsEvent frmEvent::AsTyped() const {
         try {
             take();
         } catch (const FieldFault&) {
+            // It only adds to the warnings.
         }
     };
     asFarAsPossible([&] { alarm_.Take(event); });

@@ -28,6 +28,7 @@ public:
     // What the user does. Buttons and check boxes are clicked, disabled and hidden ones in vain.
     virtual void Click(Window& window, int control) = 0;
     virtual void Type(Window& window, int control, const std::string& text) = 0;
+    // Of a combo box or a tab strip.
     virtual void Choose(Window& window, int control, int position) = 0;
     virtual void Command(Window& window, int command) = 0;
     virtual void ClickHeader(Window& window, int list, int column) = 0;

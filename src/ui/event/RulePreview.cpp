@@ -46,7 +46,7 @@ std::string WarningOf(const clsEvent& event) {
         add("Where the month has no such day, the event moves on into the next month, and stays on that "
             "day.");
     if (event.AlarmSet() && AlarmBefore(event.DueTime(), event.MinutesWarning()).dayBefore)
-        add("The warning would fall on the day before; the alarm sounds late on the day itself.");
+        add("The alarm would fall on the day before; it sounds on the day itself, after the event.");
     if (event.ExecFile && !event.AlarmSet())
         add("Without an alarm the file is never run, and the event is not listed on its day.");
     return text;

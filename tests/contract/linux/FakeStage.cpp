@@ -12,7 +12,8 @@ namespace kaz {
 namespace {
 
 // What the real window knows from its template.
-constexpr int kCheckBoxes[] = {IDC_chkExpired, IDC_chkNoSound, IDC_chkSilentStart};
+constexpr int kCheckBoxes[] = {IDC_chkExpired, IDC_chkNoSound, IDC_chkSilentStart,
+                               IDC_chkTimed,   IDC_chkShared,  IDC_chkSpecificShare};
 constexpr std::pair<int, int> kOptionPairs[] = {{IDC_optSingle, IDC_optNetworked},
                                                 {IDC_optUSDate, IDC_optEuroDate}};
 

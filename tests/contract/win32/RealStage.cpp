@@ -1,5 +1,6 @@
 #include "../Stage.h"
 #include "platform/win32/DialogWindow.h"
+#include "platform/win32/StockControls.h"
 #include "platform/win32/Text.h"
 #include "platform/win32/Win32MessagePump.h"
 #include "platform/win32/Win32WindowFactory.h"
@@ -58,10 +59,14 @@ public:
         pump_.ProcessPending();
     }
     void Choose(Window& window, int control, int position) override {
-        const HWND combo = Control(window, control);
-        SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
-        SendMessageW(Handle(window), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(combo));
+        const HWND list = Control(window, control);
+        if (KindOf(list) == ControlKind::TabStrip) {
+            SendMessageW(list, TCM_SETCURFOCUS, static_cast<WPARAM>(position), 0);
+        } else {
+            SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
+            SendMessageW(Handle(window), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
+                         reinterpret_cast<LPARAM>(list));
+        }
         pump_.ProcessPending();
     }
     void Command(Window& window, int command) override {
