@@ -32,9 +32,12 @@ std::string_view RecordAt(std::string_view records, std::size_t index) {
 clsDB2::clsDB2(const StorageServices& services, clsSounds& sounds)
     : services_(services),
       sounds_(sounds),
-      memory_(services) {}
+      memory_(services),
+      watched_(services.files, services.log) {}
 
-bool clsDB2::DatabaseChanged() const { return FileDate() != lastKnownDate_; }
+bool clsDB2::DatabaseChanged() const {
+    return watched_.Empty() ? FileDate() != lastKnownDate_ : watched_.Changed();
+}
 
 void clsDB2::LoadDBIfChanged(const std::string& fileName) {
     if (DatabaseChanged()) LoadDB(fileName);
@@ -63,15 +66,18 @@ bool clsDB2::LoadDB(const std::string& fileName, bool append) {
     return true;
 }
 
-void clsDB2::LoadMultiple() {
+void clsDB2::LoadMultiple(const std::string& listFile) {
     const SharedFolder folder(services_.files, services_.settings, services_.log);
     const std::string user = services_.settings.TextOr("Owner", "");
     const auto fileOf = [&](const std::string& name) { return WithExtension(folder.FileOf(name), ".Dat"); };
     memory_.AllEvents().clear();
-    for (const std::string& name : folder.Users()) {
+    watched_.Clear();
+    watched_.Add(listFile);
+    for (const std::string& name : folder.UsersOf(listFile)) {
         if (StringsEqual(name, user, services_.locale.Folding())) continue;
         services_.log.LogEvent("Setting Databasename to " + fileOf(name));
-        LoadDB(fileOf(name), true);
+        watched_.Add(fileOf(name));
+        if (!LoadDB(fileOf(name), true)) watched_.LastWasNotRead();
     }
     fileName_ = fileOf(user);
     lastKnownDate_ = FileDate();
@@ -161,8 +167,6 @@ void clsDB2::AddOwnerAndSound(clsEvent& event) {
         event.PlayWav = true;
     }
 }
-
-std::optional<FileTime> clsDB2::FileDate() const { return services_.files.ModificationTime(fileName_); }
 
 bool clsDB2::Write(const std::string& records) {
     ErrorTrap trap(services_.log, "SaveDB", kModule);

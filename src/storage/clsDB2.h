@@ -29,9 +29,9 @@ public:
     // A file of two records and a half is two records, one of three and a half is four, the last filled up
     // with zeros. False when the file is there but could not be read; the memory is then as it was.
     bool LoadDB(const std::string& fileName, bool append = false);
-    // Loads the other users' shared files of this format in place of what was in memory; later saves go to
-    // the user's own, which alone is watched for changes.
-    void LoadMultiple();
+    // Loads every other user's shared file of this format that the list names, in place of what was in
+    // memory, and watches them all from then on; later saves go to the user's own.
+    void LoadMultiple(const std::string& listFile);
     // False when the file could not be written; the old file is then whole.
     bool SaveDB();
 
@@ -60,12 +60,13 @@ public:
 private:
     bool IsOwner(const clsEvent& event, std::string_view owner) const;
     void AddOwnerAndSound(clsEvent& event);
-    std::optional<FileTime> FileDate() const;
+    std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
     bool Write(const std::string& records);
 
     StorageServices services_;
     clsSounds& sounds_;
     clsDbXml memory_;
+    WatchedFiles watched_;  // empty until LoadMultiple
     std::string fileName_;
     std::optional<FileTime> lastKnownDate_;
 };

@@ -43,21 +43,11 @@ void WriteEvents(SafeFileWriter& file, const std::vector<clsEvent>& events) {
 
 clsDbXml::clsDbXml(const StorageServices& services)
     : services_(services),
-      codes_(services.clock, services.random) {}
-
-std::optional<FileTime> clsDbXml::DateOf(const std::string& path) const {
-    try {
-        return services_.files.ModificationTime(path);
-    } catch (...) {
-        services_.log.Report(CurrentError(), "DatabaseChanged", kModule);
-        return std::nullopt;
-    }
-}
+      codes_(services.clock, services.random),
+      watched_(services.files, services.log) {}
 
 bool clsDbXml::DatabaseChanged() const {
-    if (!multiFileMode_) return FileDate() != lastKnownDate_;
-    const auto changed = [&](const WatchedFile& file) { return DateOf(file.path) != file.date; };
-    return std::any_of(loadedFiles_.begin(), loadedFiles_.end(), changed);
+    return watched_.Empty() ? FileDate() != lastKnownDate_ : watched_.Changed();
 }
 
 void clsDbXml::LoadDBIfChanged(const std::string& fileName) {
@@ -152,8 +142,7 @@ void clsDbXml::Forget() {
     missingFile_.clear();
     waiting_.clear();
     unsaved_ = false;
-    multiFileMode_ = false;
-    loadedFiles_.clear();
+    watched_.Clear();
 }
 
 bool clsDbXml::MustNotWrite() const {
@@ -289,10 +278,9 @@ void clsDbXml::RenameOwner(std::string_view oldName, std::string_view newName) {
 void clsDbXml::LoadMultiple(const std::string& listFile) {
     codes_.Forget();
     events_.clear();
-    loadedFiles_.clear();
-    multiFileMode_ = true;
     // Watched like the files that it names: a user who joins is seen at the next look.
-    loadedFiles_.push_back({listFile, DateOf(listFile)});
+    watched_.Clear();
+    watched_.Add(listFile);
 
     const SharedFolder folder(services_.files, services_.settings, services_.log);
     const std::string me = services_.settings.TextOr("Owner", "Not Set");
@@ -313,16 +301,11 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
 }
 
 void clsDbXml::LoadWatched(const std::string& path) {
-    if (!FileExists(services_.files, path)) {
-        services_.log.LogEvent(path + " not found. Setting null refresh date.");
-        loadedFiles_.push_back({path, std::nullopt});
-        return;
-    }
-    services_.log.LogEvent("Loading from " + path);
-    loadedFiles_.push_back({path, DateOf(path)});
-    LoadDB(path, true);
-    // A file that could not be read counts as changed, so that the next look at it tries again.
-    if (unreadFile_ == path) loadedFiles_.back().date.reset();
+    const bool there = FileExists(services_.files, path);
+    services_.log.LogEvent(there ? "Loading from " + path : path + " not found. Setting null refresh date.");
+    watched_.Add(path);
+    if (there) LoadDB(path, true);
+    if (!there || unreadFile_ == path) watched_.LastWasNotRead();
 }
 
 }  // namespace kaz

@@ -4,6 +4,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Platform.h"
 #include "storage/EventCodes.h"
+#include "storage/WatchedFiles.h"
 #include "storage/clsLayers.h"
 #include "support/cSHAREDSettings.h"
 #include "support/cSharedLogging.h"
@@ -98,14 +99,8 @@ private:
         bool isNew;
     };
 
-    struct WatchedFile {
-        std::string path;
-        std::optional<FileTime> date;  // nothing when it was not there
-    };
-
     Position Find(std::string_view code);
-    std::optional<FileTime> FileDate() const { return DateOf(fileName_); }
-    std::optional<FileTime> DateOf(const std::string& path) const;
+    std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
     bool AdmitForeign(clsEvent& event, const std::string& user) const;
     void LoadWatched(const std::string& path);
     std::vector<clsEvent> ReadFile() const;
@@ -124,8 +119,7 @@ private:
     std::string missingFile_;
     std::vector<Waiting> waiting_;
     bool unsaved_ = false;
-    bool multiFileMode_ = false;
-    std::vector<WatchedFile> loadedFiles_;
+    WatchedFiles watched_;  // empty until LoadMultiple
     bool foreignFileFilter_ = false;
     std::function<void()> copyToShared_;
     std::string overwrittenFolder_;

@@ -266,10 +266,13 @@ TEST_F(OldDatabase, LoadsTheOthersSharedFiles) {
     machine.files.Put("C:\\Shared\\KAZShared.ini", "Ann\r\nBob\r\n\r\nCy\r\n");
     machine.files.Put("C:\\Shared\\Shared_Ann.Dat", Record("1", "Ann", ""));
     machine.files.Put("C:\\Shared\\Shared_Bob.Dat", Record("2", "Bob", ""));
-    old.LoadMultiple();
+    old.LoadMultiple("C:\\Shared\\KAZShared.ini");
     EXPECT_THAT(Owners(), ElementsAre("Bob"));
     EXPECT_EQ(old.DBFilename(), "C:\\Shared\\Shared_Ann.Dat");
     EXPECT_THAT(Log(), HasSubstr("Setting Databasename to C:\\Shared\\Shared_Bob.Dat"));
+    EXPECT_FALSE(old.DatabaseChanged());
+    machine.files.Put("C:\\Shared\\Shared_Cy.Dat", Record("3", "Cy", ""));
+    EXPECT_TRUE(old.DatabaseChanged());
 }
 
 }  // namespace
