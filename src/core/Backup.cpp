@@ -22,11 +22,6 @@ std::string SafeFileName(std::string name) {
     return name;
 }
 
-std::string ArchiveName(const Application& app, const std::string& word) {
-    const std::string day = FormatDate(app.platform.clock.Today(), "DDD", app.platform.locale.Data());
-    return SafeFileName(day + " " + word + ".zip");
-}
-
 std::vector<std::string> FilesToKeep(const Application& app) {
     const std::string& events = app.events->DBFilename();
     const std::string& expired = app.expired->DBFilename();
@@ -41,11 +36,15 @@ std::vector<std::string> FilesToKeep(const Application& app) {
 
 }  // namespace
 
+std::string AutoBackupFile(const Application& app, const std::string& word) {
+    const std::string day = FormatDate(app.platform.clock.Today(), "DDD", app.platform.locale.Data());
+    return JoinPath(JoinPath(app.runtimePath, kBackupFolder), SafeFileName(day + " " + word + ".zip"));
+}
+
 bool MakeAutoBackup(Application& app, const std::string& word) {
     try {
-        const std::string folder = JoinPath(app.runtimePath, kBackupFolder);
-        const std::string archive = JoinPath(folder, ArchiveName(app, word));
-        app.platform.files.CreateFolder(folder);
+        const std::string archive = AutoBackupFile(app, word);
+        app.platform.files.CreateFolder(FolderOf(archive));
         cSHAREDZipFiles zip(app.platform.zip);
         zip.Setup();
         zip.ZipFileName(archive);

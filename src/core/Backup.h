@@ -6,9 +6,12 @@
 
 namespace kaz {
 
-// Packs the user's data, the settings and the log into "Autobackups" under the application's folder. The
-// archive is named by the day of the week and `word`, so that a week of backups is kept and nothing has to be
-// pruned. Returns whether all that is there went in; the log tells how it went.
+// The archive of today: named by the day of the week and `word`, in "Autobackups" under the application's
+// folder, so that a week of backups is kept and nothing has to be pruned.
+std::string AutoBackupFile(const Application& app, const std::string& word);
+
+// Packs the user's data, the settings and the log into that archive. Returns whether all that is there went
+// in; the log tells how it went.
 bool MakeAutoBackup(Application& app, const std::string& word);
 
 }  // namespace kaz

@@ -16,6 +16,7 @@ private:
     void LoadOptions();
     void DecideUserMode();
     void BackUp();
+    void RemoveAbandoned();
 
     Application& app_;
 };

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kaz {
 
@@ -58,6 +59,8 @@ public:
     virtual void Delete(const std::string& path) = 0;
     // Creates the folder and its missing parents; an existing one is no failure.
     virtual void CreateFolder(const std::string& path) = 0;
+    // The names of the files in the folder, in any order; none when it cannot be read.
+    virtual std::vector<std::string> FilesIn(const std::string& folder) const = 0;
     virtual std::string CurrentFolder() const = 0;
 };
 

@@ -18,6 +18,11 @@ public:
     void Write(std::string_view text) { file_->Write(text); }
     void Commit();
 
+    // Deletes what writers of the file at `path` left beside it when the program was killed or the power
+    // failed. Such a file is known by its name and by being a day older than the file itself, which has been
+    // saved since; both times are the disk's own. Returns how many there were.
+    static int DeleteAbandoned(FileSystem& files, const std::string& path);
+
 private:
     FileSystem& files_;
     std::string path_;

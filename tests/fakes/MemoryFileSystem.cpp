@@ -102,6 +102,13 @@ void MemoryFileSystem::CreateFolder(const std::string& path) {
     At(path).folder = true;
 }
 
+std::vector<std::string> MemoryFileSystem::FilesIn(const std::string& folder) const {
+    std::vector<std::string> names;
+    for (const std::string& path : Files())
+        if (KeyOf(FolderOf(path)) == KeyOf(folder)) names.push_back(FileNameOf(path));
+    return names;
+}
+
 void MemoryFileSystem::Put(const std::string& path, std::string text) {
     FaultInjector none;
     std::swap(faults, none);

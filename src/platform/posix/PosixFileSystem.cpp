@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
 namespace kaz {
 
@@ -132,6 +133,16 @@ void PosixFileSystem::CreateFolder(const std::string& path) {
     if (look.error == 0 || error != ENOENT || parent.empty()) ThrowSystemError(error);
     CreateFolder(parent);
     if (::mkdir(native.c_str(), kModeOfNewFolders) != 0 && !Look(native).IsFolder()) ThrowSystemError(errno);
+}
+
+std::vector<std::string> PosixFileSystem::FilesIn(const std::string& folder) const {
+    std::vector<std::string> names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(NativePath(folder), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
+        if (Kind(entry->path().string()) == PathKind::File)
+            names.push_back(entry->path().filename().string());
+    return names;
 }
 
 std::string PosixFileSystem::CurrentFolder() const {

@@ -44,6 +44,11 @@ struct BrushTraits {
     static Type None() { return nullptr; }
     static void Close(Type handle) { DeleteObject(handle); }
 };
+struct FindTraits {
+    using Type = HANDLE;
+    static Type None() { return INVALID_HANDLE_VALUE; }
+    static void Close(Type handle) { FindClose(handle); }
+};
 struct FontTraits {
     using Type = HFONT;
     static Type None() { return nullptr; }
@@ -72,6 +77,7 @@ struct ActivationTraits {
 
 using FileHandle = UniqueHandle<FileTraits>;
 using Brush = UniqueHandle<BrushTraits>;
+using FindHandle = UniqueHandle<FindTraits>;
 using Font = UniqueHandle<FontTraits>;
 using Icon = UniqueHandle<IconTraits>;
 using ImageList = UniqueHandle<ImageListTraits>;

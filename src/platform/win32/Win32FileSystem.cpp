@@ -155,6 +155,18 @@ void Win32FileSystem::CreateFolder(const std::string& path) {
         ThrowSystemError(GetLastError());
 }
 
+std::vector<std::string> Win32FileSystem::FilesIn(const std::string& folder) const {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAW data{};
+    const FindHandle found(FindFirstFileW(WidePath(JoinPath(folder, "*")).c_str(), &data));
+    for (bool more = static_cast<bool>(found); more; more = FindNextFileW(found.Get(), &data) != FALSE) {
+        if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
+        // Another name than the file's own would be of no use to anybody.
+        if (auto name = ToCodePageIfExact(data.cFileName)) names.push_back(*std::move(name));
+    }
+    return names;
+}
+
 std::string Win32FileSystem::CurrentFolder() const {
     const DWORD size = GetCurrentDirectoryW(0, nullptr);
     std::wstring folder(size, L'\0');

@@ -20,6 +20,7 @@ public:
     void Replace(const std::string& from, const std::string& to) override;
     void Delete(const std::string& path) override;
     void CreateFolder(const std::string& path) override;
+    std::vector<std::string> FilesIn(const std::string& folder) const override;
     std::string CurrentFolder() const override;
 };
 

@@ -17,6 +17,7 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::Pair;
 
+constexpr FileTime kDay = FileTime{24} * 60 * 60 * 10'000'000;
 const std::string kArchive = "C:\\KAZ\\Autobackups\\Wed Autobackup.zip";
 const std::string kComplete = "Backup to " + kArchive + " complete";
 const std::string kFailed = "Backup to " + kArchive + " failed";
@@ -69,6 +70,36 @@ TEST_F(Backup, EachStartKeepsWhatIsThere) {
     Start();
     EXPECT_EQ(Archived()["Events.xml"], "second");
     EXPECT_EQ(Archived("C:\\KAZ\\Autobackups\\Thu Autobackup.zip")["Events.xml"], "third");
+}
+
+TEST_F(Backup, AStartClearsAwayWhatBrokenSavesLeftAndNothingElse) {
+    const auto put = [&](const char* name, FileTime age) {
+        machine.files.Put(name, "half");
+        machine.files.At(name).time = 3 * kDay - age;
+    };
+    machine.files.At("C:\\Data\\Events.xml").time = 3 * kDay;
+    machine.files.Put("C:\\Shared\\Shared_Ann.xml", "");
+    machine.files.At("C:\\Shared\\Shared_Ann.xml").time = 3 * kDay;
+    put("C:\\Data\\Events.xml.abcde.new", kDay);
+    put("C:\\Shared\\Shared_Ann.xml.vwxyz.new", 2 * kDay);
+    const std::vector<std::string> others{
+        "C:\\Data\\Expired.xml.abcde.new",  // of a file that was never there
+        "C:\\Data\\Events.xml.abcd1.new",  "C:\\Data\\Events.xml.abcdef.new",
+        "C:\\Data\\Events.xml.new",        "C:\\Data\\Events.xmlxabcde.new",
+        "C:\\Data\\Letter.txt.abcde.new",  "C:\\Shared\\Shared_Bob.xml.abcde.new"};
+    for (const std::string& other : others)
+        put(other.c_str(), 2 * kDay);
+    put("C:\\Data\\Events.xml.young.new", kDay - 1);  // somebody may be saving
+    Settings("NETWORKED,True\r\nSHAREDDATAPATH,C:\\Shared\r\n");
+    Start();
+    for (const std::string& other : others)
+        EXPECT_EQ(machine.files.Kind(other), PathKind::File) << other;
+    EXPECT_EQ(machine.files.Kind("C:\\Data\\Events.xml.young.new"), PathKind::File);
+    EXPECT_EQ(machine.files.Kind("C:\\Data\\Events.xml.abcde.new"), PathKind::Missing);
+    EXPECT_EQ(machine.files.Kind("C:\\Shared\\Shared_Ann.xml.vwxyz.new"), PathKind::Missing);
+    EXPECT_THAT(Log(), HasSubstr("Removed what saves that were broken off had left: 2 files"));
+    Start();
+    EXPECT_THAT(Log(), Not(HasSubstr("Removed")));
 }
 
 TEST_F(Backup, CanBeSwitchedOff) {
