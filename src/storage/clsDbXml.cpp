@@ -156,14 +156,16 @@ bool clsDbXml::SaveDB() {
         services_.log.LogEvent("Unable to write events. " + fileName_ + " could not be read.");
         return false;
     }
-    const bool written = KeepUnreadVersion() && WriteFile();
+    const bool kept = KeepUnreadVersion();
+    const bool written = kept && WriteFile();
     unsaved_ = !written;
     if (written) {
         unreadFile_.clear();
         waiting_.clear();
     }
-    // Also after a failure, which must not look like a change by somebody else.
-    lastKnownDate_ = FileDate();
+    // Also after a failed write, which must not look like a change by somebody else. What could not be kept
+    // is such a change, and stays one.
+    if (kept) lastKnownDate_ = FileDate();
     if (copyToShared_) copyToShared_();
     return written;
 }

@@ -132,3 +132,26 @@ TEST_F(EventOperationsTest, PushPutsOffByADayAndRewritesTheExpiredFileInEveryCas
                 HasSubstr("Unable to push event with ID nothing. Not found in database."));
     EXPECT_THAT(machine.dialogs.messages, IsEmpty());
 }
+
+TEST_F(EventOperationsTest, AFaultAnywhereInAMoveLeavesTheEventInOneOfTheFiles) {
+    const auto moveWithFault = [&](int n, FaultInjector::Lasts lasts) {
+        events.AllEvents().clear();
+        events.SaveDB();
+        expired.AllEvents().clear();
+        Add(expired, "000003", "Bob");
+        machine.files.faults.FailAt(n, ErrorNumber::DiskFull, lasts);
+        operations.PushEvent("000003", true);
+        const bool struck = machine.files.faults.Struck();
+        machine.files.faults.FailAt(0);
+        machine.files.LosePower();
+        EXPECT_THAT(Saved("Events.xml") + Saved("Expired.xml"), HasSubstr("000003")) << n;
+        EXPECT_TRUE(events.ReadEvent("000003"));
+        return struck;
+    };
+    for (const auto lasts : {FaultInjector::Lasts::Once, FaultInjector::Lasts::FromThenOn}) {
+        int n = 1;
+        while (moveWithFault(n, lasts))
+            ++n;
+        EXPECT_GT(n, 10);
+    }
+}

@@ -213,31 +213,72 @@ TEST_F(EventDatabase, KeepsTheEventsWhenAReloadFails) {
     EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
 }
 
-TEST_F(EventDatabase, LeavesTheOldFileWholeWhenSavingFails) {
+// Each operation that a save is made of fails in turn. Before the second save another program changes the
+// file, so that its version has to be kept first.
+TEST_F(EventDatabase, WhateverStepOfASaveFailsNothingIsLost) {
+    using Lasts = FaultInjector::Lasts;
+    const std::string before = FileOf({Event("1")});
+    const std::string after = FileOf({Event("1"), Event("2")});
+    const std::string anothers = FileOf({Event("3")});
+    const auto saveWithFault = [&](int n, ErrorNumber error, Lasts lasts, bool changed) {
+        SCOPED_TRACE(n);
+        machine.files.Put(kFile, before);
+        clsDbXml database = Database();
+        database.KeepOverwrittenIn("C:\\Kept");
+        database.LoadDB(kFile);
+        database.StoreRecord(Event("2"));
+        if (changed) machine.files.Put(kFile, anothers);
+        machine.files.Remove(kLog);
+        machine.files.faults.FailAt(n, error, lasts);
+        const bool saved = database.SaveDB();
+        const bool struck = machine.files.faults.Struck();
+        machine.files.faults.FailAt(0);
+
+        EXPECT_TRUE(saved || struck);
+        if (!saved && lasts == Lasts::Once) {
+            EXPECT_THAT(Log(), testing::AnyOf(HasSubstr("in SaveDB of clsDbXml"), HasSubstr(kReadOnly)));
+            EXPECT_THAT(machine.files.FilesIn("C:\\Data"), ElementsAre("Events.xml"));
+        }
+        machine.files.LosePower();
+        EXPECT_EQ(OnDisk(), saved ? after : changed ? anothers : before);
+        EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
+        EXPECT_TRUE(changed || !database.DatabaseChanged());
+
+        EXPECT_TRUE(database.SaveDB());
+        EXPECT_EQ(OnDisk(), after);
+        std::vector<std::string> kept;
+        for (const std::string& path : machine.files.Files()) {
+            if (path.starts_with("C:\\Kept") && path.ends_with(".xml"))
+                kept.push_back(machine.files.Text(path));
+            machine.files.Remove(path);
+        }
+        EXPECT_THAT(kept, testing::Each(anothers));
+        EXPECT_EQ(kept.empty(), !changed);
+        return struck;
+    };
+    for (const ErrorNumber error :
+         {ErrorNumber::DeviceError, ErrorNumber::DiskFull, ErrorNumber::PermissionDenied})
+        for (const Lasts lasts : {Lasts::Once, Lasts::FromThenOn})
+            for (const bool changed : {false, true}) {
+                int n = 1;
+                while (saveWithFault(n, error, lasts, changed))
+                    ++n;
+                EXPECT_GT(n, changed ? 10 : 5);
+            }
+}
+
+TEST_F(EventDatabase, AFullDiskLeavesTheOldFileWhole) {
     const std::string text = FileOf({Event("1")});
     machine.files.Put(kFile, text);
     clsDbXml database = Database();
     database.LoadDB(kFile);
     database.StoreRecord(Event("2"));
-    bool struck = true;
-    for (int failing = 1; struck; ++failing) {
-        machine.files.faults.FailAt(failing);
-        const bool saved = database.SaveDB();
-        struck = machine.files.faults.Struck();
-        machine.files.faults.FailAt(0);
-        EXPECT_EQ(saved, !struck);
-        EXPECT_EQ(OnDisk(), struck ? text : FileOf({Event("1"), Event("2")})) << failing;
-        EXPECT_EQ(database.RecordCount(), 2);
-        EXPECT_FALSE(database.DatabaseChanged());
+    for (const std::size_t free : {std::size_t{0}, std::size_t{1}, text.size(), text.size() + 1}) {
+        machine.files.freeBytes = free;
+        EXPECT_FALSE(database.SaveDB());
+        EXPECT_EQ(OnDisk(), text);
+        EXPECT_THAT(machine.files.FilesIn("C:\\Data"), ElementsAre("Events.xml"));
     }
-    machine.files.freeBytes = 1000;
-    database.StoreRecord(Event("3"));
-    EXPECT_FALSE(database.SaveDB());
-    EXPECT_THAT(machine.files.Files(), Not(testing::Contains(HasSubstr(".new"))));
-    machine.files.freeBytes.reset();
-    EXPECT_EQ(OnDisk(), FileOf({Event("1"), Event("2")}));
-    const std::string told = Log();
-    EXPECT_THAT(Split(told, kReadOnly), SizeIs(2));  // only where no file could be opened
 }
 
 TEST_F(EventDatabase, SaysThatAReadOnlyFileWasNotWritten) {
