@@ -126,6 +126,71 @@ void Save(benchmark::State& state) {
         if (!database.SaveDB()) throw std::runtime_error("not saved");
 }
 
+// What a save cannot do without.
+void WriteFlushReplace(benchmark::State& state) {
+    Bench bench;
+    const std::string text = ReadWholeFile(bench.files, bench.EventFile(state.range(0)));
+    for (auto _ : state) {
+        const auto file = bench.files.Create(bench.Path("New"));
+        file->Write(text);
+        file->Flush();
+        file->Close();
+        bench.files.Replace(bench.Path("New"), bench.Path("Saved.xml"));
+    }
+}
+
+// The others' shared files, as LoadMultiple finds them.
+constexpr int kUsers = 50;
+
+std::string ShareOf(Bench& bench, int eventsEach) {
+    std::string names;
+    for (int user = 0; user < kUsers; ++user) {
+        clsDbXml database = bench.Database();
+        for (int i = 0; i < eventsEach; ++i)
+            database.StoreRecord(Bench::Event(i));
+        const std::string name = "User" + std::to_string(user);
+        database.SetDBFilename(bench.Path("Shared_" + name + ".xml"));
+        database.SaveDB();
+        names.append(name).append(kLineBreak);
+    }
+    bench.settings.StoreSetting("SharedDataPath", bench.Path(""));
+    bench.log.NOLOGGING(true);
+    WriteWholeFile(bench.files, bench.Path("KAZShared.ini"), names);
+    return bench.Path("KAZShared.ini");
+}
+
+void LoadUsers(benchmark::State& state) {
+    Bench bench;
+    const std::string list = ShareOf(bench, static_cast<int>(state.range(0)) / kUsers);
+    for (auto _ : state) {
+        clsDbXml database = bench.Database();
+        database.LoadMultiple(list);
+        if (database.RecordCount() != state.range(0)) throw std::runtime_error("not all loaded");
+        state.PauseTiming();
+        database.AllEvents().clear();
+        state.ResumeTiming();
+    }
+}
+
+void ChangeCheck(benchmark::State& state) {
+    Bench bench;
+    clsDbXml database = bench.Database();
+    database.LoadMultiple(ShareOf(bench, 1));
+    for (auto _ : state)
+        if (database.DatabaseChanged()) throw std::runtime_error("nothing has changed");
+}
+
+// The calls of the system that a check cannot do without.
+void FileTimes(benchmark::State& state) {
+    Bench bench;
+    std::vector<std::string> paths{ShareOf(bench, 1)};
+    for (int user = 0; user < kUsers; ++user)
+        paths.push_back(bench.Path("Shared_User" + std::to_string(user) + ".xml"));
+    for (auto _ : state)
+        for (const std::string& path : paths)
+            benchmark::DoNotOptimize(bench.files.ModificationTime(path));
+}
+
 void AddOneByOneAndSave(benchmark::State& state) {
     Bench bench;
     for (auto _ : state) {
@@ -162,6 +227,10 @@ BENCHMARK(LoadAsWritten)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(LoadOtherLayout)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(LoadWordForWord)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Save)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteFlushReplace)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadUsers)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ChangeCheck)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FileTimes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(AddOneByOneAndSave)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Rule)->DenseRange(RecurWeekdays, RecurEveryNDays);
 
