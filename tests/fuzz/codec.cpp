@@ -2,21 +2,10 @@
 // errors, and the operations of the codec keep their promises.
 
 #include "fakes/FakeLocale.h"
+#include "fuzz/Require.h"
 #include "unit/storage/EventReading.h"
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-
-namespace {
-
-void Require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace kaz;

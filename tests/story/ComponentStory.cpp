@@ -37,7 +37,9 @@ TEST(Component, FirstStartForcesSingleUserModeAndSavesItAtOnce) {
     for (const char* line :
          {"Log file created ", "Curdir: ", "KAZ Startup", "Options loaded", "Loading category names",
           "Forcing single user mode", "Shared DB file: Shared_Single.xml", "DB file: C:\\KAZ\\Events.xml",
-          "Expired DB file: C:\\KAZ\\Expired.xml", "Local events loaded", "Expired events loaded"}) {
+          "Expired DB file: C:\\KAZ\\Expired.xml", "Local events loaded", "Expired events loaded",
+          "Backup to C:\\KAZ\\Autobackups\\Wed Autobackup.zip complete",
+          "Data automatically zipped to Autobackups folder in C:\\KAZ"}) {
         at = log.find("1 09:00:00, " + std::string(line), at);
         ASSERT_NE(at, std::string::npos) << line << "\n" << log;
     }

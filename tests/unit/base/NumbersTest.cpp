@@ -1,6 +1,6 @@
 #include "base/Numbers.h"
 
-#include "base/RuntimeError.h"
+#include "fakes/ErrorOf.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +9,6 @@
 
 namespace kaz {
 namespace {
-
-template <class Step>
-int ErrorOf(Step step) {
-    try {
-        step();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 TEST(Numbers, HalvesGoToTheEvenNumber) {
     struct {

@@ -1,6 +1,7 @@
 #include "model/Recurrence.h"
 
 #include "base/RuntimeError.h"
+#include "fakes/RecordingErrors.h"
 #include "model/clsEvent.h"
 #include "unit/model/GoldenRules.h"
 #include "unit/model/SlowRecurrence.h"
@@ -13,15 +14,6 @@
 
 namespace kaz {
 namespace {
-
-struct Errors : ErrorSink {
-    std::vector<std::string> told;
-    void Report(const ErrorInfo& error, std::string_view procedure,
-                std::string_view module) noexcept override {
-        told.push_back(std::to_string(error.number) + " " + std::string(procedure) + " " +
-                       std::string(module));
-    }
-};
 
 clsEvent EventOf(const RecurrenceRule& rule) {
     clsEvent event;
@@ -59,7 +51,7 @@ TEST(Recurrence, AnEventFollowsTheTableAndTellsOneErrorAtMost) {
         clsEvent event = EventOf(golden.rule);
         event.DueDate(before);
         event.MailSent = true;
-        Errors errors;
+        RecordingErrors errors;
         event.CalcNextAfterDate(golden.reference, golden.today, errors);
 
         const Occurrence expected = golden.expected.value_or(Occurrence{before, golden.rule.startDate});
@@ -131,7 +123,7 @@ TEST(Recurrence, TheQuickWayEndsWhereTheWalkEnds) {
 
 TEST(Recurrence, ASecondCalculationChangesNothing) {
     RandomRules random;
-    Errors errors;
+    RecordingErrors errors;
     for (int i = 0; i < 20000 && !HasFailure(); ++i) {
         const RecurrenceRule rule = random.Rule();
         const DateValue today = random.Near(rule.startDate).DateOnly();

@@ -1,6 +1,7 @@
 #include "platform/DateText.h"
 
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "fakes/FakeLocale.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +19,7 @@ std::string Show(const std::optional<DateValue>& date) {
     return date ? FormatDate(*date, "YYYY-MM-DD HH:NN:SS", {}) : "nothing";
 }
 
-void ExpectRead(const LocaleData& locale, const char* text, const char* expected) {
+void ExpectRead(const LocaleData& locale, std::string_view text, const char* expected) {
     EXPECT_EQ(Show(RecogniseDate(text, locale)), expected) << '"' << text << '"';
 }
 
@@ -154,34 +155,12 @@ TEST(RecogniseDate, Times) {
 
 TEST(RecogniseDate, AnythingElseIsNothing) {
     const LocaleData english;
-    for (const char* bad : {"",
-                            " ",
-                            "0",
-                            "45000",
-                            "2.29",
-                            "3/5",
-                            "3//5/2023",
-                            "/3/5/2023",
-                            "3/5/2023/",
-                            "3/5/2023-",
-                            "3/5/6/7",
-                            "March",
-                            "Sunday",
-                            "March 2023",
-                            "March March 2023",
-                            "5 Marchy 2023",
-                            "5/0/2023",
-                            "0/5/2023",
-                            "3/-5/2023",
-                            "3/5/20233",
-                            "003/5/2023",
-                            "3/005/2023",
-                            "3:5:2023",
-                            "true",
-                            "3/5/99999999999999",
-                            "Mar 005 2023",
-                            "3/5/2023\n",
-                            "(3/5/2023)"})
+    constexpr std::string_view kBad =
+        "| |0|45000|2.29|3/5|3//5/2023|/3/5/2023|3/5/2023/|3/5/2023-|3/5/6/7|March|Sunday|"
+        "March 2023|March March 2023|5 Marchy 2023|5/0/2023|0/5/2023|3/-5/2023|3/5/20233|"
+        "003/5/2023|3/005/2023|3:5:2023|true|3/5/99999999999999|Mar 005 2023|3/5/2023\n|"
+        "(3/5/2023)";
+    for (const std::string_view bad : Split(kBad, "|"))
         ExpectRead(english, bad, "nothing");
     EXPECT_FALSE(RecogniseDate(std::string_view("2023-03-05\0", 11), english));
     try {

@@ -1,5 +1,6 @@
 #include "platform/Files.h"
 
+#include "fakes/ErrorOf.h"
 #include "fakes/MemoryFileSystem.h"
 #include "platform/SafeFileWriter.h"
 
@@ -11,16 +12,6 @@ namespace {
 using testing::ElementsAre;
 
 constexpr const char* kFile = "C:\\KAZ\\Events.xml";
-
-template <class Step>
-int ErrorOf(Step step) {
-    try {
-        step();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 TEST(Files, PathsAreTakenApartAndPutTogether) {
     struct {

@@ -76,9 +76,4 @@ std::vector<std::string> ReminderDesk::OnDisk(const std::string& file) {
     return descriptions;
 }
 
-void ReminderDesk::Reports::Report(const ErrorInfo& error, std::string_view procedure,
-                                   std::string_view module) noexcept {
-    told.push_back(std::to_string(error.number) + " " + std::string(procedure) + " " + std::string(module));
-}
-
 }  // namespace kaz

@@ -1,14 +1,11 @@
 #pragma once
 
-#include "fakes/FakePlatform.h"
+#include "fakes/RecordingErrors.h"
+#include "fakes/StorageDesk.h"
 #include "platform/OpenWindows.h"
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"
 #include "storage/cSharedSound.h"
-#include "storage/clsDbXml.h"
-#include "storage/clsLayers.h"
-#include "support/cSHAREDSettings.h"
-#include "support/cSharedLogging.h"
 
 #include <string>
 #include <vector>
@@ -16,7 +13,7 @@
 namespace kaz {
 
 // Everything that a reminder needs, on fakes. It is 15 March 2023, nine o'clock.
-class ReminderDesk {
+class ReminderDesk : public StorageDesk {
 public:
     ReminderDesk();
 
@@ -35,21 +32,10 @@ public:
     // What a program that starts now would find in the two files.
     std::vector<std::string> OnDisk(const std::string& file);
 
-    struct Reports : ErrorSink {
-        std::vector<std::string> told;
-        void Report(const ErrorInfo& error, std::string_view procedure,
-                    std::string_view module) noexcept override;
-    };
-
-    FakePlatform machine;
-    Reports errors;
-    cSharedLogging log{machine.files, machine.clock, machine.system, {"KAZ", "1.0.0"}};
-    cSHAREDSettings settings{machine.files, machine.locale, machine.dialogs, log};
-    clsLayers layers{settings, machine.locale};
+    RecordingErrors errors;
     cSharedSound player{machine.sound, machine.files, log};
     std::string folder = "C:\\KAZ";
-    StorageServices storage{machine.files, machine.clock, machine.random, machine.locale,
-                            log,           settings,      layers};
+    StorageServices storage = Services();
     clsDbXml events{storage};
     clsDbXml expired{storage};
     clsDbXml shared{storage};

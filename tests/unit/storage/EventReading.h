@@ -1,7 +1,7 @@
 #pragma once
 
-#include "base/ErrorTrap.h"
 #include "fakes/MemoryFileSystem.h"
+#include "fakes/RecordingErrors.h"
 #include "platform/LocaleData.h"
 #include "storage/EventFields.h"
 #include "storage/EventFileReader.h"
@@ -16,15 +16,6 @@ namespace kaz {
 
 // An event file as read: each event in one text, and the errors in their order. Equal when nothing differs.
 struct EventReading {
-    struct Errors : ErrorSink {
-        std::vector<std::string> told;
-        void Report(const ErrorInfo& error, std::string_view procedure,
-                    std::string_view module) noexcept override {
-            told.push_back(std::to_string(error.number) + " " + std::string(procedure) + " " +
-                           std::string(module));
-        }
-    };
-
     std::vector<std::string> events;
     std::vector<std::string> errors;
     friend bool operator==(const EventReading&, const EventReading&) = default;
@@ -41,7 +32,7 @@ struct EventReading {
     // the piece.
     static EventReading BySearch(std::string_view file, const LocaleData& locale) {
         EventReading reading;
-        Errors errors;
+        RecordingErrors errors;
         for (bool last = false; !last;) {
             const auto blockEnd = file.find("</EVENT>");
             last = blockEnd == std::string_view::npos;
@@ -68,7 +59,7 @@ struct EventReading {
         files.Put("C:\\e.xml", std::string(file));
         const auto input = files.OpenForReading("C:\\e.xml");
         EventReading reading;
-        Errors errors;
+        RecordingErrors errors;
         EventFileReader reader(*input, locale, errors, bufferSize);
         for (clsEvent event; reader.Next(event); event = {})
             reading.Add(event);

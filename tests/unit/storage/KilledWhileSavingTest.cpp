@@ -1,9 +1,8 @@
 #include "RealFileSystem.h"
-#include "fakes/FakePlatform.h"
 #include "fakes/Sample.h"
+#include "fakes/StorageDesk.h"
 #include "fakes/TestFolder.h"
 #include "platform/Files.h"
-#include "storage/clsDbXml.h"
 #include "unit/storage/SavingProcess.h"
 
 #include <gmock/gmock.h>
@@ -22,7 +21,7 @@ struct Files {
     explicit Files(const std::string& folder)
         : events(JoinPath(folder, "Events.xml")),
           options(JoinPath(folder, "Kaz.ini")) {
-        log.NOLOGGING(true);
+        desk.log.NOLOGGING(true);
         database.SetDBFilename(events);
     }
 
@@ -56,11 +55,9 @@ struct Files {
     std::string events;
     std::string options;
     RealFileSystem files;
-    FakePlatform machine;
-    cSharedLogging log{machine.files, machine.clock, machine.system, {"KAZ", "1"}};
-    cSHAREDSettings settings{files, machine.locale, machine.dialogs, log};
-    clsLayers layers{settings, machine.locale};
-    clsDbXml database{{files, machine.clock, machine.random, machine.locale, log, settings, layers}};
+    StorageDesk desk;
+    cSHAREDSettings settings{files, desk.machine.locale, desk.machine.dialogs, desk.log};
+    clsDbXml database{desk.Services(files)};
 };
 
 bool Save(const std::string& folder, int generation) {
@@ -74,7 +71,7 @@ TEST(KilledWhileSaving, LeavesTheOldFilesWholeOrTheNewOnes) {
     SavingProcess::SaveIfStartedForThat(Save);
     // A few seconds' worth; KAZ_KILLS=2000 for the long run.
     const char* wanted = std::getenv("KAZ_KILLS");
-    const int kills = wanted ? std::atoi(wanted) : 50;
+    const int kills = wanted ? std::atoi(wanted) : 25;
     const TestFolder folder;
     std::mt19937 random(20260302);
     int saved = 0;

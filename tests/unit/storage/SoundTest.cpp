@@ -1,5 +1,5 @@
 #include "base/Text.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/StorageDesk.h"
 #include "storage/cSharedSound.h"
 #include "storage/clsSounds.h"
 
@@ -13,17 +13,13 @@ using testing::HasSubstr;
 
 const std::string kTable = "C:\\Data\\EventWavs.ini";
 
-class EventSounds : public testing::Test {
+class EventSounds : public testing::Test, protected StorageDesk {
 protected:
     EventSounds() {
-        log.ApplicationFolder("C:\\KAZ");
         machine.files.CreateFolder("C:\\Data");
         settings.sSet("DataPath", std::string("C:\\Data"));
     }
 
-    FakePlatform machine;
-    cSharedLogging log{machine.files, machine.clock, machine.system, {"KAZ", "1.0"}};
-    cSHAREDSettings settings{machine.files, machine.locale, machine.dialogs, log};
     clsSounds sounds{machine.files, settings, log, [] { return std::string("C:\\KAZ"); }};
 };
 
@@ -73,7 +69,7 @@ TEST_F(EventSounds, ATableThatCannotBeReadIsNotWrittenOver) {
     machine.files.At(kTable).locked = true;
     sounds.Delete("000001");
     EXPECT_EQ(machine.files.Text(kTable), "000001,C:\\c.wav\r\n000002,C:\\b.wav\r\n");
-    EXPECT_THAT(machine.files.Text("C:\\KAZ\\log.txt"),
+    EXPECT_THAT(Log(),
                 testing::AllOf(HasSubstr("in Initialise of clsSounds"), HasSubstr("in Delete of clsSounds")));
 }
 

@@ -1,7 +1,7 @@
 #include "storage/clsDB2.h"
 
 #include "base/Text.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/StorageDesk.h"
 #include "storage/LegacyRecord.h"
 
 #include <gmock/gmock.h>
@@ -62,12 +62,9 @@ std::string Record(const std::string& code, const std::string& owner, const std:
     return record;
 }
 
-class OldDatabase : public testing::Test {
+class OldDatabase : public testing::Test, protected StorageDesk {
 protected:
-    OldDatabase() {
-        log.ApplicationFolder("C:\\KAZ");
-        settings.sSet("Owner", "Ann"s);
-    }
+    OldDatabase() : StorageDesk("Ann") {}
 
     std::vector<std::string> Owners() {
         std::vector<std::string> owners;
@@ -75,16 +72,9 @@ protected:
             owners.push_back(event.Owner() + (event.Deleted ? " deleted" : ""));
         return owners;
     }
-    std::string Log() const { return machine.files.Text("C:\\KAZ\\log.txt"); }
 
-    FakePlatform machine;
-    cSharedLogging log{machine.files, machine.clock, machine.system, {"KAZ", "1.0"}};
-    cSHAREDSettings settings{machine.files, machine.locale, machine.dialogs, log};
-    clsLayers layers{settings, machine.locale};
-    StorageServices services{machine.files, machine.clock, machine.random, machine.locale,
-                             log,           settings,      layers};
     clsSounds sounds{machine.files, settings, log, [] { return "C:\\KAZ"s; }};
-    clsDB2 old{services, sounds};
+    clsDB2 old{Services(), sounds};
 };
 
 TEST_F(OldDatabase, ReadsAndWritesEveryFieldAtItsPlace) {
@@ -195,14 +185,14 @@ TEST_F(OldDatabase, ExportLosesNoEventAndTearsNoFileApart) {
     old.LoadDB(kFile);
     old.AllEvents()[0].Email = "Ann <ann@b.example>";
 
-    clsDbXml target(services);
+    clsDbXml target(Services());
     target.SetDBFilename("C:\\KAZ\\Events.xml");
     clsEvent there;
     there.IDCode = "there";
     target.StoreRecord(there);
     old.ExportToXML(target);
     ASSERT_TRUE(target.SaveDB());
-    clsDbXml reread(services);
+    clsDbXml reread(Services());
     reread.LoadDB(target.DBFilename());
 
     std::vector<std::string> seen;

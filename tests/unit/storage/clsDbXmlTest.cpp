@@ -2,7 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/StorageDesk.h"
 #include "storage/EventXml.h"
 
 #include <gmock/gmock.h>
@@ -24,18 +24,11 @@ const std::string kFile = "C:\\Data\\Events.xml";
 const std::string kLog = "C:\\KAZ\\log.txt";
 constexpr std::string_view kReadOnly = "Output file readonly. Unable to write events.";
 
-class EventDatabase : public testing::Test {
+class EventDatabase : public testing::Test, protected StorageDesk {
 protected:
-    EventDatabase() {
-        log.ApplicationFolder("C:\\KAZ");
-        machine.files.CreateFolder("C:\\Data");
-        settings.sSet("Owner", std::string("Ann"));
-    }
+    EventDatabase() : StorageDesk("Ann") { machine.files.CreateFolder("C:\\Data"); }
 
-    clsDbXml Database() {
-        return clsDbXml(
-            {machine.files, machine.clock, machine.random, machine.locale, log, settings, layers});
-    }
+    clsDbXml Database() { return clsDbXml(Services()); }
 
     static clsEvent Event(const std::string& code, const std::string& owner = "Ann") {
         clsEvent event;
@@ -67,12 +60,6 @@ protected:
     }
 
     std::string OnDisk() const { return machine.files.Text(kFile); }
-    std::string Log() const { return machine.files.Text(kLog); }
-
-    FakePlatform machine;
-    cSharedLogging log{machine.files, machine.clock, machine.system, {"KAZ", "1.0"}};
-    cSHAREDSettings settings{machine.files, machine.locale, machine.dialogs, log};
-    clsLayers layers{settings, machine.locale};
 };
 
 TEST_F(EventDatabase, LoadsInFileOrderAndSavesTheSameFile) {

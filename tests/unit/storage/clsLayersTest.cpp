@@ -1,20 +1,14 @@
 #include "storage/clsLayers.h"
 
 #include "base/RuntimeError.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/StorageDesk.h"
 
 #include <gtest/gtest.h>
 
 namespace kaz {
 namespace {
 
-class Categories : public testing::Test {
-protected:
-    FakePlatform machine;
-    cSharedLogging log{machine.files, machine.clock, machine.system, {"KAZ", "1.0"}};
-    cSHAREDSettings settings{machine.files, machine.locale, machine.dialogs, log};
-    clsLayers layers{settings, machine.locale};
-};
+class Categories : public testing::Test, protected StorageDesk {};
 
 TEST_F(Categories, StoreAllSlotsButReadOnlyTheUsers) {
     settings.sSet("Layer0", std::string("Zero"));
