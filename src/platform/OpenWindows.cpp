@@ -38,6 +38,12 @@ void OpenWindows::UnloadAll() {
     DropIdle();
 }
 
+std::shared_ptr<Form> OpenWindows::Find(std::string_view name) const {
+    const auto found =
+        std::find_if(forms_.rbegin(), forms_.rend(), [&](const auto& open) { return open->Name() == name; });
+    return found == forms_.rend() ? nullptr : *found;
+}
+
 void OpenWindows::DropIdle() {
     std::erase_if(leaving_, [](const auto& form) { return !form->Busy(); });
 }

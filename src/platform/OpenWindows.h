@@ -3,6 +3,7 @@
 #include "platform/Form.h"
 
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace kaz {
@@ -19,6 +20,8 @@ public:
     void Unload(const Form& form);
     // From the last opened to the first; forms opened by an unloading form are closed too, within a bound.
     void UnloadAll();
+    // The form that was opened last under that name, null when there is none.
+    std::shared_ptr<Form> Find(std::string_view name) const;
     std::size_t Count() const { return forms_.size(); }
 
 private:

@@ -7,6 +7,7 @@
 
 namespace kaz {
 
+class DayGrid;
 class ReportList;
 
 // What a window tells its form. `control` is the id of the control, timer, menu item or accelerator; 0 is the
@@ -28,6 +29,9 @@ enum class Raised {
     Resumed,    // the computer woke up
     TrayMouse,  // the mouse on the tray icon; `detail` is the system's message code
     TrayLost,   // the shell has started anew, without the tray icon
+    Activated,  // the user came to the window, or back to it
+    Wheel,      // the mouse wheel over the window; `detail` is the clicks, positive away from the user
+    LeadsOut,   // a key in a grid of days led out of it; `detail` is by how many days
 };
 
 class WindowListener {
@@ -113,6 +117,9 @@ public:
     virtual void SetControlVisible(int control, bool visible) = 0;
     virtual ControlPlace Place(int control) const = 0;
     virtual void SetPlace(int control, const ControlPlace& place) = 0;
+    // All controls that take the keyboard, while the program works; afterwards they are as before, and the
+    // one that had it gets it back.
+    virtual void SetControlsEnabled(bool enabled) = 0;
     virtual void SetFocus(int control) = 0;
     // Selects the whole text of a text box.
     virtual void SelectText(int control) = 0;
@@ -126,6 +133,7 @@ public:
     virtual void SetSelection(int control, const std::vector<int>& positions) = 0;
 
     virtual ReportList& Report(int control) = 0;
+    virtual DayGrid& Grid(int control) = 0;
     // Shows a pop-up menu of the resources at the pointer (or at the focus, for the keyboard); the chosen
     // item is raised as Click.
     virtual void ShowMenu(int menu) = 0;

@@ -32,7 +32,10 @@ namespace kaz {
 // "C:\KAZ", where the program's own file is.
 class FakePlatform {
 public:
-    FakePlatform() { files.CreateFolder(system.moduleFolder); }
+    FakePlatform() {
+        files.CreateFolder(system.moduleFolder);
+        files.CreateFolder(system.temporaryFolder);
+    }
     FakePlatform(const FakePlatform&) = delete;
     FakePlatform& operator=(const FakePlatform&) = delete;
 

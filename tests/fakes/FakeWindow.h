@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/FakeDayGrid.h"
 #include "fakes/FakeReportList.h"
 #include "platform/Window.h"
 
@@ -60,12 +61,18 @@ public:
     void SetText(int control, const std::string& text) override;
     bool Checked(int control) const override { return At(control).checked; }
     void SetChecked(int control, bool checked) override { controls_[control].checked = checked; }
-    bool Enabled(int control) const override { return At(control).enabled; }
+    bool Enabled(int control) const override {
+        return (control == 0 || controlsEnabled_) && At(control).enabled;
+    }
     void SetEnabled(int control, bool enabled) override { controls_[control].enabled = enabled; }
     bool ControlVisible(int control) const override { return At(control).visible; }
     void SetControlVisible(int control, bool visible) override { controls_[control].visible = visible; }
     ControlPlace Place(int control) const override { return At(control).place; }
     void SetPlace(int control, const ControlPlace& place) override { controls_[control].place = place; }
+    void SetControlsEnabled(bool enabled) override {
+        controlsEnabled_ = enabled;
+        if (!enabled) ++timesDisabled;
+    }
     void SetFocus(int control) override { focus = control; }
     void SelectText(int control) override { selectedText = control; }
 
@@ -77,6 +84,7 @@ public:
     void SetSelection(int control, const std::vector<int>& positions) override;
 
     FakeReportList& Report(int control) override { return reports_[control]; }
+    FakeDayGrid& Grid(int control) override { return grids_[control]; }
     void ShowMenu(int menu) override { menus.push_back(menu); }
     void ShowMenuUnder(int, int, int menu) override { menus.push_back(menu); }
     void SetToolbar(int, const std::vector<ToolButton>& buttons) override { toolbar = buttons; }
@@ -107,7 +115,8 @@ public:
     int broughtToFront = 0;
     bool topMost = false;
     int focus = 0;
-    int selectedText = 0;  // the text box whose text was selected last
+    int timesDisabled = 0;  // by SetControlsEnabled
+    int selectedText = 0;   // the text box whose text was selected last
     std::vector<int> menus;
     std::vector<ToolButton> toolbar;
     std::optional<std::string> trayTip;  // while the icon is shown
@@ -144,6 +153,8 @@ private:
     std::optional<int> modalResult_;
     std::map<int, ControlState> controls_;
     std::map<int, FakeReportList> reports_;
+    std::map<int, FakeDayGrid> grids_;
+    bool controlsEnabled_ = true;
     std::map<int, TimerState> timers_;
 };
 

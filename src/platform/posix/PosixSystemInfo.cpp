@@ -33,4 +33,6 @@ std::string PosixSystemInfo::UserFolder() const {
     return path;
 }
 
+std::string PosixSystemInfo::TemporaryFolder() const { return "\\tmp"; }
+
 }  // namespace kaz

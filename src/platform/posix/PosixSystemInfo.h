@@ -10,6 +10,7 @@ public:
     // The folder of the running program.
     std::string ModuleFolder() const override;
     std::string UserFolder() const override;
+    std::string TemporaryFolder() const override;
 };
 
 }  // namespace kaz

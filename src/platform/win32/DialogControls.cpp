@@ -79,6 +79,22 @@ void DialogWindow::SetPlace(int control, const ControlPlace& place) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void DialogWindow::SetControlsEnabled(bool enabled) {
+    // The system takes the keyboard from a control that is disabled.
+    if (!enabled) focusWhenEnabled_ = IsChild(window_, GetFocus()) ? GetFocus() : nullptr;
+    for (HWND control = GetWindow(window_, GW_CHILD); !enabled && control;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+        if ((style & WS_TABSTOP) && !(style & WS_DISABLED)) resting_.push_back(control);
+    }
+    for (const HWND control : resting_)
+        EnableWindow(control, enabled);
+    if (enabled) resting_.clear();
+    if (const HWND back = enabled ? std::exchange(focusWhenEnabled_, nullptr) : nullptr;
+        back && GetActiveWindow() == window_)
+        ::SetFocus(back);
+}
+
 void DialogWindow::SetFocus(int control) {
     const HWND target = At(control);
     if (!target || target == window_) return;
@@ -135,6 +151,11 @@ void DialogWindow::PrepareControls() {
 ReportList& DialogWindow::Report(int control) {
     const auto raise = [this, control](Raised what, int detail) { Raise(control, what, detail); };
     return reports_.try_emplace(control, GetDlgItem(window_, control), raise).first->second;
+}
+
+DayGrid& DialogWindow::Grid(int control) {
+    const auto raise = [this, control](Raised what, int detail) { Raise(control, what, detail); };
+    return grids_.try_emplace(control, GetDlgItem(window_, control), raise).first->second;
 }
 
 }  // namespace kaz

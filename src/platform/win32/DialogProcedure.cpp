@@ -84,8 +84,11 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
     case WM_DPICHANGED: PostMessageW(window_, kDpiHasChanged, 0, 0); return FALSE;
     case kDpiHasChanged: OnDpiChanged(); return TRUE;
     case WM_ACTIVATE:
-        if (LOWORD(wide) != WA_INACTIVE && focusWhenActive_) PostMessageW(window_, kFocusNow, 0, 0);
+        if (LOWORD(wide) == WA_INACTIVE) return FALSE;
+        if (focusWhenActive_) PostMessageW(window_, kFocusNow, 0, 0);
+        Raise(0, Raised::Activated);
         return FALSE;
+    case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wide)); return TRUE;
     case kFocusNow: SetFocus(std::exchange(focusWhenActive_, 0)); return TRUE;
     case kRaiseLater:
         Raise(LOWORD(wide), static_cast<Raised>(HIWORD(wide)), static_cast<int>(narrow));
@@ -177,6 +180,14 @@ void DialogWindow::OnContextMenu(HWND control, LPARAM point) {
     }
     // The header of a list is a child of the list and has no menu.
     if (control == window_ || GetParent(control) == window_) Raise(id, Raised::RightClick);
+}
+
+// A touchpad turns the wheel by less than a click at a time.
+void DialogWindow::OnWheel(int delta) {
+    wheel_ += delta;
+    const int clicks = wheel_ / WHEEL_DELTA;
+    wheel_ -= clicks * WHEEL_DELTA;
+    if (clicks != 0) Raise(0, Raised::Wheel, clicks);
 }
 
 void DialogWindow::OnTray(UINT mouseMessage) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Window.h"
+#include "platform/win32/DayGridView.h"
 #include "platform/win32/DialogLayout.h"
 #include "platform/win32/MessageHook.h"
 #include "platform/win32/ReportListView.h"
@@ -63,6 +64,7 @@ public:
     void SetControlVisible(int control, bool visible) override;
     ControlPlace Place(int control) const override;
     void SetPlace(int control, const ControlPlace& place) override;
+    void SetControlsEnabled(bool enabled) override;
     void SetFocus(int control) override;
     void SelectText(int control) override;
 
@@ -74,6 +76,7 @@ public:
     void SetSelection(int control, const std::vector<int>& positions) override;
 
     ReportList& Report(int control) override;
+    DayGrid& Grid(int control) override;
     void ShowMenu(int menu) override;
     void ShowMenuUnder(int toolbar, int command, int menu) override;
 
@@ -97,6 +100,7 @@ private:
     void PrepareControls();
     void EnsureTooltips();
     void MoveFocusFrom(HWND control);
+    void OnWheel(int delta);
 
     HINSTANCE module_;
     MessageHook hook_;
@@ -105,6 +109,7 @@ private:
     WindowListener* listener_ = nullptr;
     std::optional<DialogLayout> layout_;
     std::map<int, ReportListView> reports_;
+    std::map<int, DayGridView> grids_;
     std::map<int, Toolbar> toolbars_;
     std::optional<TrayIcon> tray_;
     std::optional<TabStripView> tabs_;
@@ -116,6 +121,9 @@ private:
     bool hasTooltips_ = false;
     std::optional<WindowState> stateWhenShown_;
     int focusWhenActive_ = 0;
+    std::vector<HWND> resting_;  // disabled while the program works
+    HWND focusWhenEnabled_ = nullptr;
+    int wheel_ = 0;  // turned, but less than a click
     POINT menuPoint_{};
 };
 

@@ -55,4 +55,10 @@ std::string Win32SystemInfo::UserFolder() const {
     throw RuntimeError(ErrorNumber::PathNotFound);
 }
 
+std::string Win32SystemInfo::TemporaryFolder() const {
+    wchar_t path[MAX_PATH + 1]{};
+    if (GetTempPathW(MAX_PATH + 1, path) == 0) ThrowSystemError(GetLastError());
+    return WithoutTrailingBackslash(PathToCodePage(path));
+}
+
 }  // namespace kaz
