@@ -1,9 +1,10 @@
 // The work of a day without any window, as one process, to be timed beside other programs:
 //   bench_program_kaz agenda FILE YYYY-MM-DD [OUT]   what is due that day and what comes up
-//   bench_program_kaz save   FILE YYYY-MM-DD OUT     loads and writes the file
-//   bench_program_kaz update FILE YYYY-MM-DD OUT     day change: loads, moves past events on, lists, saves
-//   safely
-// Prints one line for each event due, and "In N day(s): " before those that come up.
+//   bench_program_kaz month  FILE YYYY-MM-DD [OUT]   the boxes of the month of that day, today being 2 March
+//   2026 bench_program_kaz save   FILE YYYY-MM-DD OUT     loads and writes the file bench_program_kaz update
+//   FILE YYYY-MM-DD OUT     day change: loads, moves past events on, lists, saves safely
+// Prints the milliseconds of filling the month to stderr, and one line for each event due, and "In N day(s):
+// " before those that come up.
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeDialogs.h"
@@ -20,7 +21,9 @@
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"
 #include "storage/clsDbXml.h"
+#include "ui/month/MonthGrid.h"
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -40,6 +43,10 @@ public:
         clock_.now = today;
         events_.LoadDB(file);
         if (operation == "save") return SaveTo(out_);
+        if (operation == "month") {
+            PrintMonth(today.Civil());
+            return true;
+        }
         if (operation == "agenda")
             MoveOn();
         else if (operation == "update")
@@ -71,6 +78,20 @@ private:
             if (event.DueDate() < today && event.Recurring()) event.CalcNextDueDate(today, log_);
             event.CalcDaysLeft(today);
         }
+    }
+
+    void PrintMonth(CivilDate wanted) const {
+        const auto begin = std::chrono::steady_clock::now();
+        MonthGrid grid(wanted.month, wanted.year, DateValue::FromCivil(2026, 3, 2), false);
+        for (const clsEvent& event : events_.AllEvents())
+            grid.Place(event);
+        const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
+        std::fprintf(stderr, "%.3f ms\n", took.count());
+        std::string text;
+        for (int day = 1; day <= grid.Length(); ++day)
+            for (std::size_t position = 0; position < grid.Count(day); ++position)
+                text.append(grid.LineInBox(day, position)).append("\r\n");
+        std::fwrite(text.data(), 1, text.size(), stdout);
     }
 
     void PrintAgenda() const {

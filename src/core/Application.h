@@ -39,6 +39,8 @@ public:
     std::string settingsFileName;
     std::string sharedFileName;  // a bare name; the shared folder is put before it where it is used
     bool settingsInitialised = false;
+    // Events have been read anew since the main list was filled.
+    bool mainListIsStale = false;
 
     clsSounds sounds;
     cSharedSound player;

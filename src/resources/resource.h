@@ -13,6 +13,8 @@
 #define IDD_LAYERS 107
 #define IDD_ERRORREPORT 108
 #define IDD_ABOUT 109
+#define IDD_MONTH 110
+#define IDD_DAYEVENTS 112
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -141,6 +143,26 @@
 #define IDC_lblDailyFrom 1482
 #define IDC_lblDailyStartDate 1483
 #define IDC_lblDaysHelp 1484
+
+// frmMonthView
+#define IDC_Calbox 1800
+#define IDC_lblDate 1801
+#define IDC_cmd_prevyear 1802
+#define IDC_cmd_prevmonth 1803
+#define IDC_cmd_nextmonth 1804
+#define IDC_cmd_nextyear 1805
+#define IDC_cmdNow 1806
+#define IDC_lblMonthLayers 1807
+#define IDC_cmbMonthLayers 1808
+#define IDC_cmdViewEvents 1809
+#define IDC_cmd_print 1810
+#define IDC_cmdPrintCal 1811
+#define IDC_cmd_exit 1812
+#define IDT_TimerToday 1813
+
+// frmDayEvents
+#define IDC_lstDayEvents 1850
+#define IDC_cmdCloseDay 1851
 
 // Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id;
 // that of a tab follows its strip's: + 1 for the first tab.

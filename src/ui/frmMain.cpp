@@ -247,7 +247,7 @@ void frmMain::TimerRefresh_Timer() {
 
 // Comes first: what another program has saved must be in memory before a new day makes this one save.
 void frmMain::ReloadChangedFiles() {
-    bool changed = false;
+    bool changed = std::exchange(app_.mainListIsStale, false);
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
         if (!database || !database->DatabaseChanged()) continue;
         database->LoadDBIfChanged(database->DBFilename());

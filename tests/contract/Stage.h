@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DayGrid.h"
 #include "platform/MessagePump.h"
 #include "platform/WindowFactory.h"
 
@@ -33,6 +34,10 @@ public:
     virtual void Command(Window& window, int command) = 0;
     virtual void ClickHeader(Window& window, int list, int column) = 0;
     virtual void SelectRows(Window& window, int list, const std::vector<int>& rows) = 0;
+    // In a grid of days that has the keyboard; the wheel turns away from the user by so many clicks.
+    virtual void Press(Window& window, int grid, DayKey key) = 0;
+    virtual void PressEnter(Window& window, int grid) = 0;
+    virtual void TurnWheel(Window& window, int grid, int clicks) = 0;
     virtual void CloseBox(Window& window) = 0;
     // Lets the time pass, and with it the timers tick.
     virtual void Wait(int milliseconds) = 0;

@@ -14,6 +14,8 @@
 #include "ui/EventList.h"
 #include "ui/EventListFill.h"
 #include "ui/FormFactory.h"
+#include "ui/month/ShowMonth.h"
+#include "ui/month/frmMonthView.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -250,6 +252,54 @@ void CompareReminders() {
     DestroyWindow(bare);
 }
 
+// The month window: its opening, a step to the next month, and a step after another program has saved the
+// file.
+void MeasureMonth() {
+    constexpr int kRounds = 15;
+    Program program;
+    Application& app = program.App();
+    const CivilDate today = app.platform.clock.Today().Civil();
+    const auto grid = [] {
+        return GetDlgItem(FindWindowW(nullptr, L"KAZ Monthly View (All Categories)"), IDC_Calbox);
+    };
+    const auto close = [&] {
+        if (const auto form = app.openWindows.Find(frmMonthView::kName)) app.openWindows.Unload(*form);
+    };
+    for (const int count : {1000, 10000}) {
+        program.Events(count);
+        app.events->SaveDB();
+        const double open = Least(kRounds, [&] {
+            close();
+            ShowMonth(app, today.month, today.year);
+            PaintNow(grid());
+        });
+        const auto form = app.openWindows.Find(frmMonthView::kName);
+        int steps = 0;
+        const auto step = [&] {
+            form->OnRaised(++steps % 2 ? IDC_cmd_nextmonth : IDC_cmd_prevmonth, Raised::Click, 0);
+            PaintNow(grid());
+        };
+        const double next = Least(kRounds, step);
+        const double paint = Least(kRounds, [&] {
+            InvalidateRect(grid(), nullptr, FALSE);
+            PaintNow(grid());
+        });
+        double reloaded = std::numeric_limits<double>::max();
+        double load = reloaded;
+        const std::string file = app.events->DBFilename();
+        for (int round = 0; round < kRounds; ++round) {
+            WriteWholeFile(app.platform.files, file, ReadWholeFile(app.platform.files, file));
+            reloaded = std::min(reloaded, Least(1, step));
+            load = std::min(load, Least(1, [&] { clsDbXml(app.Storage()).LoadDB(file); }));
+        }
+        close();
+        std::printf(
+            "month of %5d: open %.1f ms, next %.1f ms, next with reload %.1f ms (load %.1f), paint %.2f ms\n",
+            count, open, next, reloaded, load, paint);
+    }
+    app.platform.files.Delete(app.events->DBFilename());
+}
+
 void ShowMemory(int rows) {
     Program program;
     program.Events(rows);
@@ -271,6 +321,7 @@ int main(int count, char** arguments) {
     else {
         kaz::Compare();
         kaz::CompareReminders();
+        kaz::MeasureMonth();
     }
     return 0;
 }

@@ -45,6 +45,18 @@ public:
         Fake(window).Report(list).UserSelects(rows);
         Fake(window).Raise(list, Raised::Select);
     }
+    void Press(Window& window, int grid, DayKey key) override {
+        DayCursor& cursor = Fake(window).Grid(grid).Cursor();
+        const int before = cursor.Selected();
+        if (const int out = cursor.Press(key); out != 0)
+            Fake(window).Raise(grid, Raised::LeadsOut, out);
+        else if (cursor.Selected() != before)
+            Fake(window).Raise(grid, Raised::Select, cursor.Selected());
+    }
+    void PressEnter(Window& window, int grid) override {
+        Fake(window).Raise(grid, Raised::DoubleClick, window.Grid(grid).Selected());
+    }
+    void TurnWheel(Window& window, int, int clicks) override { Fake(window).Raise(0, Raised::Wheel, clicks); }
     void CloseBox(Window& window) override { Fake(window).CloseBox(); }
     void Wait(int milliseconds) override { windows_.Advance(milliseconds); }
 

@@ -11,6 +11,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <deque>
 #include <utility>
 
@@ -89,6 +90,17 @@ public:
             ListView_SetItemState(view, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
         pump_.ProcessPending();
     }
+    void Press(Window& window, int grid, DayKey key) override {
+        static constexpr WPARAM kKeys[] = {VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_HOME, VK_END};
+        PressKey(Control(window, grid), kKeys[static_cast<int>(key)]);
+    }
+    void PressEnter(Window& window, int grid) override { PressKey(Control(window, grid), VK_RETURN); }
+    void TurnWheel(Window& window, int grid, int clicks) override {
+        for (int half = 0; half < 2 * std::abs(clicks); ++half)
+            SendMessageW(Control(window, grid), WM_MOUSEWHEEL,
+                         MAKEWPARAM(0, clicks < 0 ? -WHEEL_DELTA / 2 : WHEEL_DELTA / 2), 0);
+        pump_.ProcessPending();
+    }
     void CloseBox(Window& window) override {
         SendMessageW(Handle(window), WM_SYSCOMMAND, SC_CLOSE, 0);
         pump_.ProcessPending();
@@ -128,6 +140,11 @@ private:
         auto window = factory_.Create(dialog);
         made_.emplace_back(dialog, Handle(*window));
         return window;
+    }
+    // By the queue, so that the dialog sees it as it sees a real key.
+    void PressKey(HWND control, WPARAM key) {
+        PostMessageW(control, WM_KEYDOWN, key, 1);
+        pump_.ProcessPending();
     }
     static HWND Handle(Window& window) { return dynamic_cast<DialogWindow&>(window).Handle(); }
     static HWND Control(Window& window, int control) { return GetDlgItem(Handle(window), control); }

@@ -1,0 +1,27 @@
+#include "ui/month/ShowMonth.h"
+
+#include "platform/WindowFactory.h"
+#include "ui/month/frmMonthView.h"
+
+namespace kaz {
+
+namespace {
+
+std::shared_ptr<frmMonthView> Open(Application& application) {
+    auto form = std::make_shared<frmMonthView>(application.platform.windows.Create(IDD_MONTH), application,
+                                               MonthPrinting{});
+    application.openWindows.Add(form);
+    form->OnRaised(0, Raised::Load, 0);
+    return form;
+}
+
+}  // namespace
+
+void ShowMonth(Application& application, int month, int year) {
+    auto form = std::dynamic_pointer_cast<frmMonthView>(application.openWindows.Find(frmMonthView::kName));
+    if (!form) form = Open(application);
+    form->LoadMonth(static_cast<std::int16_t>(month), static_cast<std::int16_t>(year));
+    form->ShowWindow();
+}
+
+}  // namespace kaz

@@ -1,0 +1,187 @@
+#include "ui/month/frmMonthView.h"
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "platform/BusyPointer.h"
+#include "platform/Clock.h"
+#include "platform/DateText.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/Locale.h"
+#include "platform/SystemInfo.h"
+#include "ui/Links.h"
+#include "ui/month/MonthFill.h"
+#include "ui/month/MonthList.h"
+#include "ui/month/frmDayEvents.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+constexpr int kTodayInterval = 30000;  // milliseconds
+constexpr int kFirstYear = 100;
+constexpr int kLastYear = 9999;
+
+MonthGrid ThisMonth(const Application& app) {
+    const DateValue today = app.platform.clock.Today();
+    const CivilDate civil = today.Civil();
+    return {civil.month, civil.year, today, false};
+}
+
+}  // namespace
+
+frmMonthView::frmMonthView(std::unique_ptr<kaz::Window> window, Application& application,
+                           MonthPrinting printing)
+    : Form(std::move(window), application.errors, kName),
+      app_(application),
+      printing_(std::move(printing)),
+      boxes_(application.platform.locale.Data(), ThisMonth(application)),
+      month_(static_cast<std::int16_t>(boxes_.Grid().Month())),
+      year_(static_cast<std::int16_t>(boxes_.Grid().Year())) {
+    On(0, Raised::Load, "Form_Load", &frmMonthView::Form_Load);
+    On(0, Raised::Activated, "Form_Activate", &frmMonthView::Form_Activate);
+    On(0, Raised::Wheel, "Form_MouseWheel", &frmMonthView::Form_MouseWheel);
+    On(0, Raised::CloseBox, "cmd_exit_Click", &frmMonthView::cmd_exit_Click);
+    On(IDC_cmd_prevyear, Raised::Click, "cmd_prevyear_Click", &frmMonthView::cmd_prevyear_Click);
+    On(IDC_cmd_prevmonth, Raised::Click, "cmd_prevmonth_Click", &frmMonthView::cmd_prevmonth_Click);
+    On(IDC_cmd_nextmonth, Raised::Click, "cmd_nextmonth_Click", &frmMonthView::cmd_nextmonth_Click);
+    On(IDC_cmd_nextyear, Raised::Click, "cmd_nextyear_Click", &frmMonthView::cmd_nextyear_Click);
+    On(IDC_cmdNow, Raised::Click, "cmdNow_Click", &frmMonthView::cmdNow_Click);
+    On(IDC_cmbMonthLayers, Raised::Select, "cmbLayers_Click", &frmMonthView::cmbLayers_Click);
+    On(IDC_cmdViewEvents, Raised::Click, "cmdViewEvents_Click", &frmMonthView::cmdViewEvents_Click);
+    On(IDC_cmd_print, Raised::Click, "cmd_print_Click", &frmMonthView::cmd_print_Click);
+    On(IDC_cmdPrintCal, Raised::Click, "cmdPrintCal_Click", &frmMonthView::cmdPrintCal_Click);
+    On(IDC_cmd_exit, Raised::Click, "cmd_exit_Click", &frmMonthView::cmd_exit_Click);
+    On(IDC_Calbox, Raised::DoubleClick, "Calbox_DblClick", &frmMonthView::Calbox_DblClick);
+    On(IDC_Calbox, Raised::LeadsOut, "Calbox_LeadsOut", &frmMonthView::Calbox_LeadsOut);
+    On(IDM_REFRESH, Raised::Click, "mnuRefresh_Click", &frmMonthView::mnuRefresh_Click);
+    On(IDT_TimerToday, Raised::Timer, "TimerToday_Timer", &frmMonthView::TimerToday_Timer);
+}
+
+void frmMonthView::Form_Load() {
+    app_.log.LogEvent("Opening monthly calendar");
+    FillCategories();
+    Calbox().SetDays(&boxes_);
+    SelectDay(boxes_.Grid().Today());
+    cmd_print.Enabled(printing_.list != nullptr);
+    cmdPrintCal.Enabled(printing_.calendar != nullptr);
+    window().SetFocus(IDC_Calbox);
+    TimerToday.Start(kTodayInterval);
+}
+
+void frmMonthView::FillCategories() {
+    loading_ = true;
+    std::vector<std::string> names;
+    for (std::int16_t slot = 0; slot < clsLayers::kCount; ++slot)
+        names.push_back(app_.layers.Layer(slot));
+    cmbLayers.Items(names);
+    cmbLayers.Select(clsLayers::kAll);
+    loading_ = false;
+}
+
+std::int16_t frmMonthView::Category() const {
+    const int selected = cmbLayers.Selected();
+    return selected < 0 ? clsLayers::kAll : static_cast<std::int16_t>(selected);
+}
+
+void frmMonthView::LoadMonth(std::int16_t month, std::int16_t year) {
+    if (month < 1 || month > 12 || year < kFirstYear || year > kLastYear || loading_) return;
+    ErrorTrap trap(errors(), "LoadMonth", Name());
+    loading_ = true;
+    month_ = month;
+    year_ = year;
+    window().SetControlsEnabled(false);
+    trap([&] {
+        const BusyPointer busy(app_.platform.pump);
+        ReloadForMonth(app_);
+    });
+    trap([&] { ShowMonth(); });
+    window().SetControlsEnabled(true);
+    loading_ = false;
+}
+
+// The selected day stays, as far as the month has it.
+void frmMonthView::ShowMonth() {
+    const int day = std::max(boxes_.Grid().DayIn(Calbox().Selected()), 1);
+    const bool dayBeforeMonth = ToNumber(app_.settings.sGet("DateStyle", std::int16_t{0})) == 1;
+    boxes_.Show(FillMonth(app_, month_, year_, Category()), dayBeforeMonth);
+    lblDate.Text(FormatDate(boxes_.Grid().First(), "MMMM YYYY", app_.platform.locale.Data()));
+    const std::string category(Trim(app_.layers.Layer(Category())));
+    window().SetText(0, "KAZ Monthly View (" + category + ")");
+    Calbox().Refresh();
+    SelectDay(day);
+}
+
+void frmMonthView::SelectDay(int day) {
+    if (day > 0) Calbox().Select(boxes_.Grid().BoxOf(std::min(day, boxes_.Grid().Length())));
+}
+
+void frmMonthView::StepMonths(int months) {
+    const int index = year_ * 12 + month_ - 1 + months;
+    LoadMonth(static_cast<std::int16_t>(index % 12 + 1), static_cast<std::int16_t>(index / 12));
+}
+
+void frmMonthView::cmdNow_Click() {
+    const CivilDate today = app_.platform.clock.Today().Civil();
+    LoadMonth(static_cast<std::int16_t>(today.month), static_cast<std::int16_t>(today.year));
+    SelectDay(today.day);
+}
+
+void frmMonthView::cmbLayers_Click() {
+    if (!loading_) LoadMonth(month_, year_);
+}
+
+void frmMonthView::Form_MouseWheel(int clicks) { StepMonths(-clicks); }
+
+// What was changed in another window shows when the user comes back to this one.
+void frmMonthView::Form_Activate() {
+    if (!loading_) ShowMonth();
+}
+
+void frmMonthView::TimerToday_Timer() {
+    const DateValue today = app_.platform.clock.Today();
+    const MonthGrid now(month_, year_, today, false);
+    if (now.Today() != boxes_.Grid().Today()) ShowMonth();
+}
+
+void frmMonthView::Calbox_LeadsOut(int days) {
+    const int day = boxes_.Grid().DayIn(Calbox().Selected());
+    if (day == 0) return;
+    // Beyond the calendar's ends the key has no effect.
+    const std::int32_t wanted = boxes_.Grid().DateOf(day).Day() + days;
+    if (wanted < kFirstDay || wanted > kLastDay) return;
+    const CivilDate target = DateValue(wanted).Civil();
+    LoadMonth(static_cast<std::int16_t>(target.month), static_cast<std::int16_t>(target.year));
+    SelectDay(target.day);
+}
+
+void frmMonthView::Calbox_DblClick(int box) {
+    if (boxes_.Grid().DayIn(box) == 0) return;
+    const auto day = std::make_shared<frmDayEvents>(app_.platform.windows.Create(IDD_DAYEVENTS), errors(),
+                                                    boxes_.Heading(box), boxes_.Lines(box));
+    app_.openWindows.Add(day);
+    day->Ask();
+    app_.openWindows.Unload(*day);
+}
+
+void frmMonthView::cmdViewEvents_Click() {
+    const std::string file = JoinPath(app_.platform.system.TemporaryFolder(), "KazTempFile.txt");
+    try {
+        WriteWholeFile(app_.platform.files, file,
+                       MonthList(boxes_.Grid(), app_.platform.locale.Data()).Text());
+    } catch (const RuntimeError& error) {
+        app_.platform.dialogs.Message("The list could not be written to " + file + ": " +
+                                      error.Description());
+        return;
+    }
+    OpenForUser(app_.platform, file);
+}
+
+void frmMonthView::Form_Unload() {
+    TimerToday.Stop();
+    window().Hide();
+}
+
+}  // namespace kaz
