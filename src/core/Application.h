@@ -55,6 +55,8 @@ public:
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;
+    // How the user writes dates: the setting "DateStyle".
+    std::string DatePattern() const;
     // The current user: the setting "Owner", by default "Not Set".
     std::string Owner() const;
     bool Networked() const { return settings.Flag("Networked"); }

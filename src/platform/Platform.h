@@ -7,6 +7,7 @@ class Dialogs;
 class FileSystem;
 class Locale;
 class MessagePump;
+class Printer;
 class Random;
 class Shell;
 class Sound;
@@ -22,6 +23,7 @@ struct Platform {
     FileSystem& files;
     Locale& locale;
     MessagePump& pump;
+    Printer& printer;
     Random& random;
     Shell& shell;
     Sound& sound;

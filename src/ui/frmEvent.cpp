@@ -20,10 +20,6 @@ constexpr int kSaved = 1;
 constexpr int kAborted = 2;
 constexpr std::int16_t kFirstOwnLayer = 1;  // where a list puts an event without a category
 
-std::string DatePattern(const cSHAREDSettings& settings) {
-    return ToNumber(settings.sGet("DateStyle", std::int16_t{0})) == 1 ? "DD/MM/YYYY" : "MM/DD/YYYY";
-}
-
 }  // namespace
 
 frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application, clsEvent event,
@@ -32,7 +28,7 @@ frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application
       app_(application),
       event_(std::move(event)),
       mode_(mode),
-      datePattern_(DatePattern(application.settings)),
+      datePattern_(application.DatePattern()),
       alarm_(this->window(), application.platform.locale.Data()),
       actions_(this->window(), application.platform.files, application.platform.dialogs),
       share_(this->window(), application.platform.locale.Folding()),

@@ -3,6 +3,7 @@
 #include "fakes/FakeClock.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeLocale.h"
+#include "fakes/FakePrinter.h"
 #include "fakes/FakePump.h"
 #include "fakes/FakeRandom.h"
 #include "fakes/FakeShell.h"
@@ -40,7 +41,7 @@ public:
     FakePlatform& operator=(const FakePlatform&) = delete;
 
     Platform Services() {
-        return {clock, dialogs, files, locale, pump, random, shell, sound, system, *factory_, zip};
+        return {clock, dialogs, files, locale, pump, printer, random, shell, sound, system, *factory_, zip};
     }
     // Windows from elsewhere than `windows`, for Services() from now on.
     void UseWindows(WindowFactory& factory) { factory_ = &factory; }
@@ -49,6 +50,7 @@ public:
     FakeDialogs dialogs;
     MemoryFileSystem files;
     FakeLocale locale;
+    FakePrinter printer;
     FakePump pump;
     FakeRandom random;
     FakeShell shell;

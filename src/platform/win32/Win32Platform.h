@@ -6,6 +6,7 @@
 #include "platform/win32/Win32FileSystem.h"
 #include "platform/win32/Win32Locale.h"
 #include "platform/win32/Win32MessagePump.h"
+#include "platform/win32/Win32Printer.h"
 #include "platform/win32/Win32Random.h"
 #include "platform/win32/Win32Shell.h"
 #include "platform/win32/Win32Sound.h"
@@ -21,10 +22,11 @@ public:
     // `module` holds the resources (the component's own file).
     explicit Win32Platform(HINSTANCE module)
         : dialogs_(module),
+          printer_(module),
           system_(module),
           windows_(module),
-          services_{clock_, dialogs_, files_,  locale_,  pump_, random_,
-                    shell_, sound_,   system_, windows_, zip_} {}
+          services_{clock_,  dialogs_, files_, locale_, pump_,    printer_,
+                    random_, shell_,   sound_, system_, windows_, zip_} {}
     Win32Platform(const Win32Platform&) = delete;
     Win32Platform& operator=(const Win32Platform&) = delete;
 
@@ -36,6 +38,7 @@ private:
     Win32FileSystem files_;
     Win32Locale locale_;
     Win32MessagePump pump_;
+    Win32Printer printer_;
     Win32Random random_;
     Win32Shell shell_;
     Win32Sound sound_;
