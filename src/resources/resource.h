@@ -14,6 +14,7 @@
 #define IDD_ERRORREPORT 108
 #define IDD_ABOUT 109
 #define IDD_MONTH 110
+#define IDD_TASKS 111
 #define IDD_DAYEVENTS 112
 
 // frmReminder
@@ -164,9 +165,6 @@
 #define IDC_lstDayEvents 1850
 #define IDC_cmdCloseDay 1851
 
-// Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id;
-// that of a tab follows its strip's: + 1 for the first tab.
-
 // frmOptions
 #define IDC_txtDatapath 1500
 #define IDC_cmdDatapath 1501
@@ -213,7 +211,17 @@
 #define IDC_cmdAboutHomePage 1752
 #define IDC_cmdCloseAbout 1753
 
-// Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id.
+// frmTasks
+#define IDC_lblTasks 1900
+#define IDC_lst_tasks 1901
+#define IDC_cmd_add 1902
+#define IDC_cmd_change 1903
+#define IDC_cmd_delete 1904
+#define IDC_cmd_printTasks 1905
+#define IDC_Cmd_exit 1906
+
+// Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id;
+// that of a tab follows its strip's: + 1 for the first tab.
 #define IDS_TITLE 401
 #define IDS_TOOLTIP 10000
 

@@ -5,6 +5,7 @@
 #include "ui/EventEditorDialog.h"
 #include "ui/ModalForms.h"
 #include "ui/frmMain.h"
+#include "ui/frmTasks.h"
 #include "ui/month/ShowMonth.h"
 
 namespace kaz {
@@ -16,7 +17,7 @@ MainDialogs DialogsOf(Application& application) {
             [&application] { ShowOptions(application); },
             [&application] { ShowCategories(application); },
             [&application] { ShowAbout(application); },
-            [] {},
+            [&application] { ShowTasks(application); },
             [&application](int month, int year) { ShowMonth(application, month, year); }};
 }
 

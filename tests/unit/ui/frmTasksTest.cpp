@@ -1,0 +1,165 @@
+#include "ui/frmTasks.h"
+
+#include "core/Application.h"
+#include "fakes/FakePlatform.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kaz {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr char kFile[] = "C:\\KAZ\\tasklist.xml";
+constexpr char kPlainFile[] = "C:\\KAZ\\tasklist.dat";
+
+std::string FileOf(const std::vector<std::string>& tasks) {
+    std::string text = "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\r\n<KAZ2>\r\n\t<TASK>\r\n";
+    for (const std::string& task : tasks)
+        text.append("\t\t<DETAILS>").append(task).append("</DETAILS>\r\n");
+    return text + "\t</TASK>\r\n</KAZ2>\r\n";
+}
+
+class Tasks : public testing::Test {
+protected:
+    FakeWindow& Open() {
+        ShowTasks(app);
+        return *machine.windows.Newest(IDD_TASKS);
+    }
+    static std::vector<std::string> Shown(const FakeWindow& window) { return window.Items(IDC_lst_tasks); }
+    std::string OnDisk() { return machine.files.Text(kFile); }
+    std::string LastMessage() {
+        return machine.dialogs.messages.empty() ? "" : machine.dialogs.messages.back();
+    }
+
+    FakePlatform machine;
+    Application app{machine.Services()};
+};
+
+TEST_F(Tasks, EachChangeIsSavedAtOnce) {
+    FakeWindow& window = Open();
+    for (const int button : {IDC_cmd_change, IDC_cmd_delete}) {
+        window.Click(button);
+        EXPECT_EQ("Please select a task first", LastMessage());
+        machine.dialogs.messages.clear();
+    }
+    machine.dialogs.inputs = {"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread", "", std::nullopt};
+    for (int i = 0; i < 5; ++i)
+        window.Click(IDC_cmd_add);
+    EXPECT_EQ("Enter a task|Enter a todo item:|", machine.dialogs.questions.front());
+    EXPECT_EQ(FileOf({"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread"}), OnDisk());
+    EXPECT_EQ(2, window.Selected(IDC_lst_tasks));
+
+    window.Choose(IDC_lst_tasks, 1);
+    machine.dialogs.inputs = {"two\r\nlines", "a</details>b", "Tea"};
+    window.Raise(IDC_lst_tasks, Raised::DoubleClick);
+    EXPECT_THAT(machine.dialogs.messages,
+                ElementsAre("A task must be a single line.", HasSubstr("\"</DETAILS>\"")));
+    EXPECT_EQ("Change Task|Enter a todo item:|a</details>b", machine.dialogs.questions.back());
+    window.Choose(IDC_lst_tasks, 0);
+    window.Click(IDC_cmd_delete);
+    EXPECT_EQ(FileOf({"Tea", "Bread"}), OnDisk());
+    EXPECT_EQ(0, window.Selected(IDC_lst_tasks));
+    window.Click(IDC_cmd_delete);
+    window.Click(IDC_cmd_delete);
+    EXPECT_EQ(FileOf({}), OnDisk());
+
+    ShowTasks(app);
+    EXPECT_EQ(1U, machine.windows.All(IDD_TASKS).size());
+    window.Click(IDC_Cmd_exit);
+    app.openWindows.UnloadAll();
+    EXPECT_EQ(nullptr, machine.windows.Newest(IDD_TASKS));
+}
+
+TEST_F(Tasks, TheOldPlainFileIsReadUntilThereIsAnother) {
+    machine.files.Put(kPlainFile, "Milk\r\n\r\nBread\nTea");
+    FakeWindow& window = Open();
+    EXPECT_THAT(Shown(window), ElementsAre("Milk", "", "Bread", "Tea"));
+    EXPECT_EQ(0, window.Selected(IDC_lst_tasks));
+    EXPECT_EQ(PathKind::Missing, machine.files.Kind(kFile));
+    window.Click(IDC_cmd_delete);
+    EXPECT_EQ(FileOf({"", "Bread", "Tea"}), OnDisk());
+    machine.files.Put(kFile, "<task><details>a<DETAILS>b</Details>junk<DETAILS>cut\r\n\t");
+    ShowTasks(app);
+    EXPECT_THAT(Shown(window), ElementsAre("ab", "cut"));
+    // What was not understood of somebody's own editing is kept beside.
+    window.Click(IDC_cmd_delete);
+    EXPECT_THAT(machine.files.Text("C:\\KAZ\\tasklist.bak"), HasSubstr("junk"));
+}
+
+TEST_F(Tasks, WhatOthersWriteMeanwhileIsNeitherOverwrittenNorMistaken) {
+    machine.files.Put(kFile, FileOf({"Milk", "Bread"}));
+    FakeWindow& window = Open();
+    machine.files.Put(kFile, FileOf({"Ann's", "Milk", "Bread"}));
+    machine.dialogs.inputs = {"Mine"};
+    window.Click(IDC_cmd_add);
+    EXPECT_EQ(FileOf({"Ann's", "Milk", "Bread", "Mine"}), OnDisk());
+    window.Choose(IDC_lst_tasks, 1);
+    machine.files.Put(kFile, FileOf({"Bread", "Milk"}));
+    window.Click(IDC_cmd_delete);  // the task that was chosen, wherever it is now
+    EXPECT_EQ(FileOf({"Bread"}), OnDisk());
+    for (const int button : {IDC_cmd_delete, IDC_cmd_change}) {
+        machine.dialogs.messages.clear();
+        window.Choose(IDC_lst_tasks, 0);
+        machine.files.Put(kFile, FileOf({"Changed " + std::to_string(button)}));
+        machine.dialogs.inputs = {"Typed"};
+        window.Click(button);
+        EXPECT_THAT(LastMessage(), HasSubstr("Somebody else"));
+    }
+    EXPECT_EQ(FileOf({"Changed " + std::to_string(IDC_cmd_change), "Typed"}), OnDisk());
+}
+
+// Whichever operation fails, for once or from then on: nothing that was there or typed is lost.
+TEST_F(Tasks, AFailureLosesNothing) {
+    for (const auto lasts : {FaultInjector::Lasts::Once, FaultInjector::Lasts::FromThenOn})
+        for (int fault = 1, struck = true; struck; ++fault) {
+            machine.files.Put(kFile, FileOf({"Milk"}));
+            machine.files.faults.FailAt(fault, ErrorNumber::DiskFull, lasts);
+            FakeWindow& window = Open();
+            machine.dialogs.inputs = {"Bread", "Tea"};
+            window.Click(IDC_cmd_add);
+            EXPECT_THAT(Shown(window), testing::Contains("Bread")) << fault;
+            struck = machine.files.faults.Struck();
+            if (machine.dialogs.messages.empty()) {
+                EXPECT_EQ(FileOf({"Milk", "Bread"}), OnDisk()) << fault;
+            }
+            if (lasts == FaultInjector::Lasts::FromThenOn && struck) {
+                EXPECT_EQ(FileOf({"Milk"}), OnDisk());
+                window.Click(IDC_Cmd_exit);  // asks, and the user stays
+                EXPECT_THAT(machine.dialogs.questions.back(), HasSubstr("without your last changes"));
+            }
+            machine.files.faults.FailAt(0);
+            window.Click(IDC_cmd_add);
+            EXPECT_EQ(FileOf({"Milk", "Bread", "Tea"}), OnDisk()) << fault;
+            window.Click(IDC_Cmd_exit);
+            app.openWindows.UnloadAll();
+            machine.dialogs.messages.clear();
+        }
+}
+
+TEST_F(Tasks, PrintingTellsWhatGoesWrong) {
+    machine.files.Put(kFile, FileOf({"Milk", "Bread"}));
+    FakeWindow& window = Open();
+    machine.printer.cancelled = true;
+    window.Click(IDC_cmd_printTasks);
+    EXPECT_THAT(machine.dialogs.messages, testing::IsEmpty());
+    machine.printer.cancelled = false;
+    for (bool* trouble : {&machine.printer.missing, &machine.printer.broken}) {
+        *trouble = true;
+        window.Click(IDC_cmd_printTasks);
+        EXPECT_THAT(LastMessage(), HasSubstr("Nothing was printed. The"));
+        *trouble = false;
+    }
+    window.Click(IDC_cmd_printTasks);
+    EXPECT_EQ("Tasks", machine.printer.asked.back());
+    ASSERT_EQ(1U, machine.printer.printed.size());
+    std::string texts;
+    for (const PaperText& text : machine.printer.printed[0].texts)
+        texts.append(text.text).append("|");
+    EXPECT_EQ("Tallyvane task list|Printed 03/15/2023|Milk|Bread|Page 1 of 1|", texts);
+}
+
+}  // namespace
+}  // namespace kaz
