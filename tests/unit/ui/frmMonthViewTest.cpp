@@ -71,23 +71,27 @@ TEST_F(MonthView, ShowsTheMonthOfEachStepAndNothingElseChanges) {
 }
 
 TEST_F(MonthView, FollowsTheFilesTheFilterAndTheDay) {
-    clsEvent work = OneOff("000001", "Report", kToday);
+    const auto of = [](const char* owner, clsEvent event) {
+        event.Owner(owner);
+        return event;
+    };
+    clsEvent work = of("Smith", OneOff("000001", "Report", kToday));
     work.Layer(4);
-    Save({work, OneOff("000002", "Dentist", kToday)});
+    Save({work, of("Smith", OneOff("000002", "Dentist", kToday))});
     app.settings.StoreSetting("Networked", true);
-    ShareAsAnn({OneOff("000003", "Party", kToday)});
+    ShareAsAnn({of("Ann", OneOff("000003", "Party", kToday))});
     app.layers.Layer(4, " Work ");
     Open(2, 2023);
     EXPECT_EQ(17, Boxes().Selected());  // the day of the month stays
     window->Click(IDC_cmdNow);
-    EXPECT_THAT(Boxes().Lines(17), ElementsAre("Report [Single]", "Dentist [Single]", "Party [Single]"));
+    EXPECT_THAT(Boxes().Lines(17), ElementsAre("Report [Smith]", "Dentist [Smith]", "Party [Ann]"));
     EXPECT_THAT(Boxes().Days().WholeDay(17),
-                HasSubstr("Wednesday, March 15, 2023 (today)\r\nReport [Single]"));
+                HasSubstr("Wednesday, March 15, 2023 (today)\r\nReport [Smith]"));
 
     // Another program saves a further event.
     clsDbXml other(app.Storage());
     other.LoadDB("C:\\KAZ\\Events.xml");
-    other.StoreRecord(OneOff("", "Train", kToday), true);
+    other.StoreRecord(of("Smith", OneOff("", "Train", kToday)), true);
     ASSERT_TRUE(other.SaveDB());
     app.mainListIsStale = false;
     window->Click(IDM_REFRESH);
@@ -96,14 +100,14 @@ TEST_F(MonthView, FollowsTheFilesTheFilterAndTheDay) {
 
     window->Choose(IDC_cmbMonthLayers, 4);
     EXPECT_EQ("KAZ Monthly View (Work)", window->Text(0));
-    EXPECT_THAT(Boxes().Lines(17), ElementsAre("Report [Single]"));
+    EXPECT_THAT(Boxes().Lines(17), ElementsAre("Report [Smith]"));
     machine.clock.Set(2023, 3, 16, 0, 0);
     machine.windows.Advance(30000);
     EXPECT_TRUE(Boxes().Days().Box(18).today);
 
     machine.windows.OnModal([](FakeWindow& day) {
         EXPECT_EQ("Wednesday, March 15, 2023", day.Text(0));
-        EXPECT_THAT(day.Items(IDC_lstDayEvents), ElementsAre("Report [Single]"));
+        EXPECT_THAT(day.Items(IDC_lstDayEvents), ElementsAre("Report [Smith]"));
         day.Click(IDC_cmdCloseDay);
     });
     window->Raise(IDC_Calbox, Raised::DoubleClick, 17);
