@@ -2,14 +2,18 @@
 
 #include "platform/WindowFactory.h"
 #include "ui/month/frmMonthView.h"
+#include "ui/print/CalendarPages.h"
+#include "ui/print/MonthListPages.h"
 
 namespace kaz {
 
 namespace {
 
 std::shared_ptr<frmMonthView> Open(Application& application) {
+    const MonthPrinting printing{[&application](const MonthGrid& grid) { PrintMonthList(application, grid); },
+                                 [&application](const MonthGrid& grid) { PrintCalendar(application, grid); }};
     auto form = std::make_shared<frmMonthView>(application.platform.windows.Create(IDD_MONTH), application,
-                                               MonthPrinting{});
+                                               printing);
     application.openWindows.Add(form);
     form->OnRaised(0, Raised::Load, 0);
     return form;

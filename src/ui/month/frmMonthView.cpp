@@ -65,8 +65,6 @@ void frmMonthView::Form_Load() {
     FillCategories();
     Calbox().SetDays(&boxes_);
     SelectDay(boxes_.Grid().Today());
-    cmd_print.Enabled(printing_.list != nullptr);
-    cmdPrintCal.Enabled(printing_.calendar != nullptr);
     window().SetFocus(IDC_Calbox);
     TimerToday.Start(kTodayInterval);
 }

@@ -12,7 +12,7 @@
 
 namespace kaz {
 
-// Brings a month onto paper; without a function its button is disabled.
+// Brings a month onto paper.
 struct MonthPrinting {
     std::function<void(const MonthGrid&)> list;
     std::function<void(const MonthGrid&)> calendar;
@@ -67,8 +67,6 @@ private:
     bool loading_ = false;
     Label lblDate{window(), IDC_lblDate};
     ListControl cmbLayers{window(), IDC_cmbMonthLayers};
-    Button cmd_print{window(), IDC_cmd_print};
-    Button cmdPrintCal{window(), IDC_cmdPrintCal};
     TimerControl TimerToday{window(), IDT_TimerToday};
 };
 

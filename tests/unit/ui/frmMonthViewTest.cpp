@@ -58,7 +58,10 @@ TEST_F(MonthView, ShowsTheMonthOfEachStepAndNothingElseChanges) {
     EXPECT_EQ("March 2023", Shown());
     EXPECT_EQ(1 + 24 + 1 + 22 + 2, window->timesDisabled);
     EXPECT_TRUE(window->Enabled(IDC_cmd_exit));
-    EXPECT_FALSE(window->Enabled(IDC_cmd_print));  // nobody prints yet
+    window->Click(IDC_cmd_print);
+    window->Click(IDC_cmdPrintCal);
+    EXPECT_THAT(machine.printer.asked,
+                ElementsAre(testing::HasSubstr("MonthView"), testing::HasSubstr("Calendar")));
 
     ASSERT_TRUE(app.events->SaveDB());
     EXPECT_EQ(before, machine.files.Text("C:\\KAZ\\Events.xml"));
