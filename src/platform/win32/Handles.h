@@ -39,11 +39,6 @@ struct FileTraits {
     static Type None() { return INVALID_HANDLE_VALUE; }
     static void Close(Type handle) { CloseHandle(handle); }
 };
-struct BrushTraits {
-    using Type = HBRUSH;
-    static Type None() { return nullptr; }
-    static void Close(Type handle) { DeleteObject(handle); }
-};
 struct FindTraits {
     using Type = HANDLE;
     static Type None() { return INVALID_HANDLE_VALUE; }
@@ -81,7 +76,6 @@ struct ActivationTraits {
 };
 
 using FileHandle = UniqueHandle<FileTraits>;
-using Brush = UniqueHandle<BrushTraits>;
 using FindHandle = UniqueHandle<FindTraits>;
 using Font = UniqueHandle<FontTraits>;
 using Brush = UniqueHandle<BrushTraits>;

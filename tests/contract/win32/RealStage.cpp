@@ -96,9 +96,9 @@ public:
     }
     void PressEnter(Window& window, int grid) override { PressKey(Control(window, grid), VK_RETURN); }
     void TurnWheel(Window& window, int grid, int clicks) override {
+        const auto halfClick = static_cast<WORD>(clicks < 0 ? -WHEEL_DELTA / 2 : WHEEL_DELTA / 2);
         for (int half = 0; half < 2 * std::abs(clicks); ++half)
-            SendMessageW(Control(window, grid), WM_MOUSEWHEEL,
-                         MAKEWPARAM(0, clicks < 0 ? -WHEEL_DELTA / 2 : WHEEL_DELTA / 2), 0);
+            SendMessageW(Control(window, grid), WM_MOUSEWHEEL, MAKEWPARAM(0, halfClick), 0);
         pump_.ProcessPending();
     }
     void CloseBox(Window& window) override {
