@@ -21,9 +21,9 @@ public:
                                             "\r\nNETWORKED,-1\r\nNOAUTOBACKUPS,-1\r\nDATAPATH," + folder_ +
                                             "\r\nSHAREDDATAPATH," + kShare + "\r\nLAYER3,Family\r\n");
         Platform services = machine_.Services();
-        component_.emplace(Platform{services.clock, services.dialogs, disk, services.locale, services.pump, services.printer,
-                                    services.random, services.shell, services.sound, services.system,
-                                    services.windows, services.zip},
+        component_.emplace(Platform{services.clock, services.dialogs, disk, services.locale, services.pump,
+                                    services.printer, services.random, services.shell, services.sound,
+                                    services.system, services.windows, services.zip},
                            MakeMainWindow, host_);
     }
     void Start() {

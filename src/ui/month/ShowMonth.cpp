@@ -12,8 +12,8 @@ namespace {
 std::shared_ptr<frmMonthView> Open(Application& application) {
     const MonthPrinting printing{[&application](const MonthGrid& grid) { PrintMonthList(application, grid); },
                                  [&application](const MonthGrid& grid) { PrintCalendar(application, grid); }};
-    auto form = std::make_shared<frmMonthView>(application.platform.windows.Create(IDD_MONTH), application,
-                                               printing);
+    auto form =
+        std::make_shared<frmMonthView>(application.platform.windows.Create(IDD_MONTH), application, printing);
     application.openWindows.Add(form);
     form->OnRaised(0, Raised::Load, 0);
     return form;
