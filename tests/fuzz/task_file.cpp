@@ -2,22 +2,11 @@
 // saving, and what has been saved once stays the same.
 
 #include "fakes/MemoryFileSystem.h"
+#include "fuzz/Require.h"
 #include "ui/TaskFile.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-
-namespace {
-
-void Require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace kaz;
