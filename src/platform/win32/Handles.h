@@ -54,6 +54,11 @@ struct BrushTraits {
     static Type None() { return nullptr; }
     static void Close(Type handle) { DeleteObject(handle); }
 };
+struct BitmapTraits {
+    using Type = HBITMAP;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { DeleteObject(handle); }
+};
 struct IconTraits {
     using Type = HICON;
     static Type None() { return nullptr; }
@@ -79,6 +84,7 @@ using FileHandle = UniqueHandle<FileTraits>;
 using FindHandle = UniqueHandle<FindTraits>;
 using Font = UniqueHandle<FontTraits>;
 using Brush = UniqueHandle<BrushTraits>;
+using Bitmap = UniqueHandle<BitmapTraits>;
 using Icon = UniqueHandle<IconTraits>;
 using ImageList = UniqueHandle<ImageListTraits>;
 using Menu = UniqueHandle<MenuTraits>;

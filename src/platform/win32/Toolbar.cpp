@@ -1,5 +1,6 @@
 #include "platform/win32/Toolbar.h"
 
+#include "platform/win32/PictureStrip.h"
 #include "platform/win32/ScreenPlacement.h"
 #include "platform/win32/Text.h"
 
@@ -22,29 +23,37 @@ void Toolbar::SetButtons(const std::vector<ToolButton>& buttons) {
     // The texts are there for screen readers; none of them fits into zero rows.
     SendMessageW(toolbar_, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS | TBSTYLE_EX_DOUBLEBUFFER);
     LoadPictures();
-    for (std::size_t at = 0; at < buttons_.size(); ++at) {
-        const ToolButton& button = buttons_[at];
+    // All at once: the control lays out all its buttons for each addition.
+    std::vector<TBBUTTON> items;
+    std::vector<std::wstring> texts;
+    texts.reserve(buttons_.size());
+    for (const ToolButton& button : buttons_) {
         TBBUTTON item{};
         item.fsStyle = BTNS_SEP;
-        if (button.startsGroup) SendMessageW(toolbar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&item));
-        const std::wstring text = ToWide(button.tooltip);
-        item.iBitmap = static_cast<int>(at);
+        if (button.startsGroup) items.push_back(item);
+        item.iBitmap = static_cast<int>(texts.size());
         item.idCommand = button.command;
         item.fsState = TBSTATE_ENABLED;
         item.fsStyle = BTNS_BUTTON;
-        item.iString = reinterpret_cast<INT_PTR>(text.c_str());
-        SendMessageW(toolbar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&item));
+        item.iString = reinterpret_cast<INT_PTR>(texts.emplace_back(ToWide(button.tooltip)).c_str());
+        items.push_back(item);
     }
+    SendMessageW(toolbar_, TB_ADDBUTTONSW, items.size(), reinterpret_cast<LPARAM>(items.data()));
 }
 
+// One strip that is added as a whole: adding icon by icon was the slowest part of opening the main window.
 void Toolbar::LoadPictures() {
     const int size = ToPixels(toolbar_, kPictureSize);
-    ImageList pictures(ImageList_Create(size, size, ILC_COLOR32, static_cast<int>(buttons_.size()), 0));
-    for (const ToolButton& button : buttons_) {
-        const Icon icon(static_cast<HICON>(
-            LoadImageW(module_, ToWide(button.key).c_str(), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
-        ImageList_ReplaceIcon(pictures.Get(), -1, icon.Get());
+    const int count = static_cast<int>(buttons_.size());
+    PictureStrip strip(size, count);
+    for (int at = 0; at < count; ++at) {
+        const std::wstring name = ToWide(buttons_[static_cast<std::size_t>(at)].key);
+        const Icon icon(
+            static_cast<HICON>(LoadImageW(module_, name.c_str(), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+        strip.Put(at, icon.Get());
     }
+    ImageList pictures(ImageList_Create(size, size, ILC_COLOR32, count, 0));
+    ImageList_Add(pictures.Get(), strip.Get(), nullptr);
     SendMessageW(toolbar_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures.Get()));
     const int padding = ToPixels(toolbar_, kPadding);
     SendMessageW(toolbar_, TB_SETPADDING, 0, MAKELPARAM(padding, padding));
@@ -60,14 +69,6 @@ std::optional<LRESULT> Toolbar::OnNotify(const NMHDR& header) {
     });
     if (button != buttons_.end()) lstrcpynW(asked.pszText, ToWide(button->tooltip).c_str(), asked.cchTextMax);
     return 0;
-}
-
-POINT Toolbar::MenuPoint() const {
-    TBBUTTON hot{};
-    const auto at = SendMessageW(toolbar_, TB_GETHOTITEM, 0, 0);
-    SendMessageW(toolbar_, TB_GETBUTTON, static_cast<WPARAM>(std::max<LRESULT>(at, 0)),
-                 reinterpret_cast<LPARAM>(&hot));
-    return MenuPointOf(hot.idCommand);
 }
 
 POINT Toolbar::MenuPointOf(int command) const {
