@@ -1,10 +1,9 @@
 // The work of a day without any window, as one process, to be timed beside other programs:
-//   bench_program_kaz agenda FILE YYYY-MM-DD [OUT]   what is due that day and what comes up
-//   bench_program_kaz month  FILE YYYY-MM-DD [OUT]   the boxes of the month of that day, today being 2 March
-//   2026 bench_program_kaz save   FILE YYYY-MM-DD OUT     loads and writes the file bench_program_kaz update
-//   FILE YYYY-MM-DD OUT     day change: loads, moves past events on, lists, saves safely
-// Prints the milliseconds of filling the month to stderr, and one line for each event due, and "In N day(s):
-// " before those that come up.
+//   agenda FILE YYYY-MM-DD       what is due that day and what comes up, a line each
+//   month  FILE YYYY-MM-DD       the boxes of that day's month, and on stderr the milliseconds of filling
+//   them save   FILE YYYY-MM-DD OUT   loads and writes the file update FILE YYYY-MM-DD OUT   day change:
+//   loads, moves past events on, lists, saves safely
+// The month is seen from 2 March 2026.
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeDialogs.h"

@@ -75,7 +75,10 @@ double TimeOf(std::wstring command, const wchar_t* title, bool& ended) {
     HWND window = nullptr;
     while (!IsPainted(title, window) && Now() - begin < 20000)
         Sleep(1);
-    if (window) PostMessageW(window, WM_CLOSE, 0, 0);
+    // The main window only hides when it is closed; the host's own window, which nobody sees, ends the
+    // program.
+    EnumThreadWindows(
+        process.dwThreadId, [](HWND each, LPARAM) { return PostMessageW(each, WM_CLOSE, 0, 0); }, 0);
     ended = WaitForSingleObject(process.hProcess, 20000) == WAIT_OBJECT_0;
     const double time = Now() - begin;
     if (!ended) TerminateProcess(process.hProcess, 1);
