@@ -30,9 +30,9 @@ Application::~Application() { errors.ShowThrough({}); }
 
 std::string Application::DataPath() const { return settings.TextOr("DataPath", runtimePath); }
 
-std::string Application::DatePattern() const {
-    return ToNumber(settings.sGet("DateStyle", std::int16_t{0})) == 1 ? "DD/MM/YYYY" : "MM/DD/YYYY";
-}
+bool Application::EuropeanDates() const { return ToNumber(settings.sGet("DateStyle", std::int16_t{0})) == 1; }
+
+std::string Application::DatePattern() const { return EuropeanDates() ? "DD/MM/YYYY" : "MM/DD/YYYY"; }
 
 std::string Application::Owner() const { return settings.TextOr("Owner", std::string(kNoOwner)); }
 

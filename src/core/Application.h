@@ -55,7 +55,9 @@ public:
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;
-    // How the user writes dates: the setting "DateStyle".
+    // Whether the user writes the day before the month: the setting "DateStyle".
+    bool EuropeanDates() const;
+    // How the user writes dates, as a pattern of FormatDate.
     std::string DatePattern() const;
     // The current user: the setting "Owner", by default "Not Set".
     std::string Owner() const;

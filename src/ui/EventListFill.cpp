@@ -13,8 +13,7 @@ bool Passes(const clsEvent& event, std::int16_t category) {
 }
 
 EventViewpoint ViewpointOf(const Application& app) {
-    return {app.platform.clock.Today(), app.Owner(), app.Networked(),
-            ToNumber(app.settings.sGet("DateStyle", std::int16_t{0})) == 1};
+    return {app.platform.clock.Today(), app.Owner(), app.Networked(), app.EuropeanDates()};
 }
 
 }  // namespace

@@ -13,8 +13,6 @@ public:
     // The answer that the control gets, or nothing for the usual one.
     virtual std::optional<LRESULT> OnNotify(const NMHDR& header) = 0;
     virtual void OnDpiChanged() = 0;
-    // Where a menu belongs that was asked for by the keyboard, in screen coordinates.
-    virtual POINT MenuPoint() const = 0;
 };
 
 }  // namespace kaz

@@ -1,16 +1,11 @@
 #include "platform/win32/DayGridPainter.h"
 
+#include "platform/win32/HighContrast.h"
 #include "platform/win32/Text.h"
 
 namespace kaz {
 
 namespace {
-
-bool IsHighContrast() {
-    HIGHCONTRASTW contrast{sizeof contrast, 0, nullptr};
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON);
-}
 
 bool IsWeekend(int box) {
     const int column = box % DayBoxes::kColumns;

@@ -1,20 +1,10 @@
+#include "platform/win32/HighContrast.h"
 #include "platform/win32/ReportListView.h"
 #include "platform/win32/Text.h"
 
 #include <algorithm>
 
 namespace kaz {
-
-namespace {
-
-bool IsHighContrast() {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON);
-}
-
-}  // namespace
 
 std::optional<LRESULT> ReportListView::OnNotify(const NMHDR& header) {
     // The list view's notifications are larger structures that begin with the header.

@@ -32,7 +32,8 @@ public:
     void FitColumns();
     std::optional<LRESULT> OnNotify(const NMHDR& header) override;
     void OnDpiChanged() override;
-    POINT MenuPoint() const override;
+    // Where a menu belongs that was asked for by the keyboard, in screen coordinates.
+    POINT MenuPoint() const;
 
 private:
     bool IsRow(int row) const { return rows_ && row >= 0 && row < shown_; }

@@ -19,7 +19,6 @@ public:
     std::optional<LRESULT> OnNotify(const NMHDR& header) override;
     void OnDpiChanged() override { LoadPictures(); }
     // Beneath the button that has the keyboard.
-    POINT MenuPoint() const override;
     // Beneath the button of a command.
     POINT MenuPointOf(int command) const;
 

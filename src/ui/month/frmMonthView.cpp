@@ -103,8 +103,7 @@ void frmMonthView::LoadMonth(std::int16_t month, std::int16_t year) {
 // The selected day stays, as far as the month has it.
 void frmMonthView::ShowMonth() {
     const int day = std::max(boxes_.Grid().DayIn(Calbox().Selected()), 1);
-    const bool dayBeforeMonth = ToNumber(app_.settings.sGet("DateStyle", std::int16_t{0})) == 1;
-    boxes_.Show(FillMonth(app_, month_, year_, Category()), dayBeforeMonth);
+    boxes_.Show(FillMonth(app_, month_, year_, Category()), app_.EuropeanDates());
     lblDate.Text(FormatDate(boxes_.Grid().First(), "MMMM YYYY", app_.platform.locale.Data()));
     const std::string category(Trim(app_.layers.Layer(Category())));
     window().SetText(0, "KAZ Monthly View (" + category + ")");

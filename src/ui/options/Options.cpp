@@ -14,7 +14,7 @@ Options Options::Of(const Application& application) {
     options.networked = application.Networked();
     options.sharedPath = settings.TextOr("SharedDataPath", "");
     options.owner = application.Owner();
-    options.europeanDates = ToNumber(settings.sGet("DateStyle", std::int16_t{0})) == 1;
+    options.europeanDates = application.EuropeanDates();
     options.silentStart = settings.Flag("SilentStart");
     options.disableAutoUpdate = settings.Flag("DisableAutoUpdateCheck");
     options.noAutoBackups = settings.Flag("NoAutoBackups");
