@@ -85,13 +85,13 @@ LSTATUS DeleteEntries(HKEY root) {
 
 }  // namespace
 
-HRESULT RegisterComponent() {
+HRESULT RegisterComponent(Users users) {
     ComPointer<ITypeLib> library;
     HRESULT result = LoadOwnTypeLibrary(library);
     if (FAILED(result)) return SELFREG_E_TYPELIB;
     std::wstring path = ModulePath();
 
-    const LSTATUS status = WriteEntries(HKEY_LOCAL_MACHINE);
+    const LSTATUS status = users == Users::This ? ERROR_ACCESS_DENIED : WriteEntries(HKEY_LOCAL_MACHINE);
     if (status == ERROR_SUCCESS) {
         result = RegisterTypeLib(library.Get(), path.data(), nullptr);
         return FAILED(result) ? SELFREG_E_TYPELIB : S_OK;
@@ -102,14 +102,17 @@ HRESULT RegisterComponent() {
     return FAILED(result) ? SELFREG_E_TYPELIB : S_OK;
 }
 
-HRESULT UnregisterComponent() {
+HRESULT UnregisterComponent(Users users) {
     // What is not there, or there for the other kind of users only, is told as a failure by these two; the
     // keys below are what makes the component known.
-    UnRegisterTypeLib(LIBID_Kazlib, kMajorVersion, kMinorVersion, LOCALE_NEUTRAL, kSystem);
     UnRegisterTypeLibForUser(LIBID_Kazlib, kMajorVersion, kMinorVersion, LOCALE_NEUTRAL, kSystem);
-    const LSTATUS user = DeleteEntries(HKEY_CURRENT_USER);
-    const LSTATUS machine = DeleteEntries(HKEY_LOCAL_MACHINE);
-    return user == ERROR_SUCCESS && machine == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
+    LSTATUS status = DeleteEntries(HKEY_CURRENT_USER);
+    if (users == Users::AllOrThis) {
+        UnRegisterTypeLib(LIBID_Kazlib, kMajorVersion, kMinorVersion, LOCALE_NEUTRAL, kSystem);
+        const LSTATUS machine = DeleteEntries(HKEY_LOCAL_MACHINE);
+        if (status == ERROR_SUCCESS) status = machine;
+    }
+    return status == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
 }
 
 }  // namespace kaz

@@ -4,10 +4,12 @@
 
 namespace kaz {
 
-// Tells the system about the component and its type library: for all users, or, without the rights for that,
-// for this user alone.
-HRESULT RegisterComponent();
+enum class Users { AllOrThis, This };
+
+// Tells the system about the component and its type library: for all users, or, when the rights for that are
+// missing or not wanted, for this user alone.
+HRESULT RegisterComponent(Users users);
 // Forgets both. What was never registered is no failure.
-HRESULT UnregisterComponent();
+HRESULT UnregisterComponent(Users users);
 
 }  // namespace kaz

@@ -4,6 +4,7 @@
 #include "com/Registration.h"
 
 #include <new>
+#include <string_view>
 
 // Exported by Kazlib.def.
 
@@ -17,10 +18,23 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
 
 STDAPI DllCanUnloadNow() { return kaz::ModuleUse::None() ? S_OK : S_FALSE; }
 
-STDAPI DllRegisterServer() try { return kaz::RegisterComponent(); } catch (const std::bad_alloc&) {
+STDAPI DllRegisterServer() try {
+    return kaz::RegisterComponent(kaz::Users::AllOrThis);
+} catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
 }
 
-STDAPI DllUnregisterServer() try { return kaz::UnregisterComponent(); } catch (const std::bad_alloc&) {
+STDAPI DllUnregisterServer() try {
+    return kaz::UnregisterComponent(kaz::Users::AllOrThis);
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+}
+
+// regsvr32 /n /i:user: for this user alone, even when an administrator asks. An installation below the user's
+// own folders must not be what the other users of the machine get.
+STDAPI DllInstall(BOOL install, PCWSTR whose) try {
+    if (!whose || std::wstring_view(whose) != L"user") return E_INVALIDARG;
+    return install ? kaz::RegisterComponent(kaz::Users::This) : kaz::UnregisterComponent(kaz::Users::This);
+} catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
 }

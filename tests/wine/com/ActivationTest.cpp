@@ -82,6 +82,16 @@ TEST(Activation, RegistersItselfAndLeavesNothingBehind) {
     EXPECT_EQ(RegisteredText(registry.Classes(), library.c_str()), L"");
     EXPECT_EQ(RegisteredText(registry.Classes(), L"Kazlib.clsComponent\\CLSID"), L"");
     EXPECT_EQ(unregister(), S_OK) << "what is not there is no failure";
+
+    // For one user, although the rights for all are there.
+    const std::wstring own = L"Software\\Classes\\" + server;
+    const auto install = Entry<HRESULT WINAPI(BOOL, PCWSTR)>("DllInstall");
+    EXPECT_EQ(install(TRUE, L"machine"), E_INVALIDARG);
+    EXPECT_EQ(install(TRUE, L"user"), S_OK);
+    EXPECT_EQ(RegisteredText(registry.Classes(), server.c_str()), L"");
+    EXPECT_EQ(RegisteredText(HKEY_CURRENT_USER, own.c_str()), path);
+    EXPECT_EQ(install(FALSE, L"user"), S_OK);
+    EXPECT_EQ(RegisteredText(HKEY_CURRENT_USER, own.c_str()), L"");
 }
 
 TEST(Activation, ModuleStaysLoadedWhileAnythingOfItLives) {
