@@ -34,7 +34,9 @@ HRESULT ComHost::QueryInterface(REFIID iid, void** object) {
 HRESULT ComHost::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*, UINT*) {
     static const wchar_t* const names[] = {L"?",         L"TestEvent",   L"TodaysEvents", L"UpcomingEvents",
                                            L"MailEvent", L"ShutDownKAZ", L"Closed",       L"AllEvents"};
-    std::wstring text = names[id >= 1 && id <= 7 ? id : 0];
+    const wchar_t* const name = names[id >= 1 && id <= 7 ? id : 0];
+    if (relay) relay(name, *arguments);
+    std::wstring text = name;
     text += L"(";
     for (UINT index = arguments->cArgs; index-- > 0;) {
         const VARIANT& argument = arguments->rgvarg[index];

@@ -16,6 +16,7 @@ public:
     std::vector<std::wstring> heard;
     ComPointer<IDispatch> lastList;
     std::function<void(DISPID)> reaction;  // runs after the note was taken
+    std::function<void(const wchar_t* name, DISPPARAMS& arguments)> relay;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     // Lives on the stack of the test; the count is there to find references that were never given back.
