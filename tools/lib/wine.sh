@@ -17,7 +17,9 @@ wine_begin() {
     wine_run=$wine_folder/$1.$$
     rm -rf "$wine_run"
     mkdir -p "$wine_run"
-    wine_owner >"$wine_run/owner"
+    # In one step: another run that looks for leftovers must not find it half written.
+    wine_owner >"$wine_run/owner.new"
+    mv "$wine_run/owner.new" "$wine_run/owner"
     # A socket's path may have 107 characters only, so sockets are not kept under the build folder.
     wine_sockets=$(mktemp -d "${TMPDIR:-/tmp}/kaz.XXXXXX")
     printf '%s\n' "$wine_sockets" >"$wine_run/sockets"
