@@ -48,9 +48,18 @@ click() {
     timeout 10 xdotool mousemove 1 1
     sleep 0.3
 }
+# type_keys KEY...: names of keys as xdotool knows them, 9*Down for nine times Down, or "tray", a right click on the icon.
 type_keys() {
     local key times
     for key in "$@"; do
+        if [[ $key == tray ]]; then
+            # The program's is the only one, at the right end of the task bar.
+            timeout 10 xdotool mousemove --sync $((${wine_screen%x*} - 10)) $((${wine_screen#*x} - 10)) click 3
+            # Away again, or the icon's tooltip lies over the menu.
+            timeout 10 xdotool mousemove 1 1
+            sleep 1
+            continue
+        fi
         times=1
         if [[ $key == *'*'* ]]; then times=${key%%'*'*} key=${key#*'*'}; fi
         timeout 20 xdotool key --delay 40 --repeat "$times" "$key"

@@ -26,7 +26,10 @@ void Win32Shell::Open(const std::string& target) {
     info.nShow = SW_SHOWNORMAL;
     if (ShellExecuteExW(&info)) return;
 
-    const ErrorNumber number = FromSystemError(GetLastError());
+    const DWORD reason = GetLastError();
+    if (reason == ERROR_NO_ASSOCIATION)
+        throw RuntimeError(ErrorNumber::InvalidCall, "No program is set up to open this kind of file");
+    const ErrorNumber number = FromSystemError(reason);
     const bool known = number == ErrorNumber::FileNotFound || number == ErrorNumber::PathNotFound ||
                        number == ErrorNumber::PermissionDenied;
     throw RuntimeError(known ? number : ErrorNumber::InvalidCall);

@@ -162,5 +162,17 @@ TEST_F(MainWindowPicture, TheListFillsTheWindowAtEverySizeAndTheFilterKeepsItsPl
     Picture::OfWhole(window).Save("main-window-small.bmp");
 }
 
+TEST_F(MainWindowPicture, AnErrorReportLeavesTheKeyboardWhereItIs) {
+    Open();
+    const HWND focus = GetFocus();
+    app.errors.ShowErr("Error 61 - Disk full in SaveDB of clsDbXml", "C:\\KAZ\\Events.xml");
+    pump.ProcessPending();
+    const HWND report = FindWindowW(nullptr, L"KAZ - Error Report");
+    ASSERT_NE(nullptr, report);
+    EXPECT_TRUE(IsWindowVisible(report));
+    EXPECT_EQ(focus, GetFocus());
+    Picture::OfWhole(report).Save("error-report.bmp");
+}
+
 }  // namespace
 }  // namespace kaz
