@@ -1,4 +1,4 @@
-# powershell -File today.ps1 FOLDER: the list of today's events of the data folder.
+# powershell -ExecutionPolicy Bypass -File today.ps1 FOLDER: the list of today's events of the data folder.
 param([Parameter(Mandatory)][string] $Folder)
 $kaz = New-Object -ComObject Kazlib.clsComponent
 $onEvents = [Action[object]] { param($events) foreach ($line in $events) { Write-Host $line } }

@@ -54,7 +54,7 @@
 #define IDM_SELECTALL 2015
 #define IDM_SHAREWITH 2016
 #define IDM_SHOW 2017
-#define IDM_QUIT 2018
+#define IDM_QUIT 2018  // never another number: the installer of a later version sends it to a running program
 #define IDM_SETTINGS 2019
 #define IDM_BACKUP 2020
 #define IDM_VIEWBACKUPS 2021
