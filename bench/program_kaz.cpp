@@ -1,8 +1,8 @@
 // The work of a day without any window, as one process, to be timed beside other programs:
 //   agenda FILE YYYY-MM-DD       what is due that day and what comes up, a line each
-//   month  FILE YYYY-MM-DD       the boxes of that day's month, and on stderr the milliseconds of filling
-//   them save   FILE YYYY-MM-DD OUT   loads and writes the file update FILE YYYY-MM-DD OUT   day change:
-//   loads, moves past events on, lists, saves safely
+//   month  FILE YYYY-MM-DD       the boxes of that day's month; stderr gets the milliseconds of filling them
+//   save   FILE YYYY-MM-DD OUT   loads and writes the file
+//   update FILE YYYY-MM-DD OUT   day change: loads, moves past events on, lists, saves safely
 // The month is seen from 2 March 2026.
 
 #include "fakes/FakeClock.h"
@@ -84,12 +84,12 @@ private:
         MonthGrid grid(wanted.month, wanted.year, DateValue::FromCivil(2026, 3, 2), false);
         for (const clsEvent& event : events_.AllEvents())
             grid.Place(event);
-        const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
-        std::fprintf(stderr, "%.3f ms\n", took.count());
         std::string text;
         for (int day = 1; day <= grid.Length(); ++day)
             for (std::size_t position = 0; position < grid.Count(day); ++position)
                 text.append(grid.LineInBox(day, position)).append("\r\n");
+        const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
+        std::fprintf(stderr, "%.3f ms\n", took.count());
         std::fwrite(text.data(), 1, text.size(), stdout);
     }
 

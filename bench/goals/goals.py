@@ -1,0 +1,95 @@
+"""The goals: what is compared, what must hold and what would be fine. `C` are of the core, `U` of the windows."""
+import dataclasses
+import typing
+
+
+@dataclasses.dataclass(frozen=True)
+class Goal:
+    """`figure` takes the measured times by name; at least `must` where `more` is better, at most otherwise."""
+    name: str
+    what: str
+    must: float | None
+    aim: float | None
+    figure: typing.Callable
+    unit: str = "x"
+    more: bool = False
+
+    def verdict(self, value):
+        def holds(limit):
+            return limit is None or (value >= limit if self.more else value <= limit)
+        return "MISSED" if not holds(self.must) else "met" if holds(self.aim) else "aim missed"
+
+
+def to(peer, operation, size="10k", kind="time"):
+    return lambda m: m[kind, size, operation, "kaz"] / m[kind, size, operation, peer]
+
+
+def before(peer, operation, size="10k", kind="time"):
+    return lambda m: m[kind, size, operation, peer] / m[kind, size, operation, "kaz"]
+
+
+def growth(operation, small, large):
+    return lambda m: m["time", large, operation, "kaz"] / m["time", small, operation, "kaz"]
+
+
+def faster(name, peer, operation, must, aim=None, **more):
+    return Goal(name, f"{operation}: times as fast as {peer}", must, aim, before(peer, operation, **more), more=True)
+
+
+CORE = [
+    Goal("C1", "agenda of 10,000 events: load, move on, list; to the floor", 2, 1.5, to("floor", "agenda")),
+    Goal("C1", "agenda: to remind", 2.5, None, to("remind", "agenda")),
+    faster("C2", "calcurse", "agenda", 4, 8),
+    faster("C2", "libical", "agenda", 7, 14),
+    faster("C2", "KCalendarCore", "agenda", 10, 20),
+    Goal("C3", "load of 10,000 in process: to finding each field in order (B2)", 1.2, None, lambda m:
+         m["file", "storage", "LoadAsWritten/10000"] / m["file", "limits", "ReadAndFind/InOrder"]),
+    Goal("C3", "load: to finding each field at its place (B1)", None, 2, lambda m:
+         m["file", "storage", "LoadAsWritten/10000"] / m["file", "limits", "ReadAndFind/AtExpectedPlace"]),
+    Goal("C4", "load of 10,000 off the written layout: to finding each field word for word (B3)", 1.3, 0.6, lambda m:
+         m["file", "storage", "LoadOtherLayout/10000"] / m["file", "limits", "ReadAndFind/WordForWord"]),
+    Goal("C5", "month view of 10,000: to the floor", 2, 1.3, to("floor", "month")),
+    faster("C5", "gcal", "month", 1),
+    faster("C5", "remind", "month", 8),
+    Goal("C6", "filling the month from memory: to the floor", 3, 1.5, to("floor", "month", kind="work")),
+    faster("C6", "KCalendarCore", "month", 15, kind="work"),
+    Goal("C7", "filling a month 10 years ahead: to KCalendarCore", 1, None, to("KCalendarCore", "month+10y", kind="work")),
+    Goal("C7", "the same: to this month", None, 3, lambda m:
+         m["work", "10k", "month+10y", "kaz"] / m["work", "10k", "month", "kaz"]),
+    Goal("C7", "filling a month 20 years ahead: to KCalendarCore", 1, None, to("KCalendarCore", "month+20y", kind="work")),
+    Goal("C7", "the same: to this month", None, 3, lambda m:
+         m["work", "10k", "month+20y", "kaz"] / m["work", "10k", "month", "kaz"]),
+    Goal("C8", "load and save of 10,000: to the floor", 2, 1.3, to("floor", "save")),
+    Goal("C8", "save: to calcurse", 2, None, to("calcurse", "save")),
+    faster("C8", "libical", "save", 2.5),
+    faster("C8", "KCalendarCore", "save", 9),
+    Goal("C9", "safe save of 10,000 in process: to making, writing, flushing, renaming", 1.5, 1.1, lambda m:
+         m["file", "storage", "Save/10000"] / (m["file", "limits", "MakeText"] + m["file", "limits", "WriteFlushRename"])),
+    Goal("C9", "the same: to writing, flushing, replacing the ready bytes", 1.5, None, lambda m:
+         m["file", "storage", "Save/10000"] / m["file", "storage", "WriteFlushReplace/10000"]),
+    Goal("C10", "day change of 10,000: load, move on, list, save both files; to the floor", 2, 1.4, to("floor", "update")),
+    Goal("C11", "day change after years of absence, with its log: to a usual one", 1.5, 1.2, growth("update", "10k", "stale")),
+    Goal("C12", "most memory, agenda of 10,000: to the floor", 2.5, 1.5, to("floor", "agenda", kind="memory")),
+    Goal("C12", "most memory, agenda of 100,000: to the floor", 2.5, 1.5, to("floor", "agenda", "100k", "memory")),
+    Goal("C12", "most memory, agenda of 10,000: to libical", 0.333, None, to("libical", "agenda", kind="memory")),
+    Goal("C12", "most memory, agenda of 100,000: to libical", 0.333, None, to("libical", "agenda", "100k", "memory")),
+    Goal("C12", "most memory, day change of 10,000: to the floor", None, 1.5, to("floor", "update", kind="memory")),
+    Goal("C13", "agenda of an empty file: to remind", 3, 2, to("remind", "agenda", "empty")),
+    *(Goal("C14", f"growth of {operation} from {small} to {large} events", 12, 10.5, growth(operation, small, large))
+      for operation in ("agenda", "month", "save", "update") for small, large in (("1k", "10k"), ("10k", "100k"))),
+    Goal("C15", "agenda of 100,000: to the floor", 2.5, 1.5, to("floor", "agenda", "100k")),
+    Goal("C15", "load and save of 100,000: to the floor", 2.5, 1.5, to("floor", "save", "100k")),
+    faster("C15", "libical", "agenda", 5, size="100k"),
+    faster("C15", "libical", "save", 5, size="100k"),
+    Goal("C16", "one call of the slowest rule, five years behind", 5, 1.5, lambda m:
+         1000 * max(m["own", "storage", f"Rule/{rule}"] for rule in range(6)), "µs"),
+    Goal("C17", "adding events one by one, then one save: growth from 1k to 10k", 12, 10.5, lambda m:
+         m["own", "storage", "AddOneByOneAndSave/10000"] / m["own", "storage", "AddOneByOneAndSave/1000"]),
+    Goal("C17", "the same, 10,000 events", None, 50, lambda m: m["own", "storage", "AddOneByOneAndSave/10000"], "ms"),
+    Goal("S1", "change check of 50 shared files, beyond asking for the files' times", 60, None, lambda m:
+         1000 * (m["own", "storage", "ChangeCheck"] - m["own", "storage", "FileTimes"]), "µs"),
+    Goal("S2", "load of 50 users' files of 200 events: to one file of 10,000", 1.2, None, lambda m:
+         m["own", "storage", "LoadUsers/10000"] / m["own", "storage", "LoadAsWritten/10000"]),
+    Goal("S3", "backup of three files, 15 MB: to zip", 1.3, None, lambda m:
+         m["time", "10k", "backup", "kaz"] / m["time", "10k", "backup", "zip"]),
+]
