@@ -8,6 +8,7 @@ import benchmarks
 import data
 import goals
 import programs
+import windows
 
 
 class Wanted:
@@ -35,16 +36,14 @@ def limit(goal, value):
 
 
 def measure(wanted, quick):
+    def of(*kinds):
+        return [name for name in wanted if name[0] in kinds]
+
     def rounds(size):
         return (2 if quick else 5) if size == "100k" else (7 if quick else 25)
-    figures = {}
-    by_source = {source: [name for name in wanted if name[0] in source]
-                 for source in (("time", "memory", "work"), ("file", "own"))}
-    processes, inside = by_source.values()
-    figures.update(programs.measure(processes, rounds))
-    if inside:
-        figures.update(benchmarks.measure(inside, 5 if quick else 15))
-    return figures
+    return {**programs.measure(of("time", "memory", "work"), rounds),
+            **benchmarks.measure(of("file", "own"), 5 if quick else 15),
+            **windows.measure(of("ui", "start", "floor", "first start"), 5 if quick else 15)}
 
 
 def main():
@@ -52,7 +51,7 @@ def main():
     parser.add_argument("--quick", action="store_true", help="fewer rounds")
     parser.add_argument("goals", nargs="*", help="such as C1 or U7; all when none is named")
     options = parser.parse_args()
-    chosen = [goal for goal in goals.CORE if not options.goals or goal.name in options.goals]
+    chosen = [goal for goal in goals.ALL if not options.goals or goal.name in options.goals]
     if not chosen:
         parser.error("no such goal")
     began = datetime.datetime.now()
@@ -73,6 +72,8 @@ def main():
     lines = table(["Goal", "What", "Must", "Aim", "Measured", "Verdict"], rows)
     lines += ["", f"{began:%Y-%m-%d %H:%M}, {seconds} s, {'quick, ' if options.quick else ''}load before {load:.1f}. "
               "The figures behind it, in ms and, for memory, MB:", ""]
+    if windows.size():
+        lines[-2:-2] = ["", f"Sizes: {windows.size()}."]
     lines += table(["Figure", "Least"], [[" ".join(name), number(value)] for name, value in sorted(figures.items())])
     text = "\n".join(lines) + "\n"
     (data.ROOT / "build/bench/goals.md").write_text(text)

@@ -48,8 +48,8 @@ def event_set(size):
 
 
 def start_folder(size):
-    """A data folder of the program itself, due today: its clock cannot be set. No event rings, so that no alarm comes into
-    the middle of a start."""
+    """A data folder that the program is started on, made for today, since its clock cannot be set. No event rings, so that no
+    alarm comes into the middle of a start."""
     folder = DATA / f"start-{size}"
     folder.mkdir(parents=True, exist_ok=True)
     today = date.today()

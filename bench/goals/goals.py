@@ -93,3 +93,45 @@ CORE = [
     Goal("S3", "backup of three files, 15 MB: to zip", 1.3, None, lambda m:
          m["time", "10k", "backup", "kaz"] / m["time", "10k", "backup", "zip"]),
 ]
+
+
+def bare(name):
+    return lambda m: m["ui", name] / m["ui", name + " bare"]
+
+
+def start(longer, shorter):
+    return lambda m: m["start", longer, "ms"] - m["start", shorter, "ms"]
+
+
+WINDOWS = [
+    Goal("U1", "fill of the list with 10,000 rows, painted: to a bare virtual list", 4, 2, bare("fill 10000")),
+    Goal("U1", "the same: to a bare list that keeps its rows", 1, None, lambda m:
+         m["ui", "fill 10000"] / m["ui", "fill 10000 stock"]),
+    Goal("U2", "sort of 10,000 rows by a click on a header: to the bare list", 2, 1.2, bare("sort 10000")),
+    Goal("U3", "20 pages of 10,000 rows: to the bare list", 1.5, 1.1, bare("scroll")),
+    Goal("U4", "growth of the fill from 10,000 to 100,000 rows", 10, 4, lambda m:
+         m["ui", "fill 100000"] / m["ui", "fill 10000"]),
+    Goal("U5", "month of 10,000 events after another's save: to opening 42 bare edit boxes", 1, None, lambda m:
+         m["ui", "month reload 10000"] / m["ui", "month open 10000 bare"]),
+    Goal("U5", "the same: to loading and painting 20 times", None, 1, lambda m:
+         m["ui", "month reload 10000"] / (m["ui", "month load 10000"] + 20 * m["ui", "month paint 10000 bare"])),
+    Goal("U6", "opening the month window, 1,000 events: to opening 42 bare edit boxes", 2, 1, bare("month open 1000")),
+    Goal("U7", "next month of 10,000 events: to filling 42 bare edit boxes", 0.5, None, bare("month next 10000")),
+    Goal("U7", "the same: to one bare window that paints the boxes", None, 30, lambda m:
+         m["ui", "month next 10000"] / m["ui", "month paint 10000 bare"]),
+    Goal("U8", "coming-up window with 1,231 lines: to a bare list box", 3, 1.5, bare("coming up")),
+    Goal("U9", "tick with nothing to do, 10,000 events", 2, 0.5, lambda m: m["ui", "tick"], "ms"),
+    Goal("U10", "start on an empty folder, painted and ended: to a bare window", 1.6, 1.2, lambda m:
+         m["start", "start-empty", "ms"] / m["start", "bare", "ms"]),
+    Goal("U11", "start with 10,000 events beyond that: to three floor updates and a bare list that keeps its rows", 1, None,
+         lambda m: start("start-10k", "start-empty")(m) / (3 * m["floor", "update"] + m["ui", "fill 10000 stock"])),
+    Goal("U11", "the same", None, 100, start("start-10k", "start-empty"), "ms"),
+    Goal("U12", "first start, with no Wine running: to a bare window", 1.3, 1.1, lambda m:
+         m["first start", "start-empty"] / m["first start", "bare"]),
+    Goal("U13", "start after years of absence beyond one with 10,000 events", 200, 50, start("start-stale", "start-10k"), "ms"),
+    Goal("U14", "search of 10,000 rows without a hit", 10, 3, lambda m: m["ui", "find"], "ms"),
+    Goal("U15", "most memory with 10,000 rows shown beyond a bare window's", 40, 20, lambda m:
+         m["start", "start-10k", "MB"] - m["start", "bare", "MB"], "MB"),
+]
+
+ALL = CORE + WINDOWS

@@ -1,27 +1,19 @@
-// bench_start KAZ2.exe FOLDER [ROUNDS]
+// bench_start ROUNDS KAZ2.exe FOLDER CASE...
 //
-// From the start of a process until its window is painted and the process has ended: KAZ2 on an empty folder,
-// on 10,000 events and on 10,000 events that nobody looked at for five years, and a bare window with an empty
-// list. Prints the least time of the rounds of each and their ratio to the bare window. FOLDER is made and
-// written into.
-//
-// bench_start once bare | bench_start once KAZ2.exe FOLDER
-//
-// One start and end of the bare window, or of KAZ2 on an empty folder, for a clock outside.
-#include "model/clsEvent.h"
-#include "storage/EventXml.h"
-
+// From the start of a process until its list is painted and the process has ended. A case is a data folder
+// that KAZ2 starts on, copied to FOLDER first, or "bare": a window with an empty list. The cases are run in
+// turn; prints the least time of each, and the most memory that it has used until it was painted.
 #include <windows.h>
 #include <commctrl.h>
+#include <psapi.h>
 #include <shellapi.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -62,7 +54,14 @@ bool IsPainted(const wchar_t* title, HWND& window) {
     return list && !GetUpdateRect(list, nullptr, FALSE);
 }
 
-double TimeOf(std::wstring command, const wchar_t* title, bool& ended) {
+struct Case {
+    std::wstring folder;  // empty for the bare window
+    double time = std::numeric_limits<double>::max();
+    double megabytes = 0;
+};
+
+// False when the process could not be started or did not end by itself.
+bool Start(std::wstring command, const wchar_t* title, Case& result) {
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
@@ -70,67 +69,36 @@ double TimeOf(std::wstring command, const wchar_t* title, bool& ended) {
     if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
                         &process)) {
         std::fprintf(stderr, "cannot start it: error %lu\n", GetLastError());
-        std::exit(1);
+        return false;
     }
     HWND window = nullptr;
     while (!IsPainted(title, window) && Now() - begin < 20000)
         Sleep(1);
+    PROCESS_MEMORY_COUNTERS memory{};
+    GetProcessMemoryInfo(process.hProcess, &memory, sizeof memory);
     // The main window only hides when it is closed; the host's own window, which nobody sees, ends the
     // program.
     EnumThreadWindows(
         process.dwThreadId, [](HWND each, LPARAM) { return PostMessageW(each, WM_CLOSE, 0, 0); }, 0);
-    ended = WaitForSingleObject(process.hProcess, 20000) == WAIT_OBJECT_0;
-    const double time = Now() - begin;
+    const bool ended = WaitForSingleObject(process.hProcess, 20000) == WAIT_OBJECT_0;
+    result.time = std::min(result.time, Now() - begin);
+    result.megabytes = std::max(result.megabytes, static_cast<double>(memory.PeakWorkingSetSize) / 1048576.0);
     if (!ended) TerminateProcess(process.hProcess, 1);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
-    return time;
+    return ended && window;
 }
 
-// `behind`: how many days ago the events fell due last.
-void WriteFolder(const fs::path& folder, int events, int behind) {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
-    const auto day = static_cast<std::int32_t>(today.time_since_epoch().count()) + 25569;
-    std::ofstream(folder / "Kaz.ini", std::ios::binary)
-        << "OWNER,Ann\r\nDATAPATH," << folder.string() << "\r\nNOSOUNDS,-1\r\nNOAUTOBACKUPS,-1\r\n";
-    std::string text(kaz::EventXml::kProlog);
-    for (int i = 0; i < events; ++i) {
-        kaz::clsEvent event;
-        event.IDCode = std::to_string(100000 + i).substr(0, 6);
-        event.Desc("Event " + std::to_string(i) + ": pay the caf\xE9 rent, see the e-mail of 3.2.");
-        event.Owner("Ann");
-        event.Layer(static_cast<std::int16_t>(1 + i % 19));
-        event.Recurring(true);
-        event.RecurrenceType(kaz::RecurEveryNDays);
-        event.Period(static_cast<std::int16_t>(2 + i % 90));
-        event.StartDate(kaz::DateValue(day + 1 + i % 60 - behind));
-        event.DueDate(event.StartDate());
-        kaz::EventXml::AppendBlock(text, event);
-    }
-    std::ofstream(folder / "Events.xml", std::ios::binary) << text;
-}
-
-double TimeOfBareWindow(bool& ended) {
+bool StartBareWindow(Case& result) {
     wchar_t self[MAX_PATH]{};
     GetModuleFileNameW(nullptr, self, MAX_PATH);
-    return TimeOf(L"\"" + std::wstring(self) + L"\" bare", kBareTitle, ended);
+    return Start(L"\"" + std::wstring(self) + L"\" bare", kBareTitle, result);
 }
 
-double TimeOfProgram(const std::wstring& program, const fs::path& folder, bool& ended) {
-    return TimeOf(L"\"" + program + L"\" \"" + folder.wstring() + L"\"", L"KAZ", ended);
-}
-
-bool StartOnce(int count, wchar_t** arguments) {
-    bool ended = false;
-    if (count == 3) {
-        TimeOfBareWindow(ended);
-    } else {
-        WriteFolder(arguments[3], 0, 0);
-        TimeOfProgram(arguments[2], arguments[3], ended);
-    }
-    return ended;
+bool StartProgram(const std::wstring& program, const fs::path& folder, Case& result) {
+    fs::remove_all(folder);
+    fs::copy(result.folder, folder);
+    return Start(L"\"" + program + L"\" \"" + folder.wstring() + L"\"", L"KAZ", result);
 }
 
 }  // namespace
@@ -139,35 +107,22 @@ int main() {
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count == 2 && std::wstring(arguments[1]) == L"bare") return ShowBareWindow();
-    if (count < 3) return 2;
-    if (std::wstring(arguments[1]) == L"once") return StartOnce(count, arguments) ? 0 : 1;
-    const std::wstring program = arguments[1];
-    const fs::path folder = arguments[2];
-    const int rounds = count > 3 ? _wtoi(arguments[3]) : 9;
-    struct Case {
-        const char* name;
-        int events, behind;
-    };
-    constexpr Case kCases[] = {
-        {"empty folder", 0, 0}, {"10000 events", 10000, 0}, {"10000 events, 5 years behind", 10000, 1826}};
-    double bare = std::numeric_limits<double>::max();
-    double ours[3] = {bare, bare, bare};
-    bool ended = true;
-    bool allEnded = true;
+    if (count < 5) return 2;
+    std::vector<Case> cases;
+    for (int i = 4; i < count; ++i)
+        cases.push_back({std::wstring(arguments[i]) == L"bare" ? L"" : arguments[i]});
     // In turn, so that a slow moment of the machine meets all of them.
-    for (int round = 0; round < rounds; ++round) {
-        bare = std::min(bare, TimeOfBareWindow(ended));
-        allEnded = allEnded && ended;
-        for (int i = 0; i < 3; ++i) {
-            WriteFolder(folder, kCases[i].events, kCases[i].behind);
-            ours[i] = std::min(ours[i], TimeOfProgram(program, folder, ended));
-            allEnded = allEnded && ended;
-        }
+    for (int round = 0; round < _wtoi(arguments[1]); ++round)
+        for (Case& each : cases)
+            if (!(each.folder.empty() ? StartBareWindow(each)
+                                      : StartProgram(arguments[2], arguments[3], each))) {
+                std::fprintf(stderr, "%ls did not start and end by itself\n", each.folder.c_str());
+                return 1;
+            }
+    for (const Case& each : cases) {
+        const std::string name = each.folder.empty() ? "bare" : fs::path(each.folder).filename().string();
+        std::printf("%-24s %10.3f ms\n%-24s %10.3f MB\n", name.c_str(), each.time, name.c_str(),
+                    each.megabytes);
     }
-    std::printf("bare window                    %9.1f ms\n", bare);
-    for (int i = 0; i < 3; ++i)
-        std::printf("KAZ2, %-28s %6.1f ms   ratio %5.2f   beyond the empty folder %6.1f ms\n", kCases[i].name,
-                    ours[i], ours[i] / bare, ours[i] - ours[0]);
-    if (!allEnded) std::printf("some processes did not end by themselves\n");
-    return allEnded ? 0 : 1;
+    return 0;
 }

@@ -14,7 +14,7 @@ constexpr wchar_t kClass[] = L"kaz.bench.bare";
 
 }  // namespace
 
-BareList::BareList(int width, int height) {
+BareList::BareList(int width, int height, Rows rows) : kind_(rows) {
     WNDCLASSW type{};
     type.lpfnWndProc = Procedure;
     type.hInstance = GetModuleHandleW(nullptr);
@@ -24,7 +24,8 @@ BareList::BareList(int width, int height) {
                             nullptr, type.hInstance, nullptr);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     list_ = CreateWindowW(WC_LISTVIEWW, L"",
-                          WS_CHILD | WS_VISIBLE | WS_BORDER | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS,
+                          WS_CHILD | WS_VISIBLE | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS |
+                              (rows == Rows::AskedFor ? LVS_OWNERDATA : 0U),
                           0, 0, width, height, window_, nullptr, type.hInstance, nullptr);
     ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
     for (int at = 0; at < 9; ++at) {
@@ -62,8 +63,28 @@ void BareList::Fill(int rows) {
         for (int at = 6; at < 9; ++at)
             row.cells[at][0] = L'\0';
     }
+    if (kind_ == Rows::Kept) return Insert();
     ListView_SetItemCountEx(list_, rows, LVSICF_NOINVALIDATEALL);
     InvalidateRect(list_, nullptr, FALSE);
+}
+
+void BareList::Insert() {
+    SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(list_, LVM_DELETEALLITEMS, 0, 0);
+    SendMessageW(list_, LVM_SETITEMCOUNT, rows_.size(), 0);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        LVITEMW item{};
+        item.mask = LVIF_TEXT;
+        item.iItem = static_cast<int>(i);
+        item.pszText = rows_[i].cells[0];
+        SendMessageW(list_, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        for (item.iSubItem = 1; item.iSubItem < 9; ++item.iSubItem) {
+            item.pszText = rows_[i].cells[item.iSubItem];
+            SendMessageW(list_, LVM_SETITEMTEXTW, i, reinterpret_cast<LPARAM>(&item));
+        }
+    }
+    SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list_, nullptr, TRUE);
 }
 
 void BareList::SortBy(std::size_t column) {
