@@ -70,10 +70,9 @@ def main():
                      sign * (goal.aim is not None) + limit(goal, goal.aim), f"{number(value)} {goal.unit}", verdict])
     seconds = (datetime.datetime.now() - began).seconds
     lines = table(["Goal", "What", "Must", "Aim", "Measured", "Verdict"], rows)
+    lines += ["", f"Sizes: {windows.sizes()}."] if windows.sizes() else []
     lines += ["", f"{began:%Y-%m-%d %H:%M}, {seconds} s, {'quick, ' if options.quick else ''}load before {load:.1f}. "
               "The figures behind it, in ms and, for memory, MB:", ""]
-    if windows.size():
-        lines[-2:-2] = ["", f"Sizes: {windows.size()}."]
     lines += table(["Figure", "Least"], [[" ".join(name), number(value)] for name, value in sorted(figures.items())])
     text = "\n".join(lines) + "\n"
     (data.ROOT / "build/bench/goals.md").write_text(text)

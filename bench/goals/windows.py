@@ -77,7 +77,7 @@ def measure(wanted, rounds):
     return {name: value for name, value in figures.items() if name in wanted}
 
 
-def size():
+def sizes():
     """Of what a user gets."""
     files = [BIN / "KAZ2.exe", BIN / "Kazlib.dll"]
     return ", ".join(f"{file.name} {file.stat().st_size / 1024:.0f} KB" for file in files if file.exists())
