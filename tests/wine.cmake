@@ -1,4 +1,5 @@
-# Programs that need the real Windows interfaces: wine/<name>/*.cpp is wine_<name>.exe. Two kinds run in another way:
+# Programs that need the real Windows interfaces: wine/<name>/*.cpp is wine_<name>.exe, and what it has the system load,
+# wine/<name>/dll/<file>.cpp, is <file>.dll beside it. Two kinds run in another way:
 # - "sound" runs inside a recording, which must not be silent: whether something was heard is not for itself to say;
 # - a file wine/<name>/locales names locales, one a line (de_DE.UTF-8), under each of which the program runs once more.
 
@@ -17,6 +18,14 @@ foreach(folder ${names})
   kaz_test_program(wine_${folder} kaz_ui ${sources} ${rc})
   target_link_libraries(wine_${folder} PRIVATE kaz_idl)
   kaz_test_resources(wine_${folder} ${rc})
+  file(GLOB libraries CONFIGURE_DEPENDS wine/${folder}/dll/*.cpp)
+  foreach(source ${libraries})
+    get_filename_component(name ${source} NAME_WE)
+    add_library(${name} SHARED ${source})
+    set_target_properties(${name} PROPERTIES PREFIX "")
+    target_link_libraries(${name} PRIVATE kaz_base kaz_warnings)
+    add_dependencies(wine_${folder} ${name})
+  endforeach()
 
   if(folder STREQUAL "sound")
     kaz_register(wine_sound wine_sound ${PROJECT_SOURCE_DIR}/tools/lib/with-recording)

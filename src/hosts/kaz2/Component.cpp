@@ -38,8 +38,10 @@ Owned<IConnectionPoint> EventsOf(IKazComponent& component) {
 
 }  // namespace
 
-Component::Component(ListsFile& lists) : component_(Create()), events_(EventsOf(*component_)) {
-    const Owned<ComponentSink> sink(new ComponentSink(lists));
+Component::Component(ListsFile& lists, HostMail& mail)
+    : component_(Create()),
+      events_(EventsOf(*component_)) {
+    const Owned<ComponentSink> sink(new ComponentSink(lists, mail));
     Require(events_->Advise(sink.get(), &connection_), L"its component Kazlib.dll does not answer");
 }
 

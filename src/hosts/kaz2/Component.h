@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Kazlib_h.h"
-#include "hosts/kaz2/ListsFile.h"
 #include "hosts/kaz2/Owned.h"
 
 #include <windows.h>
@@ -11,12 +10,15 @@
 
 namespace kaz {
 
+class HostMail;
+class ListsFile;
+
 // The component in the order in which a host must call it: created and connected, started on a folder,
 // scanned, shown, shut down last.
 class Component {
 public:
     // Throws StartFailure when the component is missing or cannot be connected to.
-    explicit Component(ListsFile& lists);
+    Component(ListsFile& lists, HostMail& mail);
     // Shuts it down, disconnects and lets go.
     ~Component();
     Component(const Component&) = delete;

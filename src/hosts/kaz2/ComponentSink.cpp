@@ -1,5 +1,6 @@
 #include "hosts/kaz2/ComponentSink.h"
 
+#include "hosts/kaz2/HostMail.h"
 #include "hosts/kaz2/ListsFile.h"
 #include "hosts/kaz2/Owned.h"
 
@@ -76,7 +77,9 @@ void ComponentSink::On(DISPID event, const DISPPARAMS& arguments) {
         if (arguments.cArgs == 1) lists_.ComingUp(TextsOf(last[0]));
         break;
     case 4:  // MailEvent(ToAddr, Subject, MessageText)
-        if (arguments.cArgs == 3) lists_.Mail(TextOf(last[2]), TextOf(last[1]), TextOf(last[0]));
+        if (arguments.cArgs != 3) break;
+        lists_.Mail(TextOf(last[2]), TextOf(last[1]), TextOf(last[0]));
+        mail_.Send(TextOf(last[2]), TextOf(last[1]), TextOf(last[0]));
         break;
     case 5:  // ShutDownKAZ: the user chose to exit. Closed needs no answer: the tray icon stays.
         // The component is still in the call that raised this; it is shut down once the message loop has

@@ -7,14 +7,15 @@
 
 namespace kaz {
 
+class HostMail;
 class ListsFile;
 
 // How this host answers the component's events. Each number is an event of the interface DKazEvents; the
 // arguments of a call stand last first.
 class ComponentSink final : public IDispatch {
 public:
-    // `lists` outlives the connection.
-    explicit ComponentSink(ListsFile& lists) : lists_(lists) {}
+    // Both outlive the connection.
+    ComponentSink(ListsFile& lists, HostMail& mail) : lists_(lists), mail_(mail) {}
     virtual ~ComponentSink() = default;
     ComponentSink(const ComponentSink&) = delete;
     ComponentSink& operator=(const ComponentSink&) = delete;
@@ -35,6 +36,7 @@ private:
     void On(DISPID event, const DISPPARAMS& arguments);
 
     ListsFile& lists_;
+    HostMail& mail_;
     ULONG references_ = 1;
 };
 

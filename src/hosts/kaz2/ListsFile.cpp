@@ -1,21 +1,13 @@
 #include "hosts/kaz2/ListsFile.h"
 
 #include "hosts/kaz2/Owned.h"
+#include "hosts/kaz2/Utf8.h"
 
 #include <algorithm>
 
 namespace kaz {
 
 namespace {
-
-std::string Utf8(std::wstring_view text) {
-    const int length = static_cast<int>(text.size());
-    std::string bytes(3 * text.size(), '\0');
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
-                                         static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(size));
-    return bytes;
-}
 
 // An event is one line, also when its description has several.
 std::wstring OneLine(std::wstring_view text) {
@@ -58,7 +50,7 @@ void ListsFile::All(std::wstring_view lines) {
     AddSection(text, L"TODAY", today_);
     AddSection(text, L"COMING UP", comingUp_);
     AddSection(text, L"ALL EVENTS", Lines(lines));
-    AddSection(text, L"MAILS ASKED FOR (NOT SENT)", mails_);
+    AddSection(text, L"MAILS ASKED FOR", mails_);
     Write(Utf8(text));
 }
 

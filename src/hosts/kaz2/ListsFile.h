@@ -15,7 +15,7 @@ public:
 
     void Today(std::vector<std::wstring> lines) { today_ = std::move(lines); }
     void ComingUp(std::vector<std::wstring> lines) { comingUp_ = std::move(lines); }
-    // Notes that a mail was asked for. This host does not send mail.
+    // Notes that a mail was asked for; what became of it is in the host's log.
     void Mail(std::wstring_view to, std::wstring_view subject, std::wstring_view text);
     // The last of a scan; writes the file.
     void All(std::wstring_view lines);

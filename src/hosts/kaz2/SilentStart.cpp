@@ -1,7 +1,7 @@
 #include "hosts/kaz2/SilentStart.h"
 
 #include "hosts/kaz2/DataFolder.h"
-#include "hosts/kaz2/Owned.h"
+#include "hosts/kaz2/TextFile.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -10,8 +10,6 @@
 namespace kaz {
 
 namespace {
-
-constexpr DWORD kLargestFile = 16 * 1024 * 1024;
 
 std::string Upper(std::string_view text) {
     std::string upper(text);
@@ -47,15 +45,7 @@ bool SaysSilentStart(const std::string& settings) {
 }
 
 bool StartsSilently(const std::wstring& folder) {
-    const OwnedHandle file = FileHandle(CreateFileW(InFolder(folder, L"Kaz.ini").c_str(), GENERIC_READ,
-                                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                                    nullptr, OPEN_EXISTING, 0, nullptr));
-    if (!file) return false;
-    std::string text(std::min(GetFileSize(file.get(), nullptr), kLargestFile), '\0');
-    DWORD read = 0;
-    if (!ReadFile(file.get(), text.data(), static_cast<DWORD>(text.size()), &read, nullptr)) return false;
-    text.resize(read);
-    return SaysSilentStart(text);
+    return SaysSilentStart(BytesOfFile(InFolder(folder, L"Kaz.ini")));
 }
 
 }  // namespace kaz

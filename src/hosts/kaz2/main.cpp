@@ -1,8 +1,10 @@
+#include "hosts/kaz2/Apartment.h"
 #include "hosts/kaz2/CommandLine.h"
 #include "hosts/kaz2/Component.h"
 #include "hosts/kaz2/ComponentWindows.h"
 #include "hosts/kaz2/ConsoleSignals.h"
 #include "hosts/kaz2/DataFolder.h"
+#include "hosts/kaz2/HostMail.h"
 #include "hosts/kaz2/HostWindow.h"
 #include "hosts/kaz2/ListsFile.h"
 #include "hosts/kaz2/SilentStart.h"
@@ -10,8 +12,8 @@
 #include "hosts/kaz2/StartFailure.h"
 
 #include <windows.h>
-#include <objbase.h>
 
+#include <chrono>
 #include <exception>
 #include <memory>
 
@@ -19,13 +21,9 @@ namespace kaz {
 
 namespace {
 
-class Apartment {
-public:
-    Apartment() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
-    ~Apartment() { CoUninitialize(); }
-    Apartment(const Apartment&) = delete;
-    Apartment& operator=(const Apartment&) = delete;
-};
+// How long the last mails may take. At the end of the session the system waits about five seconds in all.
+constexpr std::chrono::seconds kMailsAtEnd{4};
+constexpr std::chrono::seconds kMailsAtSessionEnd{2};
 
 // The windows are the component's; all that they need of the host is this loop on the thread that made it.
 void ProcessMessages() {
@@ -36,14 +34,16 @@ void ProcessMessages() {
     }
 }
 
-void Run(const CommandLine& line) {
+// False when a mail program still keeps a thread.
+bool Run(const CommandLine& line) {
     const Apartment apartment;
     const std::wstring folder = ChooseDataFolder(line.folder);
     SingleInstance instance(folder);
-    if (!instance.IsOnly()) return;
+    if (!instance.IsOnly()) return true;
     ProvideAlarmSound(folder);
 
     ListsFile lists(line.listsFile);
+    HostMail mail(folder);
     std::unique_ptr<Component> component;
     auto window = std::make_unique<HostWindow>(SingleInstance::kWindowClass, instance.WindowName(),
                                                SingleInstance::ComeForwardMessage(),
@@ -53,14 +53,16 @@ void Run(const CommandLine& line) {
                                                                    [] { PostQuitMessage(0); },
                                                                    [&] {
                                                                        if (component) component->ShutDown();
+                                                                       mail.Finish(kMailsAtSessionEnd);
                                                                        PostQuitMessage(0);
                                                                    }});
     const ConsoleSignals signals(window->Handle());
 
-    component = std::make_unique<Component>(lists);
+    component = std::make_unique<Component>(lists, mail);
     component->Start(folder);
     // First the window, so that it is there while the lists are made; a scan alone loads it hidden.
     if (!StartsSilently(folder)) component->Show();
+    mail.CheckSettings();
     component->Scan();
     ProcessMessages();
 
@@ -68,6 +70,7 @@ void Run(const CommandLine& line) {
     // this one.
     window.reset();
     component->ShutDown();
+    return mail.Finish(kMailsAtEnd);
 }
 
 int Fail(const std::wstring& text) {
@@ -81,7 +84,8 @@ int Fail(const std::wstring& text) {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     try {
-        kaz::Run(kaz::ParseCommandLine(GetCommandLineW()));
+        // Everything is saved. The usual end would wait for locks that a stuck thread may hold for ever.
+        if (!kaz::Run(kaz::ParseCommandLine(GetCommandLineW()))) TerminateProcess(GetCurrentProcess(), 0);
         return 0;
     } catch (const kaz::StartFailure& failure) {
         return kaz::Fail(failure.text);
