@@ -17,7 +17,8 @@ def windows_path(path):
 
 def run(program, *arguments, output=subprocess.PIPE):
     command = [os.environ["WINELOADER"], BIN / program, *arguments]
-    return subprocess.run(command, stdin=subprocess.DEVNULL, stdout=output, stderr=output, text=True, timeout=600, check=True)
+    return subprocess.run(command, stdin=subprocess.DEVNULL, stdout=output, stderr=output, encoding="latin-1", timeout=600,
+                          check=True)
 
 
 def figures_in(text):
