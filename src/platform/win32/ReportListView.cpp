@@ -66,7 +66,7 @@ void ReportListView::Refresh() {
         // A list that shrinks has to scroll back, or it would show the emptiness behind its end.
         const DWORD scroll = shown_ < before ? 0 : LVSICF_NOSCROLL;
         SendMessageW(list_, LVM_SETITEMCOUNT, static_cast<WPARAM>(shown_),
-                     LPARAM{LVSICF_NOINVALIDATEALL} | scroll);
+                     static_cast<LPARAM>(LVSICF_NOINVALIDATEALL | scroll));
         quiet_ = false;
         FitColumns();  // a scroll bar has come or gone
     }
