@@ -62,7 +62,6 @@ void frmMain::Form_Load() {
     app_.log.LogEvent("Setting main window width and height");
     trap([&] { size_.Restore(); });
     loading_ = false;
-    ShowProgramInTray();
     TickSoon();
 }
 
@@ -236,6 +235,8 @@ void frmMain::TickSoon() {
 
 void frmMain::TimerRefresh_Timer() {
     TimerRefresh.Stop();
+    // Not before the window has been painted.
+    if (trayTip_.empty()) ShowProgramInTray();
     ticking_ = true;
     ErrorTrap trap(errors(), "TimerRefresh_Timer", Name());
     // A step can let messages through, and with them the end of the program.

@@ -74,9 +74,18 @@ class Drawing:
         self._steps += ["(", *mask, ")", "-compose", "DstOut", "-composite", "-compose", "Over"]
 
     def png(self):
+        return self._made("-strip", "-define", "png:exclude-chunks=date,time,gama,chrm,srgb,bkgd",
+                          "-define", "png:compression-level=9", "PNG32:-")
+
+    def bitmap(self):
+        """As it stands in an icon: the bottom row first, then an empty mask."""
+        rows = self._made("-flip", "BGRA:-")
+        header = struct.pack("<IiiHHIIiiII", 40, self.size, 2 * self.size, 1, 32, 0, len(rows), 0, 0, 0, 0)
+        return header + rows + bytes((self.size + 31) // 32 * 4 * self.size)
+
+    def _made(self, *form):
         words = ["convert", *self._empty(), *self._steps, "-filter", "box", "-resize", f"{self.size}x{self.size}",
-                 "-depth", "8", "-strip", "-define", "png:exclude-chunks=date,time,gama,chrm,srgb,bkgd",
-                 "-define", "png:compression-level=9", "PNG32:-"]
+                 "-depth", "8", *form]
         return subprocess.run(words, check=True, stdout=subprocess.PIPE).stdout
 
     def _empty(self):
@@ -91,7 +100,7 @@ class Drawing:
 
 
 def write_icon(path, pictures):
-    """An icon file of PNG pictures by their sizes."""
+    """An icon file of pictures by their sizes."""
     header = struct.pack("<HHH", 0, 1, len(pictures))
     offset = len(header) + 16 * len(pictures)
     entries = b""

@@ -148,5 +148,6 @@ def draw(folder):
         for size in SIZES:
             drawing = Drawing(size)
             icon(drawing)
-            pictures[size] = drawing.png()
+            # What most screens need can be copied as it is at the start of the program (PictureStrip).
+            pictures[size] = drawing.bitmap() if size <= 24 else drawing.png()
         write_icon(folder / f"{icon.__name__}.ico", pictures)

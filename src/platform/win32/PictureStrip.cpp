@@ -1,6 +1,7 @@
 #include "platform/win32/PictureStrip.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 namespace kaz {
@@ -19,6 +20,18 @@ BITMAPINFO Layout(int width, int height) {
     return layout;
 }
 
+struct Resource {
+    const BYTE* data = nullptr;
+    std::size_t size = 0;
+};
+
+Resource Find(HINSTANCE module, const wchar_t* name, const wchar_t* kind) {
+    const HRSRC found = FindResourceW(module, name, kind);
+    const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
+    if (!loaded) return {};
+    return {static_cast<const BYTE*>(LockResource(loaded)), SizeofResource(module, found)};
+}
+
 }  // namespace
 
 PictureStrip::PictureStrip(int size, int count) : size_(size), count_(count) {
@@ -28,9 +41,37 @@ PictureStrip::PictureStrip(int size, int count) : size_(size), count_(count) {
     pixels_ = static_cast<std::uint32_t*>(pixels);
 }
 
-void PictureStrip::Put(int at, HICON icon) {
+void PictureStrip::Put(int at, HINSTANCE module, const wchar_t* name) {
+    if (!pixels_ || at < 0 || at >= count_ || PutAsStored(at, module, name)) return;
+    const Icon icon(static_cast<HICON>(LoadImageW(module, name, IMAGE_ICON, size_, size_, LR_DEFAULTCOLOR)));
+    if (icon) PutIcon(at, icon.Get());
+}
+
+// A picture of just that size that is stored as plain pixels, the bottom row first. An icon object of the
+// system's is made of several bitmaps; a dozen of them took a twentieth of the start.
+bool PictureStrip::PutAsStored(int at, HINSTANCE module, const wchar_t* name) {
+    const Resource sizes = Find(module, name, RT_GROUP_ICON);
+    if (!sizes.data) return false;
+    const int id =
+        LookupIconIdFromDirectoryEx(const_cast<BYTE*>(sizes.data), TRUE, size_, size_, LR_DEFAULTCOLOR);
+    const Resource picture = Find(module, MAKEINTRESOURCEW(id), RT_ICON);
+    BITMAPINFOHEADER header{};
+    const std::size_t rowBytes = static_cast<std::size_t>(size_) * 4;
+    if (!picture.data || picture.size < sizeof header + rowBytes * static_cast<std::size_t>(size_))
+        return false;
+    std::memcpy(&header, picture.data, sizeof header);
+    if (header.biSize != sizeof header || header.biWidth != size_ || header.biHeight != 2 * size_ ||
+        header.biBitCount != 32 || header.biCompression != BI_RGB)
+        return false;
+    const BYTE* from = picture.data + sizeof header;
+    for (int row = size_ - 1; row >= 0; --row, from += rowBytes)
+        std::memcpy(Row(at, row), from, rowBytes);
+    return true;
+}
+
+void PictureStrip::PutIcon(int at, HICON icon) {
     ICONINFO info{};
-    if (!pixels_ || at < 0 || at >= count_ || !GetIconInfo(icon, &info)) return;
+    if (!GetIconInfo(icon, &info)) return;
     const Bitmap colours(info.hbmColor);
     const Bitmap mask(info.hbmMask);
     BITMAPINFO layout = Layout(size_, size_);
@@ -40,7 +81,7 @@ void PictureStrip::Put(int at, HICON icon) {
                                DIB_RGB_COLORS);
     ReleaseDC(nullptr, screen);
     for (int row = 0; row < rows; ++row)
-        std::copy_n(picture.data() + row * size_, size_, pixels_ + row * size_ * count_ + at * size_);
+        std::copy_n(picture.data() + row * size_, size_, Row(at, row));
 }
 
 }  // namespace kaz

@@ -46,12 +46,8 @@ void Toolbar::LoadPictures() {
     const int size = ToPixels(toolbar_, kPictureSize);
     const int count = static_cast<int>(buttons_.size());
     PictureStrip strip(size, count);
-    for (int at = 0; at < count; ++at) {
-        const std::wstring name = ToWide(buttons_[static_cast<std::size_t>(at)].key);
-        const Icon icon(
-            static_cast<HICON>(LoadImageW(module_, name.c_str(), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
-        strip.Put(at, icon.Get());
-    }
+    for (int at = 0; at < count; ++at)
+        strip.Put(at, module_, ToWide(buttons_[static_cast<std::size_t>(at)].key).c_str());
     ImageList pictures(ImageList_Create(size, size, ILC_COLOR32, count, 0));
     ImageList_Add(pictures.Get(), strip.Get(), nullptr);
     SendMessageW(toolbar_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures.Get()));

@@ -221,6 +221,7 @@ TEST_F(frmMainCommandsTest, TheTrayShowsTheWindowAndQuitsTheProgram) {
     Add(*app.events, "today", 0);
     window = nullptr;
     OpenWithFakeDialogs();
+    window->Tick(IDT_TimerRefresh);
     EXPECT_EQ("KAZ - 1 event due today", window->trayTip);
     machine.dialogs.yesNo = {true};
     window->Raise(IDM_SELECTALL, Raised::Click);
