@@ -58,12 +58,10 @@ void clsDbXml::LoadDB(const std::string& fileName, bool append) {
     fileName_ = fileName;
     lastKnownDate_ = FileDate();
     try {
-        std::vector<clsEvent> events = ReadFile();
+        std::vector<clsEvent> events;
+        ReadFile(append ? events_ : events);
         codes_.Forget();
-        if (append) {
-            std::move(events.begin(), events.end(), std::back_inserter(events_));
-            events.clear();
-        } else {
+        if (!append) {
             events_.swap(events);
             unsaved_ = false;
         }
@@ -77,24 +75,36 @@ void clsDbXml::LoadDB(const std::string& fileName, bool append) {
     }
 }
 
-std::vector<clsEvent> clsDbXml::ReadFile() const {
-    std::vector<clsEvent> events;
+// Adds the file's events, or when one cannot be read, none.
+void clsDbXml::ReadFile(std::vector<clsEvent>& events) const {
     // A folder that is gone, such as a share without its network, is no empty database.
     const std::string folder = FolderOf(fileName_);
     if (!folder.empty() && services_.files.Kind(folder) == PathKind::Missing)
         throw RuntimeError(ErrorNumber::PathNotFound);
-    if (services_.files.Kind(fileName_) == PathKind::Missing) return events;
+    if (services_.files.Kind(fileName_) == PathKind::Missing) return;
 
+    const std::size_t before = events.size();
+    try {
+        ReadEvents(events);
+    } catch (...) {
+        events.resize(before);
+        throw;
+    }
+}
+
+void clsDbXml::ReadEvents(std::vector<clsEvent>& events) const {
+    const std::size_t before = events.size();
     const auto file = services_.files.OpenForReading(fileName_);
     ErrorBatch errors(services_.log);
     EventFileReader reader(*file, services_.locale.Data(), errors);
     const std::string user = services_.settings.TextOr("Owner", "Not Set");
     for (;;) {
         if (events.size() == events.capacity())
-            events.reserve(std::max(events.size() + events.size() / 8 + 64, reader.EstimatedCount()));
+            events.reserve(std::max(events.size() + events.size() / (before ? 1 : 8) + 64,
+                                    before + reader.EstimatedCount()));
         const bool read = reader.Next(events.emplace_back());
         if (!read || !Admit(events.back(), user)) events.pop_back();
-        if (!read) return events;
+        if (!read) return;
     }
 }
 

@@ -103,7 +103,8 @@ private:
     std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
     bool AdmitForeign(clsEvent& event, const std::string& user) const;
     void LoadWatched(const std::string& path);
-    std::vector<clsEvent> ReadFile() const;
+    void ReadFile(std::vector<clsEvent>& events) const;
+    void ReadEvents(std::vector<clsEvent>& events) const;
     bool Admit(clsEvent& event, const std::string& user) const;
     void StoreWaiting(std::vector<clsEvent> before);
     bool MustNotWrite() const;

@@ -180,7 +180,7 @@ TEST_F(EventDatabase, KeepsTheEventsWhenAReloadFails) {
     database.LoadDB(kFile);
     for (int failing = 1; failing <= 2; ++failing) {
         machine.files.faults.FailAt(failing);
-        database.LoadDB(kFile);
+        database.LoadDB(kFile, failing == 2);
         EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
         EXPECT_FALSE(database.SaveDB());
     }
@@ -197,6 +197,12 @@ TEST_F(EventDatabase, KeepsTheEventsWhenAReloadFails) {
     machine.files.CreateFolder("C:\\Data\\Other.xml");
     database.LoadDB("C:\\Data\\Other.xml");
     EXPECT_FALSE(database.SaveDB());
+    EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
+    // Nor does half of a file join the others.
+    machine.files.Put("C:\\Data\\Many.xml", FileOf(std::vector<clsEvent>(1000, Event("3"))));
+    machine.files.faults.FailAt(4);
+    database.LoadDB("C:\\Data\\Many.xml", true);
+    EXPECT_TRUE(machine.files.faults.Struck());
     EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
 }
 
