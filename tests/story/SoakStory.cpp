@@ -2,8 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+// Of the sanitizer's run-time library, whose headers not every compiler's package has.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // NOLINT(bugprone-reserved-identifier)
 #elif defined(__GLIBC__)
 #include <malloc.h>
 #endif
