@@ -3,6 +3,7 @@
 
 # mingw_library NAME VERSION FILE TARGET CMAKE-OPTION...
 # Builds Debian's source package NAME as a static library into build/deps, once, and prints the folder it is installed in.
+# What was built in the same way stays in the user's cache folder, for the next clone.
 # VERSION may leave out the end of Debian's own part, which changes with each security fix; FILE is the library's name.
 mingw_library() {
     local name=$1 version=$2 file=$3 target=$4
@@ -21,6 +22,14 @@ mingw_library() {
     work=$(mktemp -d "$deps/$name.XXXXXX")
     at_exit rm -rf "$work"
     exec 3>&1 >"$log" 2>&1
+    local key cached
+    key=$({ printf '%s\n' "$@"; cat "${BASH_SOURCE[0]}" "$root/cmake/mingw-toolchain.cmake"; "$target-g++" --version || true; } | sha256sum)
+    cached=${XDG_CACHE_HOME:-$HOME/.cache}/kaz/$name-$version-$target-${key:0:16}.tar
+    if [[ -e $cached ]] && tar -xf "$cached" -C "$work" && [[ -e $work/installed/lib/$file ]]; then
+        mv -T "$work/installed" "$installed"
+        say "$installed" >&3
+        return
+    fi
     mingw_failed() {
         tail -n 20 "$log" >&3
         die "$name $1 (all of it is in $log)"
@@ -33,6 +42,7 @@ mingw_library() {
         -DCMAKE_INSTALL_PREFIX="$work/installed" -DCMAKE_INSTALL_LIBDIR=lib -DBUILD_SHARED_LIBS=OFF "$@" ||
         mingw_failed "could not be configured"
     cmake --build "$work/build" --target install && [[ -e $work/installed/lib/$file ]] || mingw_failed "could not be built"
+    mkdir -p "${cached%/*}" && tar -cf "$cached.$$" -C "$work" installed && mv "$cached.$$" "$cached" || true
     rm -rf "$installed"
     mv "$work/installed" "$installed"
     say "$installed" >&3
