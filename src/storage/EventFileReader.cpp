@@ -65,9 +65,9 @@ bool EventFileReader::Refill() {
     }
     begin_ = 0;
     end_ = kept;
-    while (end_ < capacity_) {
+    while (end_ < capacity_ && !atEnd_) {
         const std::size_t read = file_.Read(buffer_.get() + end_, capacity_ - end_);
-        if (read == 0) break;
+        atEnd_ = read == 0;
         end_ += read;
     }
     return end_ > kept;

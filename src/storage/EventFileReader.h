@@ -40,6 +40,7 @@ private:
     std::unique_ptr<char[]> buffer_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
+    bool atEnd_ = false;        // nothing more to read into the buffer
     std::size_t searched_ = 0;  // of the unread text: no block end begins before this
     std::size_t usedBytes_ = 0;
     std::size_t count_ = 0;

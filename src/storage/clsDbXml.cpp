@@ -77,11 +77,14 @@ void clsDbXml::LoadDB(const std::string& fileName, bool append) {
 
 // Adds the file's events, or when one cannot be read, none.
 void clsDbXml::ReadFile(std::vector<clsEvent>& events) const {
-    // A folder that is gone, such as a share without its network, is no empty database.
-    const std::string folder = FolderOf(fileName_);
-    if (!folder.empty() && services_.files.Kind(folder) == PathKind::Missing)
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    if (services_.files.Kind(fileName_) == PathKind::Missing) return;
+    // A file with a date needs no further look, which across a network takes its time.
+    if (!lastKnownDate_) {
+        // A folder that is gone, such as a share without its network, is no empty database.
+        const std::string folder = FolderOf(fileName_);
+        if (!folder.empty() && services_.files.Kind(folder) == PathKind::Missing)
+            throw RuntimeError(ErrorNumber::PathNotFound);
+        if (services_.files.Kind(fileName_) == PathKind::Missing) return;
+    }
 
     const std::size_t before = events.size();
     try {
@@ -99,9 +102,12 @@ void clsDbXml::ReadEvents(std::vector<clsEvent>& events) const {
     EventFileReader reader(*file, services_.locale.Data(), errors);
     const std::string user = services_.settings.TextOr("Owner", "Not Set");
     for (;;) {
-        if (events.size() == events.capacity())
-            events.reserve(std::max(events.size() + events.size() / (before ? 1 : 8) + 64,
-                                    before + reader.EstimatedCount()));
+        if (events.size() == events.capacity()) {
+            // Behind other files' events there are mostly more files to come, and each step moves all of
+            // them.
+            const std::size_t step = before ? 3 * events.size() : events.size() / 8;
+            events.reserve(std::max(events.size() + step + 64, before + reader.EstimatedCount()));
+        }
         const bool read = reader.Next(events.emplace_back());
         if (!read || !Admit(events.back(), user)) events.pop_back();
         if (!read) return;
