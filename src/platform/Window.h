@@ -46,6 +46,8 @@ enum class Activation { TakeFocus, KeepFocus };
 struct WindowSize {
     int width = 0;  // in units of 1/96 inch, so that they mean the same on every screen
     int height = 0;
+
+    bool operator==(const WindowSize&) const = default;
 };
 
 // Where a control is, from the top left of the area inside the window's frame; in units of 1/96 inch.

@@ -18,7 +18,7 @@ void WindowSizeSetting::Restore() {
     const WindowSize wanted{Stored(kWidth, current.width), Stored(kHeight, current.height)};
     if (NearlyFills(wanted, window_.ScreenSize()))
         window_.SetState(WindowState::Maximised);
-    else
+    else if (wanted != current)
         window_.SetSize(wanted);
 }
 

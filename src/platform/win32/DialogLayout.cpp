@@ -88,7 +88,8 @@ void DialogLayout::Apply() const {
     HDWP moves = BeginDeferWindowPos(static_cast<int>(items_.size()));
     for (const Item& item : items_) {
         const RECT place = PlaceNow(item, client);
-        if (moves)
+        const RECT now = PlaceIn(window_, item.control);
+        if (moves && !EqualRect(&place, &now))
             moves =
                 DeferWindowPos(moves, item.control, nullptr, place.left, place.top, place.right - place.left,
                                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);

@@ -46,8 +46,9 @@ DialogWindow::DialogWindow(HINSTANCE module, int dialog) : module_(module) {
     accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(dialog));
     layout_.emplace(window_, module, dialog);
     PrepareControls();
-    SetIcon(window_, module, ICON_BIG, SM_CXICON, SM_CYICON);
+    // The small one first: with only the big one set, Wine makes a small one of it for the window manager.
     SetIcon(window_, module, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
+    SetIcon(window_, module, ICON_BIG, SM_CXICON, SM_CYICON);
 }
 
 DialogWindow::~DialogWindow() {

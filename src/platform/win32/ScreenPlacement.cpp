@@ -103,7 +103,7 @@ void PlaceWindow(HWND window, HWND owner) {
         corner.x += step;
         corner.y += step;
     }
-    Move(window, corner);
+    if (corner.x != rect.left || corner.y != rect.top) Move(window, corner);
     KeepOnScreen(window);
 }
 
