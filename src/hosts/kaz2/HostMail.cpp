@@ -14,8 +14,15 @@ namespace kaz {
 
 namespace {
 
+// Throws MailFailure when they cannot be used.
 MailSettings SettingsIn(const std::wstring& fileName) {
-    return ReadMailSettings(Utf8OfFile(BytesOfFile(fileName)));
+    std::optional<std::string> bytes = BytesOfFile(fileName);
+    if (!bytes)
+        throw MailFailure{MailTrouble::Settings, "KAZ2.ini cannot be read; perhaps another program uses it.",
+                          true};
+    MailSettings settings = ReadMailSettings(Utf8OfFile(std::move(*bytes)));
+    if (!settings.problems.empty()) throw MailFailure{MailTrouble::Settings, settings.Problems()};
+    return settings;
 }
 
 // For a user who does not want mails to go out.
@@ -28,7 +35,6 @@ public:
 
 std::unique_ptr<MailSender> SenderFor(const std::wstring& settingsFile) {
     MailSettings settings = SettingsIn(settingsFile);
-    if (!settings.problems.empty()) throw MailFailure{MailTrouble::Settings, settings.Problems()};
     switch (settings.method) {
     case MailSettings::Method::None: return std::make_unique<NoSender>();
     case MailSettings::Method::Mapi: return std::make_unique<MapiSender>();
@@ -43,8 +49,11 @@ std::unique_ptr<MailSender> SenderFor(const std::wstring& settingsFile) {
 HostMail::HostMail(const std::wstring& folder) : settingsFile_(InFolder(folder, L"KAZ2.ini")), log_(folder) {}
 
 void HostMail::CheckSettings() {
-    const MailSettings settings = SettingsIn(settingsFile_);
-    if (!settings.problems.empty()) News().Trouble({MailTrouble::Settings, settings.Problems()});
+    try {
+        SettingsIn(settingsFile_);
+    } catch (const MailFailure& failure) {
+        News().Trouble(failure);
+    }
 }
 
 void HostMail::Send(std::wstring_view to, std::wstring_view subject, std::wstring_view text) {

@@ -45,7 +45,7 @@ bool SaysSilentStart(const std::string& settings) {
 }
 
 bool StartsSilently(const std::wstring& folder) {
-    return SaysSilentStart(BytesOfFile(InFolder(folder, L"Kaz.ini")));
+    return SaysSilentStart(BytesOfFile(InFolder(folder, L"Kaz.ini")).value_or(""));
 }
 
 }  // namespace kaz

@@ -13,13 +13,18 @@ constexpr DWORD kEverybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DEL
 
 }  // namespace
 
-std::string BytesOfFile(const std::wstring& fileName) {
+std::optional<std::string> BytesOfFile(const std::wstring& fileName) {
     const OwnedHandle file = FileHandle(
         CreateFileW(fileName.c_str(), GENERIC_READ, kEverybody, nullptr, OPEN_EXISTING, 0, nullptr));
-    if (!file) return "";
+    if (!file) {
+        const DWORD error = GetLastError();
+        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return "";
+        return std::nullopt;
+    }
     std::string bytes(std::min(GetFileSize(file.get(), nullptr), kLargestFile), '\0');
     DWORD read = 0;
-    if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr)) return "";
+    if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
+        return std::nullopt;
     bytes.resize(read);
     return bytes;
 }

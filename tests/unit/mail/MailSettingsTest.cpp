@@ -39,8 +39,9 @@ TEST(MailSettings, TellEverythingThatIsWrong) {
     EXPECT_EQ(problems("\nSever=x"), "KAZ2.ini, line 3: \"Sever\" is not a setting of [Mail].");
     const std::string server = "Server=mail.example.org\nFrom=a@b\n";
     EXPECT_EQ(problems(server), "");
-    for (const char* bad : {"Method=", "Port=0", "Port=65536", "Port=25x", "Timeout=4", "Timeout", "From=me",
-                            "Server=user@host", "Server=host/path", "Security=None\nUser=me"})
+    for (const char* bad :
+         {"Method=", "Port=0", "Port=65536", "Port=25x", "Timeout=4", "Timeout", "From=me",
+          "Server=user@host", "Server=host/path", "Server=host:587", "Security=None\nUser=me"})
         EXPECT_NE(problems(server + bad), "") << bad;
     EXPECT_EQ(problems("Server=LOCALHOST\nFrom=a@b\nSecurity=None\nUser=me"), "")
         << "it stays on this machine";

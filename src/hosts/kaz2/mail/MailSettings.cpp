@@ -45,11 +45,14 @@ std::optional<std::string> TextIf(bool isGood, std::string_view value) {
     return isGood ? std::optional<std::string>(value) : std::nullopt;
 }
 
-// Into the address of the server goes nothing that has another meaning there.
+// Into the address of the server goes nothing that has another meaning there. Colons only inside "[::1]": the
+// port is a setting of its own.
 bool IsHostName(std::string_view text) {
-    return std::ranges::all_of(text, [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-               std::string_view(".-[]:").find(c) != std::string_view::npos;
+    const bool isNumber = text.starts_with('[') && text.ends_with(']');
+    if (isNumber) text = text.substr(1, text.size() - 2);
+    return std::ranges::all_of(text, [isNumber](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '.' ||
+               c == (isNumber ? ':' : '-');
     });
 }
 

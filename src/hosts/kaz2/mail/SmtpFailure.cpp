@@ -47,8 +47,9 @@ MailFailure SmtpFailure(int result, const std::string& server, const std::string
         return {MailTrouble::Encryption, theServer + " offers no encryption, so nothing was sent to it."};
     case CURLE_SSL_CONNECT_ERROR:
         return {MailTrouble::Encryption,
-                theServer + " could not be spoken to with encryption. Perhaps the Port or the "
-                            "Security in KAZ2.ini is another."};
+                theServer +
+                    " could not be spoken to with encryption. Perhaps its certificate is out of date, or "
+                    "the Port or the Security in KAZ2.ini is another."};
     case CURLE_ABORTED_BY_CALLBACK:
         return {MailTrouble::ProgramEnd, "The program ended before the mail server had taken the mail."};
     case CURLE_SEND_ERROR:
