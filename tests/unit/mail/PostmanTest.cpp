@@ -36,6 +36,7 @@ struct Way final : MailSender {
         record->Add("try " + mail.subject);
         if (mail.subject == "stuck") record->released.wait();
         if (mail.subject == "refused") throw MailFailure{MailTrouble::Refused, "No\nthanks."};
+        if (mail.subject == "full") throw MailFailure{MailTrouble::Refused, "Full."};
         if (mail.subject == "cancelled") throw MailFailure{MailTrouble::Cancelled, "You said no."};
         if (mail.subject == "offline" || (mail.subject == "late" && isFirst))
             throw MailFailure{MailTrouble::Connection, "No line.", true};
@@ -87,6 +88,8 @@ TEST_F(Postmen, ComeAgainWhenItMayPassAndLetOthersGoFirst) {
     Post({"offline", "one"});
     EXPECT_TRUE(Eventually("SHOW No line.\nMail NOT SENT to ann: offline"));
     EXPECT_LT(record->Text().find("try one"), record->Text().rfind("try offline"));
+    Post({"refused", "full"});
+    EXPECT_TRUE(Eventually("\nFull.\nMail NOT SENT to ann: full")) << "another reason, but not shown again";
 }
 
 TEST_F(Postmen, LoseNothingSilentlyAtTheEnd) {

@@ -15,7 +15,7 @@ std::string Name(const Mail& mail) {
 void MailNews::Sent(const Mail& mail) { log_("Mail sent " + Name(mail)); }
 
 void MailNews::Delayed(const Mail& mail, const MailFailure& failure) {
-    if (IsFirst(failure, logged_)) log_(OneLineOf(failure.reason));
+    LogReason(failure);
     log_("Mail not sent yet, will be tried again, " + Name(mail));
 }
 
@@ -25,15 +25,20 @@ void MailNews::NotSent(const Mail& mail, const MailFailure& failure) {
 }
 
 void MailNews::Trouble(const MailFailure& failure) {
-    if (IsFirst(failure, logged_)) log_(OneLineOf(failure.reason));
+    LogReason(failure);
     // Who has cancelled it knows it, and at the end of the program nobody looks.
     if (failure.kind == MailTrouble::Cancelled || failure.kind == MailTrouble::ProgramEnd) return;
-    if (IsFirst(failure, shown_)) show_(failure.reason);
+    if (IsNew(failure.kind, shown_)) show_(failure.reason);
 }
 
-bool MailNews::IsFirst(const MailFailure& failure, std::set<MailTrouble>& told) {
+void MailNews::LogReason(const MailFailure& failure) {
+    if (IsNew(failure.reason, logged_)) log_(OneLineOf(failure.reason));
+}
+
+template <class What>
+bool MailNews::IsNew(const What& what, std::set<What>& told) {
     const std::lock_guard lock(mutex_);
-    return told.insert(failure.kind).second;
+    return told.insert(what).second;
 }
 
 }  // namespace kaz

@@ -9,9 +9,9 @@
 
 namespace kaz {
 
-// What the user hears of the mails: every mail's fate is a line of the log; the reason of a failure is there
-// once for each kind, and shown once, so that ten mails without a server are not ten interruptions. Any
-// thread.
+// What the user hears of the mails: every mail's fate is a line of the log, and so is each reason of a
+// failure, once. Shown is one failure of each kind, so that ten mails without a server are not ten
+// interruptions. Any thread.
 class MailNews {
 public:
     using Tell = std::function<void(const std::string& text)>;  // UTF-8
@@ -27,12 +27,14 @@ public:
     void Trouble(const MailFailure& failure);
 
 private:
-    bool IsFirst(const MailFailure& failure, std::set<MailTrouble>& told);
+    void LogReason(const MailFailure& failure);
+    template <class What>
+    bool IsNew(const What& what, std::set<What>& told);
 
     const Tell log_;
     const Tell show_;
     std::mutex mutex_;
-    std::set<MailTrouble> logged_;
+    std::set<std::string> logged_;
     std::set<MailTrouble> shown_;
 };
 
