@@ -16,8 +16,8 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
-// For a transfer to notice that it is to stop.
-constexpr std::chrono::milliseconds kToStop{700};
+// For a transfer to notice that it is to stop: while the server says nothing, it looks up once a second.
+constexpr std::chrono::milliseconds kToStop{1200};
 
 struct Letter {
     Mail mail;
@@ -76,10 +76,9 @@ public:
         stop_.request_stop();
         if (changed_.wait_for(lock, kToStop, isOver)) return true;
         if (underWay_)
-            news_->NotSent(
-                std::exchange(underWay_, {})->mail,
-                {MailTrouble::ProgramEnd,
-                 "KAZ ended while the mail program was still busy with the mail; perhaps it has gone."});
+            news_->NotSent(std::exchange(underWay_, {})->mail,
+                           {MailTrouble::ProgramEnd,
+                            "KAZ ended while the mail was still under way; perhaps it has gone."});
         return false;
     }
 
@@ -96,7 +95,9 @@ private:
                 waiting_.erase(next);
                 return true;
             } else {
-                changed_.wait_until(lock, next->next);
+                // A copy: while this thread waits, the letters may go.
+                const Clock::time_point due = next->next;
+                changed_.wait_until(lock, due);
             }
         }
     }
