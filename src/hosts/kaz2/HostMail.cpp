@@ -40,7 +40,7 @@ std::unique_ptr<MailSender> SenderFor(const std::wstring& settingsFile) {
     case MailSettings::Method::Mapi: return std::make_unique<MapiSender>();
     default: break;
     }
-    std::string password = settings.user.empty() ? std::string() : SmtpPassword();
+    Secret password = settings.user.empty() ? Secret() : SmtpPassword();
     return std::make_unique<SmtpSender>(std::move(settings), std::move(password));
 }
 

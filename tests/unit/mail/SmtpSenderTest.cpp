@@ -20,8 +20,10 @@ MailFailure Send(const SmtpServer& server, Security security = Security::None,
     settings.user = "me";
     settings.from = "me@example.org";
     settings.timeout = timeout;
+    Secret password(9);
+    std::string("pass word").copy(password.Data(), 9);
     try {
-        SmtpSender(settings, "pass word")
+        SmtpSender(settings, std::move(password))
             .Send({"ann@example.org; bob@example.org", "KAZ Alert - Event 1", ".\r\n..dots\r\nCaf\xC3\xA9"},
                   stop);
         return {MailTrouble::Cancelled, "sent"};

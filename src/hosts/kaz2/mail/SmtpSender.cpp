@@ -94,7 +94,7 @@ void SetConnection(CURL* transfer, const MailSettings& settings) {
 
 }  // namespace
 
-SmtpSender::SmtpSender(MailSettings settings, std::string password)
+SmtpSender::SmtpSender(MailSettings settings, Secret password)
     : settings_(std::move(settings)),
       password_(std::move(password)) {}
 
@@ -109,7 +109,7 @@ void SmtpSender::Send(const Mail& mail, const std::stop_token& stop) {
     SetConnection(curl, settings_);
     if (!settings_.user.empty()) {
         curl_easy_setopt(curl, CURLOPT_USERNAME, settings_.user.c_str());
-        curl_easy_setopt(curl, CURLOPT_PASSWORD, password_.c_str());
+        curl_easy_setopt(curl, CURLOPT_PASSWORD, password_.Text());
     }
     curl_easy_setopt(curl, CURLOPT_MAIL_FROM, settings_.from.c_str());
     curl_easy_setopt(curl, CURLOPT_MAIL_RCPT, recipients.get());

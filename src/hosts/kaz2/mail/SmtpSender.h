@@ -2,8 +2,7 @@
 
 #include "hosts/kaz2/mail/Mail.h"
 #include "hosts/kaz2/mail/MailSettings.h"
-
-#include <string>
+#include "hosts/kaz2/mail/Secret.h"
 
 namespace kaz {
 
@@ -11,14 +10,14 @@ namespace kaz {
 class SmtpSender final : public MailSender {
 public:
     // `settings` have no problems; `password` belongs to their user.
-    SmtpSender(MailSettings settings, std::string password);
+    SmtpSender(MailSettings settings, Secret password);
 
     // All recipients get the mail, or none does.
     void Send(const Mail& mail, const std::stop_token& stop) override;
 
 private:
     MailSettings settings_;
-    std::string password_;
+    Secret password_;
 };
 
 }  // namespace kaz
