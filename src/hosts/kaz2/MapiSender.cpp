@@ -20,72 +20,53 @@ struct FreeModule {
 };
 using Module = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeModule>;
 
-// The structures of mapi.h, which has them for one kind of characters only.
-template <class Character>
+// The structures of mapi.h, which has them for the code page only.
 struct Recipient {
     ULONG reserved;
     ULONG kind;
-    Character* name;
-    Character* address;
+    wchar_t* name;
+    wchar_t* address;
     ULONG idSize;
     void* id;
 };
-template <class Character>
 struct Message {
     ULONG reserved;
-    Character* subject;
-    Character* text;
-    Character* type;
-    Character* dateReceived;
-    Character* conversation;
+    wchar_t* subject;
+    wchar_t* text;
+    wchar_t* type;
+    wchar_t* dateReceived;
+    wchar_t* conversation;
     FLAGS flags;
-    Recipient<Character>* sender;
+    Recipient* sender;
     ULONG recipientCount;
-    Recipient<Character>* recipients;
+    Recipient* recipients;
     ULONG fileCount;
     void* files;
 };
-static_assert(sizeof(Recipient<char>) == sizeof(MapiRecipDesc));
-static_assert(sizeof(Message<char>) == sizeof(MapiMessage));
+static_assert(sizeof(Recipient) == sizeof(MapiRecipDesc));
+static_assert(sizeof(Message) == sizeof(MapiMessage));
 
-template <class Character>
-using SendFunction = ULONG(WINAPI*)(LHANDLE session, ULONG_PTR window, Message<Character>* message,
-                                    FLAGS flags, ULONG reserved);
+using SendFunction = ULONG(WINAPI*)(LHANDLE session, ULONG_PTR window, Message* message, FLAGS flags,
+                                    ULONG reserved);
 
-void Convert(const std::string& text, std::wstring& converted) { converted = Wide(text); }
-// What the code page does not have becomes a question mark: better than no mail.
-void Convert(const std::string& text, std::string& converted) {
-    const std::wstring wide = Wide(text);
-    converted.resize(4 * wide.size());
-    const int size =
-        WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), converted.data(),
-                            static_cast<int>(converted.size()), nullptr, nullptr);
-    converted.resize(static_cast<std::size_t>(size));
-}
-
-template <class Character>
-ULONG Call(FARPROC function, const Mail& mail, const std::vector<std::string>& addresses) {
-    using Text = std::basic_string<Character>;
-    Text subject;
-    Text text;
-    Convert(mail.subject, subject);
-    Convert(mail.text, text);
-    std::vector<Text> names(2 * addresses.size());
-    std::vector<Recipient<Character>> recipients;
-    for (std::size_t index = 0; index < addresses.size(); ++index) {
-        Text& name = names[2 * index];
-        Text& address = names[2 * index + 1];
-        Convert(addresses[index], name);
-        Convert("SMTP:" + addresses[index], address);
-        recipients.push_back({0, MAPI_TO, name.data(), address.data(), 0, nullptr});
-    }
-    Message<Character> message{};
+ULONG Call(SendFunction send, const Mail& mail, const std::vector<std::string>& addresses) {
+    std::wstring subject = Wide(mail.subject);
+    std::wstring text = Wide(mail.text);
+    std::vector<std::wstring> names;
+    names.reserve(addresses.size());
+    std::vector<Recipient> recipients;
+    recipients.reserve(addresses.size());
+    for (const std::string& address : addresses)
+        names.push_back(L"SMTP:" + Wide(address));
+    // The name is the address without its kind.
+    for (std::wstring& name : names)
+        recipients.push_back({0, MAPI_TO, name.data() + 5, name.data(), 0, nullptr});
+    Message message{};
     message.subject = subject.data();
     message.text = text.data();
     message.recipientCount = static_cast<ULONG>(recipients.size());
     message.recipients = recipients.data();
     // The program may ask for a login, but not show the mail: the user has said once that it is to go out.
-    const auto send = reinterpret_cast<SendFunction<Character>>(reinterpret_cast<void*>(function));
     return send(0, 0, &message, MAPI_LOGON_UI, 0);
 }
 
@@ -113,13 +94,13 @@ void MapiSender::Send(const Mail& mail, const std::stop_token&) {
     const std::vector<std::string> addresses = AddressesOf(mail.to);
     // From the system's folder only: the name is one that malware likes to use.
     const Module mapi(LoadLibraryExW(L"mapi32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
-    const FARPROC wide = mapi ? GetProcAddress(mapi.get(), "MAPISendMailW") : nullptr;
-    const FARPROC narrow = mapi ? GetProcAddress(mapi.get(), "MAPISendMail") : nullptr;
-    if ((!wide && !narrow) || !MailProgramTakesMails())
+    // For a mail program that knows the code page only, the system itself converts.
+    const FARPROC send = mapi ? GetProcAddress(mapi.get(), "MAPISendMailW") : nullptr;
+    if (!send || !MailProgramTakesMails())
         throw MailFailure{MailTrouble::NoMailProgram,
                           "There is no mail program on this computer that takes mails from other programs. "
                           "The help says how to use a mail server instead."};
-    Check(wide ? Call<wchar_t>(wide, mail, addresses) : Call<char>(narrow, mail, addresses));
+    Check(Call(reinterpret_cast<SendFunction>(reinterpret_cast<void*>(send)), mail, addresses));
 }
 
 }  // namespace kaz
