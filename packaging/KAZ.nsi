@@ -1,5 +1,5 @@
 ; The installer, for one user and without administrator rights. tools/package hands over FILES (the folder of what is installed),
-; OUTPUT, VERSION, QUIT (the command of the tray menu's "Quit"), ICON, and PICTURE for the last page.
+; OUTPUT, VERSION, ICON, and PICTURE for the last page.
 ;
 ; /S            asks nothing. The result is 0, or 2 when nothing was done because KAZ could not be ended.
 ; /STARTUP=NO   KAZ does not start with Windows; /STARTUP=YES: it does. Otherwise as it was before, and at first it does.

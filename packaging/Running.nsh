@@ -50,7 +50,7 @@ Function ${un}AskToEnd
             StrCpy $6 ${COMMAND_LINE}
             Call ${un}StartedWith
             DetailPrint "KAZ is asked to end"
-            Call ${un}Quit
+            System::Call 'user32::PostMessageW(p r0, i ${WM_CLOSE}, p 0, p 0)'
             System::Call 'kernel32::WaitForSingleObject(p r2, i 10000) i .r4'
             ${If} $4 = 0
                 Push $R0
@@ -63,18 +63,6 @@ Function ${un}AskToEnd
         ${EndIf}
         System::Call 'kernel32::CloseHandle(p r2)'
     ${Loop}
-FunctionEnd
-
-; The main window of the process $1 gets the command of the tray menu. Of other windows with its title, none knows that command.
-Function ${un}Quit
-    FindWindow $3 "#32770" "KAZ"
-    ${While} $3 P<> 0
-        System::Call 'user32::GetWindowThreadProcessId(p r3, *i .r4)'
-        ${If} $4 = $1
-            System::Call 'user32::PostMessageW(p r3, i ${WM_COMMAND}, p ${QUIT}, p 0)'
-        ${EndIf}
-        FindWindow $3 "#32770" "KAZ" 0 $3
-    ${EndWhile}
 FunctionEnd
 
 ; $5: the text that stands at $6 in what the process $2 was started with, "" when that cannot be told. The system has no function

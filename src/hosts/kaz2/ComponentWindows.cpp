@@ -9,20 +9,30 @@ namespace {
 // The component's windows are dialogs; those of the host and of input methods are not.
 constexpr wchar_t kDialogClass[] = L"#32770";
 
-BOOL CALLBACK FindDialog(HWND window, LPARAM found) {
-    wchar_t name[16] = L"";
-    GetClassNameW(window, name, 16);
-    if (lstrcmpW(name, kDialogClass) != 0) return TRUE;
-    *reinterpret_cast<bool*>(found) = true;
-    return FALSE;
+struct Windows {
+    bool any = false;
+    bool anyDisabled = false;
+};
+
+Windows ComponentWindows() {
+    Windows windows;
+    const auto look = [](HWND window, LPARAM found) -> BOOL {
+        wchar_t name[16] = L"";
+        GetClassNameW(window, name, 16);
+        if (lstrcmpW(name, kDialogClass) != 0) return TRUE;
+        auto& all = *reinterpret_cast<Windows*>(found);
+        all.any = true;
+        all.anyDisabled = all.anyDisabled || !IsWindowEnabled(window);
+        return TRUE;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&windows));
+    return windows;
 }
 
 }  // namespace
 
-bool ComponentHasWindows() {
-    bool found = false;
-    EnumThreadWindows(GetCurrentThreadId(), FindDialog, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
+bool ComponentHasWindows() { return ComponentWindows().any; }
+
+bool ComponentAsks() { return ComponentWindows().anyDisabled; }
 
 }  // namespace kaz

@@ -6,4 +6,8 @@ namespace kaz {
 // first scan until the component is shut down or the user quits in its tray menu, of which no event tells.
 bool ComponentHasWindows();
 
+// Whether a dialog of the component waits for its user, so that the window behind it takes no input. A
+// reminder keeps nobody from anything and is no such dialog.
+bool ComponentAsks();
+
 }  // namespace kaz

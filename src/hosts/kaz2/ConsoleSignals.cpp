@@ -14,8 +14,12 @@ constexpr DWORD kLongestEnd = 5000;  // milliseconds; the system itself does not
 std::atomic<HWND> target = nullptr;
 const OwnedHandle ended{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 
-BOOL WINAPI OnSignal(DWORD) {
-    PostMessageW(target, WM_CLOSE, 0, 0);
+BOOL WINAPI OnSignal(DWORD signal) {
+    if (signal == CTRL_C_EVENT || signal == CTRL_BREAK_EVENT) {
+        PostMessageW(target, WM_CLOSE, 0, 0);
+        return TRUE;
+    }
+    PostMessageW(target, WM_ENDSESSION, TRUE, 0);
     WaitForSingleObject(ended.get(), kLongestEnd);
     return TRUE;
 }

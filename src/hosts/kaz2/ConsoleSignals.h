@@ -4,9 +4,10 @@
 
 namespace kaz {
 
-// Turns Ctrl+C, and the closing of the console that the program was started from, into WM_CLOSE for a window.
-// The system's thread that brings the signal waits until this object goes, some seconds at most: it ends the
-// process when it is back.
+// Tells a window what happens in the console that the program was started from: Ctrl+C as WM_CLOSE, which it
+// may refuse; the closing of the console as WM_ENDSESSION, since the system ends the process then whatever
+// the answer. It does so when its thread that brings the news is back, which therefore waits until this
+// object goes, some seconds at most.
 class ConsoleSignals {
 public:
     explicit ConsoleSignals(HWND window);

@@ -13,9 +13,9 @@ class HostWindow {
 public:
     struct Actions {
         std::function<void()> comeForward;
-        std::function<void()> end;  // asked to close
-        std::function<void()>
-            sessionEnd;  // the last chance to save: the process may be ended when this returns
+        std::function<void()> end;  // asked to close, which may be refused
+        // The last chance to save: the process may be ended when this returns.
+        std::function<void()> sessionEnd;
     };
 
     HostWindow(const wchar_t* className, const std::wstring& name, UINT comeForwardMessage, Actions actions);

@@ -45,17 +45,24 @@ bool Run(const CommandLine& line) {
     ListsFile lists(line.listsFile);
     HostMail mail(folder);
     std::unique_ptr<Component> component;
+    HostWindow::Actions actions;
+    actions.comeForward = [&] {
+        if (component) component->Show();
+    };
+    actions.end = [&actions] {
+        // As the "Quit" of the tray does: what the user is just typing would be lost.
+        if (ComponentAsks())
+            actions.comeForward();
+        else
+            PostQuitMessage(0);
+    };
+    actions.sessionEnd = [&] {
+        if (component) component->ShutDown();
+        mail.Finish(kMailsAtSessionEnd);
+        PostQuitMessage(0);
+    };
     auto window = std::make_unique<HostWindow>(SingleInstance::kWindowClass, instance.WindowName(),
-                                               SingleInstance::ComeForwardMessage(),
-                                               HostWindow::Actions{[&] {
-                                                                       if (component) component->Show();
-                                                                   },
-                                                                   [] { PostQuitMessage(0); },
-                                                                   [&] {
-                                                                       if (component) component->ShutDown();
-                                                                       mail.Finish(kMailsAtSessionEnd);
-                                                                       PostQuitMessage(0);
-                                                                   }});
+                                               SingleInstance::ComeForwardMessage(), actions);
     const ConsoleSignals signals(window->Handle());
 
     component = std::make_unique<Component>(lists, mail);

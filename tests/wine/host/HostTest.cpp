@@ -11,6 +11,7 @@ namespace kaz::test {
 namespace {
 
 constexpr wchar_t kMain[] = L"KAZ";
+constexpr wchar_t kEditor[] = L"KAZ - Add/Edit event";
 // Written in lower case, so that a saving of the settings shows.
 const std::string kSettings = "owner,Single\r\nNOAUTOBACKUPS,-1\r\n";
 
@@ -26,6 +27,11 @@ protected:
     void ExpectSaved() const {
         EXPECT_NE(folder.Read("Kaz.ini").find("OWNER,Single\r\n"), std::string::npos)
             << folder.Read("Kaz.ini");
+    }
+
+    static void OpenEditor(const RunningHost& host) {
+        PostMessageW(host.VisibleWindow(kMain), WM_COMMAND, IDM_ADD, 0);
+        EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kEditor) != nullptr; }));
     }
 
     TestFolder folder;
@@ -85,6 +91,7 @@ TEST_F(Host, SecondStartOnTheSameFolderBringsTheFirstForwardAndLeaves) {
 TEST_F(Host, EndOfTheSessionSavesBeforeTheAnswer) {
     const RunningHost host(Quoted(folder.Path()));
     EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
+    OpenEditor(host);
     const HWND window = host.HostWindow();
     EXPECT_EQ(SendMessageW(window, WM_QUERYENDSESSION, 0, 0), 1);
     SendMessageW(window, WM_ENDSESSION, FALSE, 0);
@@ -126,7 +133,7 @@ TEST_F(Host, ReasonOfAFailedStartIsTold) {
 }
 
 // The last one, since what a test prints on a terminal is lost once it has let go of that.
-TEST_F(Host, ControlCInTheConsoleOfItsParentEndsItCleanly) {
+TEST_F(Host, ControlCInTheConsoleOfItsParentEndsItCleanlyUnlessADialogIsOpen) {
     FreeConsole();
     ASSERT_TRUE(AllocConsole()) << GetLastError();
     // This program shares the console; a handler of its own keeps it alive and is not inherited.
@@ -134,6 +141,13 @@ TEST_F(Host, ControlCInTheConsoleOfItsParentEndsItCleanly) {
     SetConsoleCtrlHandler(ignore, TRUE);
     const RunningHost host(Quoted(folder.Path()));
     EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
+    OpenEditor(host);
+    EXPECT_TRUE(GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0));
+    Sleep(300);
+    const HWND editor = host.VisibleWindow(kEditor);
+    ASSERT_TRUE(editor) << "what is being typed must not get lost";
+    PostMessageW(editor, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(Eventually([&] { return !host.VisibleWindow(kEditor); }));
     EXPECT_TRUE(GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0));
     EXPECT_EQ(host.ExitCode(), 0);
     ExpectSaved();
