@@ -21,7 +21,8 @@ enum class Raised {
     Focus,        // the control got the keyboard
     Timer,
     Resize,
-    CloseBox,     // the user's own close: box, Alt+F4, Escape; nothing is closed unless the form does it
+    CloseBox,     // the user's own close: box, Alt+F4, or Escape, when `detail` is kByEscape; nothing is
+                  // closed unless the form does it
     SessionEnd,   // the system is ending; the last chance to save
     ColumnClick,  // report list header; `detail` is the column from 0
     RightClick,   // report list or window; the pointer is where the menu goes
@@ -33,6 +34,8 @@ enum class Raised {
     Wheel,      // the mouse wheel over the window; `detail` is the clicks, positive away from the user
     LeadsOut,   // a key in a grid of days led out of it; `detail` is by how many days
 };
+
+inline constexpr int kByEscape = 1;
 
 class WindowListener {
 public:

@@ -205,7 +205,9 @@ void frmMain::BringForward() {
 
 void frmMain::HideWindow() { window().Hide(); }
 
-void frmMain::Form_QueryUnload() {
+void frmMain::Form_QueryUnload(int how) {
+    // Pressed once too often after a menu or a search, it must not take the list away.
+    if (how == kByEscape) return;
     window().Hide();
     app_.platform.pump.ProcessPending();
     owner_.fMain_WindowClosed();

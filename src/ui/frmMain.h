@@ -37,7 +37,7 @@ public:
 
 private:
     void Form_Load();
-    void Form_QueryUnload();
+    void Form_QueryUnload(int how);
     void Form_SessionEnd();
     void ListEvents_ColumnClick(int column);
     void ListEvents_MouseUp();

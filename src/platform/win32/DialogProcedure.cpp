@@ -134,7 +134,7 @@ void DialogWindow::OnCommand(int id, unsigned notification, HWND control) {
     if (!control || toolbars_.contains(GetDlgCtrlID(control))) {
         // Escape comes as IDCANCEL without a button, Enter as IDOK.
         if (id == IDCANCEL)
-            Raise(0, Raised::CloseBox);
+            Raise(0, Raised::CloseBox, kByEscape);
         else if (id != IDOK)
             Raise(id, Raised::Click);
         return;

@@ -193,6 +193,8 @@ TEST_F(frmMainTest, TheListMenuNeedsASelectedRow) {
 TEST_F(frmMainTest, TheCloseBoxHidesTheWindowAndTellsTheComponent) {
     Open();
     main->ShowWindow();
+    window->Raise(0, Raised::CloseBox, kByEscape);
+    EXPECT_TRUE(main->IsShown());
     machine.pump.waiting = [&] { EXPECT_FALSE(main->IsShown()); };
     window->CloseBox();
     EXPECT_EQ(1, machine.pump.processed);

@@ -25,7 +25,7 @@ TEST_F(DialogWindowTest, TheKeyboardWorksInAPlainMessageLoop) {
     Key(At(IDC_REPORT), VK_ESCAPE);
     EXPECT_THAT(raised,
                 ElementsAre(RaisedEvent{IDM_GO, Raised::Click}, RaisedEvent{IDM_REMOVE, Raised::Click},
-                            RaisedEvent{0, Raised::CloseBox}));
+                            RaisedEvent{0, Raised::CloseBox, kByEscape}));
 }
 
 TEST_F(DialogWindowTest, PlainKeysBelongToTheTextBeingTyped) {

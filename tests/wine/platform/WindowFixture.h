@@ -16,6 +16,7 @@ namespace kaz {
 struct RaisedEvent {
     int control;
     Raised what;
+    int detail = 0;  // of a close only
     friend bool operator==(const RaisedEvent&, const RaisedEvent&) = default;
 };
 
@@ -24,8 +25,9 @@ class WindowFixture : public testing::Test, public WindowListener {
 protected:
     WindowFixture() { window->SetListener(this); }
 
-    void OnRaised(int control, Raised what, int) noexcept override {
-        if (what != Raised::Resize && what != Raised::Focus) raised.push_back({control, what});
+    void OnRaised(int control, Raised what, int detail) noexcept override {
+        if (what != Raised::Resize && what != Raised::Focus)
+            raised.push_back({control, what, what == Raised::CloseBox ? detail : 0});
         if (handler) handler(control, what);
     }
     HWND At(int control) const { return GetDlgItem(window->Handle(), control); }
