@@ -1,5 +1,6 @@
 #include "platform/win32/DialogLayout.h"
 
+#include "platform/win32/ResourceBytes.h"
 #include "resources/resource.h"
 
 #include <algorithm>
@@ -11,13 +12,9 @@ namespace kaz {
 
 namespace {
 
-// A resource as 16-bit words.
 std::span<const std::uint16_t> Words(HINSTANCE module, int id, const wchar_t* kind) {
-    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(id), kind);
-    const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
-    const void* data = loaded ? LockResource(loaded) : nullptr;
-    if (!data) return {};
-    return {static_cast<const std::uint16_t*>(data), SizeofResource(module, found) / sizeof(std::uint16_t)};
+    const auto bytes = ResourceBytes(module, MAKEINTRESOURCEW(id), kind);
+    return {reinterpret_cast<const std::uint16_t*>(bytes.data()), bytes.size() / sizeof(std::uint16_t)};
 }
 
 // The client area that the template asks for. The window may have been made smaller, to fit the screen.

@@ -1,5 +1,7 @@
 #include "platform/win32/PictureStrip.h"
 
+#include "platform/win32/ResourceBytes.h"
+
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -20,18 +22,6 @@ BITMAPINFO Layout(int width, int height) {
     return layout;
 }
 
-struct Resource {
-    const BYTE* data = nullptr;
-    std::size_t size = 0;
-};
-
-Resource Find(HINSTANCE module, const wchar_t* name, const wchar_t* kind) {
-    const HRSRC found = FindResourceW(module, name, kind);
-    const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
-    if (!loaded) return {};
-    return {static_cast<const BYTE*>(LockResource(loaded)), SizeofResource(module, found)};
-}
-
 }  // namespace
 
 PictureStrip::PictureStrip(int size, int count) : size_(size), count_(count) {
@@ -50,20 +40,19 @@ void PictureStrip::Put(int at, HINSTANCE module, const wchar_t* name) {
 // A picture of just that size that is stored as plain pixels, the bottom row first. An icon object of the
 // system's is made of several bitmaps; a dozen of them took a twentieth of the start.
 bool PictureStrip::PutAsStored(int at, HINSTANCE module, const wchar_t* name) {
-    const Resource sizes = Find(module, name, RT_GROUP_ICON);
-    if (!sizes.data) return false;
+    const auto sizes = ResourceBytes(module, name, RT_GROUP_ICON);
+    if (sizes.empty()) return false;
     const int id =
-        LookupIconIdFromDirectoryEx(const_cast<BYTE*>(sizes.data), TRUE, size_, size_, LR_DEFAULTCOLOR);
-    const Resource picture = Find(module, MAKEINTRESOURCEW(id), RT_ICON);
+        LookupIconIdFromDirectoryEx(const_cast<BYTE*>(sizes.data()), TRUE, size_, size_, LR_DEFAULTCOLOR);
+    const auto picture = ResourceBytes(module, MAKEINTRESOURCEW(id), RT_ICON);
     BITMAPINFOHEADER header{};
     const std::size_t rowBytes = static_cast<std::size_t>(size_) * 4;
-    if (!picture.data || picture.size < sizeof header + rowBytes * static_cast<std::size_t>(size_))
-        return false;
-    std::memcpy(&header, picture.data, sizeof header);
+    if (picture.size() < sizeof header + rowBytes * static_cast<std::size_t>(size_)) return false;
+    std::memcpy(&header, picture.data(), sizeof header);
     if (header.biSize != sizeof header || header.biWidth != size_ || header.biHeight != 2 * size_ ||
         header.biBitCount != 32 || header.biCompression != BI_RGB)
         return false;
-    const BYTE* from = picture.data + sizeof header;
+    const BYTE* from = picture.data() + sizeof header;
     for (int row = size_ - 1; row >= 0; --row, from += rowBytes)
         std::memcpy(Row(at, row), from, rowBytes);
     return true;
