@@ -3,14 +3,7 @@
 add_library(kaz_libzip INTERFACE)
 
 if(MINGW AND CMAKE_HOST_UNIX)
-  message(STATUS "Looking for libzip in build/deps; the first time it is built")
-  execute_process(COMMAND ${PROJECT_SOURCE_DIR}/tools/lib/libzip-mingw.sh ${KAZ_MINGW_TARGET}
-    OUTPUT_VARIABLE folder OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE result)
-  if(NOT result EQUAL 0)
-    message(FATAL_ERROR "libzip for MinGW-w64 is not there and could not be built")
-  endif()
-  target_include_directories(kaz_libzip SYSTEM INTERFACE ${folder}/include)
-  target_link_libraries(kaz_libzip INTERFACE ${folder}/lib/libzip.a z advapi32)
+  kaz_library_for_mingw(libzip z advapi32)
 elseif(WIN32)
   find_package(libzip CONFIG REQUIRED)
   target_link_libraries(kaz_libzip INTERFACE libzip::zip)
