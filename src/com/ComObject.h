@@ -34,8 +34,11 @@ public:
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
     ULONG STDMETHODCALLTYPE Release() override {
         const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
+        if (left > 0) return left;
+        // What is let go of in the destructor may call back: that must not be a second last reference.
+        references_ = 1;
+        delete this;
+        return 0;
     }
 
 protected:

@@ -61,7 +61,7 @@ private:
     T* object_ = nullptr;
 };
 
-// Owns a BSTR. The empty text is a null pointer, as automation has it.
+// Owns a BSTR. A null pointer is an empty text, as automation has it.
 class Bstr {
 public:
     Bstr() = default;

@@ -16,12 +16,16 @@ public:
     std::vector<std::wstring> heard;
     ComPointer<IDispatch> lastList;
     std::function<void(DISPID)> reaction;  // runs after the note was taken
+    std::function<void()> leaving;         // runs when it is let go of
     std::function<void(const wchar_t* name, DISPPARAMS& arguments)> relay;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     // Lives on the stack of the test; the count is there to find references that were never given back.
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        if (leaving) leaving();
+        return --references;
+    }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {

@@ -125,6 +125,15 @@ TEST_F(Events, HostMayLetGoWhileTheMainWindowCloses) {
     EXPECT_FALSE(IsWindow(window));
 }
 
+TEST_F(Events, HostMayTouchTheComponentThatLetsGoOfItAtItsEnd) {
+    DWORD cookie = 0;
+    EventsOf(component)->Advise(&host, &cookie);
+    component->ShutDown();
+    host.leaving = [last = component.Get()] { const ComPointer<IKazComponent> again(last); };
+    component.Reset();
+    host.leaving = nullptr;
+}
+
 TEST_F(Events, ListIsACollectionForScripts) {
     const Connection connection(component, host);
     component->ScanEvents();
