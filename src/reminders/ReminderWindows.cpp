@@ -2,6 +2,8 @@
 
 #include "reminders/DeferredQuestion.h"
 
+#include <cstdlib>
+
 namespace kaz {
 
 std::shared_ptr<frmReminder> ReminderWindows::Find(ReminderKind kind) const {
@@ -27,7 +29,9 @@ bool ReminderWindows::IsListed(const AlarmRinging& ringing) const {
 }
 
 bool ReminderWindows::FirstRun(const AlarmRinging& ringing) {
-    std::erase_if(run_, [&](const AlarmRinging& old) { return old.minute.Day() != ringing.minute.Day(); });
+    // A pass can look back to the day before.
+    std::erase_if(
+        run_, [&](const AlarmRinging& old) { return std::abs(old.minute.Day() - ringing.minute.Day()) > 1; });
     return run_.insert(ringing).second;
 }
 

@@ -6,11 +6,32 @@
 #include "reminders/ReminderText.h"
 #include "reminders/ReminderWindows.h"
 
+#include <algorithm>
+
 namespace kaz {
 
 namespace {
+
 constexpr std::string_view kModule = "clsReminder";
+// The most minutes after which a file is still run: those by which a clock is put forward in spring. Much
+// later it would do its work where nobody expects it any more.
+constexpr int kLatestRun = 60;
+
+// The minute in which the event's alarm rings. An alarm time with a date or seconds never does.
+std::optional<DateValue> AlarmMinute(const clsEvent& event) {
+    const DateValue time = event.AlarmTime();
+    if (!event.AlarmSet() || event.Deleted || time != time.TimeOnly().ToMinute()) return std::nullopt;
+    return DateValue(event.DueDate().Day(), time.SecondOfDay());
 }
+
+// The first minute that rings: this one, or the first that the pass before has not seen. After a clock was
+// set back it is this one.
+DateValue FirstMinute(std::optional<DateValue> lastPass, DateValue now) {
+    if (!lastPass || lastPass->ToMinute() >= now) return now;
+    return std::max(lastPass->ToMinute().PlusMinutes(1), now.PlusDays(-1));
+}
+
+}  // namespace
 
 bool clsReminder::IsExpired(DateValue dueDate, std::optional<DateValue> asOf) const {
     return dueDate < asOf.value_or(services_.clock.Today());
@@ -122,9 +143,10 @@ void clsReminder::ShowTodays(DateValue today) {
     window.Heading("TODAY!");
 }
 
-void clsReminder::DisplayAlarms(const clsDbXml& database) {
+void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass) {
     ErrorTrap trap(services_.log, "DisplayAlarms", kModule);
     const DateValue now = services_.clock.Now().ToMinute();
+    const DateValue since = FirstMinute(lastPass, now);
     std::vector<std::string> lines;
     std::vector<AlarmRinging> listed;
     std::vector<clsEvent> toRun;
@@ -132,13 +154,15 @@ void clsReminder::DisplayAlarms(const clsDbXml& database) {
 
     trap([&] {
         for (const clsEvent& event : database.AllEvents()) {
-            // The whole value is compared: an alarm time with a date or seconds never rings.
-            const bool rings =
-                event.AlarmSet() && event.DueDate() == now.DateOnly() && event.AlarmTime() == now.TimeOnly();
-            if (!rings || event.Deleted) continue;
-            const AlarmRinging ringing{&database, event.Owner(), event.IDCode, now};
+            const std::optional<DateValue> minute = AlarmMinute(event);
+            if (!minute || *minute < since || now < *minute) continue;
+            const AlarmRinging ringing{&database, event.Owner(), event.IDCode, *minute};
             if (event.ExecFile) {
-                if (services_.windows.FirstRun(ringing)) toRun.push_back(event);
+                if (!services_.windows.FirstRun(ringing)) continue;
+                if (*minute >= now.PlusMinutes(-kLatestRun))
+                    toRun.push_back(event);
+                else
+                    services_.log.LogEvent("Not running " + event.Filename + " - its time has passed");
             } else if (!services_.windows.IsListed(ringing)) {
                 lines.push_back(event.Desc());
                 listed.push_back(ringing);

@@ -22,7 +22,8 @@ public:
     // window without any is closed.
     void DisplayReminders();
     // Shows the events of the database whose alarm minute is now and runs the files of those that have one.
-    void DisplayAlarms(const clsDbXml& database);
+    // With the time of the pass before, also those whose minute has come and gone since then, a day at most.
+    void DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass = {});
 
 private:
     // `asOf` is today unless given; the day itself is not past.

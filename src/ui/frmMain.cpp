@@ -267,6 +267,8 @@ void frmMain::ShowNewDay() {
     if (day == lastDay_) return;
     const bool isFirst = std::exchange(lastDay_, day) == 0;
     ErrorTrap trap(errors(), "TimerRefresh_Timer", Name());
+    // What a late tick has not seen of the day before rings before its events move on.
+    if (lastAlarms_) trap([&] { RingAlarms(); });
     trap([&] { app_.MakeReminder().DisplayReminders(); });
     if (unloaded_) return;
     FillEvents(Category());
@@ -275,9 +277,15 @@ void frmMain::ShowNewDay() {
 }
 
 void frmMain::ShowAlarms() {
+    const DateValue now = app_.platform.clock.Now();
+    RingAlarms();
+    lastAlarms_ = now;
+}
+
+void frmMain::RingAlarms() {
     clsReminder reminder = app_.MakeReminder();
-    if (app_.events) reminder.DisplayAlarms(*app_.events);
-    if (app_.shared && app_.Networked()) reminder.DisplayAlarms(*app_.shared);
+    if (app_.events) reminder.DisplayAlarms(*app_.events, lastAlarms_);
+    if (app_.shared && app_.Networked()) reminder.DisplayAlarms(*app_.shared, lastAlarms_);
 }
 
 }  // namespace kaz

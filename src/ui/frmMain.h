@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace kaz {
@@ -97,6 +98,7 @@ private:
     void ReloadChangedFiles();
     void ShowNewDay();
     void ShowAlarms();
+    void RingAlarms();
 
     Application& app_;
     MainWindowEvents& owner_;
@@ -114,7 +116,8 @@ private:
     bool ticking_ = false;
     int pauses_ = 0;  // dialogs during which the refresh timer stands still
     bool unloaded_ = false;
-    int lastDay_ = 0;  // day of the month of the last day change; 0 before the first tick
+    std::optional<DateValue> lastAlarms_;  // when alarms were last looked for
+    int lastDay_ = 0;                      // day of the month of the last day change; 0 before the first tick
 
     class TimerPause;
 };

@@ -75,6 +75,42 @@ TEST_F(TimerRefreshTest, AnAlarmRingsInItsMinute) {
     EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Call Ann"));
 }
 
+TEST_F(TimerRefreshTest, ALateTickMakesUpForTheMinutesThatNoneHasSeen) {
+    const auto addFile = [&](const std::string& file, int hour, int minute) {
+        machine.files.Put(file, "");
+        clsEvent& event = AddAlarm(*app.events, file, hour, minute);
+        event.ExecFile = true;
+        event.Filename = file;
+    };
+    AddAlarm(*app.events, "Before the start", 8, 59);
+    AddAlarm(*app.events, "Call Ann", 9, 1);
+    AddAlarm(*app.events, "Bus", 11, 0);
+    AddAlarm(*app.events, "Last train", 23, 59);
+    addFile("C:\\night.cmd", 9, 59);
+    addFile("C:\\lunch.cmd", 10, 0);
+    OpenAndTick();
+    machine.clock.Set(2023, 3, 15, 11, 0, 20);
+    Tick();
+    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Bus", "Call Ann"));
+    EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\lunch.cmd"));
+
+    // Neither the ticks that follow nor a clock that is set back bring anything up again.
+    machine.windows.WithCaption("ALARM!")->CloseBox();
+    machine.clock.Set(2023, 3, 15, 11, 1);
+    Tick();
+    machine.clock.Set(2023, 3, 15, 9, 30);
+    Tick();
+    EXPECT_EQ(nullptr, machine.windows.WithCaption("ALARM!"));
+
+    machine.clock.Set(2023, 3, 15, 23, 58, 50);
+    Tick();
+    machine.windows.WithCaption("ALARM!")->CloseBox();
+    machine.clock.Set(2023, 3, 16, 0, 0, 30);
+    Tick();
+    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Last train"));
+    EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\lunch.cmd"));
+}
+
 TEST_F(TimerRefreshTest, SharedAlarmsRingInANetworkOnly) {
     clsDbXml anns(app.Storage());
     clsEvent meeting = AddAlarm(anns, "Meeting", 9, 0);
