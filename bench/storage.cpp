@@ -9,8 +9,6 @@
 #include "fakes/FakeSystemInfo.h"
 #include "platform/Files.h"
 #include "platform/posix/PosixFileSystem.h"
-#include "storage/EventFields.h"
-#include "storage/cSharedHTML.h"
 #include "storage/clsDbXml.h"
 
 #include <benchmark/benchmark.h>
@@ -94,27 +92,6 @@ void LoadOtherLayout(benchmark::State& state) {
     const std::string text = ReadWholeFile(bench.files, bench.EventFile(state.range(0)));
     WriteWholeFile(bench.files, bench.Path("Other.xml"), ReplaceAll(text, kLineBreak, "\n"));
     Load(state, bench, bench.Path("Other.xml"));
-}
-
-// Each field searched from the start of its block, as the format is defined.
-void LoadWordForWord(benchmark::State& state) {
-    Bench bench;
-    const std::string file = bench.EventFile(state.range(0));
-    for (auto _ : state) {
-        const std::string text = ReadWholeFile(bench.files, file);
-        std::vector<clsEvent> events;
-        for (const std::string_view piece : Split(text, "</EVENT>")) {
-            if (cSharedHTML::cInstr(piece, "<EVENT>") == 0) continue;
-            clsEvent& event = events.emplace_back();
-            for (const EventField& field : EventFields()) {
-                const std::string name(field.searchedTag);
-                const std::string content =
-                    cSharedHTML::ExtractBetweenTags(piece, "<" + name + ">", "</" + name + ">");
-                field.read(event, FieldText(content, bench.locale.data));
-            }
-        }
-        benchmark::DoNotOptimize(events.data());
-    }
 }
 
 void Save(benchmark::State& state) {
@@ -225,7 +202,6 @@ void Rule(benchmark::State& state) {
 
 BENCHMARK(LoadAsWritten)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(LoadOtherLayout)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
-BENCHMARK(LoadWordForWord)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Save)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(WriteFlushReplace)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(LoadUsers)->Arg(10000)->Unit(benchmark::kMillisecond);

@@ -29,9 +29,7 @@ def figures_in(text):
 
 
 def measure_ui(rounds):
-    files = []
-    for size in ("1k", "10k"):
-        files.append(windows_path(start_folder(size) / "Events.xml"))
+    files = [windows_path(start_folder(size) / "Events.xml") for size in ("1k", "10k")]
     figures = {}
     for _ in range(1 if rounds < 10 else 3):
         for name, value, _ in figures_in(run("bench_ui.exe", *files).stdout):
