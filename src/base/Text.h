@@ -10,6 +10,8 @@ namespace kaz {
 
 inline constexpr std::string_view kLineBreak = "\r\n";
 
+constexpr bool IsControl(char c) { return static_cast<unsigned char>(c) < ' '; }
+
 // Without the blanks (space characters only) at both ends.
 std::string_view Trim(std::string_view text) noexcept;
 

@@ -4,6 +4,7 @@
 #include "core/Names.h"
 #include "platform/Files.h"
 #include "platform/SystemInfo.h"
+#include "storage/Owner.h"
 #include "storage/SharedCopy.h"
 
 namespace kaz {
@@ -34,7 +35,7 @@ bool Application::EuropeanDates() const { return ToNumber(settings.sGet("DateSty
 
 std::string Application::DatePattern() const { return EuropeanDates() ? "DD/MM/YYYY" : "MM/DD/YYYY"; }
 
-std::string Application::Owner() const { return settings.TextOr("Owner", std::string(kNoOwner)); }
+std::string Application::Owner() const { return CurrentOwner(settings); }
 
 void Application::ApplySharing() {
     const bool on = Networked();

@@ -14,11 +14,7 @@ namespace {
 
 // A day's name comes from the locale, where the user may have put anything.
 std::string SafeFileName(std::string name) {
-    const auto isUnsafe = [](char c) {
-        return static_cast<unsigned char>(c) < ' ' ||
-               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
-    };
-    std::replace_if(name.begin(), name.end(), isUnsafe, '_');
+    std::replace_if(name.begin(), name.end(), IsForbiddenInFileName, '_');
     return name;
 }
 

@@ -62,7 +62,7 @@ void EventFiles::Copy(FileSystem& files, const std::string& from, const std::str
 }
 
 void EventFiles::NameSharedFile() {
-    app_.sharedFileName = SharedFileName(app_.Owner());
+    app_.sharedFileName = SharedFolder::NameOf(app_.Owner());
     app_.log.LogEvent("Shared DB file: " + app_.sharedFileName);
 }
 

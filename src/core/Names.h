@@ -22,17 +22,9 @@ inline constexpr std::string_view kBackupFolder = "Autobackups";
 // Beside the program.
 inline constexpr std::string_view kHelpFile = "KAZ.html";
 
-// The setting "Owner" while no user has been chosen, and in single-user mode.
-inline constexpr std::string_view kNoOwner = "Not Set";
-inline constexpr std::string_view kSingleUser = "Single";
-
 // The component's version, such as "1.0.0".
 inline std::string VersionText() {
     return std::to_string(kMajor) + "." + std::to_string(kMinor) + "." + std::to_string(kRevision);
-}
-
-inline std::string SharedFileName(std::string_view owner) {
-    return std::string("Shared_").append(owner).append(".xml");
 }
 
 }  // namespace kaz

@@ -5,6 +5,7 @@
 #include "core/Names.h"
 #include "platform/Files.h"
 #include "platform/SafeFileWriter.h"
+#include "storage/Owner.h"
 
 namespace kaz {
 

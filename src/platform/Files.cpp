@@ -1,6 +1,6 @@
 #include "platform/Files.h"
 
-#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "platform/SafeFileWriter.h"
 
 namespace kaz {
@@ -44,6 +44,10 @@ void WriteWholeFile(FileSystem& files, const std::string& path, std::string_view
     SafeFileWriter writer(files, path);
     writer.Write(text);
     writer.Commit();
+}
+
+bool IsForbiddenInFileName(char c) {
+    return IsControl(c) || std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
 }
 
 std::string JoinPath(std::string_view folder, std::string_view name) {

@@ -18,6 +18,7 @@ void AppendText(FileSystem& files, const std::string& path, std::string_view tex
 // Puts the text in the place of the file, whole or not at all (see SafeFileWriter).
 void WriteWholeFile(FileSystem& files, const std::string& path, std::string_view text);
 
+bool IsForbiddenInFileName(char c);
 // `folder` and `name` with exactly one backslash between them.
 std::string JoinPath(std::string_view folder, std::string_view name);
 // Without its trailing backslashes, but a drive's root keeps the one that makes it a root.

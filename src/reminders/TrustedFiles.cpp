@@ -1,5 +1,7 @@
 #include "reminders/TrustedFiles.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 
 namespace kaz {
@@ -8,9 +10,7 @@ namespace {
 
 constexpr const char* kSet = "TrustedFiles";
 
-bool IsPlain(const std::string& text) {
-    return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; });
-}
+bool IsPlain(const std::string& text) { return std::none_of(text.begin(), text.end(), IsControl); }
 
 }  // namespace
 

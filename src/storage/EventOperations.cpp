@@ -1,5 +1,7 @@
 #include "storage/EventOperations.h"
 
+#include "storage/Owner.h"
+
 namespace kaz {
 
 std::optional<std::string> EventOperations::AddEvent(EventEditor& editor) {
@@ -61,7 +63,7 @@ void EventOperations::DeleteExpiredEvent(const std::string& code) {
 
 bool EventOperations::OwnerRefuses(const clsEvent& event, const std::string& textBefore,
                                    const std::string& textAfter) {
-    if (!context_.settings.Flag("Networked") || event.Owner() == context_.settings.TextOr("Owner", "Not Set"))
+    if (!context_.settings.Flag("Networked") || event.Owner() == CurrentOwner(context_.settings))
         return false;
     context_.dialogs.Message("You're not the owner of this event.  " + textBefore + event.Owner() +
                              textAfter);

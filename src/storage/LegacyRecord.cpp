@@ -26,7 +26,7 @@ public:
     // The same for a text of one line.
     std::string Line() const {
         std::string text = Text();
-        std::erase_if(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
+        std::erase_if(text, IsControl);
         return std::string(Trim(text));
     }
 

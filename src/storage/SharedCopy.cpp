@@ -1,6 +1,7 @@
 #include "storage/SharedCopy.h"
 
 #include "base/Text.h"
+#include "storage/Owner.h"
 
 namespace kaz {
 
@@ -9,7 +10,7 @@ void SharedCopy::Run() {
     trap([&] {
         const SharedFolder folder(context_.files, context_.settings, context_.log);
         if (folder.Path().empty()) return;
-        const std::string me = context_.settings.TextOr("Owner", "Not Set");
+        const std::string me = CurrentOwner(context_.settings);
 
         // The earlier copies leave the file in the same save that brings the new ones, so that nobody ever
         // reads a file without them.

@@ -2,7 +2,6 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "platform/Files.h"
 
 #include <algorithm>
 #include <array>
@@ -33,17 +32,13 @@ SharedFolder::SharedFolder(FileSystem& files, std::string path, cSharedLogging& 
 
 std::string SharedFolder::ListFile() const { return JoinPath(Path(), "KAZShared.ini"); }
 
-std::string SharedFolder::FileOf(std::string_view user) const {
-    return JoinPath(Path(), std::string("Shared_").append(user).append(".xml"));
+std::string SharedFolder::NameOf(std::string_view user) {
+    return std::string("Shared_").append(user).append(".xml");
 }
 
 bool SharedFolder::IsSafeName(std::string_view name) {
-    const auto unsafe = [](char c) {
-        return static_cast<unsigned char>(c) < 32 ||
-               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
-    };
     return !name.empty() && name.find("..") == std::string_view::npos &&
-           std::none_of(name.begin(), name.end(), unsafe) && !IsDeviceName(name);
+           std::none_of(name.begin(), name.end(), IsForbiddenInFileName) && !IsDeviceName(name);
 }
 
 std::vector<std::string> SharedFolder::UsersOf(const std::string& listFile) const {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/FileSystem.h"
+#include "platform/Files.h"
 #include "support/cSHAREDSettings.h"
 #include "support/cSharedLogging.h"
 
@@ -22,8 +22,9 @@ public:
 
     const std::string& Path() const { return path_; }
     std::string ListFile() const;
-    // The full path of the user's shared file.
-    std::string FileOf(std::string_view user) const;
+    // The name of the user's shared file, and its full path.
+    static std::string NameOf(std::string_view user);
+    std::string FileOf(std::string_view user) const { return JoinPath(Path(), NameOf(user)); }
 
     // The listed names in the list's order, blanks around them and blank lines left out.
     std::vector<std::string> Users() const { return UsersOf(ListFile()); }

@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "storage/ErrorBatch.h"
 #include "storage/LegacyRecord.h"
+#include "storage/Owner.h"
 #include "storage/SharedFolder.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@ namespace kaz {
 namespace {
 
 constexpr std::string_view kModule = "clsDB2";
-constexpr std::string_view kSingleOwner = "Single";
 
 // Kept on purpose: the count is rounded, so that the larger half of a record at the end of a file is read.
 std::size_t RecordsIn(std::string_view records) {
@@ -105,14 +105,13 @@ void clsDB2::WipeDiskFile() {
 
 void clsDB2::WipeRecordsByOwner(std::string_view owner) {
     LoadDB(fileName_);
-    for (clsEvent& event : AllEvents())
-        event.Deleted |= IsOwner(event, owner);
+    memory_.MarkRecordsByOwner(owner);
     SaveDB();
 }
 
 void clsDB2::SetAllToSingleUser() {
     for (clsEvent& event : AllEvents())
-        event.Owner(std::string(kSingleOwner));
+        event.Owner(std::string(kSingleUser));
     SaveDB();
 }
 
@@ -160,8 +159,7 @@ bool clsDB2::IsOwner(const clsEvent& event, std::string_view owner) const {
 }
 
 void clsDB2::AddOwnerAndSound(clsEvent& event) {
-    if (event.Owner().empty() || event.Owner() == kSingleOwner)
-        event.Owner(services_.settings.TextOr("Owner", "Not Set"));
+    AdoptOrphan(event, CurrentOwner(services_.settings));
     if (const auto sound = sounds_.OwnWavName(event.IDCode)) {
         event.WavFile = *sound;
         event.PlayWav = true;

@@ -2,49 +2,30 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "platform/Clock.h"
-#include "platform/DateText.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/SafeFileWriter.h"
 #include "storage/ErrorBatch.h"
 #include "storage/EventFileReader.h"
-#include "storage/EventXml.h"
+#include "storage/EventFileWriter.h"
+#include "storage/EventIntake.h"
+#include "storage/Owner.h"
 #include "storage/SharedFolder.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace kaz {
 
 namespace {
-
 constexpr std::string_view kModule = "clsDbXml";
-// The owner of every event while there is one user only; on loading it becomes the current user's name.
-constexpr std::string_view kSingleOwner = "Single";
-
-void WriteEvents(SafeFileWriter& file, const std::vector<clsEvent>& events) {
-    constexpr std::size_t kPiece = std::size_t{256} * 1024;
-    constexpr std::size_t kUsualBlock = std::size_t{8} * 1024;
-    std::string text;
-    text.reserve(std::min(kPiece + kUsualBlock, (events.size() + 1) * kUsualBlock));
-    text = EventXml::kProlog;
-    for (const clsEvent& event : events) {
-        if (!event.Deleted) EventXml::AppendBlock(text, event);
-        if (text.size() < kPiece) continue;
-        file.Write(text);
-        text.clear();
-    }
-    file.Write(text);
 }
-
-}  // namespace
 
 clsDbXml::clsDbXml(const StorageServices& services)
     : services_(services),
       codes_(services.clock, services.random),
-      watched_(services.files, services.log) {}
+      watched_(services.files, services.log),
+      overwritten_(services) {}
 
 bool clsDbXml::DatabaseChanged() const {
     return watched_.Empty() ? FileDate() != lastKnownDate_ : watched_.Changed();
@@ -100,7 +81,7 @@ void clsDbXml::ReadEvents(std::vector<clsEvent>& events) const {
     const auto file = services_.files.OpenForReading(fileName_);
     ErrorBatch errors(services_.log);
     EventFileReader reader(*file, services_.locale.Data(), errors);
-    const std::string user = services_.settings.TextOr("Owner", "Not Set");
+    const EventIntake intake(services_, foreignFileFilter_);
     for (;;) {
         if (events.size() == events.capacity()) {
             // Behind other files' events there are mostly more files to come, and each step moves all of
@@ -109,28 +90,9 @@ void clsDbXml::ReadEvents(std::vector<clsEvent>& events) const {
             events.reserve(std::max(events.size() + step + 64, before + reader.EstimatedCount()));
         }
         const bool read = reader.Next(events.emplace_back());
-        if (!read || !Admit(events.back(), user)) events.pop_back();
+        if (!read || !intake.Admit(events.back())) events.pop_back();
         if (!read) return;
     }
-}
-
-// What is done with every event that is read; false drops it.
-bool clsDbXml::Admit(clsEvent& event, const std::string& user) const {
-    if (event.Owner().empty() || event.Owner() == kSingleOwner) event.Owner(user);
-    return !event.Deleted && (!foreignFileFilter_ || AdmitForeign(event, user));
-}
-
-// A shared event without a list of names is meant for everybody.
-bool clsDbXml::AdmitForeign(clsEvent& event, const std::string& user) const {
-    const CaseFolding& letters = services_.locale.Folding();
-    if (event.SharedEvent && event.ShareWithSpecific && !event.NameInShared(user, letters)) return false;
-    const std::string& category = event.SharedLayerName;
-    // The name was written by somebody else and would become a line of the settings file.
-    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 32; };
-    if (category.empty() || std::any_of(category.begin(), category.end(), isControl)) return true;
-    const std::int16_t slot = services_.layers.SeekLayerIndex(category);
-    if (slot >= 0) event.Layer(slot);
-    return true;
 }
 
 // What the user stored while the file could not be read joins what the file holds, and is saved at last.
@@ -172,7 +134,9 @@ bool clsDbXml::SaveDB() {
         services_.log.LogEvent("Unable to write events. " + fileName_ + " could not be read.");
         return false;
     }
-    const bool kept = KeepUnreadVersion();
+    const std::optional<FileTime> date = FileDate();
+    const bool unread = date && date != lastKnownDate_;
+    const bool kept = !unread || overwritten_.Keep(fileName_, *date);
     const bool written = kept && WriteFile();
     unsaved_ = !written;
     if (written) {
@@ -184,27 +148,6 @@ bool clsDbXml::SaveDB() {
     if (kept) lastKnownDate_ = FileDate();
     if (copyToShared_) copyToShared_();
     return written;
-}
-
-// False when there is such a version and it could not be kept; it is not written over then.
-bool clsDbXml::KeepUnreadVersion() {
-    const std::optional<FileTime> date = FileDate();
-    if (overwrittenFolder_.empty() || !date || date == lastKnownDate_) return true;
-    const std::string name = FileNameOf(fileName_);
-    const std::string stem = WithExtension(name, "");
-    const std::string time =
-        FormatDate(services_.clock.Now(), "YYYY-MM-DD HH.NN.SS", services_.locale.Data());
-    std::string kept = JoinPath(overwrittenFolder_, stem + " (changed by another, " + time + ")");
-    // Two of them can be found within a second.
-    if (FileExists(services_.files, kept + ".xml")) kept += " " + std::to_string(*date);
-    ErrorTrap trap(services_.log, "SaveDB", kModule);
-    const bool done = trap([&] {
-        services_.files.CreateFolder(overwrittenFolder_);
-        WriteWholeFile(services_.files, kept + ".xml", ReadWholeFile(services_.files, fileName_));
-    });
-    services_.log.LogEvent(fileName_ + " was changed by another program. " +
-                           (done ? "Its version is kept as " + kept + ".xml" : "It is not written over."));
-    return done;
 }
 
 bool clsDbXml::WriteFile() {
@@ -275,7 +218,7 @@ void clsDbXml::MarkRecordsByOwner(std::string_view owner) {
 
 void clsDbXml::SetAllToSingleUser() {
     for (clsEvent& event : events_)
-        event.Owner(std::string(kSingleOwner));
+        event.Owner(std::string(kSingleUser));
     SaveDB();
 }
 
@@ -301,7 +244,7 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
     watched_.Add(listFile);
 
     const SharedFolder folder(services_.files, services_.settings, services_.log);
-    const std::string me = services_.settings.TextOr("Owner", "Not Set");
+    const std::string me = CurrentOwner(services_.settings);
     ErrorTrap trap(services_.log, "LoadMultiple", kModule);
     std::vector<std::string> users;
     trap([&] { users = folder.UsersOf(listFile); });

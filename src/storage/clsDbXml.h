@@ -1,13 +1,10 @@
 #pragma once
 
 #include "model/clsEvent.h"
-#include "platform/FileSystem.h"
-#include "platform/Platform.h"
 #include "storage/EventCodes.h"
+#include "storage/OverwrittenVersions.h"
+#include "storage/StorageServices.h"
 #include "storage/WatchedFiles.h"
-#include "storage/clsLayers.h"
-#include "support/cSHAREDSettings.h"
-#include "support/cSharedLogging.h"
 
 #include <cstdint>
 #include <functional>
@@ -18,17 +15,6 @@
 #include <vector>
 
 namespace kaz {
-
-// What a database works with; all of it outlives the database.
-struct StorageServices {
-    FileSystem& files;
-    const Clock& clock;
-    Random& random;
-    const Locale& locale;
-    cSharedLogging& log;
-    cSHAREDSettings& settings;
-    clsLayers& layers;
-};
 
 // The events of one file, in file order. Look-ups by code take the first match.
 class clsDbXml {
@@ -81,7 +67,7 @@ public:
     void CopyToShared(std::function<void()> copy) { copyToShared_ = std::move(copy); }
     // The folder that keeps a version of the file which somebody else saved and this database would write
     // over without having read it. Without a folder it is written over.
-    void KeepOverwrittenIn(std::string folder) { overwrittenFolder_ = std::move(folder); }
+    void KeepOverwrittenIn(std::string folder) { overwritten_.KeepIn(std::move(folder)); }
     // Marks every event of that owner as deleted, in memory.
     void MarkRecordsByOwner(std::string_view owner);
 
@@ -101,14 +87,11 @@ private:
 
     Position Find(std::string_view code);
     std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
-    bool AdmitForeign(clsEvent& event, const std::string& user) const;
     void LoadWatched(const std::string& path);
     void ReadFile(std::vector<clsEvent>& events) const;
     void ReadEvents(std::vector<clsEvent>& events) const;
-    bool Admit(clsEvent& event, const std::string& user) const;
     void StoreWaiting(std::vector<clsEvent> before);
     bool MustNotWrite() const;
-    bool KeepUnreadVersion();
     bool WriteFile();
 
     StorageServices services_;
@@ -123,7 +106,7 @@ private:
     WatchedFiles watched_;  // empty until LoadMultiple
     bool foreignFileFilter_ = false;
     std::function<void()> copyToShared_;
-    std::string overwrittenFolder_;
+    OverwrittenVersions overwritten_;
 };
 
 }  // namespace kaz

@@ -41,8 +41,7 @@ std::string ErrorReport::MakeClean(std::string_view text) {
     std::string clean;
     clean.reserve(text.size());
     for (const char c : text) {
-        const bool control = static_cast<unsigned char>(c) < ' ';
-        const bool plain = !control && std::string_view("%?&# \"").find(c) == std::string_view::npos;
+        const bool plain = !IsControl(c) && std::string_view("%?&# \"").find(c) == std::string_view::npos;
         clean += plain ? std::string(1, c) : Escaped(c);
     }
     return clean;

@@ -1,5 +1,6 @@
 #include "ui/frmTasks.h"
 
+#include "base/Text.h"
 #include "platform/Dialogs.h"
 #include "platform/WindowFactory.h"
 #include "ui/print/TaskListPages.h"
@@ -16,8 +17,7 @@ constexpr std::string_view kGone = "Somebody else has changed or deleted this ta
 // A list box shows a line break or a tab as a blot.
 std::vector<std::string> Lines(std::vector<std::string> tasks) {
     for (std::string& task : tasks)
-        std::replace_if(
-            task.begin(), task.end(), [](unsigned char c) { return c < ' '; }, ' ');
+        std::replace_if(task.begin(), task.end(), IsControl, ' ');
     return tasks;
 }
 

@@ -1,6 +1,7 @@
 #include "ui/month/MonthGrid.h"
 
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 
 #include <algorithm>
 
@@ -17,8 +18,6 @@ DateValue FirstOf(int month, int year) {
 int LengthOf(int month, int year) {
     return month == 12 ? 31 : DateValue::FromCivil(year, month + 1, 1).Day() - FirstOf(month, year).Day();
 }
-
-bool BreaksLine(char c) { return static_cast<unsigned char>(c) < ' '; }
 
 }  // namespace
 
@@ -76,7 +75,7 @@ std::uint32_t MonthGrid::Keep(const clsEvent& event) {
     const std::size_t owner = networked_ ? event.Owner().size() : 0;
     texts_.append(event.Desc());
     texts_.append(event.Owner(), 0, owner);
-    std::replace_if(texts_.begin() + static_cast<std::ptrdiff_t>(start), texts_.end(), BreaksLine, ' ');
+    std::replace_if(texts_.begin() + static_cast<std::ptrdiff_t>(start), texts_.end(), IsControl, ' ');
     events_.push_back({start, static_cast<std::uint32_t>(event.Desc().size()),
                        static_cast<std::uint32_t>(owner),
                        event.AlarmSet() ? event.DueTime().MinuteOfDay() : -1});

@@ -2,10 +2,10 @@
 
 #include "base/Text.h"
 #include "core/EventFiles.h"
-#include "core/Names.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "resources/resource.h"
+#include "storage/Owner.h"
 #include "ui/event/FieldFault.h"
 
 namespace kaz {
