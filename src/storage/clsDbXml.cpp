@@ -239,6 +239,8 @@ void clsDbXml::RenameOwner(std::string_view oldName, std::string_view newName) {
 void clsDbXml::LoadMultiple(const std::string& listFile) {
     codes_.Forget();
     events_.clear();
+    // What waits is no longer there; another user's event may have the same code.
+    waiting_.clear();
     // Watched like the files that it names: a user who joins is seen at the next look.
     watched_.Clear();
     watched_.Add(listFile);

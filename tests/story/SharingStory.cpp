@@ -130,6 +130,23 @@ TEST(Sharing, WhatOthersWroteIsNotTrusted) {
         EXPECT_THAT(log, HasSubstr("Shared user \"" + std::string(name) + "\" refused"));
 }
 
+TEST(Sharing, AnEventOfAnotherWithTheSameCodeStaysOutOfOnesOwnFile) {
+    Office office;
+    User ann(office.disk, "Ann");
+    const std::string own = "C:\\Share\\Shared_Ann.xml";
+    office.disk.Put(ann.Folder() + "\\Events.xml",
+                    FileOf({Shared(OneOff("000001", "Dinner", Office::Day(0)), "Ann")}));
+    office.disk.Put("C:\\Share\\Shared_Bob.xml",
+                    FileOf({Shared(OneOff("000001", "Party", Office::Day(5)), "Bob")}));
+    office.disk.Put(own, FileOf({}));
+    office.disk.At(own).locked = true;
+    ann.Start();
+    office.disk.At(own).locked = false;
+    ann.Machine().clock.AdvanceDays(1);
+    ann.Tick();
+    EXPECT_EQ(office.disk.Text(own), FileOf({}));
+}
+
 TEST(Sharing, ALostShareLosesNothingAndIsTriedAgain) {
     Office office;
     User ann(office.disk, "Ann");
