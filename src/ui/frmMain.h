@@ -47,8 +47,6 @@ private:
     void mnuFind_Click();
     void mnuFindNext_Click();
     void mnuSelectAll_Click();
-    void TimerRefresh_Timer();
-    void TimerAlarms_Timer() { ShowAlarms(); }
 
     // The toolbar and the menus: frmMainCommands.cpp.
     void NameCommands();
@@ -83,6 +81,15 @@ private:
     // Whether one of the program's dialogs waits for its answer.
     bool IsBlocked() const { return !window().Enabled(0); }
 
+    // The timers: frmMainTick.cpp.
+    void TickSoon();
+    void TimerRefresh_Timer();
+    void TimerAlarms_Timer() { ShowAlarms(); }
+    void ReloadChangedFiles();
+    void ShowNewDay();
+    void ShowAlarms();
+    void RingAlarms();
+
     void FillCategories();
     std::int16_t Category() const;
     ReportList& ListEvents() const { return window().Report(IDC_ListEvents); }
@@ -94,11 +101,6 @@ private:
     void Refill(const std::optional<std::string>& code);
     bool AskForTerm();
     void Search(int from);
-    void TickSoon();
-    void ReloadChangedFiles();
-    void ShowNewDay();
-    void ShowAlarms();
-    void RingAlarms();
 
     Application& app_;
     MainWindowEvents& owner_;
