@@ -40,8 +40,10 @@ public:
     FakePlatform(const FakePlatform&) = delete;
     FakePlatform& operator=(const FakePlatform&) = delete;
 
-    Platform Services() {
-        return {clock, dialogs, files, locale, pump, printer, random, shell, sound, system, *factory_, zip};
+    Platform Services() { return Services(files); }
+    // On the disk of another machine, as two who share a folder have it.
+    Platform Services(FileSystem& disk) {
+        return {clock, dialogs, disk, locale, pump, printer, random, shell, sound, system, *factory_, zip};
     }
     // Windows from elsewhere than `windows`, for Services() from now on.
     void UseWindows(WindowFactory& factory) { factory_ = &factory; }

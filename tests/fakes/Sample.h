@@ -4,8 +4,8 @@
 #include "model/clsEvent.h"
 #include "storage/EventXml.h"
 
-#include <initializer_list>
 #include <string>
+#include <vector>
 
 namespace kaz {
 
@@ -31,8 +31,31 @@ inline clsEvent Daily(const std::string& code, const std::string& description, D
     return event;
 }
 
+inline clsEvent WithAlarm(clsEvent event, int hour, int minute) {
+    event.AlarmSet(true);
+    event.DueTime(DateValue::FromTime(hour, minute));
+    event.AlarmTime(event.DueTime());
+    return event;
+}
+
+// What the events say, in their order.
+inline std::vector<std::string> DescriptionsOf(const std::vector<clsEvent>& events) {
+    std::vector<std::string> descriptions;
+    for (const clsEvent& event : events)
+        descriptions.push_back(event.Desc());
+    return descriptions;
+}
+
+// The owners likewise, with " deleted" behind those whose event is.
+inline std::vector<std::string> OwnersOf(const std::vector<clsEvent>& events) {
+    std::vector<std::string> owners;
+    for (const clsEvent& event : events)
+        owners.push_back(event.Owner() + (event.Deleted ? " deleted" : ""));
+    return owners;
+}
+
 // An event file's text.
-inline std::string FileOf(std::initializer_list<clsEvent> events) {
+inline std::string FileOf(const std::vector<clsEvent>& events) {
     std::string text(EventXml::kProlog);
     for (const clsEvent& event : events)
         EventXml::AppendBlock(text, event);

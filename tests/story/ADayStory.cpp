@@ -10,13 +10,6 @@ using testing::Not;
 
 namespace {
 
-clsEvent Alarm(clsEvent event, int hour, int minute) {
-    event.AlarmSet(true);
-    event.DueTime(DateValue::FromTime(hour, minute));
-    event.AlarmTime(DateValue::FromTime(hour, minute));
-    return event;
-}
-
 clsEvent Warned(clsEvent event, std::int16_t days) {
     event.DaysWarning(days);
     return event;
@@ -51,8 +44,8 @@ TEST(ADay, RingsTheAlarmOnceHoweverManyTicksSeeItAndKeepsItUntilTheUserClosesIt)
     Story story;
     story.Settings("OWNER,Ann\r\n");
     story.machine.files.Put(Story::Path("alarm.wav"), "RIFF");
-    story.Events({Alarm(OneOff("000001", "Tea", story.Today()), 9, 2),
-                  Alarm(OneOff("000002", "Bread", story.Today()), 9, 4)});
+    story.Events({WithAlarm(OneOff("000001", "Tea", story.Today()), 9, 2),
+                  WithAlarm(OneOff("000002", "Bread", story.Today()), 9, 4)});
     story.Start().ShowMain();
     story.Advance(90);
     EXPECT_EQ(story.Reminder("ALARM!"), nullptr);
@@ -68,25 +61,10 @@ TEST(ADay, RingsTheAlarmOnceHoweverManyTicksSeeItAndKeepsItUntilTheUserClosesIt)
     EXPECT_THAT(story.Lines("ALARM!"), IsEmpty());
 }
 
-TEST(ADay, RunsTheFileOfAnEventOnceAndShowsNoWindowForIt) {
-    Story story;
-    story.Settings("OWNER,Ann\r\n");
-    story.machine.files.Put("C:\\Tools\\backup.cmd", "rem");
-    clsEvent runs = Alarm(Daily("000001", "Back up", story.Today()), 9, 1);
-    runs.ExecFile = true;
-    runs.Filename = " C:\\Tools\\backup.cmd ";
-    story.Events({runs});
-    story.Start().ShowMain();
-    story.Advance(200);
-    EXPECT_THAT(story.machine.shell.opened, ElementsAre("C:\\Tools\\backup.cmd"));
-    EXPECT_EQ(story.Reminder("ALARM!"), nullptr);
-    EXPECT_THAT(story.Lines("TODAY!"), IsEmpty());
-}
-
 TEST(ADay, ClosingTheMainWindowHidesItTellsTheHostAndKeepsTheAlarms) {
     Story story;
     story.Settings("OWNER,Ann\r\n");
-    story.Events({Alarm(OneOff("000001", "Tea", story.Today()), 9, 2)});
+    story.Events({WithAlarm(OneOff("000001", "Tea", story.Today()), 9, 2)});
     clsComponent& component = story.Start();
     component.ShowMain();
     story.Main()->Raise(0, Raised::CloseBox);

@@ -72,16 +72,6 @@ TEST_F(EventOperationsTest, OwnershipCountsInANetworkOnly) {
     operations.DeleteEvent("no such code");
 }
 
-TEST_F(EventOperationsTest, AddGivesANewCodeAndTheNextDate) {
-    editor.saves = false;
-    EXPECT_FALSE(operations.AddEvent(editor));
-    editor.saves = true;
-    const auto code = operations.AddEvent(editor);
-    ASSERT_TRUE(code);
-    EXPECT_EQ(code->size(), 6U);
-    EXPECT_THAT(Saved("Events.xml"), HasSubstr("<IDCode>" + *code + "</IDCode>"));
-}
-
 TEST_F(EventOperationsTest, AnEditedExpiredEventMovesBackUnlessItCannotBeSaved) {
     machine.files.At("C:\\KAZ\\Events.xml").readOnly = true;
     operations.EditEvent("000003", true, EditMode::Whole, editor);

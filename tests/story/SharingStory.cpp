@@ -20,11 +20,7 @@ public:
         disk.Put(folder_ + "\\Kaz.ini", "OWNER," + name +
                                             "\r\nNETWORKED,-1\r\nNOAUTOBACKUPS,-1\r\nDATAPATH," + folder_ +
                                             "\r\nSHAREDDATAPATH," + kShare + "\r\nLAYER3,Family\r\n");
-        Platform services = machine_.Services();
-        component_.emplace(Platform{services.clock, services.dialogs, disk, services.locale, services.pump,
-                                    services.printer, services.random, services.shell, services.sound,
-                                    services.system, services.windows, services.zip},
-                           MakeMainWindow, host_);
+        component_.emplace(machine_.Services(disk), MakeMainWindow, host_);
     }
     void Start() {
         component_->Startup(folder_);

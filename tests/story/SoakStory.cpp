@@ -46,10 +46,7 @@ protected:
     static clsEvent Alarm(const std::string& code, int hour, int minute) {
         clsEvent event = Daily(code, "Alarm " + code, DateValue(45000));
         event.Owner("Ann");
-        event.DueTime(DateValue::FromTime(hour, minute));
-        event.AlarmSet(true);
-        event.AlarmTime(event.DueTime());
-        return event;
+        return WithAlarm(event, hour, minute);
     }
     void BobSaves() {
         clsEvent party = OneOff("000009", "Party " + std::string(1, static_cast<char>('A' + saves_++ % 26)),

@@ -20,10 +20,7 @@ constexpr const char* kBackups = "C:\\KAZ\\Autobackups";
 class Writer {
 public:
     explicit Writer(MemoryFileSystem& disk) {
-        const Platform services = machine_.Services();
-        app_.emplace(Platform{services.clock, services.dialogs, disk, services.locale, services.pump,
-                              services.printer, services.random, services.shell, services.sound,
-                              services.system, services.windows, services.zip});
+        app_.emplace(machine_.Services(disk));
         app_->log.NOLOGGING(true);
         app_->settings.StoreSetting("Owner", std::string("Ann"));
         database_.emplace(app_->Storage());

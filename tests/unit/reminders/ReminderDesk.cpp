@@ -24,14 +24,10 @@ ReminderDesk::ReminderDesk() {
 }
 
 clsEvent& ReminderDesk::Add(const std::string& description, int inDays, clsDbXml* database) {
-    clsEvent event;
-    event.IDCode = "00" + std::to_string(1000 + codes_++);
+    const std::string code = "00" + std::to_string(1000 + codes_++);
+    clsEvent event = OneOff(code, description, machine.clock.Today().PlusDays(inDays));
     event.Owner(database == &shared ? "Bob" : "Ann");
-    event.Desc(description);
-    event.DueDate(machine.clock.Today().PlusDays(inDays));
-    auto& all = (database ? database : &events)->AllEvents();
-    all.push_back(event);
-    return all.back();
+    return (database ? database : &events)->AllEvents().emplace_back(event);
 }
 
 clsEvent& ReminderDesk::AddAlarm(const std::string& description, const std::string& time,
@@ -70,10 +66,7 @@ std::vector<std::string> ReminderDesk::TakeLog() {
 std::vector<std::string> ReminderDesk::OnDisk(const std::string& file) {
     clsDbXml database(storage);
     database.LoadDB(folder + "\\" + file);
-    std::vector<std::string> descriptions;
-    for (const clsEvent& event : database.AllEvents())
-        descriptions.push_back(event.Desc());
-    return descriptions;
+    return DescriptionsOf(database.AllEvents());
 }
 
 }  // namespace kaz

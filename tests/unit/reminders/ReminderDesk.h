@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fakes/RecordingErrors.h"
+#include "fakes/Sample.h"
 #include "fakes/StorageDesk.h"
 #include "platform/OpenWindows.h"
 #include "reminders/ReminderWindows.h"

@@ -10,25 +10,11 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-std::vector<std::string> Descriptions(const clsDbXml& database) {
-    std::vector<std::string> descriptions;
-    for (const clsEvent& event : database.AllEvents())
-        descriptions.push_back(event.Desc());
-    return descriptions;
-}
-
-void EveryDay(clsEvent& event) {
-    event.Recurring(true);
-    event.RecurrenceType(RecurEveryNDays);
-    event.StartDate(event.DueDate());
-    event.Period(1);
-}
-
 TEST(UpdateAllEvents, MovesRecurringEventsOnAndOthersOut) {
     ReminderDesk desk;
     desk.Add("Past", -1);
     desk.Add("Today", 0);
-    EveryDay(desk.Add("Daily", -3));
+    desk.Add("Daily", -3).Recurring(true);
     desk.events.AllEvents().back().MailSent = true;
     desk.Engine().UpdateAllEvents();
 
@@ -47,15 +33,15 @@ TEST(UpdateAllEvents, TheEventAfterARemovedOneWaitsForTheNextPass) {
     ReminderDesk desk;
     for (const char* name : {"A", "B", "C"})
         desk.Add(name, -1);
-    EveryDay(desk.Add("R", -1));
+    desk.Add("R", -1).Recurring(true);
     desk.Engine().UpdateAllEvents();
-    EXPECT_THAT(Descriptions(desk.events), ElementsAre("B", "R"));
+    EXPECT_THAT(DescriptionsOf(desk.events.AllEvents()), ElementsAre("B", "R"));
     desk.Engine().UpdateAllEvents();
-    EXPECT_THAT(Descriptions(desk.events), ElementsAre("R"));
+    EXPECT_THAT(DescriptionsOf(desk.events.AllEvents()), ElementsAre("R"));
     EXPECT_LT(desk.events.AllEvents().front().DueDate(), desk.machine.clock.Today());
     desk.Engine().UpdateAllEvents();
     EXPECT_EQ(desk.events.AllEvents().front().DueDate(), desk.machine.clock.Today());
-    EXPECT_THAT(Descriptions(desk.expired), ElementsAre("A", "C", "B"));
+    EXPECT_THAT(DescriptionsOf(desk.expired.AllEvents()), ElementsAre("A", "C", "B"));
 }
 
 TEST(UpdateAllEvents, ABadRuleIsOneErrorAndStopsNothing) {
@@ -63,7 +49,7 @@ TEST(UpdateAllEvents, ABadRuleIsOneErrorAndStopsNothing) {
     clsEvent& bad = desk.Add("Bad", -1);
     bad.Recurring(true);
     bad.RecurrenceType(RecurWeekdays);
-    EveryDay(desk.Add("Good", -1));
+    desk.Add("Good", -1).Recurring(true);
     desk.Engine().UpdateAllEvents();
     EXPECT_THAT(desk.TakeLog(),
                 ElementsAre("Error 5 (Invalid procedure call or argument) in CalcDueDate of clsEvent",
@@ -82,7 +68,7 @@ TEST(UpdateAllEvents, NothingIsLostWhileTheExpiredFileCannotBeWritten) {
     for (int pass = 0; pass < 2; ++pass) {
         desk.Engine().UpdateAllEvents();
         EXPECT_THAT(desk.OnDisk("Events.xml"), ElementsAre("Past"));
-        EXPECT_THAT(Descriptions(desk.events), ElementsAre("Past"));
+        EXPECT_THAT(DescriptionsOf(desk.events.AllEvents()), ElementsAre("Past"));
     }
     EXPECT_THAT(desk.TakeLog(), Contains("Expired events could not be saved and stay with the others"));
 
@@ -126,30 +112,20 @@ TEST(UpdateAllEvents, AnExpiredEventKeepsItsPlaceBesideAnotherWithItsCode) {
     clsEvent& other = desk.Add("Older", -9, &desk.expired);
     other.IDCode = past.IDCode;
     desk.Engine().UpdateAllEvents();
-    ASSERT_THAT(Descriptions(desk.expired), ElementsAre("Older", "Past"));
+    ASSERT_THAT(DescriptionsOf(desk.expired.AllEvents()), ElementsAre("Older", "Past"));
     EXPECT_NE(desk.expired.AllEvents()[0].IDCode, desk.expired.AllEvents()[1].IDCode);
 }
 
 TEST(UpdateAllEvents, ALongAbsenceIsToldInOneWriting) {
     ReminderDesk desk;
     for (int i = 0; i < 6800; ++i)
-        EveryDay(desk.Add("Event " + std::to_string(i), -400));
+        desk.Add("Event " + std::to_string(i), -400).Recurring(true);
     desk.Add("Past", -400);
     const int before = desk.machine.files.written;
     desk.Engine().UpdateAllEvents();
     EXPECT_EQ(desk.machine.files.written - before, 3);  // the log and the two files
     EXPECT_EQ(desk.TakeLog().size(), 6801U);
     EXPECT_EQ(desk.expired.RecordCount(), 1);
-}
-
-TEST(UpdateAllEvents, WithoutDatabasesNothingHappens) {
-    ReminderDesk desk;
-    clsReminder engine({desk.machine.clock, desk.machine.locale, desk.machine.files, desk.machine.pump,
-                        desk.machine.shell, desk.log, desk.settings, desk.windows, nullptr, nullptr});
-    engine.UpdateAllEvents();
-    engine.DisplayReminders();
-    EXPECT_THAT(desk.TakeLog(), IsEmpty());
-    EXPECT_EQ(desk.machine.windows.made, 0);
 }
 
 }  // namespace

@@ -25,14 +25,10 @@ MainWindowFixture::MainWindowFixture() {
 }
 
 clsEvent& MainWindowFixture::Add(clsDbXml& database, const std::string& description, int days) {
-    clsEvent event;
-    event.IDCode = std::to_string(100000 + database.RecordCount());
-    event.Desc(description);
+    const std::string code = std::to_string(100000 + database.RecordCount());
+    clsEvent& event = database.AllEvents().emplace_back(OneOff(code, description, kToday.PlusDays(days)));
     event.Owner("Smith");
-    event.Layer(1);
-    event.DueDate(kToday.PlusDays(days));
-    database.AllEvents().push_back(event);
-    return database.AllEvents().back();
+    return event;
 }
 
 void MainWindowFixture::ShareAsAnn(const std::vector<clsEvent>& events) {

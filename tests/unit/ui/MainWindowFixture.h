@@ -3,6 +3,7 @@
 #include "core/Application.h"
 #include "core/MainWindow.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/Sample.h"
 #include "ui/EventRows.h"
 
 #include <gtest/gtest.h>
