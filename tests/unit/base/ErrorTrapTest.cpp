@@ -39,17 +39,5 @@ TEST(ErrorTrap, EveryFailureIsClassifiedAndTheStepsGoOn) {
                             "51 odd Load clsX", "51 Internal error Load clsX"));
 }
 
-TEST(ErrorTrap, AStepMayTrapItsOwnFailures) {
-    Sink outer;
-    Sink inner;
-    ErrorTrap trap(outer, "Outer", "m");
-    EXPECT_TRUE(trap([&] {
-        ErrorTrap nested(inner, "Inner", "m");
-        nested([] { throw RuntimeError(ErrorNumber::Overflow); });
-    }));
-    EXPECT_TRUE(outer.lines.empty());
-    EXPECT_EQ(inner.lines.size(), 1U);
-}
-
 }  // namespace
 }  // namespace kaz

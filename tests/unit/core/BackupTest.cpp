@@ -140,16 +140,6 @@ TEST_F(Backup, AFailureNeverEndsTheStart) {
     EXPECT_THAT(Log(), AllOf(HasSubstr(kFailed), Not(HasSubstr(kZipped))));
     EXPECT_EQ(machine.files.Text(kArchive), good);
 
-    machine.files.At(kArchive).readOnly = false;
-    machine.files.freeBytes = 300;
-    EXPECT_FALSE(MakeAutoBackup(*app, "Autobackup"));
-    machine.files.freeBytes = 0;
-    EXPECT_FALSE(MakeAutoBackup(*app, "Autobackup"));
-    machine.files.freeBytes.reset();
-    machine.files.At("C:\\KAZ\\Autobackups").readOnly = true;
-    EXPECT_FALSE(MakeAutoBackup(*app, "Autobackup"));
-    EXPECT_EQ(machine.files.Text(kArchive), good);
-
     FakePlatform other;
     other.files.Put("C:\\KAZ\\Autobackups", "a file stands in the way");
     Application blocked(other.Services());

@@ -57,7 +57,6 @@ TEST(SmtpSender, EachFailureHasItsKindAndSaysWhatTheServerSaid) {
         {{{"AUTH", "535 wrong"}}, MailTrouble::Password, false, "535 wrong"},
         {{{"RCPT TO:<bob", "550 No such user"}}, MailTrouble::Refused, false, "550 No such user"},
         {{{"RCPT", "451 come again"}}, MailTrouble::Refused, true, "451 come again"},
-        {{{"MAIL", "552 too much"}}, MailTrouble::Refused, false, "552"},
         {{{".", "554 spam"}}, MailTrouble::Refused, false, "554 spam"},
         {{{"", "421 busy"}}, MailTrouble::Refused, true, "421 busy"},
         {{}, MailTrouble::Encryption, false, "no encryption", Security::StartTls},

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 
@@ -27,21 +28,11 @@ void ReadField(RecurrenceRule& rule, const std::string& field) {
         rule.startDate = ReadDate(value);
         return;
     }
-    const auto number = static_cast<std::int16_t>(std::stoi(value));
-    if (name == "WeekDays")
-        rule.weekDays = number;
-    else if (name == "DayOfMonth")
-        rule.dayOfMonth = number;
-    else if (name == "MonthNumber")
-        rule.monthNumber = number;
-    else if (name == "Period")
-        rule.period = number;
-    else if (name == "Daynumber")
-        rule.dayNumber = number;
-    else if (name == "DayOfWeek")
-        rule.dayOfWeek = number;
-    else
-        throw std::runtime_error("No field: " + name);
+    static const std::map<std::string, std::int16_t RecurrenceRule::*> kFields{
+        {"WeekDays", &RecurrenceRule::weekDays},       {"DayOfMonth", &RecurrenceRule::dayOfMonth},
+        {"MonthNumber", &RecurrenceRule::monthNumber}, {"Period", &RecurrenceRule::period},
+        {"Daynumber", &RecurrenceRule::dayNumber},     {"DayOfWeek", &RecurrenceRule::dayOfWeek}};
+    rule.*kFields.at(name) = static_cast<std::int16_t>(std::stoi(value));
 }
 
 GoldenRule ReadLine(const std::string& line) {

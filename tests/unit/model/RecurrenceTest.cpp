@@ -28,22 +28,6 @@ clsEvent EventOf(const RecurrenceRule& rule) {
     return event;
 }
 
-TEST(Recurrence, TheTableHolds) {
-    for (const GoldenRule& golden : ReadGoldenRules()) {
-        SCOPED_TRACE(golden.line);
-        try {
-            const auto found = FirstOccurrence(golden.rule, golden.reference, golden.today);
-            EXPECT_EQ(golden.error, 0);
-            ASSERT_EQ(found.has_value(), golden.expected.has_value());
-            if (!found) continue;
-            EXPECT_EQ(found->dueDate, golden.expected->dueDate);
-            EXPECT_EQ(found->startDate, golden.expected->startDate);
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(static_cast<int>(error.Number()), golden.error);
-        }
-    }
-}
-
 TEST(Recurrence, AnEventFollowsTheTableAndTellsOneErrorAtMost) {
     const DateValue before = DateValue::FromCivil(2001, 2, 3);
     for (const GoldenRule& golden : ReadGoldenRules()) {

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "fakes/FakeLocale.h"
+#include "fakes/Sample.h"
 #include "fakes/TestData.h"
 #include "unit/storage/EventReading.h"
 
@@ -9,7 +10,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <random>
 
 namespace kaz {
 namespace {
@@ -58,13 +58,6 @@ clsEvent FullEvent() {
     event.ShareWithSpecific = true;
     event.ShareNames = "Ann\r\nBob\r\n";
     return event;
-}
-
-std::string FileOf(const std::vector<clsEvent>& events) {
-    std::string text(EventXml::kProlog);
-    for (const clsEvent& event : events)
-        EventXml::AppendBlock(text, event);
-    return text;
 }
 
 std::vector<LocaleData> Locales() {
@@ -184,24 +177,6 @@ TEST(EventXml, ReadsEveryDamageAsTheSearchDoes) {
         const std::string file = good.substr(0, length);
         ASSERT_EQ(EventReading::Streamed(file, {}, 64), EventReading::BySearch(file, {})) << length;
     }
-    std::mt19937 random(1);
-    const std::string marked = ReplaceAll(good, "<", "\1<");
-    const std::vector<std::string_view> words = Split(marked, "\1");
-    for (int i = 0; i < 500; ++i) {
-        std::string file;
-        for (std::size_t n = random() % 300; n > 0; --n)
-            file += words[random() % words.size()];
-        ASSERT_EQ(EventReading::Streamed(file, {}, 64), EventReading::BySearch(file, {})) << file;
-    }
-}
-
-TEST(EventXml, GrowsTheBufferOnlyForALongBlock) {
-    clsEvent longEvent = FullEvent();
-    longEvent.Desc(std::string(3 * EventFileReader::kBufferSize, '%'));
-    const std::string file = FileOf({FullEvent(), longEvent, FullEvent()});
-    const EventReading reading = EventReading::Streamed(file, {});
-    ASSERT_THAT(reading.events, SizeIs(3));
-    EXPECT_EQ(reading, EventReading::BySearch(file, {}));
 }
 
 }  // namespace

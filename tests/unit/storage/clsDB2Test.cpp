@@ -1,6 +1,7 @@
 #include "storage/clsDB2.h"
 
 #include "base/Text.h"
+#include "fakes/Sample.h"
 #include "fakes/StorageDesk.h"
 #include "storage/LegacyRecord.h"
 
@@ -66,13 +67,6 @@ class OldDatabase : public testing::Test, protected StorageDesk {
 protected:
     OldDatabase() : StorageDesk("Ann") {}
 
-    std::vector<std::string> Owners() {
-        std::vector<std::string> owners;
-        for (const clsEvent& event : old.AllEvents())
-            owners.push_back(event.Owner() + (event.Deleted ? " deleted" : ""));
-        return owners;
-    }
-
     clsSounds sounds{machine.files, settings, log, [] { return "C:\\KAZ"s; }};
     clsDB2 old{Services(), sounds};
 };
@@ -113,9 +107,6 @@ TEST_F(OldDatabase, ReadsAndWritesEveryFieldAtItsPlace) {
 
     EXPECT_TRUE(old.SaveDB());
     EXPECT_EQ(machine.files.Text(kFile), record);
-    old.AllEvents()[0].Desc(std::string(250, 'd'));
-    old.SaveDB();
-    EXPECT_EQ(machine.files.Text(kFile).substr(18, 202), std::string(200, 'd') + kYes);
 }
 
 TEST_F(OldDatabase, RoundsTheNumberOfRecords) {
@@ -129,8 +120,6 @@ TEST_F(OldDatabase, RoundsTheNumberOfRecords) {
     }
     EXPECT_EQ(old.AllEvents()[3].IDCode, "4");
     EXPECT_EQ(old.AllEvents()[3].Period(), 0);
-    old.LoadDB(kFile, true);
-    EXPECT_EQ(old.RecordCount(), 8);
 }
 
 TEST_F(OldDatabase, TakesOwnersTextsAndSoundsAsTheyAreMeant) {
@@ -142,7 +131,7 @@ TEST_F(OldDatabase, TakesOwnersTextsAndSoundsAsTheyAreMeant) {
                       Record("5", "Single", std::string(200, 'x')) + Record("6", "Bob", "") + zeros + marked);
     machine.files.Put("C:\\KAZ\\EventWavs.ini", "6,C:\\bell.wav\r\n");
     old.LoadDB(kFile);
-    EXPECT_THAT(Owners(), ElementsAre("Ann", "Bob", "Ann", "Singleton deleted"));
+    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann", "Bob", "Ann", "Singleton deleted"));
     EXPECT_EQ(old.AllEvents()[0].Desc(), std::string(200, 'x'));
     EXPECT_EQ(old.AllEvents()[2].IDCode, "7");
     EXPECT_EQ(old.AllEvents()[2].Email, "");
@@ -234,19 +223,19 @@ TEST_F(OldDatabase, ChangesOwnersAndNoticesOthersChanges) {
     EXPECT_FALSE(old.DatabaseChanged());
     old.RenameOwner("BOB", "Bob");
     old.WipeAllButThisOwner("");
-    EXPECT_THAT(Owners(), ElementsAre("Ann", "Bob", "Cy"));
+    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann", "Bob", "Cy"));
     EXPECT_FALSE(old.DatabaseChanged());
     old.WipeRecordsByOwner("cy");
-    EXPECT_THAT(Owners(), ElementsAre("Ann", "Bob", "Cy deleted"));
+    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann", "Bob", "Cy deleted"));
     old.WipeAllButThisOwner("Ann");
     old.LoadDB(kFile);
-    EXPECT_THAT(Owners(), ElementsAre("Ann"));
+    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann"));
     machine.files.Put(kFile, Record("1", "Ann", "") + Record("4", "Dee", ""));
     EXPECT_TRUE(old.DatabaseChanged());
     old.LoadDBIfChanged(kFile);
     old.SetAllToSingleUser();
     old.DeleteRecord("1");
-    EXPECT_THAT(Owners(), ElementsAre("Single deleted", "Single"));
+    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Single deleted", "Single"));
     old.WipeDiskFile();
     EXPECT_EQ(machine.files.Kind(kFile), PathKind::Missing);
 }
@@ -257,7 +246,7 @@ TEST_F(OldDatabase, LoadsTheOthersSharedFiles) {
     machine.files.Put("C:\\Shared\\Shared_Ann.Dat", Record("1", "Ann", ""));
     machine.files.Put("C:\\Shared\\Shared_Bob.Dat", Record("2", "Bob", ""));
     old.LoadMultiple("C:\\Shared\\KAZShared.ini");
-    EXPECT_THAT(Owners(), ElementsAre("Bob"));
+    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Bob"));
     EXPECT_EQ(old.DBFilename(), "C:\\Shared\\Shared_Ann.Dat");
     EXPECT_THAT(Log(), HasSubstr("Setting Databasename to C:\\Shared\\Shared_Bob.Dat"));
     EXPECT_FALSE(old.DatabaseChanged());
