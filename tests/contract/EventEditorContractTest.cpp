@@ -1,11 +1,9 @@
-#include "Stage.h"
-#include "fakes/FakePlatform.h"
+#include "DialogStage.h"
 #include "fakes/Sample.h"
 #include "resources/resource.h"
 #include "ui/EventEditorDialog.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <functional>
 
@@ -15,8 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The event editor on this stage's windows; the rest of the machine is fake.
-class EventEditorContract : public testing::Test {
+class EventEditorContract : public DialogContract {
 protected:
     EventEditorContract() {
         app.settings.StoreSetting("Owner", std::string("Smith"));
@@ -24,10 +21,6 @@ protected:
         app.settings.StoreSetting("SharedDataPath", std::string("C:\\Share"));
         machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
         app.layers.LoadLayers();
-    }
-    Platform Services() {
-        machine.UseWindows(stage->Windows());
-        return machine.Services();
     }
     // The user works, presses Save and, should the dialog still be open, Abort.
     bool Edit(clsEvent& event, const std::function<void(Window&)>& user, EditMode mode = EditMode::Whole) {
@@ -38,10 +31,6 @@ protected:
         });
         return EventEditorDialog(app).Edit(event, mode);
     }
-
-    FakePlatform machine;
-    std::unique_ptr<Stage> stage = Stage::Make();
-    Application app{Services()};
 };
 
 TEST_F(EventEditorContract, AnEventOfEachKindIsOpenedChangedAndSaved) {
@@ -56,7 +45,16 @@ TEST_F(EventEditorContract, AnEventOfEachKindIsOpenedChangedAndSaved) {
         event.MonthNumber(12);
         event.Daynumber(5);
         event.DayOfWeek(7);
+        event.DaysWarning(5);
+        event.Layer(3);
+        event.PlayWav = event.ExecFile = event.SharedEvent = event.ShareWithSpecific = true;
+        event.WavFile = "C:\\Sounds\\bell.wav";
+        event.Filename = "C:\\list.txt";
+        event.Email = "ann@example.org;bob@example.org";
+        event.ShareNames = "Ann\r\nCid\r\n";  // one of whom is not in the list of the folder
         clsEvent expected = event;
+        EXPECT_TRUE(Edit(event, [](Window&) {}));
+        EXPECT_EQ(FileOf({expected}), FileOf({event})) << type << " untouched";
         EXPECT_TRUE(Edit(event, [&](Window& window) {
             EXPECT_EQ(type, window.Selected(IDC_TabStrip1));
             for (int tab = 0; tab < 6; ++tab)

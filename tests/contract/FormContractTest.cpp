@@ -1,13 +1,11 @@
-#include "Stage.h"
-#include "core/Application.h"
+#include "DialogStage.h"
 #include "core/MainWindow.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/Sample.h"
 #include "resources/resource.h"
 #include "ui/EventRows.h"
 #include "ui/FormFactory.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace kaz {
 namespace {
@@ -15,8 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The forms of the program on this stage's windows; the rest of the machine is fake.
-class FormContract : public testing::Test, public MainWindowEvents {
+class FormContract : public DialogContract, public MainWindowEvents {
 protected:
     FormContract() {
         app.settings.StoreSetting("Owner", std::string("Smith"));
@@ -26,24 +23,12 @@ protected:
         app.events->LoadDB("C:\\KAZ\\Events.xml");
         app.expired->LoadDB("C:\\KAZ\\Expired.xml");
     }
-
-    Platform Services() {
-        machine.UseWindows(stage->Windows());
-        machine.pump.waiting = [this] { stage->Pump().ProcessPending(); };
-        return machine.Services();
-    }
     clsEvent& Add(const std::string& description, int days, int category = 1) {
-        clsEvent event;
-        event.IDCode = std::to_string(100000 + app.events->RecordCount());
-        event.Desc(description);
+        clsEvent event = OneOff(std::to_string(100000 + app.events->RecordCount()), description,
+                                machine.clock.Today().PlusDays(days));
         event.Owner("Smith");
         event.Layer(static_cast<std::int16_t>(category));
-        event.DueDate(machine.clock.Today().PlusDays(days));
-        event.RecurrenceType(RecurEveryNDays);
-        event.StartDate(event.DueDate());
-        event.Period(7);
-        app.events->AllEvents().push_back(event);
-        return app.events->AllEvents().back();
+        return app.events->AllEvents().emplace_back(event);
     }
     void Open() {
         main = MakeMainWindow(app, *this);
@@ -57,9 +42,6 @@ protected:
     void fMain_Rescan() override {}
     void fMain_WindowClosed() override { ++windowClosed; }
 
-    FakePlatform machine;
-    std::unique_ptr<Stage> stage = Stage::Make();
-    Application app{Services()};
     std::shared_ptr<MainWindow> main;
     Window* window = nullptr;
     int windowClosed = 0;
@@ -145,15 +127,6 @@ TEST_F(FormContract, TheCloseBoxHidesTheMainWindowAndItComesBack) {
     EXPECT_EQ(nullptr, stage->Find(IDD_MAIN));
     EXPECT_EQ(700, ToNumber(app.settings.sGet("MainWindowWidth")));
     EXPECT_EQ(480, ToNumber(app.settings.sGet("MainWindowHeight")));
-}
-
-TEST_F(FormContract, ANearlyFullSizeOpensMaximised) {
-    app.settings.StoreSetting("MainWindowWidth", std::int32_t{100000});
-    app.settings.StoreSetting("MainWindowHeight", std::int32_t{100000});
-    Open();
-    EXPECT_FALSE(main->IsShown());
-    main->ShowWindow();
-    EXPECT_EQ(WindowState::Maximised, window->State());
 }
 
 TEST_F(FormContract, TheFirstTickBringsTheReminderWhichSleepsAndIsClosed) {

@@ -1,21 +1,14 @@
-#include "Stage.h"
-#include "core/Application.h"
-#include "fakes/FakePlatform.h"
+#include "DialogStage.h"
 #include "ui/frmTasks.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace kaz {
 namespace {
 
 using testing::ElementsAre;
 
-TEST(TasksContract, TasksAreAddedChangedDeletedAndShown) {
-    FakePlatform machine;
-    const auto stage = Stage::Make();
-    machine.UseWindows(stage->Windows());
-    Application app(machine.Services());
+TEST_F(DialogContract, TasksAreAddedChangedDeletedAndShown) {
     ShowTasks(app);
     Window* window = stage->Find(IDD_TASKS);
     ASSERT_NE(nullptr, window);

@@ -3,7 +3,6 @@
 #include "resources/resource.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace kaz {
 namespace {

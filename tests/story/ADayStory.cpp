@@ -67,6 +67,8 @@ TEST(ADay, ClosingTheMainWindowHidesItTellsTheHostAndKeepsTheAlarms) {
     story.Events({WithAlarm(OneOff("000001", "Tea", story.Today()), 9, 2)});
     clsComponent& component = story.Start();
     component.ShowMain();
+    story.Main()->Raise(0, Raised::CloseBox, kByEscape);
+    EXPECT_TRUE(story.Main()->IsVisible());
     story.Main()->Raise(0, Raised::CloseBox);
     EXPECT_THAT(story.host.raised, ElementsAre("Closed"));
     EXPECT_FALSE(story.Main()->IsVisible());

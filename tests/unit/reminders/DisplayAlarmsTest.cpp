@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <functional>
-
 namespace kaz {
 namespace {
 
@@ -27,7 +25,6 @@ TEST(DisplayAlarms, RingsInItsMinuteOnceAndStaysUntilTheUserClosesIt) {
     FakeWindow* window = desk.Window(kAlarm);
     ASSERT_NE(window, nullptr);
     EXPECT_TRUE(window->topMost);
-    EXPECT_THAT(window->acts, ElementsAre("Show"));
     desk.Alarms("09:30:59");
     EXPECT_THAT(desk.List(kAlarm), ElementsAre("Dentist"));
     desk.Alarms("09:31:00");
@@ -177,29 +174,19 @@ TEST_F(FilesOfOthers, DoNotRunWhenTheProgramEndsDuringTheQuestion) {
 }
 
 // A question box runs the timers and closes windows while it stands open.
-struct BusyDialogs : FakeDialogs {
-    bool AskYesNo(const std::string& text) override {
-        questions.push_back(text);
-        if (meanwhile) meanwhile();
-        return true;
-    }
-    std::function<void()> meanwhile;
-};
-
 TEST(DeferredQuestion, IsPutOnceAndNotAnsweredAfterItsClosing) {
     ReminderDesk desk;
-    BusyDialogs dialogs;
+    FakeDialogs& dialogs = desk.machine.dialogs;
+    dialogs.yesNo = {true, true};
     int answers = 0;
-    ReminderWindows windows({desk.machine.windows, desk.openWindows, desk.errors, dialogs, desk.machine.files,
-                             desk.machine.pump, desk.settings, desk.player, desk.folder});
     dialogs.meanwhile = [&] { desk.machine.windows.Advance(100); };
-    windows.AskLater("Run it?", [&](bool) { ++answers; });
+    desk.windows.AskLater("Run it?", [&](bool) { ++answers; });
     desk.machine.windows.Advance(100);
     EXPECT_EQ(dialogs.questions.size(), 1U);
     EXPECT_EQ(answers, 1);
 
     dialogs.meanwhile = [&] { desk.openWindows.UnloadAll(); };
-    windows.AskLater("Run it?", [&](bool) { ++answers; });
+    desk.windows.AskLater("Run it?", [&](bool) { ++answers; });
     desk.machine.windows.Advance(100);
     EXPECT_EQ(dialogs.questions.size(), 2U);
     EXPECT_EQ(answers, 1);

@@ -30,7 +30,7 @@ protected:
     clsEvent event;
 };
 
-TEST_F(EventDescriberTest, DaysAndDates) {
+TEST_F(EventDescriberTest, DaysDatesAndLineBreaks) {
     EXPECT_EQ("0005", Cell(kLeftColumn));
     EXPECT_EQ("Mon", Cell(kDayColumn));
     EXPECT_EQ("03/20", Cell(kDateColumn));
@@ -49,9 +49,6 @@ TEST_F(EventDescriberTest, DaysAndDates) {
     EXPECT_EQ("12345", Cell(kLeftColumn));
     event.DueDate(DateValue(kFirstDay));
     EXPECT_EQ("0100", Cell(kYearColumn));
-}
-
-TEST_F(EventDescriberTest, EveryLineBreakCharacterOfADescriptionIsABlank) {
     event.Desc("a\rb\nc\r\nd");
     EXPECT_EQ("a b c  d", Cell(kEventColumn));
 }
@@ -64,14 +61,11 @@ TEST_F(EventDescriberTest, CategoryIsNamedAndAnImpossibleOneIsNot) {
     }
 }
 
-TEST_F(EventDescriberTest, OwnerIsShownInANetworkOnly) {
+TEST_F(EventDescriberTest, OwnerInANetworkAndTheLaterRuleOfTheType) {
+    EXPECT_EQ("", Cell(kTypeColumn));
     EXPECT_EQ("", Cell(kOwnerColumn));
     viewpoint.networked = true;
     EXPECT_EQ("Smith", Cell(kOwnerColumn));
-}
-
-TEST_F(EventDescriberTest, TheLaterRuleOfTheTypeWins) {
-    EXPECT_EQ("", Cell(kTypeColumn));
     event.SharedEvent = true;
     EXPECT_EQ("*", Cell(kTypeColumn));
     event.Owner("smith");  // owners are compared exactly

@@ -6,7 +6,6 @@
 #include "ui/month/MonthList.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <random>
 
