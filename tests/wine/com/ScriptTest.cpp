@@ -6,7 +6,6 @@
 
 #include <activscp.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <fstream>
 #include <iterator>

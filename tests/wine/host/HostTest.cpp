@@ -101,19 +101,6 @@ TEST_F(Host, EndOfTheSessionSavesBeforeTheAnswer) {
     EXPECT_EQ(host.ExitCode(), 0);
 }
 
-TEST_F(Host, FolderOfTheProgramItselfWhenItIsPortable) {
-    const std::filesystem::path beside = RunningHost::Program().parent_path();
-    for (const char* file : {"KAZ2.exe", "Kazlib.dll"})
-        std::filesystem::copy_file(beside / file, folder.Path() / file);
-    std::filesystem::remove(folder.Path() / "Kaz.ini");
-    folder.Write("portable", "");
-    const RunningHost host(L"", folder.Path() / "KAZ2.exe");
-    EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
-    EXPECT_NE(folder.Read("Log_KAZ.txt").find("KAZ Startup"), std::string::npos);
-    PostMessageW(host.VisibleWindow(kMain), WM_COMMAND, IDM_EXIT, 0);
-    EXPECT_EQ(host.ExitCode(), 0);
-}
-
 TEST_F(Host, ReasonOfAFailedStartIsTold) {
     const auto expectTold = [](const RunningHost& host, const wchar_t* words) {
         HWND box = nullptr;

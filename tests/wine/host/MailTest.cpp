@@ -29,15 +29,14 @@ protected:
         SetEnvironmentVariableW(L"KAZ_TEST_MAILS", (folder.Path() / "mails.txt").c_str());
     }
     void MailToday(std::initializer_list<const char*> descriptions) {
-        std::string events(EventXml::kProlog);
+        std::vector<clsEvent> events;
         std::string code = "000000";
         for (const char* description : descriptions) {
             ++code.back();
-            clsEvent event = OneOff(code, description, Win32Clock().Today());
-            event.Email = " ann@example.org ; bob@example.org";
-            EventXml::AppendBlock(events, event);
+            events.push_back(OneOff(code, description, Win32Clock().Today()));
+            events.back().Email = " ann@example.org ; bob@example.org";
         }
-        folder.Write("Events.xml", events);
+        folder.Write("Events.xml", FileOf(events));
     }
     RunningHost Start() const { return RunningHost(L"\"" + folder.Path().wstring() + L"\""); }
     bool Logged(const char* words) const {

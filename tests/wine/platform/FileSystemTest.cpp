@@ -1,4 +1,5 @@
 #include "fakes/ErrorOf.h"
+#include "fakes/TestFolder.h"
 #include "platform/Files.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/Text.h"
@@ -14,13 +15,6 @@ namespace {
 
 class FileSystemTest : public testing::Test {
 protected:
-    FileSystemTest() {
-        wchar_t temporary[MAX_PATH];
-        GetTempPathW(MAX_PATH, temporary);
-        folder = JoinPath(ToCodePage(temporary), "kaz" + std::to_string(GetCurrentProcessId()) + "." +
-                                                     std::to_string(GetTickCount64()));
-        files.CreateFolder(folder);
-    }
     std::string Path(const std::string& name) const { return JoinPath(folder, name); }
     void Put(const std::string& name, std::string_view text) { WriteWholeFile(files, Path(name), text); }
     FileHandle Hold(const std::string& name, DWORD share) {
@@ -28,8 +22,9 @@ protected:
             CreateFileW(ToWide(Path(name)).c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
     }
 
+    TestFolder place;
     Win32FileSystem files;
-    std::string folder;
+    std::string folder = place.Path().string();
 };
 
 TEST_F(FileSystemTest, NamesMayHaveAccents) {

@@ -76,26 +76,6 @@ TEST_F(ReportListTest, RowsThatGoAreNotAskedForAndTheListScrollsBack) {
     EXPECT_EQ(-1, list.Current());
 }
 
-TEST_F(ReportListTest, PaintsEachCellInItsColour) {
-    Show();
-    list.SetRows(&rows);
-    Paint();
-    const HDC device = GetDC(At(IDC_REPORT));
-    const auto hasRed = [&](int column) {
-        RECT cell{};
-        ListView_GetSubItemRect(At(IDC_REPORT), 0, column, LVIR_LABEL, &cell);
-        for (LONG y = cell.top; y < cell.bottom; ++y)
-            for (LONG x = cell.left; x < cell.left + 90; ++x) {
-                const COLORREF pixel = GetPixel(device, x, y);
-                if (GetRValue(pixel) > 200 && GetGValue(pixel) < 120 && GetBValue(pixel) < 120) return true;
-            }
-        return false;
-    };
-    EXPECT_FALSE(hasRed(0));
-    EXPECT_TRUE(hasRed(1));
-    ReleaseDC(At(IDC_REPORT), device);
-}
-
 TEST_F(ReportListTest, TheEnterKeyOpensARowAndLongTextsAreCut) {
     rows.filling.assign(3000, '\xE4');
     Show();

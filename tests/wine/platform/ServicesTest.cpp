@@ -1,10 +1,9 @@
-#include "base/RuntimeError.h"
+#include "fakes/ErrorOf.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32FileSystem.h"
 #include "platform/win32/Win32MessagePump.h"
 #include "platform/win32/Win32Random.h"
 #include "platform/win32/Win32Shell.h"
-#include "platform/win32/Win32Sound.h"
 #include "platform/win32/Win32SystemInfo.h"
 
 #include <windows.h>
@@ -51,28 +50,13 @@ TEST(ServicesTest, SystemAndModule) {
 
 TEST(ServicesTest, TheShellTellsWhatItCannotOpen) {
     Win32Shell shell;
-    const auto numberOf = [&](const char* target) {
-        try {
-            shell.Open(target);
-        } catch (const RuntimeError& error) {
-            return static_cast<int>(error.Number());
-        }
-        return 0;
-    };
+    const auto numberOf = [&](const char* target) { return ErrorOf([&] { shell.Open(target); }); };
     EXPECT_EQ(53, numberOf("C:\\there is no such file.txt"));
     EXPECT_EQ(53, numberOf(""));
     Win32FileSystem files;
     files.Create("C:\\a.kazunknown")->Close();
     EXPECT_EQ(5, numberOf("C:\\a.kazunknown"));
     files.Delete("C:\\a.kazunknown");
-}
-
-TEST(ServicesTest, AMissingSoundIsNoFailure) {
-    Win32Sound sound;
-    EXPECT_LE(sound.OutputDevices(), 64U);
-    EXPECT_NO_THROW(
-        sound.Play("C:\\none.wav", Sound::kAsync | Sound::kNoDefault | Sound::kNoStop | Sound::kFileName));
-    EXPECT_NO_THROW(sound.Play("", Sound::kPurge));
 }
 
 // Such as a window that paints itself without an end.

@@ -5,7 +5,6 @@
 #include "platform/win32/Win32MessagePump.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>

@@ -88,16 +88,13 @@ protected:
         folder_.Write("Kaz.ini", "OWNER,Ann\r\nNETWORKED,-1\r\nNOSOUNDS,-1\r\nDATAPATH," + Folder() +
                                      "\r\nSHAREDDATAPATH," + Folder() + "\r\n");
         const DateValue today = clock_.Today();
-        std::string events(EventXml::kProlog);
+        std::vector<clsEvent> events;
         for (int hour = 0; hour < 24; ++hour) {
             clsEvent event = Daily(std::to_string(100001 + hour), "Alarm " + std::to_string(hour), today);
             event.Owner("Ann");
-            event.DueTime(DateValue::FromTime(hour, 0));
-            event.AlarmSet(true);
-            event.AlarmTime(event.DueTime());
-            EventXml::AppendBlock(events, event);
+            events.push_back(WithAlarm(event, hour, 0));
         }
-        folder_.Write("Events.xml", events);
+        folder_.Write("Events.xml", FileOf(events));
         Platform services = machine_.Services();
         component_ = std::make_unique<clsComponent>(Platform{clock_, services.dialogs, services.files,
                                                              services.locale, services.pump, services.printer,
