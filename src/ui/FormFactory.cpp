@@ -2,11 +2,11 @@
 
 #include "core/Application.h"
 #include "platform/WindowFactory.h"
-#include "ui/EventEditorDialog.h"
 #include "ui/ModalForms.h"
-#include "ui/frmMain.h"
-#include "ui/frmTasks.h"
+#include "ui/event/EventEditorDialog.h"
+#include "ui/main/frmMain.h"
 #include "ui/month/ShowMonth.h"
+#include "ui/tasks/frmTasks.h"
 
 namespace kaz {
 

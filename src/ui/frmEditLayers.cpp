@@ -2,8 +2,8 @@
 
 #include "base/Text.h"
 #include "platform/Dialogs.h"
-#include "ui/event/FieldFault.h"
-#include "ui/event/FieldReading.h"
+#include "ui/fields/FieldFault.h"
+#include "ui/fields/FieldReading.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 #include "DialogStage.h"
 #include "fakes/Sample.h"
 #include "resources/resource.h"
-#include "ui/EventEditorDialog.h"
+#include "ui/event/EventEditorDialog.h"
 
 #include <gmock/gmock.h>
 

@@ -2,8 +2,8 @@
 #include "core/MainWindow.h"
 #include "fakes/Sample.h"
 #include "resources/resource.h"
-#include "ui/EventRows.h"
 #include "ui/FormFactory.h"
+#include "ui/list/EventRows.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 #include "DialogStage.h"
-#include "ui/frmTasks.h"
+#include "ui/tasks/frmTasks.h"
 
 #include <gmock/gmock.h>
 

@@ -3,7 +3,7 @@
 
 #include "fakes/MemoryFileSystem.h"
 #include "fuzz/Require.h"
-#include "ui/TaskFile.h"
+#include "ui/tasks/TaskFile.h"
 
 #include <algorithm>
 #include <cstdint>

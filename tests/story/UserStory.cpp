@@ -1,5 +1,5 @@
 #include "story/Story.h"
-#include "ui/EventRows.h"
+#include "ui/list/EventRows.h"
 
 #include <gmock/gmock.h>
 
@@ -40,8 +40,6 @@ protected:
 
     Story story;
 };
-
-}  // namespace
 
 TEST_F(UserStory, ANewUserFindsEverythingAsItWasLeft) {
     Start();
@@ -145,3 +143,5 @@ TEST_F(UserStory, AlarmsANewDayAndOthersSavesComeThroughWhileTheEditorIsOpen) {
     EXPECT_THAT(story.machine.dialogs.questions.back(), HasSubstr("was deleted or moved"));
     EXPECT_THAT(story.Saved("Events.xml"), Not(HasSubstr("Gone")));
 }
+
+}  // namespace

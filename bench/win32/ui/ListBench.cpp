@@ -3,8 +3,8 @@
 #include "Benches.h"
 #include "Timing.h"
 #include "resources/resource.h"
-#include "ui/EventList.h"
-#include "ui/EventListFill.h"
+#include "ui/list/EventList.h"
+#include "ui/list/EventListFill.h"
 
 #include <windows.h>
 #include <commctrl.h>

@@ -4,8 +4,8 @@
 #include "base/Text.h"
 #include "platform/DateText.h"
 #include "ui/event/AlarmTime.h"
-#include "ui/event/FieldFault.h"
-#include "ui/event/FieldReading.h"
+#include "ui/fields/FieldFault.h"
+#include "ui/fields/FieldReading.h"
 
 #include <string>
 

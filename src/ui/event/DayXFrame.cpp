@@ -1,6 +1,6 @@
 #include "ui/event/DayXFrame.h"
 
-#include "ui/event/FieldFault.h"
+#include "ui/fields/FieldFault.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "ui/event/IntervalFrame.h"
 
 #include "platform/DateText.h"
-#include "ui/event/FieldFault.h"
-#include "ui/event/FieldReading.h"
+#include "ui/fields/FieldFault.h"
+#include "ui/fields/FieldReading.h"
 
 #include <cstdint>
 #include <utility>

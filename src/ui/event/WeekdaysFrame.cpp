@@ -1,6 +1,6 @@
 #include "ui/event/WeekdaysFrame.h"
 
-#include "ui/event/FieldFault.h"
+#include "ui/fields/FieldFault.h"
 
 namespace kaz {
 

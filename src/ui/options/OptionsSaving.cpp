@@ -6,7 +6,7 @@
 #include "platform/Files.h"
 #include "resources/resource.h"
 #include "storage/Owner.h"
-#include "ui/event/FieldFault.h"
+#include "ui/fields/FieldFault.h"
 
 namespace kaz {
 

@@ -4,8 +4,8 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "resources/resource.h"
-#include "ui/event/FieldFault.h"
-#include "ui/event/FieldReading.h"
+#include "ui/fields/FieldFault.h"
+#include "ui/fields/FieldReading.h"
 #include "ui/options/OptionsSaving.h"
 
 #include <string>

@@ -3,8 +3,8 @@
 #include "platform/Dialogs.h"
 #include "platform/MessagePump.h"
 #include "ui/Links.h"
-#include "ui/event/FieldFault.h"
-#include "ui/event/FieldReading.h"
+#include "ui/fields/FieldFault.h"
+#include "ui/fields/FieldReading.h"
 #include "ui/options/OptionsSaving.h"
 
 namespace kaz {

@@ -18,8 +18,8 @@ constexpr PaperFont kDayNameFont{11, true};
 constexpr PaperFont kNumberFont{12, true};
 constexpr PaperFont kEventFont{9, false};
 constexpr int kPadding = kMillimetre * 6 / 5;
-constexpr int kHair = kMillimetre / 4;
-constexpr Grey kRuleGrey = 120;
+constexpr int kGridLine = kMillimetre / 4;
+constexpr Grey kGridGrey = 120;
 constexpr Grey kWeekendGrey = 238;
 constexpr Grey kDayNameGrey = 216;
 
@@ -71,15 +71,15 @@ private:
     }
     void AddRules() {
         const auto across = [&](int top) {
-            page_.bars.push_back({{area_.left, top, area_.right, top + kHair}, kRuleGrey});
+            page_.bars.push_back({{area_.left, top, area_.right, top + kGridLine}, kGridGrey});
         };
         across(area_.top);
         for (int row = 0; row < rows_; ++row)
             across(Top(row));
-        across(area_.bottom - kHair);
+        across(area_.bottom - kGridLine);
         for (int column = 0; column <= MonthGrid::kColumns; ++column) {
-            const int left = std::min(Left(column), area_.right - kHair);
-            page_.bars.push_back({{left, area_.top, left + kHair, area_.bottom}, kRuleGrey});
+            const int left = std::min(Left(column), area_.right - kGridLine);
+            page_.bars.push_back({{left, area_.top, left + kGridLine, area_.bottom}, kGridGrey});
         }
     }
     void AddDayNames() {

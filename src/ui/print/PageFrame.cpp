@@ -9,10 +9,10 @@ namespace kaz {
 
 namespace {
 
-constexpr int kMargin = 20 * kMillimetre;
+constexpr int kPageMargin = 20 * kMillimetre;
 constexpr int kLeastWidth = 60 * kMillimetre;
 constexpr int kLeastHeight = 30 * kMillimetre;
-constexpr int kGap = 4 * kMillimetre;
+constexpr int kHeadingGap = 4 * kMillimetre;
 constexpr int kRule = kMillimetre / 3;
 constexpr PaperFont kTitleFont{18, true};
 constexpr PaperFont kNoteFont{9, false};
@@ -21,8 +21,8 @@ constexpr Grey kNoteGrey = 80;
 // The margins, or what the device cannot reach where that is more; on small paper they are a tenth of it.
 PaperRect Inside(const Paper& paper) {
     const PaperRect reach = paper.Printable();
-    const int across = std::min(kMargin, paper.Width() / 10);
-    const int down = std::min(kMargin, paper.Height() / 10);
+    const int across = std::min(kPageMargin, paper.Width() / 10);
+    const int down = std::min(kPageMargin, paper.Height() / 10);
     return {std::max(across, reach.left), std::max(down, reach.top),
             std::min(paper.Width() - across, reach.right), std::min(paper.Height() - down, reach.bottom)};
 }
@@ -38,14 +38,14 @@ PageFrame::PageFrame(const Paper& paper, std::string title, std::string note)
     note_ = ShortenText(paper_, note_, kNoteFont, margins_.Width());
     const int noteLine = paper_.LineHeight(kNoteFont);
     area_ = margins_;
-    area_.top += paper_.LineHeight(kTitleFont) + (NoteBeside() ? 0 : noteLine) + kGap;
-    area_.bottom -= noteLine + kGap / 2;
+    area_.top += paper_.LineHeight(kTitleFont) + (NoteBeside() ? 0 : noteLine) + kHeadingGap;
+    area_.bottom -= noteLine + kHeadingGap / 2;
     if (area_.Width() < kLeastWidth || area_.Height() < kLeastHeight)
         throw RuntimeError(ErrorNumber::DeviceError, "The paper is too small.");
 }
 
 bool PageFrame::NoteBeside() const {
-    return paper_.TextWidth(title_, kTitleFont) + kGap + paper_.TextWidth(note_, kNoteFont) <=
+    return paper_.TextWidth(title_, kTitleFont) + kHeadingGap + paper_.TextWidth(note_, kNoteFont) <=
            margins_.Width();
 }
 
@@ -62,7 +62,7 @@ void PageFrame::AddHeading(PaperPage& page) const {
     const int noteTop = margins_.top + titleLine - (NoteBeside() ? noteLine + (titleLine - noteLine) / 5 : 0);
     const int noteLeft = NoteBeside() ? margins_.right - paper_.TextWidth(note_, kNoteFont) : margins_.left;
     page.texts.push_back({noteLeft, noteTop, note_, kNoteFont, kNoteGrey});
-    const int rule = area_.top - kGap * 2 / 3;
+    const int rule = area_.top - kHeadingGap * 2 / 3;
     page.bars.push_back({{margins_.left, rule, margins_.right, rule + kRule}});
 }
 

@@ -1,4 +1,4 @@
-#include "ui/EventDescriber.h"
+#include "ui/list/EventDescriber.h"
 
 #include "fakes/FakePlatform.h"
 

@@ -1,4 +1,4 @@
-#include "ui/EventList.h"
+#include "ui/list/EventList.h"
 
 #include "fakes/FakeLocale.h"
 

@@ -5,12 +5,6 @@
 
 namespace kaz {
 
-namespace {
-
-constexpr DateValue kToday(45000);
-
-}  // namespace
-
 MainWindowFixture::MainWindowFixture() {
     app.log.OverrideLogFilename("C:\\KAZ\\Log_KAZ.txt");
     app.settingsFileName = "C:\\KAZ\\Kaz.ini";

@@ -4,7 +4,7 @@
 #include "core/MainWindow.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/Sample.h"
-#include "ui/EventRows.h"
+#include "ui/list/EventRows.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +18,8 @@ namespace kaz {
 // before it calls Open.
 class MainWindowFixture : public testing::Test, public MainWindowEvents {
 protected:
+    static constexpr DateValue kToday{45000};
+
     MainWindowFixture();
 
     // A one-off event in so many days. It is valid until the next one is added to the same database.

@@ -1,8 +1,8 @@
-#include "ui/frmEvent.h"
+#include "ui/event/frmEvent.h"
 
 #include "fakes/FakePlatform.h"
 #include "fakes/Sample.h"
-#include "ui/EventEditorDialog.h"
+#include "ui/event/EventEditorDialog.h"
 
 #include <gmock/gmock.h>
 

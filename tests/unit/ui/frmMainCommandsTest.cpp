@@ -1,6 +1,6 @@
 #include "MainWindowFixture.h"
-#include "ui/MainDialogs.h"
-#include "ui/frmMain.h"
+#include "ui/main/MainDialogs.h"
+#include "ui/main/frmMain.h"
 
 #include <gmock/gmock.h>
 

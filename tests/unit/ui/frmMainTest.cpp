@@ -1,4 +1,4 @@
-#include "ui/frmMain.h"
+#include "ui/main/frmMain.h"
 
 #include "MainWindowFixture.h"
 

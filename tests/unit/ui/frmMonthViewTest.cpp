@@ -14,8 +14,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const DateValue kToday = DateValue::FromCivil(2023, 3, 15);
-
 class MonthView : public MainWindowFixture {
 protected:
     void Save(const std::vector<clsEvent>& events) {

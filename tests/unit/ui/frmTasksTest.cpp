@@ -1,4 +1,4 @@
-#include "ui/frmTasks.h"
+#include "ui/tasks/frmTasks.h"
 
 #include "core/Application.h"
 #include "fakes/FakePlatform.h"

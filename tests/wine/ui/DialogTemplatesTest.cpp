@@ -24,7 +24,7 @@ protected:
     static bool IsShown(HWND control) { return (Style(control) & WS_VISIBLE) != 0; }
     static bool IsFrame(HWND control) {
         return KindOf(control) == ControlKind::TabStrip ||
-               (KindOf(control) == ControlKind::Button && Kind(control) == BS_GROUPBOX);
+               (KindOf(control) == ControlKind::AnyButton && Kind(control) == BS_GROUPBOX);
     }
     static std::wstring TextOf(HWND control) {
         wchar_t text[512] = L"";
@@ -84,7 +84,7 @@ TEST_P(DialogTemplate, CutsNothingOffAndLetsNothingOverlap) {
         const HWND control = controls[at];
         const RECT place = PlaceOf(control);
         const LONG width = place.right - place.left;
-        const bool isButton = KindOf(control) == ControlKind::Button && !IsFrame(control);
+        const bool isButton = KindOf(control) == ControlKind::AnyButton && !IsFrame(control);
         if (isButton || KindOf(control) == ControlKind::Static) {
             // The mark of a check box and the gap behind it; the edges of a push button.
             const bool isPush = isButton && Kind(control) <= BS_DEFPUSHBUTTON;

@@ -2,7 +2,7 @@
 #include "fakes/Sample.h"
 #include "platform/win32/Win32MessagePump.h"
 #include "platform/win32/Win32WindowFactory.h"
-#include "ui/frmEvent.h"
+#include "ui/event/frmEvent.h"
 
 #include <windows.h>
 #include <gtest/gtest.h>

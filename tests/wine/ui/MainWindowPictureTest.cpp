@@ -6,8 +6,8 @@
 #include "platform/win32/Win32MessagePump.h"
 #include "platform/win32/Win32WindowFactory.h"
 #include "resources/resource.h"
-#include "ui/EventRows.h"
 #include "ui/FormFactory.h"
+#include "ui/list/EventRows.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/TaskFile.h"
+#include "ui/tasks/TaskFile.h"
 
 #include <string>
 #include <vector>

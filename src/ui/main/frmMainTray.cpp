@@ -1,6 +1,6 @@
 #include "base/ErrorTrap.h"
-#include "ui/TrayTip.h"
-#include "ui/frmMain.h"
+#include "ui/main/TrayTip.h"
+#include "ui/main/frmMain.h"
 
 #include <cstdio>
 #include <utility>

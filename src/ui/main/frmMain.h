@@ -5,10 +5,10 @@
 #include "platform/Controls.h"
 #include "platform/Form.h"
 #include "resources/resource.h"
-#include "ui/EventCommands.h"
-#include "ui/EventList.h"
-#include "ui/MainDialogs.h"
-#include "ui/WindowSizeSetting.h"
+#include "ui/list/EventList.h"
+#include "ui/main/EventCommands.h"
+#include "ui/main/MainDialogs.h"
+#include "ui/main/WindowSizeSetting.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "ui/TaskList.h"
+#include "ui/tasks/TaskList.h"
 
 #include <algorithm>
 

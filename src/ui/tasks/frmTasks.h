@@ -4,7 +4,7 @@
 #include "platform/Controls.h"
 #include "platform/Form.h"
 #include "resources/resource.h"
-#include "ui/TaskList.h"
+#include "ui/tasks/TaskList.h"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/EventCommands.h"
+#include "ui/main/EventCommands.h"
 
 #include <functional>
 

@@ -1,8 +1,8 @@
-#include "ui/event/FieldReading.h"
+#include "ui/fields/FieldReading.h"
 
 #include "base/Numbers.h"
 #include "storage/EventXml.h"
-#include "ui/event/FieldFault.h"
+#include "ui/fields/FieldFault.h"
 
 #include <cmath>
 

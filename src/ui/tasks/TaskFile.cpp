@@ -1,4 +1,4 @@
-#include "ui/TaskFile.h"
+#include "ui/tasks/TaskFile.h"
 
 #include "base/Text.h"
 #include "core/Names.h"

@@ -1,4 +1,4 @@
-#include "ui/EventRows.h"
+#include "ui/list/EventRows.h"
 
 namespace kaz {
 

@@ -1,7 +1,7 @@
-#include "ui/EventEditorDialog.h"
+#include "ui/event/EventEditorDialog.h"
 
 #include "platform/WindowFactory.h"
-#include "ui/frmEvent.h"
+#include "ui/event/frmEvent.h"
 
 #include <memory>
 

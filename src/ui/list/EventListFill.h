@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Application.h"
-#include "ui/EventDescriber.h"
-#include "ui/EventRows.h"
+#include "ui/list/EventDescriber.h"
+#include "ui/list/EventRows.h"
 
 #include <cstdint>
 

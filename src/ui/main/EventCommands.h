@@ -3,7 +3,7 @@
 #include "core/Application.h"
 #include "storage/EventEditor.h"
 #include "storage/EventOperations.h"
-#include "ui/EventList.h"
+#include "ui/list/EventList.h"
 
 #include <functional>
 #include <memory>

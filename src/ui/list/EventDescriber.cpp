@@ -1,4 +1,4 @@
-#include "ui/EventDescriber.h"
+#include "ui/list/EventDescriber.h"
 
 #include "base/Text.h"
 #include "platform/DateText.h"

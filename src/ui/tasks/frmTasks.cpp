@@ -1,4 +1,4 @@
-#include "ui/frmTasks.h"
+#include "ui/tasks/frmTasks.h"
 
 #include "base/Text.h"
 #include "platform/Dialogs.h"

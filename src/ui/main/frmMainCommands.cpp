@@ -4,7 +4,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "ui/Links.h"
-#include "ui/frmMain.h"
+#include "ui/main/frmMain.h"
 
 namespace kaz {
 

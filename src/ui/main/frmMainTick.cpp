@@ -1,5 +1,5 @@
 #include "platform/Clock.h"
-#include "ui/frmMain.h"
+#include "ui/main/frmMain.h"
 
 #include <utility>
 

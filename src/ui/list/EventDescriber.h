@@ -3,7 +3,7 @@
 #include "model/clsEvent.h"
 #include "platform/LocaleData.h"
 #include "storage/clsLayers.h"
-#include "ui/EventRows.h"
+#include "ui/list/EventRows.h"
 
 #include <string>
 

@@ -1,13 +1,13 @@
-#include "ui/frmEvent.h"
+#include "ui/event/frmEvent.h"
 
 #include "base/Text.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "storage/clsSounds.h"
-#include "ui/event/FieldFault.h"
-#include "ui/event/FieldReading.h"
 #include "ui/event/RulePreview.h"
 #include "ui/event/ShareLayout.h"
+#include "ui/fields/FieldFault.h"
+#include "ui/fields/FieldReading.h"
 
 #include <utility>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "ui/EventListFill.h"
+#include "ui/list/EventListFill.h"
 
 #include "core/Names.h"
 #include "platform/Clock.h"

@@ -1,4 +1,4 @@
-#include "ui/EventCommands.h"
+#include "ui/main/EventCommands.h"
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"

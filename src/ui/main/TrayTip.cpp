@@ -1,4 +1,4 @@
-#include "ui/TrayTip.h"
+#include "ui/main/TrayTip.h"
 
 #include "core/Names.h"
 #include "platform/Clock.h"

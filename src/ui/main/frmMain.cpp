@@ -1,9 +1,9 @@
-#include "ui/frmMain.h"
+#include "ui/main/frmMain.h"
 
 #include "platform/Dialogs.h"
 #include "platform/MessagePump.h"
-#include "ui/EventListFill.h"
-#include "ui/MainToolbar.h"
+#include "ui/list/EventListFill.h"
+#include "ui/main/MainToolbar.h"
 
 #include <algorithm>
 #include <numeric>

@@ -2,7 +2,7 @@
 
 #include "platform/Locale.h"
 #include "platform/ReportList.h"
-#include "ui/EventRows.h"
+#include "ui/list/EventRows.h"
 
 #include <optional>
 #include <string_view>

@@ -7,7 +7,7 @@
 
 namespace kaz {
 
-// A field that the user has to correct before the event can be saved, and what to tell about it.
+// A field that the user has to correct before the window can save, and what to tell about it.
 class FieldFault : public RuntimeError {
 public:
     FieldFault(int control, std::string message)

@@ -8,7 +8,7 @@
 
 namespace kaz {
 
-// What the user has typed into a field. All of these throw FieldFault for what the event cannot take.
+// What the user has typed into a field. All of these throw FieldFault for what cannot be taken.
 
 // Any text in the system's code page.
 std::string TypedText(const Control& field);

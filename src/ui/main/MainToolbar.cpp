@@ -1,4 +1,4 @@
-#include "ui/MainToolbar.h"
+#include "ui/main/MainToolbar.h"
 
 #include "resources/resource.h"
 

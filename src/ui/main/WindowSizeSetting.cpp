@@ -1,4 +1,4 @@
-#include "ui/WindowSizeSetting.h"
+#include "ui/main/WindowSizeSetting.h"
 
 namespace kaz {
 
