@@ -77,8 +77,12 @@ void DialogWindow::Show(Activation activation) {
     if (stateWhenShown_ == WindowState::Maximised) how = SW_SHOWMAXIMIZED;
     stateWhenShown_.reset();
     ShowWindow(window_, how);
-    // The dialog that waits for its answer, if there is one.
-    if (how != SW_SHOWMINIMIZED) SetForegroundWindow(GetLastActivePopup(window_));
+    if (how == SW_SHOWMINIMIZED) return;
+    // The dialog that waits for its answer, if there is one; it came without an owner while this one was
+    // hidden.
+    HWND front = GetLastActivePopup(window_);
+    if (!IsWindowEnabled(front)) front = WorkWindow(front);
+    SetForegroundWindow(front ? front : window_);
 }
 
 void DialogWindow::Hide() { ShowWindow(window_, SW_HIDE); }

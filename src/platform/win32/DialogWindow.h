@@ -31,8 +31,9 @@ public:
     static DialogWindow* Of(HWND window);
 
     HWND Handle() const { return window_; }
-    // Whether it was opened for the user to work in, rather than having come up by itself.
-    bool IsWorkWindow() const { return work_; }
+    // Whether the user can turn to it to work in it: it was opened for that, rather than having come up by
+    // itself, or waits in the tray.
+    bool IsAtHand() const { return tray_ || (work_ && IsVisible()); }
     // Uses up a key message that navigates or is an accelerator.
     bool TranslateKey(MSG& message);
 

@@ -8,7 +8,7 @@ namespace {
 
 BOOL CALLBACK Collect(HWND window, LPARAM parameter) {
     const DialogWindow* dialog = DialogWindow::Of(window);
-    if (dialog && dialog->IsWorkWindow() && IsWindowVisible(window) && IsWindowEnabled(window))
+    if (dialog && dialog->IsAtHand() && IsWindowEnabled(window))
         reinterpret_cast<std::vector<HWND>*>(parameter)->push_back(window);
     return TRUE;
 }
@@ -24,7 +24,9 @@ std::vector<HWND> WorkWindows(HWND except) {
 }  // namespace
 
 HWND WorkWindow(HWND except) {
-    const std::vector<HWND> windows = WorkWindows(except);
+    std::vector<HWND> windows = WorkWindows(except);
+    // Over a hidden one a box would have no button in the taskbar.
+    std::erase_if(windows, [](HWND window) { return !IsWindowVisible(window); });
     const HWND active = GetActiveWindow();
     for (const HWND window : windows)
         if (window == active) return active;

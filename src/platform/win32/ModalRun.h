@@ -6,8 +6,9 @@
 
 namespace kaz {
 
-// One modal showing of a window. The windows that the user works in are disabled meanwhile; a window that
-// came up by itself (a reminder) stays usable, since it may come at any time and has to be put to sleep.
+// One modal showing of a window. The windows that the user works in are disabled meanwhile, and a hidden one
+// with an icon in the tray, whose menu could end the program; a window that came up by itself (a reminder)
+// stays usable, since it may come at any time and has to be put to sleep.
 class ModalRun {
 public:
     explicit ModalRun(HWND window);
@@ -36,8 +37,8 @@ private:
     int result_ = IDCANCEL;
 };
 
-// The window of this thread over which a box belongs: the active one or else the uppermost that the user
-// works in; null when there is none. `except` is left out.
+// The window of this thread over which a box belongs: the active one or else the uppermost visible one that
+// the user works in; null when there is none. `except` is left out.
 HWND WorkWindow(HWND except = nullptr);
 
 }  // namespace kaz

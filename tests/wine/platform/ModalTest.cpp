@@ -46,6 +46,27 @@ TEST_F(ModalTest, DisablesTheWindowOfWorkAndNotTheOneThatCameByItself) {
     EXPECT_EQ(7, box.ShowModal());
 }
 
+// As when a host opens the options while the main window is hidden: its icon must not end the program then.
+TEST_F(ModalTest, BlocksTheHiddenWindowInTheTrayWhichLeadsToTheBox) {
+    window->ShowTrayIcon("KAZ");
+    DialogWindow box(GetModuleHandleW(nullptr), IDD_SMALL);
+    bool enabled = true;
+    HWND owner = nullptr;
+    HWND active = nullptr;
+    user.Then([&](HWND shown) {
+        enabled = window->Enabled(0);
+        owner = GetWindow(shown, GW_OWNER);
+        window->Show(Activation::TakeFocus);
+        active = GetActiveWindow();
+        box.EndModal(1);
+    });
+    EXPECT_EQ(1, box.ShowModal());
+    EXPECT_FALSE(enabled);
+    EXPECT_EQ(nullptr, owner);
+    EXPECT_EQ(box.Handle(), active);
+    EXPECT_TRUE(window->Enabled(0));
+}
+
 TEST_F(ModalTest, EndsWhenItsWindowIsDestroyedOrTheProgramIsToldToQuit) {
     Show();
     auto box = std::make_unique<DialogWindow>(GetModuleHandleW(nullptr), IDD_SMALL);
