@@ -95,16 +95,15 @@ TEST(Activation, RegistersItselfAndLeavesNothingBehind) {
 }
 
 TEST(Activation, ModuleStaysLoadedWhileAnythingOfItLives) {
-    const auto canUnload = Entry<HRESULT WINAPI()>("DllCanUnloadNow");
-    EXPECT_EQ(canUnload(), S_OK);
+    EXPECT_EQ(CanUnload(), S_OK);
     ComPointer<IClassFactory> factory;
     ASSERT_EQ(CoGetClassObject(CLSID_clsComponent, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
                                factory.PutVoid()),
               S_OK);
-    EXPECT_EQ(canUnload(), S_FALSE);
+    EXPECT_EQ(CanUnload(), S_FALSE);
     EXPECT_EQ(factory->LockServer(TRUE), S_OK);
     factory.Reset();
-    EXPECT_EQ(canUnload(), S_FALSE) << "locked";
+    EXPECT_EQ(CanUnload(), S_FALSE) << "locked";
 
     auto component = MakeComponent();
     auto point = EventsOf(component);
@@ -117,9 +116,9 @@ TEST(Activation, ModuleStaysLoadedWhileAnythingOfItLives) {
               CLASS_E_NOAGGREGATION);
     factory.Reset();
     component.Reset();
-    EXPECT_EQ(canUnload(), S_FALSE) << "the connection point keeps its component";
+    EXPECT_EQ(CanUnload(), S_FALSE) << "the connection point keeps its component";
     point.Reset();
-    EXPECT_EQ(canUnload(), S_OK);
+    EXPECT_EQ(CanUnload(), S_OK);
 }
 
 }  // namespace kaz::test

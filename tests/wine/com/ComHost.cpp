@@ -77,14 +77,21 @@ void Connection::Disconnect() {
     point_.Reset();
 }
 
-void PumpMessages(DWORD milliseconds) {
-    const ULONGLONG end = GetTickCount64() + milliseconds;
-    for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+bool PumpUntil(const std::function<bool()>& condition) {
+    const ULONGLONG end = GetTickCount64() + 10000;
+    while (!condition()) {
+        if (GetTickCount64() >= end) return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
             DispatchMessageW(&message);
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
     }
+    return true;
+}
+
+HRESULT CanUnload() {
+    const auto ask = GetProcAddress(LoadLibraryW(L"Kazlib.dll"), "DllCanUnloadNow");
+    return reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(ask))();
 }
 
 }  // namespace kaz::test

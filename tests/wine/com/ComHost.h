@@ -54,7 +54,11 @@ private:
     DWORD cookie_ = 0;
 };
 
-// Processes window messages for a moment, as the host's loop would.
-void PumpMessages(DWORD milliseconds = 100);
+// Processes window messages, as the host's loop would, until the condition holds; false when ten seconds were
+// not enough.
+bool PumpUntil(const std::function<bool()>& condition);
+
+// What the component's module says of itself.
+HRESULT CanUnload();
 
 }  // namespace kaz::test
