@@ -90,11 +90,13 @@ TEST_F(FileSystemTest, LongPathsWork) {
 }
 
 TEST_F(FileSystemTest, TheCurrentFolderIsTheProcess) {
+    const std::wstring before = ToWide(files.CurrentFolder());
     SetCurrentDirectoryW(ToWide(folder).c_str());
     EXPECT_EQ(PathKind::Folder, files.Kind("."));
     EXPECT_EQ(FileNameOf(folder), FileNameOf(files.CurrentFolder()));
     SetCurrentDirectoryW(L"C:\\");
     EXPECT_EQ("C:\\", files.CurrentFolder());
+    SetCurrentDirectoryW(before.c_str());
 }
 
 }  // namespace
