@@ -33,6 +33,8 @@ wine_begin() {
         # The display and the sound are found through the real home folder; windows get the user's own frames.
         timeout 60 "$WINELOADER" reg delete 'HKCU\Software\Wine\Explorer' /v Desktop /f </dev/null >/dev/null 2>&1
     else
+        # What is built meanwhile still comes from the user's caches.
+        export XDG_CACHE_HOME=${XDG_CACHE_HOME:-$HOME/.cache}
         # Without a server of our own there is no sound, rather than the user's.
         export HOME=$wine_run/home XDG_RUNTIME_DIR=$wine_sockets PULSE_SERVER=unix:$wine_sockets/no-sound
         unset WAYLAND_DISPLAY XAUTHORITY
