@@ -11,8 +11,6 @@ namespace kaz {
 
 namespace {
 
-constexpr std::string_view kModule = "clsComponent";
-
 // The folder as all later file names need it. A host that hands over something else hears of it in the log.
 std::string CheckedRuntimePath(Application& app, const std::string& given) {
     std::string folder = WithoutTrailingBackslash(given);

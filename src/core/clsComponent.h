@@ -35,6 +35,8 @@ public:
     void fMain_WindowClosed() override;
 
 private:
+    static constexpr std::string_view kModule = "clsComponent";
+
     // Shared for the time of the call: a host may end the program while a dialog of the main window is open.
     std::shared_ptr<MainWindow> EnsureMainWindow();
 

@@ -12,7 +12,6 @@ namespace kaz {
 
 namespace {
 
-constexpr std::string_view kModule = "clsReminder";
 // The most minutes after which a file is still run: those by which a clock is put forward in spring. Much
 // later it would do its work where nobody expects it any more.
 constexpr int kLatestRun = 60;

@@ -26,6 +26,8 @@ public:
     void DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass = {});
 
 private:
+    static constexpr std::string_view kModule = "clsReminder";
+
     // `asOf` is today unless given; the day itself is not past.
     bool IsExpired(DateValue dueDate, std::optional<DateValue> asOf = {}) const;
     void RemoveRetired(const std::vector<std::size_t>& positions);

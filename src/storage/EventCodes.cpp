@@ -13,18 +13,18 @@ namespace {
 // Kept on purpose: of all that six digits can say, only "000000" to "100000" are codes.
 constexpr std::int32_t kRange = 100000;
 constexpr std::size_t kCodes = kRange + 1;
-constexpr std::size_t kDigits = 6;
+constexpr std::size_t kCodeLength = 6;
 constexpr int kMaxDraws = 1000;
 
 std::string ToCode(std::int32_t number) {
     const std::string digits = std::to_string(number);
-    return std::string(kDigits - digits.size(), '0') + digits;
+    return std::string(kCodeLength - digits.size(), '0') + digits;
 }
 
 // Only codes of our own making can be drawn again; any other text is nothing to remember.
 std::optional<std::size_t> ToNumber(std::string_view code) {
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    if (code.size() != kDigits || !std::all_of(code.begin(), code.end(), isDigit)) return std::nullopt;
+    if (code.size() != kCodeLength || !std::all_of(code.begin(), code.end(), isDigit)) return std::nullopt;
     std::size_t number = 0;
     for (const char c : code)
         number = number * 10 + static_cast<std::size_t>(c - '0');

@@ -74,7 +74,7 @@ struct Field {
 using E = clsEvent;
 
 // Eight bytes at 224 are reserved.
-constexpr Field kFields[] = {
+constexpr Field kRecordLayout[] = {
     {0, 2, [](E& e, In in) { e.Deleted = in.Flag(); }, [](const E& e, Out out) { out.Flag(e.Deleted); }},
     {2, 8, [](E& e, In in) { e.DueDate(in.Date()); }, [](const E& e, Out out) { out.Date(e.DueDate()); }},
     {10, 8, [](E& e, In in) { e.DueTime(in.Date()); }, [](const E& e, Out out) { out.Date(e.DueTime()); }},
@@ -121,13 +121,13 @@ constexpr Field kFields[] = {
 void ReadLegacyRecord(std::string_view record, clsEvent& event, ErrorTrap& trap) {
     std::string whole(record.substr(0, kLegacyRecordSize));
     whole.resize(kLegacyRecordSize, '\0');
-    for (const Field& field : kFields)
+    for (const Field& field : kRecordLayout)
         trap([&] { field.read(event, In(std::string_view(whole).substr(field.offset, field.size))); });
 }
 
 std::string LegacyRecordOf(const clsEvent& event, ErrorTrap& trap) {
     std::string record(kLegacyRecordSize, '\0');
-    for (const Field& field : kFields)
+    for (const Field& field : kRecordLayout)
         trap([&] { field.write(event, Out(std::span(record).subspan(field.offset, field.size))); });
     return record;
 }

@@ -66,14 +66,14 @@ constexpr char DecodedPair(char first, char second) {
     return static_cast<char>(static_cast<unsigned char>(low < 0 ? high : high * 16 + low));
 }
 
-struct Encoded {
+struct EncodedByte {
     char text[3];
     std::uint8_t length;
 };
 
-constexpr std::array<Encoded, 256> EncodingTable() {
+constexpr std::array<EncodedByte, 256> EncodingTable() {
     constexpr char kDigits[] = "0123456789ABCDEF";
-    std::array<Encoded, 256> table{};
+    std::array<EncodedByte, 256> table{};
     for (unsigned code = 0; code < 256; ++code) {
         const bool letter = (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z');
         const bool digit = code >= '0' && code <= '9';
@@ -86,7 +86,7 @@ constexpr std::array<Encoded, 256> EncodingTable() {
     return table;
 }
 
-constexpr std::array<Encoded, 256> kEncoding = EncodingTable();
+constexpr std::array<EncodedByte, 256> kEncoding = EncodingTable();
 
 }  // namespace
 
@@ -195,7 +195,7 @@ void cSharedHTML::AppendEncoded(std::string& to, std::string_view text) {
     to.resize(before + text.size() * 3);
     char* out = to.data() + before;
     for (const char c : text) {
-        const Encoded& code = kEncoding[static_cast<unsigned char>(c)];
+        const EncodedByte& code = kEncoding[static_cast<unsigned char>(c)];
         // The room for three is there even when only one is kept.
         std::memcpy(out, code.text, sizeof code.text);
         out += code.length;

@@ -4,12 +4,6 @@
 
 namespace kaz {
 
-namespace {
-
-constexpr std::string_view kModule = "cSharedSound";
-
-}  // namespace
-
 bool cSharedSound::HasSound() {
     if (!hasSound_) {
         hasSound_ = false;

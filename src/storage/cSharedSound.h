@@ -25,6 +25,8 @@ public:
     void StopPlayingWAV();
 
 private:
+    static constexpr std::string_view kModule = "cSharedSound";
+
     Sound& sound_;
     const FileSystem& files_;
     ErrorSink& errors_;

@@ -15,8 +15,6 @@ namespace kaz {
 
 namespace {
 
-constexpr std::string_view kModule = "clsDB2";
-
 // Kept on purpose: the count is rounded, so that the larger half of a record at the end of a file is read.
 std::size_t RecordsIn(std::string_view records) {
     const double count = static_cast<double>(records.size()) / static_cast<double>(kLegacyRecordSize);

@@ -58,6 +58,8 @@ public:
     void ExportToXML(clsDbXml& target);
 
 private:
+    static constexpr std::string_view kModule = "clsDB2";
+
     bool IsOwner(const clsEvent& event, std::string_view owner) const;
     void AddOwnerAndSound(clsEvent& event);
     std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }

@@ -17,9 +17,7 @@
 
 namespace kaz {
 
-namespace {
-constexpr std::string_view kModule = "clsDbXml";
-}
+namespace {}
 
 clsDbXml::clsDbXml(const StorageServices& services)
     : services_(services),

@@ -78,6 +78,8 @@ public:
     const std::vector<clsEvent>& AllEvents() const { return events_; }
 
 private:
+    static constexpr std::string_view kModule = "clsDbXml";
+
     using Position = std::vector<clsEvent>::iterator;
     // An event that was stored while the file could not be read.
     struct Waiting {

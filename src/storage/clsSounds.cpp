@@ -7,8 +7,6 @@ namespace kaz {
 
 namespace {
 
-constexpr std::string_view kModule = "clsSounds";
-
 std::string Entry(std::string_view id, std::string_view wavFile) {
     return std::string(id).append(",").append(wavFile);
 }

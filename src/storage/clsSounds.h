@@ -35,6 +35,8 @@ public:
     void Initialise();
 
 private:
+    static constexpr std::string_view kModule = "clsSounds";
+
     void LoadOnce();
     void Load();
     void Save();

@@ -12,8 +12,6 @@ namespace kaz {
 
 namespace {
 
-constexpr const char* kModule = "cSHAREDSettings";
-
 std::string BaseOf(std::string_view setName) {
     std::string base = UpperAscii(setName);
     std::erase(base, ',');

@@ -11,7 +11,6 @@ namespace kaz {
 
 namespace {
 
-constexpr const char* kModule = "cSHAREDSettings";
 constexpr const char* kReadOnly = "Your settings file is read-only and I can't change it. Save cancelled.";
 constexpr const char* kNeverRead =
     "Your settings file could not be read, so I leave it as it is. Save cancelled.";

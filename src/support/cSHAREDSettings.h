@@ -65,6 +65,8 @@ public:
     }
 
 private:
+    static constexpr std::string_view kModule = "cSHAREDSettings";
+
     template <class Result, class Step>
     Result Trapped(const char* procedure, Result otherwise, Step step) const;
     // Where the setting is in the list, if it is there.

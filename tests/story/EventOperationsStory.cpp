@@ -55,8 +55,6 @@ protected:
     FakeEditor editor;
 };
 
-}  // namespace
-
 TEST_F(EventOperationsTest, OwnershipCountsInANetworkOnly) {
     settings.StoreSetting("Networked", true);
     EXPECT_FALSE(operations.EditEvent("000002", false, EditMode::Whole, editor));
@@ -145,3 +143,5 @@ TEST_F(EventOperationsTest, AFaultAnywhereInAMoveLeavesTheEventInOneOfTheFiles) 
         EXPECT_GT(n, 10);
     }
 }
+
+}  // namespace

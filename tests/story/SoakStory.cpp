@@ -104,8 +104,6 @@ private:
     int saves_ = 0;
 };
 
-}  // namespace
-
 TEST_F(Soak, AfterEightHoursNothingHasPiledUp) {
     Hour();
     const Count first = Now();
@@ -118,3 +116,5 @@ TEST_F(Soak, AfterEightHoursNothingHasPiledUp) {
     EXPECT_TRUE(story.machine.windows.AllModalsShown());
     EXPECT_EQ(story.Today(), DateValue(45001));
 }
+
+}  // namespace

@@ -42,11 +42,11 @@ wait_for() {
     done
 }
 
-# configure_and_build PRESET [TARGET...]: configures only once; CMake itself notices later changes.
+# configure_and_build PRESET [TARGET...]: configures only once; later changes, but those of the presets, CMake notices itself.
 configure_and_build() {
     local preset=$1 folder=$root/build/$1
     shift
-    if [[ ! -e $folder/build.ninja ]]; then
+    if [[ ! -e $folder/build.ninja || CMakePresets.json -nt $folder/build.ninja ]]; then
         timeout 300 cmake --preset "$preset" >"$folder.log" 2>&1 || {
             cat "$folder.log"
             return 1

@@ -11,15 +11,15 @@ namespace {
 constexpr DWORD kLongestEnd = 5000;  // milliseconds; the system itself does not wait much longer
 
 // The system's handler takes no argument of ours, so what it needs stands here.
-std::atomic<HWND> target = nullptr;
+std::atomic<HWND> hostWindow = nullptr;
 const OwnedHandle ended{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 
 BOOL WINAPI OnSignal(DWORD signal) {
     if (signal == CTRL_C_EVENT || signal == CTRL_BREAK_EVENT) {
-        PostMessageW(target, WM_CLOSE, 0, 0);
+        PostMessageW(hostWindow, WM_CLOSE, 0, 0);
         return TRUE;
     }
-    PostMessageW(target, WM_ENDSESSION, TRUE, 0);
+    PostMessageW(hostWindow, WM_ENDSESSION, TRUE, 0);
     WaitForSingleObject(ended.get(), kLongestEnd);
     return TRUE;
 }
@@ -27,7 +27,7 @@ BOOL WINAPI OnSignal(DWORD signal) {
 }  // namespace
 
 ConsoleSignals::ConsoleSignals(HWND window) {
-    target = window;
+    hostWindow = window;
     // A program with windows has no console of its own; it shares the one of the shell that started it.
     AttachConsole(ATTACH_PARENT_PROCESS);
     SetConsoleCtrlHandler(OnSignal, TRUE);

@@ -161,7 +161,7 @@ INT_PTR DialogWindow::OnNotify(const NMHDR& header) {
 INT_PTR DialogWindow::OnControlColour(UINT message, WPARAM wide, LPARAM narrow) {
     const auto control = reinterpret_cast<HWND>(narrow);
     const ControlKind kind = KindOf(control);
-    if (!tabs_ || (kind != ControlKind::Static && kind != ControlKind::Button)) return FALSE;
+    if (!tabs_ || (kind != ControlKind::Static && kind != ControlKind::AnyButton)) return FALSE;
     // For the colours of the text.
     DefWindowProcW(window_, message, wide, narrow);
     return reinterpret_cast<INT_PTR>(tabs_->BackgroundOf(control, reinterpret_cast<HDC>(wide)));

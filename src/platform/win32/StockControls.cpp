@@ -14,9 +14,9 @@ ControlKind KindOf(HWND control) {
     static constexpr struct {
         const wchar_t* name;
         ControlKind kind;
-    } kKinds[] = {{WC_BUTTONW, ControlKind::Button}, {WC_COMBOBOXW, ControlKind::ComboBox},
-                  {WC_EDITW, ControlKind::Edit},     {WC_LISTBOXW, ControlKind::ListBox},
-                  {WC_STATICW, ControlKind::Static}, {WC_TABCONTROLW, ControlKind::TabStrip}};
+    } kKinds[] = {{WC_BUTTONW, ControlKind::AnyButton}, {WC_COMBOBOXW, ControlKind::ComboBox},
+                  {WC_EDITW, ControlKind::Edit},        {WC_LISTBOXW, ControlKind::ListBox},
+                  {WC_STATICW, ControlKind::Static},    {WC_TABCONTROLW, ControlKind::TabStrip}};
     wchar_t name[64] = L"";
     GetClassNameW(control, name, static_cast<int>(std::size(name)));
     for (const auto& known : kKinds)
@@ -30,8 +30,8 @@ std::optional<Raised> RaisedByCommand(HWND control, unsigned notification) {
         unsigned notification;
         Raised what;
     } kMeanings[] = {
-        {ControlKind::Button, BN_CLICKED, Raised::Click},
-        {ControlKind::Button, BN_SETFOCUS, Raised::Focus},
+        {ControlKind::AnyButton, BN_CLICKED, Raised::Click},
+        {ControlKind::AnyButton, BN_SETFOCUS, Raised::Focus},
         {ControlKind::Edit, EN_CHANGE, Raised::Change},
         {ControlKind::Edit, EN_SETFOCUS, Raised::Focus},
         {ControlKind::ComboBox, CBN_SELCHANGE, Raised::Select},

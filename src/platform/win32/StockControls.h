@@ -10,7 +10,7 @@ namespace kaz {
 
 // The system's own controls in plain words. A null handle reads as empty and ignores what it is told.
 
-enum class ControlKind { Other, Button, ComboBox, Edit, ListBox, Static, TabStrip };
+enum class ControlKind { Other, AnyButton, ComboBox, Edit, ListBox, Static, TabStrip };
 ControlKind KindOf(HWND control);
 
 // What a control's WM_COMMAND notification means; nothing for those that nobody needs.

@@ -16,13 +16,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Pair;
 
-constexpr const char* kArchive = "C:\\KAZ\\Autobackups\\Wed.zip";
+constexpr const char* kZip = "C:\\KAZ\\Autobackups\\Wed.zip";
 
 class ZipArchiverTest : public testing::Test {
 protected:
     ZipArchiverTest() { files.CreateFolder("C:\\KAZ\\Autobackups"); }
 
-    std::map<std::string, std::string> Archived() const { return Unpacked(files.Text(kArchive)); }
+    std::map<std::string, std::string> Archived() const { return Unpacked(files.Text(kZip)); }
 
     MemoryFileSystem files;
     LibzipArchiver archiver{files};
@@ -39,21 +39,21 @@ TEST_F(ZipArchiverTest, PacksTheFilesUnderTheirBareNames) {
 
     EXPECT_TRUE(archiver.ZpInit());
     EXPECT_TRUE(archiver.ZpSetOptions({}));
-    EXPECT_EQ(
-        archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml", "C:\\KAZ\\Kaz.ini", "D:\\Data\\empty.txt"}), 0);
+    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml", "C:\\KAZ\\Kaz.ini", "D:\\Data\\empty.txt"}),
+              0);
 
     EXPECT_EQ(archiver.LastMessage(), "");
     EXPECT_THAT(Archived(),
                 ElementsAre(Pair("Events.xml", everyByte), Pair("Kaz.ini", repeated), Pair("empty.txt", "")));
-    EXPECT_LT(files.Text(kArchive).size(), everyByte.size() + repeated.size() / 100);
+    EXPECT_LT(files.Text(kZip).size(), everyByte.size() + repeated.size() / 100);
     EXPECT_EQ(files.OpenFiles(), 0);
 }
 
 TEST_F(ZipArchiverTest, OtherProgramsReadTheArchive) {
     if (std::system("unzip -v >unzip.out 2>&1") != 0) GTEST_SKIP() << "no unzip on this machine";
     files.Put("C:\\KAZ\\Events.xml", std::string(5000, 'e'));
-    ASSERT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml"}), 0);
-    std::ofstream("archiver_test.zip", std::ios::binary) << files.Text(kArchive);
+    ASSERT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml"}), 0);
+    std::ofstream("archiver_test.zip", std::ios::binary) << files.Text(kZip);
     EXPECT_EQ(std::system("unzip -tqq archiver_test.zip"), 0);
     std::filesystem::remove("archiver_test.zip");
 }
@@ -64,16 +64,16 @@ TEST_F(ZipArchiverTest, KeepsTheTimeOfAFile) {
     files.At("C:\\KAZ\\old.txt").time = 0;
     // 15 March 2023, noon, UTC.
     files.At("C:\\KAZ\\new.txt").time = (1'678'881'600 + 11'644'473'600) * FileTime{10'000'000};
-    ASSERT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\old.txt", "C:\\KAZ\\new.txt"}), 0);
-    EXPECT_THAT(TimeInArchive(files.Text(kArchive), "old.txt"), HasSubstr("1980-01-0"));
-    EXPECT_THAT(TimeInArchive(files.Text(kArchive), "new.txt"), HasSubstr("2023-03-1"));
+    ASSERT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\old.txt", "C:\\KAZ\\new.txt"}), 0);
+    EXPECT_THAT(TimeInArchive(files.Text(kZip), "old.txt"), HasSubstr("1980-01-0"));
+    EXPECT_THAT(TimeInArchive(files.Text(kZip), "new.txt"), HasSubstr("2023-03-1"));
 }
 
 TEST_F(ZipArchiverTest, WithoutAnyFileTheOldArchiveStays) {
     files.Put("C:\\KAZ\\Events.xml", "events");
-    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml", "E:\\gone\\x"}), 0);
-    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\none.dat"}), kZipNothingToDo);
-    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ"}), kZipReadFailed);
+    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml", "E:\\gone\\x"}), 0);
+    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\none.dat"}), kZipNothingToDo);
+    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ"}), kZipReadFailed);
     EXPECT_THAT(Archived(), ElementsAre(Pair("Events.xml", "events")));
 }
 
@@ -83,8 +83,8 @@ TEST_F(ZipArchiverTest, NumbersFilesOfOneName) {
     files.Put("C:\\c\\log.txt", "3");
     files.Put("C:\\a\\noext", "4");
     files.Put("C:\\b\\noext", "5");
-    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\a\\log.txt", "C:\\b\\LOG.TXT", "C:\\c\\log.txt",
-                                            "C:\\a\\noext", "C:\\b\\noext"}),
+    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\a\\log.txt", "C:\\b\\LOG.TXT", "C:\\c\\log.txt", "C:\\a\\noext",
+                                        "C:\\b\\noext"}),
               0);
     EXPECT_THAT(Archived(), ElementsAre(Pair("LOG (2).TXT", "2"), Pair("log (3).txt", "3"),
                                         Pair("log.txt", "1"), Pair("noext", "4"), Pair("noext (2)", "5")));
@@ -93,30 +93,30 @@ TEST_F(ZipArchiverTest, NumbersFilesOfOneName) {
 TEST_F(ZipArchiverTest, RefusesOptionsThatItDoesNotOffer) {
     files.Put("C:\\KAZ\\Events.xml", "events");
     EXPECT_FALSE(archiver.ZpSetOptions({.encrypted = true}));
-    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml"}), kZipBadOptions);
-    EXPECT_EQ(files.Kind(kArchive), PathKind::Missing);
+    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml"}), kZipBadOptions);
+    EXPECT_EQ(files.Kind(kZip), PathKind::Missing);
     archiver.ZpInit();
-    EXPECT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml"}), 0);
+    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml"}), 0);
 }
 
 TEST_F(ZipArchiverTest, EveryFailureLeavesTheOldArchiveOrTheNewOneWhole) {
     files.Put("C:\\KAZ\\Events.xml", std::string(300'000, 'e'));
-    ASSERT_EQ(archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml"}), 0);
-    const std::string old = files.Text(kArchive);
+    ASSERT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml"}), 0);
+    const std::string old = files.Text(kZip);
     files.Put("C:\\KAZ\\Kaz.ini", "settings");
     int faults = 0;
     for (;; ++faults) {
         files.faults.FailAt(faults + 1);
-        const int result = archiver.ZpArchive(kArchive, {"C:\\KAZ\\Events.xml", "C:\\KAZ\\Kaz.ini"});
+        const int result = archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml", "C:\\KAZ\\Kaz.ini"});
         if (!files.faults.Struck()) break;
         EXPECT_NE(result, 0) << "fault " << faults;
         EXPECT_THAT(archiver.LastMessage(), HasSubstr("Device I/O error"));
-        if (files.Text(kArchive) != old) {
+        if (files.Text(kZip) != old) {
             EXPECT_EQ(Archived().size(), 1U) << "fault " << faults;
         }
-        EXPECT_EQ(files.Kind(std::string(kArchive) + ".new"), PathKind::Missing);
+        EXPECT_EQ(files.Kind(std::string(kZip) + ".new"), PathKind::Missing);
         EXPECT_EQ(files.OpenFiles(), 0);
-        files.Put(kArchive, old);
+        files.Put(kZip, old);
     }
     EXPECT_GE(faults, 8);
     files.faults.FailAt(0);

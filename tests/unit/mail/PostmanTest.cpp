@@ -66,8 +66,6 @@ struct Postmen : testing::Test {
     }
 };
 
-}  // namespace
-
 TEST_F(Postmen, SendInOrderAndTellEachKindOfFailureOnce) {
     Post({"one", "refused", "refused", "cancelled"});
     EXPECT_TRUE(postman->Finish(5s));
@@ -113,4 +111,5 @@ TEST_F(Postmen, LoseNothingSilentlyAtTheEnd) {
     EXPECT_EQ(record->Text().find("Mail sent to ann: stuck"), std::string::npos) << "each mail has one end";
 }
 
+}  // namespace
 }  // namespace kaz

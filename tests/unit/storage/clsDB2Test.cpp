@@ -16,7 +16,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::SizeIs;
 
-const std::string kFile = "C:\\KAZ\\events.dat";
+const std::string kEventsDat = "C:\\KAZ\\events.dat";
 const std::string kYes = "\xFF\xFF", kNo = "\0\0"s;
 const std::string k45000 = "\x00\x00\x00\x00\x00\xF9\xE5\x40"s;  // 15 March 2023
 const std::string k45001 = "\x00\x00\x00\x00\x20\xF9\xE5\x40"s;
@@ -73,8 +73,8 @@ protected:
 
 TEST_F(OldDatabase, ReadsAndWritesEveryFieldAtItsPlace) {
     const std::string record = Record("048213", "Ann", "Dentist");
-    machine.files.Put(kFile, record);
-    ASSERT_TRUE(old.LoadDB(kFile));
+    machine.files.Put(kEventsDat, record);
+    ASSERT_TRUE(old.LoadDB(kEventsDat));
     ASSERT_EQ(old.RecordCount(), 1);
     const clsEvent& event = old.AllEvents()[0];
     EXPECT_FALSE(event.Deleted);
@@ -106,7 +106,7 @@ TEST_F(OldDatabase, ReadsAndWritesEveryFieldAtItsPlace) {
     EXPECT_EQ(Log(), "");
 
     EXPECT_TRUE(old.SaveDB());
-    EXPECT_EQ(machine.files.Text(kFile), record);
+    EXPECT_EQ(machine.files.Text(kEventsDat), record);
 }
 
 TEST_F(OldDatabase, RoundsTheNumberOfRecords) {
@@ -114,8 +114,8 @@ TEST_F(OldDatabase, RoundsTheNumberOfRecords) {
         Record("1", "Ann", "") + Record("2", "Ann", "") + Record("3", "Ann", "") + Record("4", "Ann", "");
     for (const auto& [bytes, count] :
          {std::pair(0U, 0), {249U, 0}, {250U, 1}, {996U, 2}, {1245U, 2}, {1743U, 4}}) {
-        machine.files.Put(kFile, records.substr(0, bytes));
-        EXPECT_TRUE(old.LoadDB(kFile));
+        machine.files.Put(kEventsDat, records.substr(0, bytes));
+        EXPECT_TRUE(old.LoadDB(kEventsDat));
         EXPECT_EQ(old.RecordCount(), count) << bytes << " bytes";
     }
     EXPECT_EQ(old.AllEvents()[3].IDCode, "4");
@@ -127,10 +127,10 @@ TEST_F(OldDatabase, TakesOwnersTextsAndSoundsAsTheyAreMeant) {
     zeros.replace(274, 14, 14, '\0').replace(450, 48, 48, '\0').replace(232, 12, "7\0garbage   "s);
     std::string marked = Record("8", "Singleton", "  both ends  ");
     marked.replace(0, 2, kYes);
-    machine.files.Put(kFile,
+    machine.files.Put(kEventsDat,
                       Record("5", "Single", std::string(200, 'x')) + Record("6", "Bob", "") + zeros + marked);
     machine.files.Put("C:\\KAZ\\EventWavs.ini", "6,C:\\bell.wav\r\n");
-    old.LoadDB(kFile);
+    old.LoadDB(kEventsDat);
     EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann", "Bob", "Ann", "Singleton deleted"));
     EXPECT_EQ(old.AllEvents()[0].Desc(), std::string(200, 'x'));
     EXPECT_EQ(old.AllEvents()[2].IDCode, "7");
@@ -145,8 +145,8 @@ TEST_F(OldDatabase, TakesOwnersTextsAndSoundsAsTheyAreMeant) {
 TEST_F(OldDatabase, AFieldWithoutAValueCostsOnlyItself) {
     std::string bad = Record("1", "Ann", "bad");
     bad.replace(2, 8, kNoNumber).replace(290, 8, 8, '\x7E');
-    machine.files.Put(kFile, bad + Record("2", "Ann", "good"));
-    EXPECT_TRUE(old.LoadDB(kFile));
+    machine.files.Put(kEventsDat, bad + Record("2", "Ann", "good"));
+    EXPECT_TRUE(old.LoadDB(kEventsDat));
     ASSERT_EQ(old.RecordCount(), 2);
     EXPECT_EQ(old.AllEvents()[0].DueDate(), DateValue());
     EXPECT_EQ(old.AllEvents()[0].DueTime(), DateValue::FromTime(12, 0));
@@ -156,10 +156,10 @@ TEST_F(OldDatabase, AFieldWithoutAValueCostsOnlyItself) {
 }
 
 TEST_F(OldDatabase, AFileThatCannotBeReadIsNoEmptyDatabase) {
-    machine.files.Put(kFile, Record("1", "Ann", "kept"));
-    ASSERT_TRUE(old.LoadDB(kFile));
-    machine.files.At(kFile).locked = true;
-    EXPECT_FALSE(old.LoadDB(kFile));
+    machine.files.Put(kEventsDat, Record("1", "Ann", "kept"));
+    ASSERT_TRUE(old.LoadDB(kEventsDat));
+    machine.files.At(kEventsDat).locked = true;
+    EXPECT_FALSE(old.LoadDB(kEventsDat));
     EXPECT_EQ(old.RecordCount(), 1);
     EXPECT_THAT(Log(), HasSubstr("Error 70 (Permission denied) in LoadAllEvents of clsDB2"));
     EXPECT_TRUE(old.LoadDB("C:\\KAZ\\none.dat"));
@@ -169,9 +169,9 @@ TEST_F(OldDatabase, AFileThatCannotBeReadIsNoEmptyDatabase) {
 TEST_F(OldDatabase, ExportLosesNoEventAndTearsNoFileApart) {
     std::string torn = Record("9", "Ann", "</EVENT><Desc>\r\n");
     torn.replace(300, 150, Padded("x</Filename></EVENT>", 150)).replace(450, 48, Padded("a\r\n<Layer>5", 48));
-    machine.files.Put(kFile, Record("1", "Ann", "a") + Record("1", "Ann", "b") + Record("", "Ann", "c") +
-                                 torn + Record("", "Ann", "d"));
-    old.LoadDB(kFile);
+    machine.files.Put(kEventsDat, Record("1", "Ann", "a") + Record("1", "Ann", "b") + Record("", "Ann", "c") +
+                                      torn + Record("", "Ann", "d"));
+    old.LoadDB(kEventsDat);
     old.AllEvents()[0].Email = "Ann <ann@b.example>";
 
     clsDbXml target(Services());
@@ -198,8 +198,8 @@ TEST_F(OldDatabase, ExportLosesNoEventAndTearsNoFileApart) {
 }
 
 TEST_F(OldDatabase, FindsAndReplacesRecordsOnDisk) {
-    machine.files.Put(kFile, Record("1", "Ann", "one") + Record("2", "Ann", "two"));
-    old.LoadDB(kFile);
+    machine.files.Put(kEventsDat, Record("1", "Ann", "one") + Record("2", "Ann", "two"));
+    old.LoadDB(kEventsDat);
     EXPECT_EQ(old.SeekDiskRecord("2"), 2);
     EXPECT_EQ(old.SeekDiskRecord("3"), -1);
     clsEvent event = *old.ReadEvent("1");
@@ -207,19 +207,19 @@ TEST_F(OldDatabase, FindsAndReplacesRecordsOnDisk) {
     EXPECT_TRUE(old.WriteEventToFile(event));
     event.IDCode = "3";
     EXPECT_TRUE(old.WriteEventToFile(event));
-    EXPECT_EQ(machine.files.Text(kFile),
+    EXPECT_EQ(machine.files.Text(kEventsDat),
               Record("1", "Ann", "changed") + Record("2", "Ann", "two") + Record("3", "Ann", "changed"));
 
     machine.files.faults.FailAt(1, ErrorNumber::DiskFull, FaultInjector::Lasts::FromThenOn);
     EXPECT_FALSE(old.WriteEventToFile(event));
     EXPECT_FALSE(old.SaveDB());
     machine.files.faults.FailAt(0);
-    EXPECT_EQ(machine.files.Text(kFile).size(), 3 * kLegacyRecordSize);
+    EXPECT_EQ(machine.files.Text(kEventsDat).size(), 3 * kLegacyRecordSize);
 }
 
 TEST_F(OldDatabase, ChangesOwnersAndNoticesOthersChanges) {
-    machine.files.Put(kFile, Record("1", "Ann", "") + Record("2", "bob", "") + Record("3", "Cy", ""));
-    old.LoadDB(kFile);
+    machine.files.Put(kEventsDat, Record("1", "Ann", "") + Record("2", "bob", "") + Record("3", "Cy", ""));
+    old.LoadDB(kEventsDat);
     EXPECT_FALSE(old.DatabaseChanged());
     old.RenameOwner("BOB", "Bob");
     old.WipeAllButThisOwner("");
@@ -228,16 +228,16 @@ TEST_F(OldDatabase, ChangesOwnersAndNoticesOthersChanges) {
     old.WipeRecordsByOwner("cy");
     EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann", "Bob", "Cy deleted"));
     old.WipeAllButThisOwner("Ann");
-    old.LoadDB(kFile);
+    old.LoadDB(kEventsDat);
     EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann"));
-    machine.files.Put(kFile, Record("1", "Ann", "") + Record("4", "Dee", ""));
+    machine.files.Put(kEventsDat, Record("1", "Ann", "") + Record("4", "Dee", ""));
     EXPECT_TRUE(old.DatabaseChanged());
-    old.LoadDBIfChanged(kFile);
+    old.LoadDBIfChanged(kEventsDat);
     old.SetAllToSingleUser();
     old.DeleteRecord("1");
     EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Single deleted", "Single"));
     old.WipeDiskFile();
-    EXPECT_EQ(machine.files.Kind(kFile), PathKind::Missing);
+    EXPECT_EQ(machine.files.Kind(kEventsDat), PathKind::Missing);
 }
 
 TEST_F(OldDatabase, LoadsTheOthersSharedFiles) {

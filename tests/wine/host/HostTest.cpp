@@ -37,8 +37,6 @@ protected:
     TestFolder folder;
 };
 
-}  // namespace
-
 TEST_F(Host, ShowsTheWindowAndWritesTheListsOfAScan) {
     // A backslash before the closing quotation mark is what a shell's completion leaves.
     const RunningHost host(L"--lists " + Quoted(folder.Path() / "lists.txt") + L" \"" +
@@ -141,4 +139,5 @@ TEST_F(Host, ControlCInTheConsoleOfItsParentEndsItCleanlyUnlessADialogIsOpen) {
     SetConsoleCtrlHandler(ignore, FALSE);
 }
 
+}  // namespace
 }  // namespace kaz::test

@@ -50,8 +50,6 @@ protected:
     TestFolder folder;
 };
 
-}  // namespace
-
 TEST_F(HostMail, GoesOutThroughTheMailProgram) {
     SetMailProgram(L"");
     MailToday({"Lost"});
@@ -110,4 +108,5 @@ TEST_F(HostMail, GoesToTheServerOfTheSettings) {
     EXPECT_EQ(End(host), 0);
 }
 
+}  // namespace
 }  // namespace kaz::test

@@ -6,7 +6,7 @@ namespace kaz {
 
 namespace {
 
-ModalDriver* driver = nullptr;
+ModalDriver* theDriver = nullptr;
 constexpr DWORD kPatience = 30000;  // milliseconds
 
 DWORD WINAPI Watch(void* ended) {
@@ -19,7 +19,7 @@ DWORD WINAPI Watch(void* ended) {
 }  // namespace
 
 ModalDriver::ModalDriver() {
-    driver = this;
+    theDriver = this;
     timer_ = SetTimer(nullptr, 0, 30, Tick);
     ended_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     watchdog_ = CreateThread(nullptr, 0, Watch, ended_, 0, nullptr);
@@ -31,7 +31,7 @@ ModalDriver::~ModalDriver() {
     WaitForSingleObject(watchdog_, INFINITE);
     CloseHandle(watchdog_);
     CloseHandle(ended_);
-    driver = nullptr;
+    theDriver = nullptr;
 }
 
 void ModalDriver::Then(Step step) {
@@ -62,18 +62,18 @@ BOOL CALLBACK ModalDriver::Look(HWND window, LPARAM parameter) {
 }
 
 void CALLBACK ModalDriver::Tick(HWND, UINT, UINT_PTR, DWORD) {
-    if (!driver) return;
-    const HWND box = driver->NewBox();
+    if (!theDriver) return;
+    const HWND box = theDriver->NewBox();
     if (!box) return;
-    driver->seen_.insert(box);
-    if (driver->steps_.empty()) {
-        if (!driver->planned_) return;  // a window of the test itself, shown before the first box
-        ++driver->surprises_;
+    theDriver->seen_.insert(box);
+    if (theDriver->steps_.empty()) {
+        if (!theDriver->planned_) return;  // a window of the test itself, shown before the first box
+        ++theDriver->surprises_;
         PostMessageW(box, WM_CLOSE, 0, 0);
         return;
     }
-    const Step step = std::move(driver->steps_.front());
-    driver->steps_.pop_front();
+    const Step step = std::move(theDriver->steps_.front());
+    theDriver->steps_.pop_front();
     step(box);
 }
 

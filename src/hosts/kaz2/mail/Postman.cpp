@@ -19,12 +19,6 @@ namespace {
 // For a transfer to notice that it is to stop: while the server says nothing, it looks up once a second.
 constexpr std::chrono::milliseconds kToStop{1200};
 
-struct Letter {
-    Mail mail;
-    std::size_t attempts = 0;
-    Clock::time_point next{};
-};
-
 const MailFailure kEnded{MailTrouble::ProgramEnd, "KAZ ended before the mail had gone."};
 
 }  // namespace
@@ -83,6 +77,12 @@ public:
     }
 
 private:
+    struct Letter {
+        Mail mail;
+        std::size_t attempts = 0;
+        Clock::time_point next{};
+    };
+
     // Waits for a letter whose time has come; false when there will be none.
     bool TakeNext(std::unique_lock<std::mutex>& lock) {
         for (;;) {

@@ -71,8 +71,7 @@ int IsToStop(void* context, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
 }
 
 void SetConnection(CURL* transfer, const MailSettings& settings) {
-    using Security = MailSettings::Security;
-    const bool fromTheStart = settings.security == Security::Tls;
+    const bool fromTheStart = settings.security == MailSettings::Security::Tls;
     const std::string address =
         (fromTheStart ? "smtps://" : "smtp://") + settings.server + ":" + std::to_string(settings.port);
     const auto milliseconds = std::chrono::milliseconds(settings.timeout).count();
@@ -80,9 +79,9 @@ void SetConnection(CURL* transfer, const MailSettings& settings) {
     curl_easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
     // With StartTLS a server without encryption is a failure: nothing goes over the line that others can
     // read.
-    curl_easy_setopt(
-        transfer, CURLOPT_USE_SSL,
-        static_cast<long>(settings.security == Security::None ? CURLUSESSL_NONE : CURLUSESSL_ALL));
+    curl_easy_setopt(transfer, CURLOPT_USE_SSL,
+                     static_cast<long>(settings.security == MailSettings::Security::None ? CURLUSESSL_NONE
+                                                                                         : CURLUSESSL_ALL));
     curl_easy_setopt(transfer, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
     // A certificate whose issuer's list cannot be reached is taken; one that is on the list is not.
     curl_easy_setopt(transfer, CURLOPT_SSL_OPTIONS, static_cast<long>(CURLSSLOPT_REVOKE_BEST_EFFORT));
