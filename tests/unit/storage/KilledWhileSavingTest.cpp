@@ -71,7 +71,7 @@ TEST(KilledWhileSaving, LeavesTheOldFilesWholeOrTheNewOnes) {
     SavingProcess::SaveIfStartedForThat(Save);
     // A few seconds' worth; KAZ_KILLS=2000 for the long run.
     const char* wanted = std::getenv("KAZ_KILLS");
-    const int kills = wanted ? std::atoi(wanted) : 25;
+    const int kills = wanted ? std::atoi(wanted) : 15;
     const TestFolder folder;
     std::mt19937 random(20260302);
     int saved = 0;
