@@ -10,7 +10,7 @@ namespace kaz {
 
 namespace {
 
-constexpr wchar_t kClass[] = L"kaz.bench.bare";
+constexpr wchar_t kListClass[] = L"kaz.bench.bare";
 
 }  // namespace
 
@@ -18,10 +18,10 @@ BareList::BareList(int width, int height, Rows rows) : kind_(rows) {
     WNDCLASSW type{};
     type.lpfnWndProc = Procedure;
     type.hInstance = GetModuleHandleW(nullptr);
-    type.lpszClassName = kClass;
+    type.lpszClassName = kListClass;
     RegisterClassW(&type);
-    window_ = CreateWindowW(kClass, L"Bare", WS_OVERLAPPEDWINDOW, 20, 20, width + 40, height + 60, nullptr,
-                            nullptr, type.hInstance, nullptr);
+    window_ = CreateWindowW(kListClass, L"Bare", WS_OVERLAPPEDWINDOW, 20, 20, width + 40, height + 60,
+                            nullptr, nullptr, type.hInstance, nullptr);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     list_ = CreateWindowW(WC_LISTVIEWW, L"",
                           WS_CHILD | WS_VISIBLE | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS |

@@ -7,7 +7,7 @@
 namespace kaz {
 namespace {
 
-constexpr wchar_t kClass[] = L"kaz.bench.month";
+constexpr wchar_t kMonthClass[] = L"kaz.bench.month";
 constexpr int kBoxes = 42;
 
 RECT PlaceOf(int box) {
@@ -27,11 +27,11 @@ BareMonth::BareMonth(int lines) : lines_(kDays), texts_(kDays) {
     WNDCLASSW type{};
     type.lpfnWndProc = Procedure;
     type.hInstance = GetModuleHandleW(nullptr);
-    type.lpszClassName = kClass;
+    type.lpszClassName = kMonthClass;
     type.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
     RegisterClassW(&type);
-    window_ = CreateWindowW(kClass, L"Bare month", WS_OVERLAPPEDWINDOW, 20, 20, 1000, 760, nullptr, nullptr,
-                            type.hInstance, nullptr);
+    window_ = CreateWindowW(kMonthClass, L"Bare month", WS_OVERLAPPEDWINDOW, 20, 20, 1000, 760, nullptr,
+                            nullptr, type.hInstance, nullptr);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
