@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "platform/posix/SystemError.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,6 +12,8 @@
 namespace kaz {
 
 namespace {
+
+constexpr std::size_t kLarge = std::size_t{128} * 1024;
 
 // A signal may end a call before it has done anything.
 template <class Call>
@@ -41,12 +44,17 @@ std::size_t PosixInputFile::Read(char* buffer, std::size_t capacity) {
 }
 
 void PosixOutputFile::Write(std::string_view text) {
+    const bool large = text.size() >= kLarge;
     while (!text.empty()) {
         const auto count = Repeated([&] { return ::write(file_.Get(), text.data(), text.size()); });
         if (count < 0) ThrowSystemError(errno);
         if (count == 0) throw RuntimeError(ErrorNumber::DiskFull);
         text.remove_prefix(static_cast<std::size_t>(count));
     }
+#ifdef SYNC_FILE_RANGE_WRITE
+    // The disk takes what there is while the rest is being made; whether it does, Flush will tell.
+    if (large) ::sync_file_range(file_.Get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
 }
 
 void PosixOutputFile::Flush() { FlushToDisk(file_.Get()); }
