@@ -34,12 +34,11 @@ void ProcessMessages() {
     }
 }
 
-// False when a mail program still keeps a thread.
-bool Run(const CommandLine& line) {
+void Run(const CommandLine& line) {
     const Apartment apartment;
     const std::wstring folder = ChooseDataFolder(line.folder);
     SingleInstance instance(folder);
-    if (!instance.IsOnly()) return true;
+    if (!instance.IsOnly()) return;
     ProvideAlarmSound(folder);
 
     ListsFile lists(line.listsFile);
@@ -77,7 +76,7 @@ bool Run(const CommandLine& line) {
     // this one.
     window.reset();
     component->ShutDown();
-    return mail.Finish(kMailsAtEnd);
+    mail.Finish(kMailsAtEnd);
 }
 
 int Fail(const std::wstring& text) {
@@ -91,8 +90,10 @@ int Fail(const std::wstring& text) {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     try {
-        // Everything is saved. The usual end would wait for locks that a stuck thread may hold for ever.
-        if (!kaz::Run(kaz::ParseCommandLine(GetCommandLineW()))) TerminateProcess(GetCurrentProcess(), 0);
+        kaz::Run(kaz::ParseCommandLine(GetCommandLineW()));
+        // Everything is saved and closed. The usual end would take down one by one what goes with the
+        // process, and wait for locks that a mail program which keeps a thread may hold for ever.
+        TerminateProcess(GetCurrentProcess(), 0);
         return 0;
     } catch (const kaz::StartFailure& failure) {
         return kaz::Fail(failure.text);
