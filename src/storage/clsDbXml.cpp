@@ -17,8 +17,6 @@
 
 namespace kaz {
 
-namespace {}
-
 clsDbXml::clsDbXml(const StorageServices& services)
     : services_(services),
       codes_(services.clock, services.random),

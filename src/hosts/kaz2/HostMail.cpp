@@ -67,7 +67,9 @@ void HostMail::Send(std::wstring_view to, std::wstring_view subject, std::wstrin
     }
 }
 
-bool HostMail::Finish(std::chrono::milliseconds most) { return !postman_ || postman_->Finish(most); }
+void HostMail::Finish(std::chrono::milliseconds most) {
+    if (postman_) postman_->Finish(most);
+}
 
 MailNews& HostMail::News() {
     if (!news_) {

@@ -28,7 +28,7 @@ public:
     // Returns at once; what becomes of the mail is in the log, and a failure is shown at the tray.
     void Send(std::wstring_view to, std::wstring_view subject, std::wstring_view text);
     // See Postman::Finish. Later mails are told as not sent.
-    bool Finish(std::chrono::milliseconds most);
+    void Finish(std::chrono::milliseconds most);
 
 private:
     MailNews& News();
