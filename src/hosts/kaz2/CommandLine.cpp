@@ -1,18 +1,10 @@
 #include "hosts/kaz2/CommandLine.h"
 
-#include <windows.h>
-#include <shellapi.h>
-
-#include <memory>
 #include <string_view>
 
 namespace kaz {
 
 namespace {
-
-struct FreeLocal {
-    void operator()(wchar_t** memory) const { LocalFree(memory); }
-};
 
 // In "D:\Data\" the system takes the last two characters for a quotation mark that belongs to the name.
 std::wstring WithoutStrayQuote(std::wstring folder) {
@@ -22,15 +14,12 @@ std::wstring WithoutStrayQuote(std::wstring folder) {
 
 }  // namespace
 
-CommandLine ParseCommandLine(const wchar_t* text) {
+CommandLine ParseCommandLine(std::span<const wchar_t* const> words) {
     CommandLine line;
-    int count = 0;
-    const std::unique_ptr<wchar_t*, FreeLocal> words(CommandLineToArgvW(text, &count));
-    if (!words) return line;
-    for (int index = 1; index < count; ++index) {
-        const std::wstring_view word = words.get()[index];
+    for (std::size_t index = 1; index < words.size(); ++index) {
+        const std::wstring_view word = words[index];
         if (word == L"--lists") {
-            if (++index < count) line.listsFile = words.get()[index];
+            if (++index < words.size()) line.listsFile = words[index];
         } else if (line.folder.empty()) {
             line.folder = WithoutStrayQuote(std::wstring(word));
         }

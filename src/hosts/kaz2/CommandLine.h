@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 namespace kaz {
@@ -10,7 +11,7 @@ struct CommandLine {
     std::wstring listsFile;  // where the lists of each scan are written; empty for nowhere
 };
 
-// `text` is the whole command line, the program's own name included.
-CommandLine ParseCommandLine(const wchar_t* text);
+// `words` are those of the whole command line, the program's own name included.
+CommandLine ParseCommandLine(std::span<const wchar_t* const> words);
 
 }  // namespace kaz

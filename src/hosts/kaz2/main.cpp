@@ -14,6 +14,7 @@
 #include <windows.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <exception>
 #include <memory>
 
@@ -90,7 +91,7 @@ int Fail(const std::wstring& text) {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     try {
-        kaz::Run(kaz::ParseCommandLine(GetCommandLineW()));
+        kaz::Run(kaz::ParseCommandLine({__wargv, static_cast<std::size_t>(__argc)}));
         // Everything is saved and closed. The usual end would take down one by one what goes with the
         // process, and wait for locks that a mail program which keeps a thread may hold for ever.
         TerminateProcess(GetCurrentProcess(), 0);
