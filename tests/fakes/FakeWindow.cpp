@@ -95,6 +95,7 @@ void FakeWindow::SetSelection(int control, const std::vector<int>& positions) {
 
 void FakeWindow::ShowTrayIcon(const std::string& tip) {
     if (trayRefuses) throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
+    if (!trayTip) windowsBeforeTray = desktop_->windows.size();
     trayTip = tip;
 }
 

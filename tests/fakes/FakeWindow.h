@@ -120,6 +120,7 @@ public:
     std::vector<int> menus;
     std::vector<ToolButton> toolbar;
     std::optional<std::string> trayTip;  // while the icon is shown
+    std::size_t windowsBeforeTray = 0;   // how many there were when the icon was first shown
     bool trayRefuses = false;
     WindowState state = WindowState::Normal;
     WindowSize size{800, 600};

@@ -18,14 +18,15 @@ void frmMain::TickSoon() {
 
 void frmMain::TimerRefresh_Timer() {
     TimerRefresh.Stop();
-    // Not before the window has been painted.
-    if (trayTip_.empty()) ShowProgramInTray();
     ticking_ = true;
     ErrorTrap trap(errors(), "TimerRefresh_Timer", Name());
     // A step can let messages through, and with them the end of the program.
     for (const auto step : {&frmMain::ReloadChangedFiles, &frmMain::ShowNewDay, &frmMain::ShowAlarms})
         if (!unloaded_) trap([&] { (this->*step)(); });
     ticking_ = false;
+    // The window has been painted and the reminders are up: while the user logs on, the shell can take
+    // seconds to answer.
+    if (!unloaded_ && trayTip_.empty()) ShowProgramInTray();
     if (!unloaded_ && pauses_ == 0) TimerRefresh.Start(kRefreshInterval);
 }
 

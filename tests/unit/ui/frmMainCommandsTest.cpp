@@ -207,6 +207,7 @@ TEST_F(frmMainCommandsTest, TheTrayShowsTheWindowAndQuitsTheProgram) {
     Add(*app.events, "today", 0);
     OpenWithFakeDialogs();
     EXPECT_EQ("KAZ - 1 event due today", window->trayTip);
+    EXPECT_EQ(2U, window->windowsBeforeTray) << "a shell that is busy must not keep the reminders back";
     machine.dialogs.yesNo = {true};
     window->Raise(IDM_SELECTALL, Raised::Click);
     window->Click(IDM_DELETE);
