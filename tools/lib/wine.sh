@@ -119,6 +119,9 @@ wine_start_screen() {
     wait_for 20 test -s "$number" || die "Xvfb did not start: $(tail -n 3 "$wine_run/screen.log")"
     DISPLAY=:$(tr -d '[:space:]' <"$number")
     export DISPLAY
+    # Any setting will do. Where a display has none, which no desktop's has, they are looked for again whenever Wine selects a
+    # font: hundreds of times for a window.
+    printf 'KAZ.screen: private\n' >"$HOME/.Xdefaults"
 }
 
 # Without a process that stays, each program would boot all of Wine anew: seconds instead of milliseconds. This one waits
