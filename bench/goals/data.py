@@ -48,8 +48,8 @@ def event_set(size):
 
 
 def start_folder(size):
-    """A data folder that the program is started on, made for today, since its clock cannot be set. No event rings, so that no
-    alarm comes into the middle of a start."""
+    """A data folder that the program is started on, made for today, since its clock cannot be set. No event rings and none is
+    mailed, so that neither an alarm nor another program comes into the middle of a start."""
     folder = DATA / f"start-{size}"
     folder.mkdir(parents=True, exist_ok=True)
     today = date.today()
@@ -57,6 +57,7 @@ def start_folder(size):
     made = events.make_events(COUNTS[size], today, last_run)
     for event in made:
         event.alarm = False
+        event.email = ""
     formats.write_kaz(made, folder / "Events.xml", last_run)
     settings = ["OWNER,Single", "DATAPATH,C:\\bench", "NOSOUNDS,-1", "NOAUTOBACKUPS,-1"]
     (folder / "Kaz.ini").write_bytes("".join(line + "\r\n" for line in settings).encode())

@@ -123,6 +123,8 @@ WINDOWS = [
     Goal("U9", "tick with nothing to do, 10,000 events", 2, 0.5, lambda m: m["ui", "tick"], "ms"),
     Goal("U10", "start on an empty folder, painted and ended: to a bare window", 1.6, 1.2,
          ratio(("start", "start-empty", "ms"), ("start", "bare", "ms"))),
+    Goal("U10", "the same: to a bare window with the controls of the main one", None, 1.2,
+         ratio(("start", "start-empty", "ms"), ("start", "controls", "ms"))),
     Goal("U11", "start with 10,000 events beyond that: to three floor updates and a bare list that keeps its rows", 1, None,
          lambda m: start("start-10k", "start-empty")(m) / (3 * m["floor", "update"] + m["ui", "fill 10000 stock"])),
     Goal("U11", "the same", None, 100, start("start-10k", "start-empty"), "ms"),

@@ -1,12 +1,13 @@
-// bench_start ROUNDS KAZ2.exe FOLDER CASE...
+// bench_start ROUNDS PROGRAMS FOLDER CASE...
 //
 // From the start of a process until its list is painted and the process has ended. A case is a data folder
-// that KAZ2 starts on, copied to FOLDER first, or "bare": a window with an empty list. The cases are run in
-// turn; prints the least time of each, and the most memory that it has used until it was painted.
+// that PROGRAMS\KAZ2.exe starts on, copied to FOLDER first, or "bare" or "controls" for the program
+// PROGRAMS\bench_<case>.exe. The cases are run in turn; prints the least time of each, and the most memory
+// that it has used until it was painted.
+#define PSAPI_VERSION 2
 #include <windows.h>
 #include <commctrl.h>
 #include <psapi.h>
-#include <shellapi.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -18,7 +19,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-constexpr wchar_t kBareTitle[] = L"bench_start bare";
+constexpr DWORD kLongest = 20000;  // milliseconds
 
 double Now() {
     LARGE_INTEGER count, frequency;
@@ -27,41 +28,39 @@ double Now() {
     return 1000.0 * static_cast<double>(count.QuadPart) / static_cast<double>(frequency.QuadPart);
 }
 
-// The child's part of the bare window: it ends when it is closed.
-int ShowBareWindow() {
-    InitCommonControls();
-    const HWND window =
-        CreateWindowExW(0, L"#32770", kBareTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, 776, 464,
-                        nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, 0, 0, 760, 430,
-                    window, nullptr, GetModuleHandleW(nullptr), nullptr);
-    ShowWindow(window, SW_SHOW);
-    UpdateWindow(window);
-    MSG message;
-    while (IsWindow(window) && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (message.message == WM_CLOSE || message.message == WM_SYSCOMMAND) break;
-        DispatchMessageW(&message);
-    }
-    return 0;
+// Whether the window or something in it has still to be painted.
+bool IsUnpainted(HWND window) {
+    if (GetUpdateRect(window, nullptr, FALSE)) return true;
+    bool unpainted = false;
+    const auto look = [](HWND child, LPARAM result) -> BOOL {
+        if (IsWindowVisible(child) && GetUpdateRect(child, nullptr, FALSE))
+            *reinterpret_cast<bool*>(result) = true;
+        return !*reinterpret_cast<bool*>(result);
+    };
+    EnumChildWindows(window, look, reinterpret_cast<LPARAM>(&unpainted));
+    return unpainted;
 }
 
-// The list of the first window of the process that is to be seen under that title, once it has nothing left
-// to paint.
-bool IsPainted(const wchar_t* title, HWND& window) {
-    window = FindWindowW(nullptr, title);
-    if (!window || !IsWindowVisible(window)) return false;
-    const HWND list = FindWindowExW(window, nullptr, WC_LISTVIEWW, nullptr);
-    return list && !GetUpdateRect(list, nullptr, FALSE);
+// Whether one of the thread's windows is to be seen, with a list and all painted.
+bool HasPaintedList(DWORD thread) {
+    bool found = false;
+    const auto look = [](HWND window, LPARAM result) -> BOOL {
+        if (!IsWindowVisible(window) || !FindWindowExW(window, nullptr, WC_LISTVIEWW, nullptr)) return TRUE;
+        *reinterpret_cast<bool*>(result) = !IsUnpainted(window);
+        return FALSE;
+    };
+    EnumThreadWindows(thread, look, reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 struct Case {
-    std::wstring folder;  // empty for the bare window
+    std::wstring name;
     double time = std::numeric_limits<double>::max();
     double megabytes = 0;
 };
 
 // False when the process could not be started or did not end by itself.
-bool Start(std::wstring command, const wchar_t* title, Case& result) {
+bool Start(std::wstring command, Case& result) {
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
@@ -71,56 +70,47 @@ bool Start(std::wstring command, const wchar_t* title, Case& result) {
         std::fprintf(stderr, "cannot start it: error %lu\n", GetLastError());
         return false;
     }
-    HWND window = nullptr;
-    while (!IsPainted(title, window) && Now() - begin < 20000)
+    bool painted = false;
+    while (!(painted = HasPaintedList(process.dwThreadId)) && Now() - begin < kLongest)
         Sleep(1);
     PROCESS_MEMORY_COUNTERS memory{};
     GetProcessMemoryInfo(process.hProcess, &memory, sizeof memory);
-    // The main window only hides when it is closed; the host's own window, which nobody sees, ends the
-    // program.
-    EnumThreadWindows(
-        process.dwThreadId, [](HWND each, LPARAM) { return PostMessageW(each, WM_CLOSE, 0, 0); }, 0);
-    const bool ended = WaitForSingleObject(process.hProcess, 20000) == WAIT_OBJECT_0;
+    PostThreadMessageW(process.dwThreadId, WM_QUIT, 0, 0);
+    const bool ended = WaitForSingleObject(process.hProcess, kLongest) == WAIT_OBJECT_0;
     result.time = std::min(result.time, Now() - begin);
     result.megabytes = std::max(result.megabytes, static_cast<double>(memory.PeakWorkingSetSize) / 1048576.0);
     if (!ended) TerminateProcess(process.hProcess, 1);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
-    return ended && window;
+    return ended && painted;
 }
 
-bool StartBareWindow(Case& result) {
-    wchar_t self[MAX_PATH]{};
-    GetModuleFileNameW(nullptr, self, MAX_PATH);
-    return Start(L"\"" + std::wstring(self) + L"\" bare", kBareTitle, result);
-}
+std::wstring Quoted(const fs::path& path) { return L"\"" + path.wstring() + L"\""; }
 
-bool StartProgram(const std::wstring& program, const fs::path& folder, Case& result) {
+bool Start(const fs::path& programs, const fs::path& folder, Case& result) {
+    const fs::path own = programs / (L"bench_" + result.name + L".exe");
+    if (fs::exists(own)) return Start(Quoted(own), result);
     fs::remove_all(folder);
-    fs::copy(result.folder, folder);
-    return Start(L"\"" + program + L"\" \"" + folder.wstring() + L"\"", L"KAZ", result);
+    fs::copy(result.name, folder);
+    return Start(Quoted(programs / "KAZ2.exe") + L" " + Quoted(folder), result);
 }
 
 }  // namespace
 
-int main() {
-    int count = 0;
-    wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-    if (count == 2 && std::wstring(arguments[1]) == L"bare") return ShowBareWindow();
+int wmain(int count, wchar_t** arguments) {
     if (count < 5) return 2;
     std::vector<Case> cases;
     for (int i = 4; i < count; ++i)
-        cases.push_back({std::wstring(arguments[i]) == L"bare" ? L"" : arguments[i]});
+        cases.push_back({arguments[i]});
     // In turn, so that a slow moment of the machine meets all of them.
     for (int round = 0; round < _wtoi(arguments[1]); ++round)
         for (Case& each : cases)
-            if (!(each.folder.empty() ? StartBareWindow(each)
-                                      : StartProgram(arguments[2], arguments[3], each))) {
-                std::fprintf(stderr, "%ls did not start and end by itself\n", each.folder.c_str());
+            if (!Start(arguments[2], arguments[3], each)) {
+                std::fprintf(stderr, "%ls did not start and end by itself\n", each.name.c_str());
                 return 1;
             }
     for (const Case& each : cases) {
-        const std::string name = each.folder.empty() ? "bare" : fs::path(each.folder).filename().string();
+        const std::string name = fs::path(each.name).filename().string();
         std::printf("%-24s %10.3f ms\n%-24s %10.3f MB\n", name.c_str(), each.time, name.c_str(),
                     each.megabytes);
     }
