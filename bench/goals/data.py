@@ -2,6 +2,7 @@
 import hashlib
 import json
 import pathlib
+import shutil
 from datetime import date, timedelta
 
 import events
@@ -61,4 +62,5 @@ def start_folder(size):
     formats.write_kaz(made, folder / "Events.xml", last_run)
     settings = ["OWNER,Single", "DATAPATH,C:\\bench", "NOSOUNDS,-1", "NOAUTOBACKUPS,-1"]
     (folder / "Kaz.ini").write_bytes("".join(line + "\r\n" for line in settings).encode())
+    shutil.copy(ROOT / "src/resources/alarm.wav", folder)  # as the first start leaves it
     return folder
