@@ -70,6 +70,8 @@ bool Start(std::wstring command, Case& result) {
         std::fprintf(stderr, "cannot start it: error %lu\n", GetLastError());
         return false;
     }
+    // KAZ2 goes on with its first tick at once. A look that falls into it comes too late, and only the least
+    // of many rounds is without it.
     bool painted = false;
     while (!(painted = HasPaintedList(process.dwThreadId)) && Now() - begin < kLongest)
         Sleep(1);
