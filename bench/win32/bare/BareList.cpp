@@ -27,17 +27,21 @@ BareList::BareList(int width, int height, Rows rows) : kind_(rows) {
                           WS_CHILD | WS_VISIBLE | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS |
                               (rows == Rows::AskedFor ? LVS_OWNERDATA : 0U),
                           0, 0, width, height, window_, nullptr, type.hInstance, nullptr);
-    ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+    AddColumns(list_);
+    ShowWindow(window_, SW_SHOW);
+    UpdateWindow(window_);
+}
+
+void BareList::AddColumns(HWND list) {
+    ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
     for (int at = 0; at < 9; ++at) {
         wchar_t header[] = L"Column";
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
         column.pszText = header;
         column.cx = at == 4 ? 250 : 60;
-        SendMessageW(list_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&column));
+        SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&column));
     }
-    ShowWindow(window_, SW_SHOW);
-    UpdateWindow(window_);
 }
 
 BareList::~BareList() { DestroyWindow(window_); }

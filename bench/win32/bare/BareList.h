@@ -20,6 +20,8 @@ public:
     BareList& operator=(const BareList&) = delete;
 
     HWND List() const { return list_; }
+    // The nine columns, on any report list.
+    static void AddColumns(HWND list);
     // Makes the texts of that many rows and shows them.
     void Fill(int rows);
     void SortBy(std::size_t column);

@@ -2,6 +2,7 @@
 //
 // The main window's template with its columns, buttons and icons, and nothing behind them: what the controls
 // of any program with this window cost. It ends when it is closed.
+#include "BareList.h"
 #include "resources/resource.h"
 
 #include <windows.h>
@@ -9,23 +10,10 @@
 
 namespace {
 
-constexpr int kColumns = 9;
 constexpr int kButtons = 12;
 
 INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM, LPARAM) {
     return message == WM_CLOSE && DestroyWindow(window);
-}
-
-void AddColumns(HWND list) {
-    ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
-    for (int at = 0; at < kColumns; ++at) {
-        wchar_t header[] = L"Column";
-        LVCOLUMNW column{};
-        column.mask = LVCF_TEXT | LVCF_WIDTH;
-        column.pszText = header;
-        column.cx = at == 4 ? 250 : 60;
-        SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&column));
-    }
 }
 
 void AddButtons(HWND toolbar) {
@@ -46,7 +34,7 @@ int WINAPI wWinMain(HINSTANCE module, HINSTANCE, LPWSTR, int) {
     const LPARAM icon = reinterpret_cast<LPARAM>(LoadIconW(module, MAKEINTRESOURCEW(IDI_KAZ)));
     SendMessageW(window, WM_SETICON, ICON_SMALL, icon);
     SendMessageW(window, WM_SETICON, ICON_BIG, icon);
-    AddColumns(GetDlgItem(window, IDC_ListEvents));
+    kaz::BareList::AddColumns(GetDlgItem(window, IDC_ListEvents));
     AddButtons(GetDlgItem(window, IDC_Toolbar1));
     ShowWindow(window, SW_SHOW);
     MSG message;
