@@ -119,8 +119,8 @@ wine_start_screen() {
     wait_for 20 test -s "$number" || die "Xvfb did not start: $(tail -n 3 "$wine_run/screen.log")"
     DISPLAY=:$(tr -d '[:space:]' <"$number")
     export DISPLAY
-    # Any setting will do. Where a display has none, which no desktop's has, they are looked for again whenever Wine selects a
-    # font: hundreds of times for a window.
+    # As on a desktop, there is a setting; any will do. On a screen without, Wine looks for them again whenever it selects a font,
+    # hundreds of times for a window.
     printf 'KAZ.screen: private\n' >"$HOME/.Xdefaults"
 }
 
