@@ -14,18 +14,19 @@ struct Windows {
     bool anyDisabled = false;
 };
 
+BOOL CALLBACK Note(HWND window, LPARAM found) {
+    wchar_t name[16] = L"";
+    GetClassNameW(window, name, 16);
+    if (lstrcmpW(name, kDialogClass) != 0) return TRUE;
+    auto& all = *reinterpret_cast<Windows*>(found);
+    all.any = true;
+    all.anyDisabled = all.anyDisabled || !IsWindowEnabled(window);
+    return TRUE;
+}
+
 Windows ComponentWindows() {
     Windows windows;
-    const auto look = [](HWND window, LPARAM found) -> BOOL {
-        wchar_t name[16] = L"";
-        GetClassNameW(window, name, 16);
-        if (lstrcmpW(name, kDialogClass) != 0) return TRUE;
-        auto& all = *reinterpret_cast<Windows*>(found);
-        all.any = true;
-        all.anyDisabled = all.anyDisabled || !IsWindowEnabled(window);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&windows));
+    EnumThreadWindows(GetCurrentThreadId(), Note, reinterpret_cast<LPARAM>(&windows));
     return windows;
 }
 

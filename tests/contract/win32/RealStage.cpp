@@ -32,16 +32,10 @@ public:
     }
 
     void OnModal(int dialog, std::function<void(Window&)> user) override {
-        static RealStage* stage = nullptr;
-        stage = this;
+        stage_ = this;
         modal_ = {dialog, std::move(user)};
         // A thread's timer ticks inside the modal loop as well.
-        SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR timer, DWORD) {
-            Window* window = stage->Find(stage->modal_.first);
-            if (!window || !window->IsVisible()) return;
-            KillTimer(nullptr, timer);
-            stage->modal_.second(*window);
-        });
+        SetTimer(nullptr, 0, 10, PlayModal);
     }
 
     void Click(Window& window, int control) override {
@@ -136,6 +130,13 @@ public:
     }
 
 private:
+    static void CALLBACK PlayModal(HWND, UINT, UINT_PTR timer, DWORD) {
+        Window* window = stage_->Find(stage_->modal_.first);
+        if (!window || !window->IsVisible()) return;
+        KillTimer(nullptr, timer);
+        stage_->modal_.second(*window);
+    }
+
     std::unique_ptr<Window> Create(int dialog) override {
         auto window = factory_.Create(dialog);
         made_.emplace_back(dialog, Handle(*window));
@@ -153,6 +154,7 @@ private:
     Win32MessagePump pump_;
     std::vector<std::pair<int, HWND>> made_;
     std::pair<int, std::function<void(Window&)>> modal_;
+    static inline RealStage* stage_ = nullptr;  // whose modal window is to come
 };
 
 }  // namespace

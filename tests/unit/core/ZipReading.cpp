@@ -32,7 +32,7 @@ std::map<std::string, std::string> Unpacked(const std::string& archive) {
         const auto index = static_cast<zip_uint64_t>(i);
         zip_stat_t about;
         zip_stat_index(opened, index, 0, &about);
-        std::string text(about.size, '\0');
+        std::string text(static_cast<std::size_t>(about.size), '\0');
         zip_file_t* file = zip_fopen_index(opened, index, 0);
         EXPECT_EQ(zip_fread(file, text.data(), text.size()), static_cast<zip_int64_t>(text.size()));
         EXPECT_EQ(zip_fclose(file), 0) << about.name;

@@ -67,7 +67,9 @@ TEST(Activation, ManifestFindsTheComponentByIdAndByName) {
 TEST(Activation, RegistersItselfAndLeavesNothingBehind) {
     const PrivateRegistry registry;
     const std::wstring server = L"CLSID\\{2007682C-BE4C-42A0-9B64-9FDB7D6A0BAE}\\InprocServer32";
-    const std::wstring library = L"TypeLib\\{82047000-9C30-4AA6-81A9-145876A6A3DD}\\1.0\\0\\win64";
+    const std::wstring library =
+        std::wstring(L"TypeLib\\{82047000-9C30-4AA6-81A9-145876A6A3DD}\\1.0\\0\\win") +
+        (sizeof(void*) == 8 ? L"64" : L"32");
 
     ASSERT_EQ(Entry<HRESULT WINAPI()>("DllRegisterServer")(), S_OK);
     const std::wstring path = RegisteredText(registry.Classes(), server.c_str());

@@ -17,6 +17,8 @@ const std::string kSettings = "owner,Single\r\nNOAUTOBACKUPS,-1\r\n";
 
 std::wstring Quoted(const std::filesystem::path& path) { return L"\"" + path.wstring() + L"\""; }
 
+BOOL WINAPI IgnoreSignal(DWORD) { return TRUE; }
+
 class Host : public testing::Test {
 protected:
     void SetUp() override {
@@ -122,8 +124,7 @@ TEST_F(Host, ControlCInTheConsoleOfItsParentEndsItCleanlyUnlessADialogIsOpen) {
     FreeConsole();
     ASSERT_TRUE(AllocConsole()) << GetLastError();
     // This program shares the console; a handler of its own keeps it alive and is not inherited.
-    const auto ignore = [](DWORD) -> BOOL { return TRUE; };
-    SetConsoleCtrlHandler(ignore, TRUE);
+    SetConsoleCtrlHandler(IgnoreSignal, TRUE);
     const RunningHost host(Quoted(folder.Path()));
     EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
     OpenEditor(host);
@@ -136,7 +137,7 @@ TEST_F(Host, ControlCInTheConsoleOfItsParentEndsItCleanlyUnlessADialogIsOpen) {
     EXPECT_TRUE(GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0));
     EXPECT_EQ(host.ExitCode(), 0);
     ExpectSaved();
-    SetConsoleCtrlHandler(ignore, FALSE);
+    SetConsoleCtrlHandler(IgnoreSignal, FALSE);
 }
 
 }  // namespace

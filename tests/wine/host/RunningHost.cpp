@@ -12,6 +12,21 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
+struct Search {
+    DWORD process;
+    const wchar_t* title;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK Look(HWND window, LPARAM parameter) {
+    auto& wanted = *reinterpret_cast<Search*>(parameter);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == wanted.process && IsWindowVisible(window) && TextOf(window) == wanted.title)
+        wanted.found = window;
+    return TRUE;
+}
+
 }  // namespace
 
 RunningHost::RunningHost(const std::wstring& arguments, const std::filesystem::path& program) {
@@ -49,20 +64,8 @@ HWND RunningHost::HostWindow() const {
 }
 
 HWND RunningHost::VisibleWindow(const wchar_t* title) const {
-    struct Search {
-        DWORD process;
-        const wchar_t* title;
-        HWND found = nullptr;
-    } search{process_.dwProcessId, title};
-    const auto look = [](HWND window, LPARAM parameter) -> BOOL {
-        auto& wanted = *reinterpret_cast<Search*>(parameter);
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        if (process == wanted.process && IsWindowVisible(window) && TextOf(window) == wanted.title)
-            wanted.found = window;
-        return TRUE;
-    };
-    EnumWindows(look, reinterpret_cast<LPARAM>(&search));
+    Search search{process_.dwProcessId, title};
+    EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 

@@ -12,7 +12,16 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-class DialogWindowTest : public WindowFixture {};
+class DialogWindowTest : public WindowFixture {
+protected:
+    // The first press has to reach the menu, or a later tick ends it.
+    static void CALLBACK PressInMenu(HWND, UINT, UINT_PTR, DWORD) {
+        if (++ticks > 1) EndMenu();
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_F5, 1);
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1);
+    }
+    static inline int ticks = 0;
+};
 
 TEST_F(DialogWindowTest, TheKeyboardWorksInAPlainMessageLoop) {
     Show();
@@ -45,13 +54,8 @@ TEST_F(DialogWindowTest, TheKeysOfAnOpenMenuAreNotTheWindows) {
     Show();
     const HMENU menu = CreatePopupMenu();
     AppendMenuW(menu, MF_STRING, 1, L"One");
-    static int ticks;
     ticks = 0;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) {
-        if (++ticks > 1) EndMenu();
-        PostMessageW(GetFocus(), WM_KEYDOWN, VK_F5, 1);
-        PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1);
-    });
+    const UINT_PTR timer = SetTimer(nullptr, 0, 50, PressInMenu);
     EXPECT_FALSE(TrackPopupMenu(menu, TPM_RETURNCMD, 0, 0, 0, window->Handle(), nullptr));
     KillTimer(nullptr, timer);
     DestroyMenu(menu);

@@ -78,7 +78,7 @@ void Picture::Save(const std::string& fileName) const {
     std::ofstream out(fileName, std::ios::binary);
     out.write(reinterpret_cast<const char*>(&file), sizeof file);
     out.write(reinterpret_cast<const char*>(&header), sizeof header);
-    out.write(reinterpret_cast<const char*>(pixels_.data()), bytes);
+    out.write(reinterpret_cast<const char*>(pixels_.data()), static_cast<std::streamsize>(bytes));
 }
 
 }  // namespace kaz
