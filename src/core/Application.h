@@ -10,6 +10,7 @@
 #include "storage/clsLayers.h"
 #include "storage/clsSounds.h"
 #include "support/ErrorReports.h"
+#include "support/Health.h"
 #include "support/cSHAREDSettings.h"
 #include "support/cSHAREDShowError.h"
 #include "support/cSharedLogging.h"
@@ -32,6 +33,7 @@ public:
     Platform platform;
     cSharedLogging log;
     cSHAREDShowError errors;
+    Health health;  // what the bar above the list and the tray say
     cSHAREDSettings settings;
     clsLayers layers;
 
