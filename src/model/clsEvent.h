@@ -27,6 +27,9 @@ public:
     std::string Email;  // addresses separated by ";"
     bool SharedEvent = false;
     bool Deleted = false;
+    // Which of the users whose files its database read this came from, counted from 1; 0 is a file that the
+    // database reads alone. Not saved, and unlike Owner nothing that the file itself can say.
+    std::int32_t Source = 0;
 
     // Whether the name followed by a line break stands anywhere in ShareNames, letter case aside.
     bool NameInShared(std::string_view name, const CaseFolding& folding = CaseFolding::Western()) const;

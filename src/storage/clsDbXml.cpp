@@ -240,6 +240,7 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
     // Watched like the files that it names: a user who joins is seen at the next look.
     watched_.Clear();
     watched_.Add(listFile);
+    sources_.clear();
 
     const SharedFolder folder(services_.files, services_.settings, services_.log);
     const std::string me = CurrentOwner(services_.settings);
@@ -251,12 +252,25 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
         if (StringsEqual(user, me, services_.locale.Folding()))
             services_.log.LogEvent("Not loading - belongs to current user (" + me + ")");
         else
-            trap([&] { LoadWatched(folder.FileOf(user)); });
+            trap([&] { LoadFrom(user, folder.FileOf(user)); });
     }
     const std::string own = folder.FileOf(me);
     services_.log.LogEvent("Setting Database filename to " + own);
     fileName_ = own;
     lastKnownDate_ = FileDate();
+}
+
+void clsDbXml::LoadFrom(const std::string& user, const std::string& path) {
+    const std::size_t before = events_.size();
+    LoadWatched(path);
+    sources_.push_back(user);
+    for (std::size_t position = before; position < events_.size(); ++position)
+        events_[position].Source = static_cast<std::int32_t>(sources_.size());
+}
+
+std::string clsDbXml::SourceOf(const clsEvent& event) const {
+    const auto position = static_cast<std::size_t>(event.Source) - 1;
+    return position < sources_.size() ? sources_[position] : std::string();
 }
 
 void clsDbXml::LoadWatched(const std::string& path) {

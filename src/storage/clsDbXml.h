@@ -60,6 +60,9 @@ public:
     // saved afterwards goes to this user's own shared file.
     void LoadMultiple(const std::string& listFile);
 
+    // The user in whose file the event came, as LoadMultiple found it in the list; "" for any other event.
+    std::string SourceOf(const clsEvent& event) const;
+
     // While on, loading drops shared events that are not meant for this user and gives the others the
     // category of this user's that has the same name. For files that other users wrote.
     void ForeignFileFilter(bool on) { foreignFileFilter_ = on; }
@@ -89,6 +92,7 @@ private:
 
     Position Find(std::string_view code);
     std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
+    void LoadFrom(const std::string& user, const std::string& path);
     void LoadWatched(const std::string& path);
     void ReadFile(std::vector<clsEvent>& events) const;
     void ReadEvents(std::vector<clsEvent>& events) const;
@@ -106,6 +110,7 @@ private:
     std::vector<Waiting> waiting_;
     bool unsaved_ = false;
     WatchedFiles watched_;  // empty until LoadMultiple
+    std::vector<std::string> sources_;
     bool foreignFileFilter_ = false;
     std::function<void()> copyToShared_;
     OverwrittenVersions overwritten_;
