@@ -103,6 +103,9 @@ public:
     // The same by the area inside the frame, which holds the controls.
     virtual void SetInnerSize(WindowSize size) = 0;
     virtual WindowSize ScreenSize() const = 0;
+    // What the system shows its user as the reason why this window keeps the end of the session waiting, in a
+    // few words; an empty text when it does so no longer.
+    virtual void SayWhySaving(const std::string& reason) = 0;
     // Runs the window modally until EndModal; returns the latter's result.
     virtual int ShowModal() = 0;
     virtual void EndModal(int result) = 0;

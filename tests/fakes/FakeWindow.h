@@ -47,6 +47,7 @@ public:
     void SetSize(WindowSize value) override { size = value; }
     void SetInnerSize(WindowSize value) override { size = value; }
     WindowSize ScreenSize() const override { return screen; }
+    void SayWhySaving(const std::string& reason) override { saidWhySaving.push_back(reason); }
     // Runs the next modal script. Throws InternalError when there is none or when it leaves the window open.
     int ShowModal() override;
     // The first result counts.
@@ -116,7 +117,8 @@ public:
     bool topMost = false;
     int focus = 0;
     int timesDisabled = 0;  // by SetControlsEnabled
-    int selectedText = 0;   // the text box whose text was selected last
+    std::vector<std::string> saidWhySaving;
+    int selectedText = 0;  // the text box whose text was selected last
     std::vector<int> menus;
     std::vector<ToolButton> toolbar;
     std::optional<std::string> trayTip;  // while the icon is shown

@@ -4,6 +4,7 @@
 #include "platform/win32/ActivationContext.h"
 #include "platform/win32/ModalRun.h"
 #include "platform/win32/ScreenPlacement.h"
+#include "platform/win32/Text.h"
 #include "resources/resource.h"
 
 #include <algorithm>
@@ -137,6 +138,13 @@ WindowSize DialogWindow::Size() const { return OuterSize(window_); }
 void DialogWindow::SetSize(WindowSize size) { SetOuterSize(window_, size); }
 void DialogWindow::SetInnerSize(WindowSize size) { SetClientSize(window_, size); }
 WindowSize DialogWindow::ScreenSize() const { return MonitorSize(window_); }
+
+void DialogWindow::SayWhySaving(const std::string& reason) {
+    if (reason.empty())
+        ShutdownBlockReasonDestroy(window_);
+    else
+        ShutdownBlockReasonCreate(window_, ToWide(reason).c_str());
+}
 
 int DialogWindow::ShowModal() {
     ModalRun run(window_);

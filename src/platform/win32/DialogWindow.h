@@ -49,6 +49,7 @@ public:
     void SetSize(WindowSize size) override;
     void SetInnerSize(WindowSize size) override;
     WindowSize ScreenSize() const override;
+    void SayWhySaving(const std::string& reason) override;
     int ShowModal() override;
     void EndModal(int result) override;
 
