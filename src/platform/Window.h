@@ -62,6 +62,9 @@ struct ControlPlace {
     friend constexpr bool operator==(const ControlPlace&, const ControlPlace&) = default;
 };
 
+// How pressing a text is.
+enum class Tone { Note, Warning, Alarm };
+
 enum class WindowState { Normal, Minimised, Maximised };
 
 struct Colour {
@@ -125,6 +128,14 @@ public:
     virtual void SetControlVisible(int control, bool visible) = 0;
     virtual ControlPlace Place(int control) const = 0;
     virtual void SetPlace(int control, const ControlPlace& place) = 0;
+    // The width that a button or a text needs for its words in one line; in units of 1/96 inch.
+    virtual int IdealWidth(int control) const = 0;
+    // Moves the upper edge of a control that follows the size of the window down by so many units of 1/96
+    // inch, for something above it; it stays so when the window is sized.
+    virtual void SetRoomAbove(int control, int height) = 0;
+    // Shows the text in an owner-drawn text control: in a colour of its own, with an end of dots when two
+    // lines are not enough, and whole in the tooltip. Screen readers say it at once.
+    virtual void SetNotice(int control, const std::string& text, Tone tone) = 0;
     // All controls that take the keyboard, while the program works; afterwards they are as before, and the
     // one that had it gets it back.
     virtual void SetControlsEnabled(bool enabled) = 0;
@@ -150,9 +161,9 @@ public:
 
     virtual void SetToolbar(int control, const std::vector<ToolButton>& buttons) = 0;
 
-    // Shows the program's icon in the tray, or shows it again with another tip of at most 127 characters. It
-    // goes with the window. Throws InternalError when the shell takes no icon.
-    virtual void ShowTrayIcon(const std::string& tip) = 0;
+    // Shows the program's icon in the tray, or shows it again with another tip of at most 127 characters or
+    // with a warning sign. It goes with the window. Throws InternalError when the shell takes no icon.
+    virtual void ShowTrayIcon(const std::string& tip, bool warns) = 0;
     virtual void HideTrayIcon() = 0;
 };
 

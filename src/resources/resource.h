@@ -35,6 +35,10 @@
 #define IDT_TimerRefresh 1106
 #define IDC_Toolbar1 1107
 #define IDT_TimerAlarms 1108
+#define IDC_lblHealth 1110
+#define IDC_cmdHealth 1111  // the first of three
+#define IDC_lblHealthCount 1114
+#define IDC_cmdHealthNext 1115
 
 // Commands of menus and accelerators
 #define IDM_FIND 2001
@@ -67,6 +71,7 @@
 #define IDR_MENU_SETTINGS 203
 #define IDR_MENU_HELP 204
 #define IDI_KAZ 301
+#define IDI_KAZWARNING 302
 
 // The input box
 #define IDC_lblPrompt 1201

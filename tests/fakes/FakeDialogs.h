@@ -14,8 +14,10 @@ namespace kaz {
 class FakeDialogs : public Dialogs {
 public:
     void Message(const std::string& text) override { messages.push_back(text); }
-    bool AskYesNo(const std::string& text) override {
+    using Dialogs::AskYesNo;
+    bool AskYesNo(const std::string& text, Default choice) override {
         questions.push_back(text);
+        defaultOfQuestion = choice;
         if (meanwhile) meanwhile();
         return Next(yesNo, false);
     }
@@ -26,6 +28,11 @@ public:
     }
     std::optional<std::string> OpenFile(const std::string& title, const std::string& filter) override {
         questions.push_back(title + "|" + filter);
+        return Next(files, {});
+    }
+    std::optional<std::string> SaveFile(const std::string& title, const std::string& filter,
+                                        const std::string& name) override {
+        questions.push_back(title + "|" + filter + "|" + name);
         return Next(files, {});
     }
     std::optional<std::string> PickFolder(const std::string& title) override {
@@ -41,6 +48,7 @@ public:
     std::vector<std::string> messages;
     std::vector<std::string> questions;  // what was asked, its parts joined by "|"
     std::vector<DateValue> initialDates;
+    Default defaultOfQuestion = Default::Yes;  // of the last one
 
     std::function<void()> meanwhile;  // what happens while a question is open
 

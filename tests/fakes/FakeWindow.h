@@ -29,6 +29,8 @@ struct FakeDesktop {
 // what the user does is raised.
 class FakeWindow : public Window {
 public:
+    static constexpr int kLetterWidth = 6;
+
     explicit FakeWindow(int dialog = 0,
                         std::shared_ptr<FakeDesktop> desktop = std::make_shared<FakeDesktop>());
     ~FakeWindow() override;
@@ -70,6 +72,14 @@ public:
     void SetControlVisible(int control, bool visible) override { controls_[control].visible = visible; }
     ControlPlace Place(int control) const override { return At(control).place; }
     void SetPlace(int control, const ControlPlace& place) override { controls_[control].place = place; }
+    int IdealWidth(int control) const override {
+        return static_cast<int>((At(control).text.size() + 4) * kLetterWidth);
+    }
+    void SetRoomAbove(int control, int height) override { roomAbove[control] = height; }
+    void SetNotice(int control, const std::string& text, Tone tone) override {
+        SetText(control, text);
+        noticeTone = tone;
+    }
     void SetControlsEnabled(bool enabled) override {
         controlsEnabled_ = enabled;
         if (!enabled) ++timesDisabled;
@@ -89,7 +99,7 @@ public:
     void ShowMenu(int menu) override { menus.push_back(menu); }
     void ShowMenuUnder(int, int, int menu) override { menus.push_back(menu); }
     void SetToolbar(int, const std::vector<ToolButton>& buttons) override { toolbar = buttons; }
-    void ShowTrayIcon(const std::string& tip) override;
+    void ShowTrayIcon(const std::string& tip, bool warns) override;
     void HideTrayIcon() override { trayTip.reset(); }
 
     // What the user, the system or a timer does.
@@ -118,11 +128,14 @@ public:
     int focus = 0;
     int timesDisabled = 0;  // by SetControlsEnabled
     std::vector<std::string> saidWhySaving;
-    int selectedText = 0;  // the text box whose text was selected last
+    int selectedText = 0;          // the text box whose text was selected last
+    std::map<int, int> roomAbove;  // by control
+    Tone noticeTone = Tone::Note;
     std::vector<int> menus;
     std::vector<ToolButton> toolbar;
     std::optional<std::string> trayTip;  // while the icon is shown
-    std::size_t windowsBeforeTray = 0;   // how many there were when the icon was first shown
+    bool trayWarns = false;
+    std::size_t windowsBeforeTray = 0;  // how many there were when the icon was first shown
     bool trayRefuses = false;
     WindowState state = WindowState::Normal;
     WindowSize size{800, 600};

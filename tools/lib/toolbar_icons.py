@@ -1,4 +1,4 @@
-"""The icons of the main window's toolbar; a file is named like its button's key. Each is drawn anew for every size, so
+"""The icons of the main window's toolbar, of its warnings and of the tray's; a file is named like its button's key. Each is drawn anew for every size, so
 that its edges fall on whole pixels. Around a badge the background shows through, on light and dark toolbars alike."""
 from drawing import Drawing, arc, around, bar, box, disc, polygon, write_icon
 from icon_parts import (AMBER, AMBER_EDGE, BAND, EDGE, GREEN, RED, SHEET, badge, calendar, edge, edged, event, framed)
@@ -138,7 +138,27 @@ def help(d):
            box(m - thick / 2, dot, m + thick / 2, dot + thick))
 
 
-ICONS = (exit, addevent, editevent, pushevent, deleteevent, tasklist, monthview, editlayers, options, refresh, log, help)
+def exclamation(d, x, top, bottom, thick, colour):
+    dot = thick
+    d.fill(colour, box(x - thick / 2, top, x + thick / 2, bottom - 1.6 * dot),
+           box(x - thick / 2, bottom - dot, x + thick / 2, bottom))
+
+
+def warning(d):
+    e, m = edge(d), d.size / 2
+    low = d.size - d.whole(1) - e / 2
+    edged(d, AMBER, AMBER_EDGE, polygon((m, d.whole(1)), (d.size - e, low), (e, low)))
+    exclamation(d, m, d.whole(5.5), d.whole(13), d.whole(1.7) // 2 * 2, "#1f1f1f")
+
+
+def kazwarning(d):
+    event(d)
+    m, half, t = badge(d, RED)
+    exclamation(d, m, m - half, m + half, 2 * t, SHEET)
+
+
+ICONS = (exit, addevent, editevent, pushevent, deleteevent, tasklist, monthview, editlayers, options, refresh, log, help,
+         warning, kazwarning)
 
 
 def draw(folder):

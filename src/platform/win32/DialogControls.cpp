@@ -77,6 +77,25 @@ void DialogWindow::SetPlace(int control, const ControlPlace& place) {
     SetWindowPos(target, nullptr, ToPixels(window_, place.left), ToPixels(window_, place.top),
                  ToPixels(window_, place.width), ToPixels(window_, place.height),
                  SWP_NOZORDER | SWP_NOACTIVATE);
+    // Another width breaks its lines at other words.
+    if (notices_.contains(control)) InvalidateRect(target, nullptr, TRUE);
+}
+
+int DialogWindow::IdealWidth(int control) const {
+    const HWND target = At(control);
+    if (const auto notice = notices_.find(control); notice != notices_.end())
+        return ToUnits(window_, notice->second.IdealWidth());
+    SIZE size{};
+    if (KindOf(target) == ControlKind::AnyButton &&
+        SendMessageW(target, BCM_GETIDEALSIZE, 0, reinterpret_cast<LPARAM>(&size)))
+        return ToUnits(window_, size.cx);
+    return ToUnits(window_, TextWidth(target));
+}
+
+void DialogWindow::SetRoomAbove(int control, int height) { layout_->SetRoomAbove(At(control), height); }
+
+void DialogWindow::SetNotice(int control, const std::string& text, Tone tone) {
+    notices_.try_emplace(control, window_, At(control), module_).first->second.Show(ToWide(text), tone);
 }
 
 void DialogWindow::SetControlsEnabled(bool enabled) {

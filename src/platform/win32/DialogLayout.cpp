@@ -1,6 +1,7 @@
 #include "platform/win32/DialogLayout.h"
 
 #include "platform/win32/ResourceBytes.h"
+#include "platform/win32/ScreenPlacement.h"
 #include "resources/resource.h"
 
 #include <algorithm>
@@ -76,7 +77,13 @@ RECT DialogLayout::PlaceNow(const Item& item, SIZE client) const {
         along(LAYOUT_LEFT, LAYOUT_RIGHT, item.place.left, item.place.right, madeClient_.cx, client.cx);
     const auto [top, bottom] =
         along(LAYOUT_TOP, LAYOUT_BOTTOM, item.place.top, item.place.bottom, madeClient_.cy, client.cy);
-    return {left, top, right, bottom};
+    return {left, top + ToPixels(window_, item.above), right, bottom};
+}
+
+void DialogLayout::SetRoomAbove(HWND control, int height) {
+    for (Item& item : items_)
+        if (item.control == control) item.above = height;
+    Apply();
 }
 
 void DialogLayout::Apply() const {

@@ -14,6 +14,8 @@ public:
     // Takes the places of the controls as they are now.
     DialogLayout(HWND window, HINSTANCE module, int dialog);
 
+    // Moves the upper edge of a control down by so many units of 1/96 inch.
+    void SetRoomAbove(HWND control, int height);
     // Call after a change of the window's size.
     void Apply() const;
     // Call after a change of the monitor's resolution.
@@ -25,7 +27,8 @@ private:
     struct Item {
         HWND control;
         unsigned flags;
-        RECT place;  // in the window as it was made
+        RECT place;     // in the window as it was made
+        int above = 0;  // in units of 1/96 inch
     };
     RECT PlaceNow(const Item& item, SIZE client) const;
     int Scaled(LONG pixels) const;

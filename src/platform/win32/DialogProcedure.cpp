@@ -52,6 +52,12 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
     switch (message) {
     case WM_COMMAND: OnCommand(LOWORD(wide), HIWORD(wide), reinterpret_cast<HWND>(narrow)); return TRUE;
     case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(narrow));
+    case WM_DRAWITEM: {
+        const auto notice = notices_.find(static_cast<int>(wide));
+        if (notice == notices_.end()) return FALSE;
+        notice->second.Paint(*reinterpret_cast<const DRAWITEMSTRUCT*>(narrow));
+        return TRUE;
+    }
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN: return OnControlColour(message, wide, narrow);
     case WM_SYSCOLORCHANGE:
@@ -208,6 +214,8 @@ void DialogWindow::OnDpiChanged() {
         report.OnDpiChanged();
     for (auto& [id, toolbar] : toolbars_)
         toolbar.OnDpiChanged();
+    for (auto& [id, notice] : notices_)
+        notice.OnDpiChanged();
     Raise(0, Raised::DpiChanged);
 }
 
@@ -234,9 +242,10 @@ void DialogWindow::SetToolbar(int control, const std::vector<ToolButton>& button
     toolbars_.try_emplace(control, GetDlgItem(window_, control), module_).first->second.SetButtons(buttons);
 }
 
-void DialogWindow::ShowTrayIcon(const std::string& tip) {
+void DialogWindow::ShowTrayIcon(const std::string& tip, bool warns) {
     if (!tray_) tray_.emplace(window_, module_, kTrayMouse);
-    if (!tray_->Show(ToWide(tip))) throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
+    if (!tray_->Show(ToWide(tip), warns))
+        throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
 }
 
 }  // namespace kaz

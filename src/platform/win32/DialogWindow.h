@@ -4,6 +4,7 @@
 #include "platform/win32/DayGridView.h"
 #include "platform/win32/DialogLayout.h"
 #include "platform/win32/MessageHook.h"
+#include "platform/win32/NoticeView.h"
 #include "platform/win32/ReportListView.h"
 #include "platform/win32/TabStripView.h"
 #include "platform/win32/Toolbar.h"
@@ -66,6 +67,9 @@ public:
     void SetControlVisible(int control, bool visible) override;
     ControlPlace Place(int control) const override;
     void SetPlace(int control, const ControlPlace& place) override;
+    int IdealWidth(int control) const override;
+    void SetRoomAbove(int control, int height) override;
+    void SetNotice(int control, const std::string& text, Tone tone) override;
     void SetControlsEnabled(bool enabled) override;
     void SetFocus(int control) override;
     void SelectText(int control) override;
@@ -83,7 +87,7 @@ public:
     void ShowMenuUnder(int toolbar, int command, int menu) override;
 
     void SetToolbar(int control, const std::vector<ToolButton>& buttons) override;
-    void ShowTrayIcon(const std::string& tip) override;
+    void ShowTrayIcon(const std::string& tip, bool warns) override;
     void HideTrayIcon() override { tray_.reset(); }
 
 private:
@@ -113,6 +117,7 @@ private:
     std::map<int, ReportListView> reports_;
     std::map<int, DayGridView> grids_;
     std::map<int, Toolbar> toolbars_;
+    std::map<int, NoticeView> notices_;
     std::optional<TrayIcon> tray_;
     std::optional<TabStripView> tabs_;
     ModalRun* modal_ = nullptr;

@@ -51,13 +51,13 @@ std::optional<std::string> ChooseFolderInTree(const std::wstring& title) {
     return PathToCodePage(path);
 }
 
-}  // namespace
-
-std::optional<std::string> AskForFile(const std::wstring& title, std::wstring filter) {
+std::optional<std::string> AskForPath(BOOL(WINAPI* ask)(OPENFILENAMEW*), const std::wstring& title,
+                                      std::wstring filter, const std::wstring& name, DWORD flags) {
     // The call wants each part and the whole list ended by a zero.
     std::replace(filter.begin(), filter.end(), L'|', L'\0');
     filter.append(2, L'\0');
-    std::wstring path(32768, L'\0');
+    std::wstring path(name);
+    path.resize(32768, L'\0');
     OPENFILENAMEW request{};
     request.lStructSize = sizeof request;
     request.hwndOwner = WorkWindow();
@@ -65,10 +65,22 @@ std::optional<std::string> AskForFile(const std::wstring& title, std::wstring fi
     request.lpstrFile = path.data();
     request.nMaxFile = static_cast<DWORD>(path.size());
     request.lpstrTitle = title.c_str();
-    request.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER | OFN_ENABLESIZING;
-    if (!GetOpenFileNameW(&request)) return std::nullopt;
+    request.Flags = flags | OFN_NOCHANGEDIR | OFN_EXPLORER | OFN_ENABLESIZING;
+    if (!ask(&request)) return std::nullopt;
     path.resize(path.find(L'\0'));
     return PathToCodePage(path);
+}
+
+}  // namespace
+
+std::optional<std::string> AskForFile(const std::wstring& title, std::wstring filter) {
+    return AskForPath(GetOpenFileNameW, title, std::move(filter), {}, OFN_FILEMUSTEXIST | OFN_HIDEREADONLY);
+}
+
+std::optional<std::string> AskWhereToSave(const std::wstring& title, std::wstring filter,
+                                          const std::wstring& name) {
+    return AskForPath(GetSaveFileNameW, title, std::move(filter), name,
+                      OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY);
 }
 
 std::optional<std::string> AskForFolder(const std::wstring& title) {

@@ -62,6 +62,19 @@ std::string ControlText(HWND control) {
 
 void SetControlText(HWND control, const std::string& text) { SetWindowTextW(control, ToWide(text).c_str()); }
 
+int TextWidth(HWND control) {
+    wchar_t text[256] = L"";
+    const int length = GetWindowTextW(control, text, static_cast<int>(std::size(text)));
+    const HDC device = GetDC(control);
+    const HGDIOBJ before =
+        SelectObject(device, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    SIZE size{};
+    GetTextExtentPoint32W(device, text, length, &size);
+    SelectObject(device, before);
+    ReleaseDC(control, device);
+    return size.cx;
+}
+
 void SetControlItems(HWND control, const std::vector<std::string>& items) {
     ListContents contents(control);
     // Each line would otherwise repaint the whole list.

@@ -19,6 +19,8 @@ std::optional<Raised> RaisedByCommand(HWND control, unsigned notification);
 // Throws InvalidCall for a character that the code page cannot hold.
 std::string ControlText(HWND control);
 void SetControlText(HWND control, const std::string& text);
+// Of the text in one line, in pixels.
+int TextWidth(HWND control);
 
 // For list boxes, combo boxes and tab strips.
 void SetControlItems(HWND control, const std::vector<std::string>& items);

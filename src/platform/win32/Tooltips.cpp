@@ -1,5 +1,6 @@
 #include "platform/win32/Tooltips.h"
 
+#include "platform/win32/ScreenPlacement.h"
 #include "resources/resource.h"
 
 #include <commctrl.h>
@@ -22,6 +23,18 @@ HWND MakeTooltips(HWND window, HINSTANCE module) {
                            0, 0, 0, 0, window, nullptr, module, nullptr);
 }
 
+void Send(HWND tooltips, UINT message, HWND window, HWND control, std::wstring& text) {
+    TOOLINFOW tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = window;
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = text.data();
+    SendMessageW(tooltips, message, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+constexpr int kLineWidth = 480;  // in units of 1/96 inch
+
 }  // namespace
 
 void AddTooltips(HWND window, HINSTANCE module) {
@@ -31,14 +44,17 @@ void AddTooltips(HWND window, HINSTANCE module) {
         std::wstring text = id > 0 ? TextOf(module, id) : std::wstring();
         if (text.empty()) continue;
         if (!tooltips) tooltips = MakeTooltips(window, module);
-        TOOLINFOW tool{};
-        tool.cbSize = sizeof tool;
-        tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-        tool.hwnd = window;
-        tool.uId = reinterpret_cast<UINT_PTR>(control);
-        tool.lpszText = text.data();
-        SendMessageW(tooltips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+        Send(tooltips, TTM_ADDTOOLW, window, control, text);
     }
+}
+
+void SetTooltip(HWND& tooltip, HWND window, HINSTANCE module, HWND control, std::wstring text) {
+    const bool isNew = !tooltip;
+    if (isNew) tooltip = MakeTooltips(window, module);
+    Send(tooltip, isNew ? TTM_ADDTOOLW : TTM_UPDATETIPTEXTW, window, control, text);
+    // With a width, the text gets as many lines as it needs.
+    SendMessageW(tooltip, TTM_SETMAXTIPWIDTH, 0, ToPixels(window, kLineWidth));
+    SendMessageW(tooltip, TTM_SETDELAYTIME, TTDT_AUTOPOP, MAXSHORT);
 }
 
 }  // namespace kaz

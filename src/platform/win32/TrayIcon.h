@@ -15,8 +15,8 @@ public:
     TrayIcon(const TrayIcon&) = delete;
     TrayIcon& operator=(const TrayIcon&) = delete;
 
-    // Adds the icon or, where it is there already, changes its tip. False when the shell refuses.
-    bool Show(const std::wstring& tip);
+    // Adds the icon or, where it is there already, changes its tip and picture. False when the shell refuses.
+    bool Show(const std::wstring& tip, bool warns);
     void Remove();
     // The shell has started anew and knows nothing of icons.
     void Forget() { shown_ = false; }

@@ -19,8 +19,9 @@ int Win32Dialogs::Box(const std::string& text, UINT style) const {
 
 void Win32Dialogs::Message(const std::string& text) { Box(text, MB_OK | MB_ICONINFORMATION); }
 
-bool Win32Dialogs::AskYesNo(const std::string& text) {
-    return Box(text, MB_YESNO | MB_ICONQUESTION) == IDYES;
+bool Win32Dialogs::AskYesNo(const std::string& text, Default choice) {
+    const UINT button = choice == Default::No ? MB_DEFBUTTON2 : MB_DEFBUTTON1;
+    return Box(text, MB_YESNO | MB_ICONQUESTION | button) == IDYES;
 }
 
 std::optional<std::string> Win32Dialogs::InputBox(const std::string& title, const std::string& prompt,
@@ -31,6 +32,12 @@ std::optional<std::string> Win32Dialogs::InputBox(const std::string& title, cons
 std::optional<std::string> Win32Dialogs::OpenFile(const std::string& title, const std::string& filter) {
     const ActivationContext context(module_);
     return AskForFile(ToWide(title), ToWide(filter));
+}
+
+std::optional<std::string> Win32Dialogs::SaveFile(const std::string& title, const std::string& filter,
+                                                  const std::string& name) {
+    const ActivationContext context(module_);
+    return AskWhereToSave(ToWide(title), ToWide(filter), ToWide(name));
 }
 
 std::optional<std::string> Win32Dialogs::PickFolder(const std::string& title) {

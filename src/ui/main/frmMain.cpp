@@ -24,11 +24,17 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
       dialogs_(std::move(dialogs)),
       list_(application.platform.locale),
       commands_(application, list_, dialogs_.editor),
-      size_(this->window(), application.settings) {
+      size_(this->window(), application.settings),
+      bar_(this->window(), application.health) {
     On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
     On(0, Raised::CloseBox, "Form_QueryUnload", &frmMain::Form_QueryUnload);
     On(0, Raised::SessionEnd, "Form_QueryUnload", &frmMain::Form_SessionEnd);
     On(0, Raised::Resumed, "TimerRefresh_Timer", &frmMain::TickSoon);
+    for (const auto what : {Raised::Resize, Raised::DpiChanged})
+        On(0, what, "PlaceHealthBar", [this] { bar_.Place(); });
+    for (int button = 0; button < HealthBar::kButtons; ++button)
+        On(IDC_cmdHealth + button, Raised::Click, "cmdHealth_Click", [this, button] { bar_.Press(button); });
+    On(IDC_cmdHealthNext, Raised::Click, "cmdHealthNext_Click", [this] { bar_.Next(); });
     On(IDC_ListEvents, Raised::ColumnClick, "ListEvents_ColumnClick", &frmMain::ListEvents_ColumnClick);
     On(IDC_ListEvents, Raised::RightClick, "ListEvents_MouseUp", &frmMain::ListEvents_MouseUp);
     On(IDC_chkExpired, Raised::Click, "chkExpired_Click", &frmMain::chkExpired_Click);
@@ -52,12 +58,22 @@ void frmMain::Form_Load() {
         ListEvents().ShowSortMark(list_.SortColumn(), list_.Ascending());
     });
     trap([&] { FillCategories(); });
+    trap([&] {
+        app_.health.OnChange([this] { ShowHealth(); });
+        bar_.Show();
+    });
     app_.log.LogEvent("Filling events");
     trap([&] { FillEvents(clsLayers::kAll); });
     app_.log.LogEvent("Setting main window width and height");
     trap([&] { size_.Restore(); });
     loading_ = false;
     TickSoon();
+}
+
+void frmMain::ShowHealth() {
+    ErrorTrap trap(app_.log, "ShowHealth", Name());
+    trap([&] { bar_.Show(); });
+    trap([&] { RenewTrayTip(); });
 }
 
 void frmMain::FillCategories() {
@@ -217,6 +233,7 @@ void frmMain::Unload() { app_.openWindows.Unload(*this); }
 
 void frmMain::Form_Unload() {
     unloaded_ = true;
+    app_.health.OnChange({});
     TimerRefresh.Stop();
     TimerAlarms.Stop();
     window().HideTrayIcon();

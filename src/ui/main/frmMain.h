@@ -7,6 +7,7 @@
 #include "resources/resource.h"
 #include "ui/list/EventList.h"
 #include "ui/main/EventCommands.h"
+#include "ui/main/HealthBar.h"
 #include "ui/main/MainDialogs.h"
 #include "ui/main/WindowSizeSetting.h"
 
@@ -90,6 +91,8 @@ private:
     void ShowAlarms();
     void RingAlarms();
 
+    // After anything of what the user has to know has changed.
+    void ShowHealth();
     void FillCategories();
     std::int16_t Category() const;
     ReportList& ListEvents() const { return window().Report(IDC_ListEvents); }
@@ -108,12 +111,14 @@ private:
     EventList list_;
     EventCommands commands_;
     WindowSizeSetting size_;
+    HealthBar bar_;
     CheckBox chkExpired{window(), IDC_chkExpired};
     ListControl cmbCategories{window(), IDC_cmbCategories};
     TimerControl TimerRefresh{window(), IDT_TimerRefresh};
     TimerControl TimerAlarms{window(), IDT_TimerAlarms};  // runs while the other one stands still
     std::string searchTerm_;
     std::string trayTip_;
+    bool trayWarns_ = false;
     bool loading_ = false;
     bool ticking_ = false;
     int pauses_ = 0;  // dialogs during which the refresh timer stands still

@@ -37,19 +37,24 @@ void frmMain::NameTrayEvents() {
 
 void frmMain::ShowProgramInTray() {
     ErrorTrap trap(app_.log, "ShowProgramInTray", Name());
-    trap([&] { window().ShowTrayIcon(trayTip_ = TrayTip(app_)); });
+    trap([&] {
+        trayWarns_ = TrayWarns(app_);
+        window().ShowTrayIcon(trayTip_ = TrayTip(app_), trayWarns_);
+    });
 }
 
 void frmMain::RenewTrayTip() {
     std::string tip = TrayTip(app_);
-    if (trayTip_.empty() || tip == trayTip_) return;
+    const bool warns = TrayWarns(app_);
+    if (trayTip_.empty() || (tip == trayTip_ && warns == trayWarns_)) return;
     trayTip_ = std::move(tip);
+    trayWarns_ = warns;
     ShowIconInTray();
 }
 
 void frmMain::ShowIconInTray() {
     ErrorTrap trap(app_.log, "ShowIconInTray", Name());
-    trap([&] { window().ShowTrayIcon(trayTip_); });
+    trap([&] { window().ShowTrayIcon(trayTip_, trayWarns_); });
 }
 
 void frmMain::Form_MouseMove(int mouseMessage) {

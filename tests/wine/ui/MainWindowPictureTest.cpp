@@ -12,7 +12,9 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <tuple>
 
 namespace kaz {
 namespace {
@@ -128,6 +130,46 @@ TEST_F(MainWindowPicture, TheFrameShowsTheBackgroundOfTheWindow) {
     const LONG area = (frame.right - frame.left) * (frame.bottom - frame.top);
     const COLORREF face = GetSysColor(COLOR_3DFACE);
     EXPECT_GT(Pixels(picture, frame, GetRValue(face), GetGValue(face), GetBValue(face)), area / 2);
+}
+
+TEST_F(MainWindowPicture, TheBarTakesItsRoomFromTheListAtEverySize) {
+    Open();
+    const auto place = [this](int control) {
+        RECT rect{};
+        GetWindowRect(GetDlgItem(window, control), &rect);
+        return rect;
+    };
+    const RECT before = place(IDC_ListEvents);
+    const int dpi = static_cast<int>(GetDpiForWindow(window));
+    app.health.Tell({"saved",
+                     Health::Weight::Alarm,
+                     "Your latest changes (\"Dentist\" and 2 more) are not saved: the disk D: is full. "
+                     "KAZ tries again every half minute.",
+                     {{"Try again", {}}, {"Save a copy elsewhere...", {}}}});
+    app.health.Tell({"backup", Health::Weight::Warning, "The folder of the backups is not there.", {}});
+    for (const auto& [width, height, name] :
+         {std::tuple{0, 0, "smallest"}, std::tuple{760, 420, "usual"}, std::tuple{1200, 500, "wide"}}) {
+        SetWindowPos(window, nullptr, 0, 0, MulDiv(width, dpi, 96), MulDiv(height, dpi, 96),
+                     SWP_NOMOVE | SWP_NOZORDER);
+        Paint();
+        Picture::OfWhole(window).Save(std::string("health-bar-") + name + ".bmp");
+        const RECT text = place(IDC_lblHealth);
+        const RECT next = place(IDC_cmdHealthNext);
+        EXPECT_LT(place(IDC_fraFilter).bottom, text.top);
+        EXPECT_LT(std::max(text.bottom, next.bottom), place(IDC_ListEvents).top);
+        EXPECT_GT(place(IDC_ListEvents).bottom, place(IDC_ListEvents).top);
+        EXPECT_GT(Pixels(Picture::OfClient(GetDlgItem(window, IDC_lblHealth)), {0, 0, 60, 20}, 253, 231, 233),
+                  400);
+    }
+    SendMessageW(GetDlgItem(window, IDC_cmdHealthNext), BM_CLICK, 0, 0);
+    wchar_t said[100] = L"";
+    GetDlgItemTextW(window, IDC_lblHealth, said, 100);
+    EXPECT_STREQ(L"The folder of the backups is not there.", said);
+    Paint();
+    Picture::OfWhole(window).Save("health-bar-short.bmp");
+    app.health.Clear("saved");
+    app.health.Clear("backup");
+    EXPECT_EQ(before.top, place(IDC_ListEvents).top);
 }
 
 TEST_F(MainWindowPicture, AnErrorReportLeavesTheKeyboardWhereItIs) {

@@ -1,0 +1,105 @@
+#include "MainWindowFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace kaz {
+namespace {
+
+using testing::ElementsAre;
+using testing::StartsWith;
+
+class HealthBar_ : public MainWindowFixture {
+protected:
+    using Weight = Health::Weight;
+
+    void Tell(const std::string& key, Weight weight, const std::vector<std::string>& captions = {}) {
+        Health::Notice notice{key, weight, "About " + key, {}};
+        for (const std::string& caption : captions)
+            notice.actions.push_back({caption, [this, key, caption] {
+                                          done.push_back(key + ": " + caption);
+                                          app.health.Clear(key);
+                                      }});
+        app.health.Tell(notice);
+    }
+    // "" without a bar; behind it the captions of the buttons and the place among several.
+    std::string Bar() {
+        if (!window->ControlVisible(IDC_lblHealth)) return {};
+        std::string text = window->Text(IDC_lblHealth);
+        for (int button = 0; button < 3; ++button)
+            if (window->ControlVisible(IDC_cmdHealth + button))
+                text += " [" + window->Text(IDC_cmdHealth + button) + "]";
+        return window->ControlVisible(IDC_cmdHealthNext) ? text + " " + window->Text(IDC_lblHealthCount)
+                                                         : text;
+    }
+    std::vector<std::string> done;
+};
+
+TEST_F(HealthBar_, ShowsTheHeaviestAndWhatTheUserTurnedToUntilAHeavierOneComes) {
+    Tell("a", Weight::Note, {"Yes"});
+    OpenAndTick();
+    EXPECT_EQ("About a [&Yes]", Bar());
+    EXPECT_EQ("About a\r\nKAZ - nothing due today", window->trayTip);
+    EXPECT_FALSE(window->trayWarns);
+    Tell("b", Weight::Warning, {"Yes", "You & I", "xwnyi"});
+    EXPECT_EQ("About b [&Yes] [Y&ou && I] [xwny&i] 1 of 2", Bar());
+    EXPECT_TRUE(window->trayWarns);
+    window->Click(IDC_cmdHealthNext);
+    Tell("c", Weight::Note);
+    EXPECT_EQ("About a [&Yes] 2 of 3", Bar());
+    Tell("d", Weight::Alarm);
+    EXPECT_EQ("About d 1 of 4", Bar());
+    EXPECT_EQ(Tone::Alarm, window->noticeTone);
+
+    // A button may do away with its own notice.
+    window->Click(IDC_cmdHealthNext);
+    window->Click(IDC_cmdHealth + 1);
+    EXPECT_THAT(done, ElementsAre("b: You & I"));
+    EXPECT_EQ("About d 1 of 3", Bar());
+    for (const char* key : {"d", "a", "c"})
+        app.health.Clear(key);
+    EXPECT_EQ("", Bar());
+    EXPECT_EQ(0, window->roomAbove[IDC_ListEvents]);
+    EXPECT_EQ("KAZ - nothing due today", window->trayTip);
+
+    Tell(std::string(200, 'x'), Weight::Alarm);
+    EXPECT_EQ(127U, window->trayTip->size());
+    EXPECT_THAT(*window->trayTip, StartsWith("About xxx"));
+    main->Unload();
+    app.health.Clear(std::string(200, 'x'));
+}
+
+TEST_F(HealthBar_, TakesItsRoomFromTheListAndKeepsItsPartsApart) {
+    Open();
+    constexpr int kLetter = FakeWindow::kLetterWidth;
+    for (const int width : {200, 450, 900, 1800})
+        for (const int captions : {0, 1, 3}) {
+            SCOPED_TRACE(std::to_string(width) + " wide, " + std::to_string(captions) + " buttons");
+            window->SetPlace(IDC_fraFilter, {10, 30, width, 40});
+            Tell("the disk, which is full" + std::string(100, '.'), Weight::Alarm,
+                 std::vector<std::string>(static_cast<std::size_t>(captions), "Save a copy elsewhere..."));
+            Tell("b", Weight::Note);
+            window->Raise(0, Raised::Resize);
+            const int bottom = 70 + window->roomAbove[IDC_ListEvents];
+            std::vector<ControlPlace> places;
+            for (int control = IDC_lblHealth; control <= IDC_cmdHealthNext; ++control)
+                if (window->ControlVisible(control)) places.push_back(window->Place(control));
+            for (const ControlPlace& place : places) {
+                EXPECT_GE(place.left, 10);
+                EXPECT_LE(place.left + place.width, 10 + width);
+                EXPECT_GT(place.top, 70);
+                EXPECT_LE(place.top + place.height, bottom);
+                for (const ControlPlace& other : places)
+                    if (place.left < other.left && place.top < other.top + other.height &&
+                        other.top < place.top + place.height) {
+                        EXPECT_LE(place.left + place.width, other.left);
+                    }
+            }
+            // A text beside buttons keeps enough for itself.
+            EXPECT_GE(places.front().width, std::min(width, 20 * kLetter));
+            app.health.Clear("b");
+            app.health.Clear("the disk, which is full" + std::string(100, '.'));
+        }
+}
+
+}  // namespace
+}  // namespace kaz
