@@ -1,5 +1,6 @@
 #include "core/Application.h"
 
+#include "core/ClockGuard.h"
 #include "core/EventFiles.h"
 #include "core/Names.h"
 #include "platform/Files.h"
@@ -21,7 +22,9 @@ Application::Application(const Platform& services)
       reminderWindows({platform.windows, openWindows, errors, platform.dialogs, platform.files, platform.pump,
                        settings, player, runtimePath}),
       errorReports({platform.windows, openWindows, platform.dialogs, platform.files, platform.shell,
-                    platform.system, platform.clock, log, std::string(kApplicationName), VersionText()}) {
+                    platform.system, platform.clock, log, std::string(kApplicationName), VersionText()}),
+      runMark(platform.files, platform.system, platform.clock),
+      clockGuard(std::make_unique<ClockGuard>(*this)) {
     log.ApplicationFolder(runtimePath);
     errors.ShowThrough(
         [this](const std::string& text, const std::string& extra) { errorReports.Show(text, extra); });
@@ -73,6 +76,7 @@ void Application::EndProgram() {
     errors.ShowThrough({});
     openWindows.UnloadAll();
     if (settingsInitialised) settings.SaveSettings(settingsFileName);
+    runMark.End();
 }
 
 }  // namespace kaz

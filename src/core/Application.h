@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/RunMark.h"
 #include "platform/OpenWindows.h"
 #include "platform/Platform.h"
 #include "reminders/ReminderWindows.h"
@@ -19,6 +20,8 @@
 #include <string>
 
 namespace kaz {
+
+class ClockGuard;
 
 // All that is application-wide, in the order of its creation; destruction is the reverse. It exists from the
 // making of the component to its end; the databases exist once a user has been chosen at start-up.
@@ -54,6 +57,9 @@ public:
     OpenWindows openWindows;
     ReminderWindows reminderWindows;
     ErrorReports errorReports;
+
+    RunMark runMark;
+    const std::unique_ptr<ClockGuard> clockGuard;
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;

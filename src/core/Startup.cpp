@@ -1,19 +1,35 @@
 #include "core/Startup.h"
 
 #include "core/Backup.h"
+#include "core/ClockGuard.h"
+#include "core/DueSince.h"
 #include "core/EventFiles.h"
 #include "core/Names.h"
+#include "platform/DateText.h"
 #include "platform/Files.h"
 #include "platform/SafeFileWriter.h"
 #include "storage/Owner.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kaz {
 
 namespace {
+
 constexpr const char* kBackupWord = "Autobackup";
+constexpr const char* kDeath = "Ended unexpectedly";
+constexpr std::size_t kMostDueTold = 12;
+
+// One is enough: it is that of the last run that died.
+std::string LogOfDeath(const std::string& log) {
+    return JoinPath(FolderOf(log), WithExtension(FileNameOf(log), " (ended unexpectedly).txt"));
 }
 
+}  // namespace
+
 void Startup::Run() {
+    BeginRun();
     app_.log.LogEvent("KAZ Startup", true);
     LoadOptions();
     DecideUserMode();
@@ -22,8 +38,21 @@ void Startup::Run() {
         EventFiles(app_).Open();
         BackUp();
         RemoveAbandoned();
+        TellOfDeath();
     }
+    app_.clockGuard->Look();
     app_.MakeReminder().UpdateAllEvents();
+}
+
+// Comes before the new log takes the old one's place.
+void Startup::BeginRun() {
+    died_ = app_.runMark.Begin(app_.runtimePath);
+    if (!died_) return;
+    const std::string log = app_.log.CurrentLogFilename();
+    ErrorTrap trap(app_.log, "BeginRun", "Startup");
+    trap([&] {
+        if (FileExists(app_.platform.files, log)) app_.platform.files.Replace(log, LogOfDeath(log));
+    });
 }
 
 void Startup::LoadOptions() {
@@ -65,6 +94,32 @@ void Startup::RemoveAbandoned() {
     if (removed > 0)
         app_.log.LogEvent("Removed what saves that were broken off had left: " + std::to_string(removed) +
                           (removed == 1 ? " file" : " files"));
+}
+
+// Comes before the events move on to their next days.
+void Startup::TellOfDeath() {
+    if (!died_) return;
+    const LocaleData& locale = app_.platform.locale.Data();
+    const DateValue now = app_.platform.clock.Now();
+    const DateValue end = died_->lastSign.value_or(now);
+    const bool daysAgo = now.Day() - end.Day() > 6;
+    std::string text = "KAZ ended unexpectedly";
+    if (died_->lastSign)
+        text += " on " + FormatDate(end, "DDD", locale) +
+                (daysAgo ? " " + GeneralDateText(end.DateOnly(), locale) : "") + " at " +
+                FormatDate(end, "HH:NN", locale);
+    const std::vector<std::string> due =
+        DueSince(std::as_const(*app_.events).AllEvents(), end, now, locale, app_.log);
+    text += due.empty() ? "; no alarms since then." : "; alarms since then: ";
+    for (std::size_t i = 0; i < std::min(due.size(), kMostDueTold); ++i)
+        text += (i ? "; " : "") + due[i];
+    if (due.size() > kMostDueTold) text += "; and " + std::to_string(due.size() - kMostDueTold) + " more";
+    app_.log.LogEvent(text);
+    Health& health = app_.health;
+    health.Tell({kDeath,
+                 due.empty() ? Health::Weight::Note : Health::Weight::Warning,
+                 text,
+                 {{"OK", [&health] { health.Clear(kDeath); }}}});
 }
 
 }  // namespace kaz

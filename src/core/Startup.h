@@ -2,6 +2,8 @@
 
 #include "core/Application.h"
 
+#include <optional>
+
 namespace kaz {
 
 // The start-up sequence, run once after the log has been named and the runtime path stored: settings, user
@@ -13,12 +15,15 @@ public:
     void Run();
 
 private:
+    void BeginRun();
     void LoadOptions();
     void DecideUserMode();
     void BackUp();
     void RemoveAbandoned();
+    void TellOfDeath();
 
     Application& app_;
+    std::optional<RunMark::Died> died_;  // the run before, when it has had no end
 };
 
 }  // namespace kaz

@@ -1,6 +1,7 @@
 #include "core/clsComponent.h"
 
 #include "base/RuntimeError.h"
+#include "core/ClockGuard.h"
 #include "core/EventLists.h"
 #include "core/Names.h"
 #include "core/Startup.h"
@@ -46,6 +47,8 @@ void clsComponent::Startup(const std::string& runtimePath) noexcept {
         application_.log.ApplicationFolder(application_.runtimePath);
         kaz::Startup(application_).Run();
     });
+    // A start that failed is not one that died.
+    if (!SettingsInitialised()) application_.runMark.End();
 }
 
 void clsComponent::SetOptions(const std::string& /*runtimePath*/) noexcept {
@@ -57,7 +60,10 @@ void clsComponent::SetOptions(const std::string& /*runtimePath*/) noexcept {
 void clsComponent::RefreshDates() noexcept {
     if (!SettingsInitialised()) return;
     ErrorTrap trap(application_.log, "RefreshDates", kModule);
-    trap([&] { application_.MakeReminder().UpdateAllEvents(); });
+    trap([&] {
+        application_.clockGuard->Look();
+        application_.MakeReminder().UpdateAllEvents();
+    });
 }
 
 void clsComponent::ScanEvents() noexcept {

@@ -54,6 +54,9 @@ public:
     // Creates the file or empties an existing one.
     virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
     virtual std::unique_ptr<OutputFile> OpenForAppending(const std::string& path) = 0;
+    // Opens for appending, creating the file, what nobody else can open so until it is closed, or until the
+    // program has ended in whatever way. Throws PermissionDenied while somebody else has it so.
+    virtual std::unique_ptr<OutputFile> OpenAlone(const std::string& path) = 0;
     // Puts `from` in the place of `to` in one step: whoever reads `to` sees the old file or the new one.
     virtual void Replace(const std::string& from, const std::string& to) = 0;
     virtual void Delete(const std::string& path) = 0;

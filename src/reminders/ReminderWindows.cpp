@@ -12,6 +12,7 @@ std::shared_ptr<frmReminder> ReminderWindows::Find(ReminderKind kind) const {
 }
 
 frmReminder& ReminderWindows::Open(ReminderKind kind) {
+    ++timesShown_;
     if (const auto open = Find(kind)) return *open;
     const auto form = std::make_shared<frmReminder>(services_.factory.Create(IDD_REMINDER), services_);
     services_.openWindows.Add(form);
@@ -32,7 +33,9 @@ bool ReminderWindows::FirstRun(const AlarmRinging& ringing) {
     // A pass can look back to the day before.
     std::erase_if(
         run_, [&](const AlarmRinging& old) { return std::abs(old.minute.Day() - ringing.minute.Day()) > 1; });
-    return run_.insert(ringing).second;
+    const bool first = run_.insert(ringing).second;
+    if (first) ++timesShown_;
+    return first;
 }
 
 void ReminderWindows::AskLater(const std::string& text, std::function<void(bool yes)> answer) {

@@ -44,6 +44,9 @@ public:
     // minute.
     bool FirstRun(const AlarmRinging& ringing);
 
+    // How often something has been shown or run since the start.
+    int TimesShown() const { return timesShown_; }
+
     void AskLater(const std::string& text, std::function<void(bool yes)> answer);
 
 private:
@@ -53,6 +56,7 @@ private:
     std::array<std::weak_ptr<frmReminder>, 3> forms_;
     std::set<AlarmRinging> listed_;
     std::set<AlarmRinging> run_;
+    int timesShown_ = 0;
 };
 
 }  // namespace kaz

@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "platform/Files.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kaz {
@@ -22,6 +23,14 @@ std::string CleanName(std::string_view name) {
 }
 
 std::string KeyOf(std::string_view name) { return UpperAscii(CleanName(name)); }
+
+// The first line, which is taken off the text.
+std::string_view TakeLine(std::string_view& text) {
+    const auto end = text.find(kLineBreak);
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + kLineBreak.size());
+    return line;
+}
 
 bool IsZero(const SettingValue& value) {
     if (const auto* number = std::get_if<std::int16_t>(&value)) return *number == 0;
@@ -111,10 +120,7 @@ bool cSHAREDSettings::SaveSettings(const std::string& fileName) {
         }
         std::string text;
         for (const cSHAREDSetting& setting : settings_)
-            text.append(UpperAscii(setting.Name))
-                .append(",")
-                .append(ToText(setting.KeyValue))
-                .append(kLineBreak);
+            text += LineOf(setting);
         WriteWholeFile(files_, fileName, text);
         return true;
     } catch (...) {
@@ -123,6 +129,29 @@ bool cSHAREDSettings::SaveSettings(const std::string& fileName) {
         if (error.number == static_cast<int>(ErrorNumber::PermissionDenied)) Tell(kReadOnly);
         return false;
     }
+}
+
+std::string cSHAREDSettings::LineOf(const cSHAREDSetting& setting) {
+    return UpperAscii(setting.Name).append(",").append(ToText(setting.KeyValue)).append(kLineBreak);
+}
+
+void cSHAREDSettings::SaveOnly(const std::string& fileName, std::span<const std::string_view> names) {
+    ErrorTrap trap(log_, "SaveOnly", kModule);
+    trap([&] {
+        // Without the others it would be a file of somebody who has chosen nothing.
+        if (!neverRead_.empty() || !FileExists(files_, fileName)) return;
+        const std::string before = ReadWholeFile(files_, fileName);
+        std::string text;
+        for (std::string_view rest = before; !rest.empty();) {
+            const std::string_view line = TakeLine(rest);
+            const std::string key = KeyOf(line.substr(0, line.find(',')));
+            const auto same = [&](std::string_view name) { return KeyOf(name) == key; };
+            if (std::none_of(names.begin(), names.end(), same)) text.append(line).append(kLineBreak);
+        }
+        for (const std::string_view name : names)
+            if (const auto place = Find(name)) text += LineOf(settings_[*place]);
+        if (text != before) WriteWholeFile(files_, fileName, text);
+    });
 }
 
 void cSHAREDSettings::Tell(const char* text) noexcept {
@@ -145,9 +174,7 @@ void cSHAREDSettings::LoadSettings(const std::string& fileName) {
 
 void cSHAREDSettings::TakeLines(std::string_view text) {
     while (!text.empty()) {
-        const auto end = text.find(kLineBreak);
-        const std::string_view line = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + kLineBreak.size());
+        const std::string_view line = TakeLine(text);
         const auto comma = line.find(',');
         if (comma == std::string_view::npos || Trim(line.substr(0, comma)).empty()) continue;
         const std::string_view value = line.substr(comma + 1);

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -44,6 +45,9 @@ public:
     // False when nothing was written; the old file is then as it was, and the user has been told when it may
     // not be written. A file that LoadSettings could not read is not written over.
     bool SaveSettings(const std::string& fileName);
+    // Writes these settings alone into the file, which keeps what else stands in it. Without a word to the
+    // user: for what the program remembers by itself.
+    void SaveOnly(const std::string& fileName, std::span<const std::string_view> names);
     void LoadSettings(const std::string& fileName);
 
     void DeleteSettingByName(std::string_view name) { DeleteSetting(name); }
@@ -76,6 +80,7 @@ private:
     // The value as it is after a save and a load, for comparisons.
     std::string SavedForm(const SettingValue& value) const;
     void TakeLines(std::string_view text);
+    static std::string LineOf(const cSHAREDSetting& setting);
     void Tell(const char* text) noexcept;
     // Whether a setting is a member of the set.
     std::function<bool(const cSHAREDSetting&)> MemberOf(std::string_view setName) const;

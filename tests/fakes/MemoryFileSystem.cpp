@@ -65,6 +65,12 @@ std::unique_ptr<OutputFile> MemoryFileSystem::OpenForAppending(const std::string
     return std::make_unique<MemoryOutput>(*this, Opened(path, false));
 }
 
+std::unique_ptr<OutputFile> MemoryFileSystem::OpenAlone(const std::string& path) {
+    const NodePointer node = Opened(path, false);
+    if (node->open > 0) throw RuntimeError(ErrorNumber::PermissionDenied);
+    return std::make_unique<MemoryOutput>(*this, node);
+}
+
 void MemoryFileSystem::Replace(const std::string& from, const std::string& to) {
     faults.Operation();
     const NodePointer source = Find(from);

@@ -31,6 +31,7 @@ public:
     std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;
     std::unique_ptr<OutputFile> Create(const std::string& path) override;
     std::unique_ptr<OutputFile> OpenForAppending(const std::string& path) override;
+    std::unique_ptr<OutputFile> OpenAlone(const std::string& path) override;
     void Replace(const std::string& from, const std::string& to) override;
     void Delete(const std::string& path) override;
     void CreateFolder(const std::string& path) override;

@@ -6,6 +6,7 @@
 #include "platform/posix/SystemError.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -99,6 +100,12 @@ std::unique_ptr<OutputFile> PosixFileSystem::Create(const std::string& path) {
 
 std::unique_ptr<OutputFile> PosixFileSystem::OpenForAppending(const std::string& path) {
     return std::make_unique<PosixOutputFile>(Open(path, O_WRONLY | O_CREAT | O_APPEND));
+}
+
+std::unique_ptr<OutputFile> PosixFileSystem::OpenAlone(const std::string& path) {
+    Descriptor file = Open(path, O_WRONLY | O_CREAT | O_APPEND);
+    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) throw RuntimeError(ErrorNumber::PermissionDenied);
+    return std::make_unique<PosixOutputFile>(std::move(file));
 }
 
 void PosixFileSystem::Replace(const std::string& from, const std::string& to) {

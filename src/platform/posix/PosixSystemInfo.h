@@ -10,6 +10,7 @@ public:
     // The folder of the running program.
     std::string ModuleFolder() const override;
     std::string UserFolder() const override;
+    std::string LocalFolder() const override { return UserFolder(); }
     std::string TemporaryFolder() const override;
 };
 

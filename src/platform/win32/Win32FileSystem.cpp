@@ -45,8 +45,9 @@ struct Look {
     ThrowSystemError(error);
 }
 
-FileHandle Open(const std::wstring& path, DWORD access, DWORD disposition, DWORD flags) {
-    return FileHandle(CreateFileW(path.c_str(), access, kShareAll, nullptr, disposition, flags, nullptr));
+FileHandle Open(const std::wstring& path, DWORD access, DWORD disposition, DWORD flags,
+                DWORD share = kShareAll) {
+    return FileHandle(CreateFileW(path.c_str(), access, share, nullptr, disposition, flags, nullptr));
 }
 
 // Runs the step until it succeeds, as long as somebody else's hold on the file may be what stops it.
@@ -115,6 +116,15 @@ std::unique_ptr<OutputFile> Win32FileSystem::OpenForAppending(const std::string&
     const std::wstring wide = WidePath(path);
     // Append access alone makes each write land at the end, also when two programs write to one log.
     FileHandle file = Open(wide, FILE_APPEND_DATA | SYNCHRONIZE, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL);
+    if (!file) ThrowFor(GetLastError(), wide);
+    return std::make_unique<Win32OutputFile>(std::move(file));
+}
+
+std::unique_ptr<OutputFile> Win32FileSystem::OpenAlone(const std::string& path) {
+    const std::wstring wide = WidePath(path);
+    // Not tried again like a file that is held for a moment: who has it so keeps it.
+    FileHandle file =
+        Open(wide, FILE_APPEND_DATA | SYNCHRONIZE, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, FILE_SHARE_READ);
     if (!file) ThrowFor(GetLastError(), wide);
     return std::make_unique<Win32OutputFile>(std::move(file));
 }

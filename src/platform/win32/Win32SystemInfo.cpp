@@ -55,6 +55,13 @@ std::string Win32SystemInfo::UserFolder() const {
     throw RuntimeError(ErrorNumber::PathNotFound);
 }
 
+std::string Win32SystemInfo::LocalFolder() const {
+    // From the environment: a start asks for it, and should not wait for the shell.
+    wchar_t path[MAX_PATH + 1]{};
+    const DWORD length = GetEnvironmentVariableW(L"LOCALAPPDATA", path, MAX_PATH + 1);
+    return length > MAX_PATH ? std::string() : WithoutTrailingBackslash(PathToCodePage(path));
+}
+
 std::string Win32SystemInfo::TemporaryFolder() const {
     wchar_t path[MAX_PATH + 1]{};
     if (GetTempPathW(MAX_PATH + 1, path) == 0) ThrowSystemError(GetLastError());

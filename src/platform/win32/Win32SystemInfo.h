@@ -12,6 +12,7 @@ public:
     std::string OperatingSystem() const override;
     std::string ModuleFolder() const override;
     std::string UserFolder() const override;
+    std::string LocalFolder() const override;
     std::string TemporaryFolder() const override;
 
 private:

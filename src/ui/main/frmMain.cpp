@@ -227,6 +227,7 @@ void frmMain::Form_QueryUnload(int how) {
 void frmMain::Form_SessionEnd() {
     size_.Save();
     app_.settings.SaveSettings(app_.settingsFileName);
+    app_.runMark.End();
 }
 
 void frmMain::Unload() { app_.openWindows.Unload(*this); }

@@ -1,3 +1,4 @@
+#include "core/ClockGuard.h"
 #include "platform/Clock.h"
 #include "ui/main/frmMain.h"
 
@@ -44,6 +45,7 @@ void frmMain::ReloadChangedFiles() {
 }
 
 void frmMain::ShowNewDay() {
+    app_.clockGuard->Look();
     // Kept on purpose: only the day of the month is compared.
     const int day = app_.platform.clock.Today().Civil().day;
     if (day == lastDay_) return;
@@ -62,6 +64,7 @@ void frmMain::ShowAlarms() {
     const DateValue now = app_.platform.clock.Now();
     RingAlarms();
     lastAlarms_ = now;
+    app_.clockGuard->NoteTick();
 }
 
 void frmMain::RingAlarms() {

@@ -124,6 +124,16 @@ TEST_P(FileSystemContract, AReadOnlyFileIsLeftAlone) {
     EXPECT_EQ(Text("other"), "new");
 }
 
+TEST_P(FileSystemContract, WhatIsOpenedAloneOthersOnlyRead) {
+    auto alone = files.OpenAlone(In("file"));
+    alone->Write("one");
+    EXPECT_EQ(ErrorOf([&] { files.OpenAlone(In("file")); }), 70);
+    EXPECT_EQ(Text("file"), "one");
+    alone.reset();
+    files.OpenAlone(In("file"))->Write(" two");
+    EXPECT_EQ(Text("file"), "one two");
+}
+
 TEST_P(FileSystemContract, AnotherTextHasAnotherTime) {
     Put("file", "old");
     const auto before = files.ModificationTime(In("file"));

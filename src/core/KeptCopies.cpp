@@ -1,0 +1,42 @@
+#include "core/KeptCopies.h"
+
+#include "platform/Files.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace kaz {
+
+std::string KeptCopies::BeginningOf(const std::string& fileName) const {
+    return WithExtension(FileNameOf(fileName), "") + " (" + word_ + ", ";
+}
+
+std::string KeptCopies::PathOf(const std::string& fileName, std::string_view time) const {
+    const std::string name = FileNameOf(fileName);
+    const std::string extension = name.substr(WithExtension(name, "").size());
+    return JoinPath(folder_, BeginningOf(fileName).append(time).append(")").append(extension));
+}
+
+bool KeptCopies::Keep(const std::string& fileName, std::string_view time) const noexcept {
+    ErrorTrap trap(log_, "Keep", "KeptCopies");
+    return trap([&] {
+        const std::string copy = PathOf(fileName, time);
+        if (!FileExists(files_, fileName) || FileExists(files_, copy)) return;
+        files_.CreateFolder(folder_);
+        WriteWholeFile(files_, copy, ReadWholeFile(files_, fileName));
+        log_.LogEvent(fileName + " is kept as " + copy);
+        RemoveOldest(fileName, FileNameOf(copy));
+    });
+}
+
+void KeptCopies::RemoveOldest(const std::string& fileName, const std::string& newest) const {
+    const std::string beginning = BeginningOf(fileName);
+    std::vector<std::string> older;
+    for (const std::string& name : files_.FilesIn(folder_))
+        if (name.starts_with(beginning) && name != newest) older.push_back(name);
+    std::sort(older.begin(), older.end());
+    for (std::size_t i = 0; i + kMost <= older.size(); ++i)
+        files_.Delete(JoinPath(folder_, older[i]));
+}
+
+}  // namespace kaz
