@@ -73,14 +73,21 @@ HRESULT ConnectionPoint::EnumConnections(IEnumConnections** enumerator) try {
     return E_OUTOFMEMORY;
 }
 
-void ConnectionPoint::Raise(DISPID event, std::span<VARIANT> arguments) {
+HRESULT ConnectionPoint::Raise(DISPID event, std::span<VARIANT> arguments) {
+    HRESULT failure = S_OK;
+    bool taken = false;
     const std::vector<Connection> listening = connections_;
     for (const Connection& connection : listening) {
         if (!IsConnected(connection.cookie)) continue;
         DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
-        connection.sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
-                                nullptr, nullptr);
+        const HRESULT result = connection.sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                                                       &parameters, nullptr, nullptr, nullptr);
+        taken = taken || SUCCEEDED(result);
+        // A host need not have a handler for each event.
+        const bool absent = result == DISP_E_MEMBERNOTFOUND || result == E_NOTIMPL;
+        if (FAILED(result) && !absent) failure = result;
     }
+    return taken ? S_OK : failure;
 }
 
 bool ConnectionPoint::IsConnected(DWORD cookie) const {

@@ -1,5 +1,6 @@
 #include "com/EventRelay.h"
 
+#include "base/RuntimeError.h"
 #include "com/LaterRelease.h"
 #include "com/StringCollection.h"
 #include "platform/win32/Text.h"
@@ -58,7 +59,8 @@ void EventRelay::MailEvent(const std::string& toAddr, const std::string& subject
                            const std::string& messageText) {
     const Bstr to = ToBstr(toAddr), about = ToBstr(subject), text = ToBstr(messageText);
     std::array arguments{Argument(text), Argument(about), Argument(to)};
-    Raise(kMailEvent, arguments);
+    if (FAILED(Raise(kMailEvent, arguments)))
+        throw RuntimeError(ErrorNumber::InternalError, "the host failed at it");
 }
 
 void EventRelay::ShutDownKAZ() { Raise(kShutDownKAZ); }
@@ -81,9 +83,9 @@ void EventRelay::RaiseList(DISPID event, const std::vector<std::string>& texts) 
     Raise(event, arguments);
 }
 
-void EventRelay::Raise(DISPID event, std::span<VARIANT> arguments) {
+HRESULT EventRelay::Raise(DISPID event, std::span<VARIANT> arguments) {
     const LaterRelease alive(component_);
-    hosts_.Raise(event, arguments);
+    return hosts_.Raise(event, arguments);
 }
 
 }  // namespace kaz

@@ -21,7 +21,7 @@ public:
     void AllEvents(const std::string& strAllEvents) override;
 
 private:
-    void Raise(DISPID event, std::span<VARIANT> arguments = {});
+    HRESULT Raise(DISPID event, std::span<VARIANT> arguments = {});
     void RaiseList(DISPID event, const std::vector<std::string>& texts);
 
     IUnknown& component_;

@@ -17,11 +17,15 @@
 #include "support/cSharedLogging.h"
 
 #include <memory>
+#include <set>
 #include <string>
+#include <utility>
 
 namespace kaz {
 
 class ClockGuard;
+// One occurrence of an event with an e-mail address: the event's code and day.
+using RaisedMail = std::pair<std::string, DateValue>;
 
 // All that is application-wide, in the order of its creation; destruction is the reverse. It exists from the
 // making of the component to its end; the databases exist once a user has been chosen at start-up.
@@ -49,6 +53,8 @@ public:
 
     clsSounds sounds;
     cSharedSound player;
+
+    std::set<RaisedMail> mailsRaised;  // those that the host is just being asked for
 
     std::unique_ptr<clsDbXml> events;
     std::unique_ptr<clsDbXml> shared;

@@ -1,13 +1,31 @@
 #include "core/EventLists.h"
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/DateText.h"
 #include "platform/Locale.h"
 #include "reminders/ReminderText.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kaz {
 
 namespace {
+
+// A handler that scans is in the middle of one mail, the handler of the next one in the middle of two. What
+// is too deep is asked for when they have returned.
+constexpr std::size_t kMostRaised = 16;
+
+struct Raising {
+    Raising(std::set<RaisedMail>& all, const RaisedMail& mail) : place(all.insert(mail).first), mails(all) {}
+    ~Raising() { mails.erase(place); }
+    Raising(const Raising&) = delete;
+    Raising& operator=(const Raising&) = delete;
+
+    std::set<RaisedMail>::iterator place;
+    std::set<RaisedMail>& mails;
+};
 
 // Padded to four digits, so that a host can sort the lines as text.
 std::string FourDigits(std::int32_t number) {
@@ -44,23 +62,39 @@ void EventLists::AddLocal() {
     }
 }
 
-void EventLists::AddTodays(clsEvent& event, std::size_t position) {
+void EventLists::AddTodays(const clsEvent& event, std::size_t position) {
     std::string line = event.Desc();
     if (event.AlarmSet()) line += " at " + FormatDate(event.DueTime(), "HH:NN", app_.platform.locale.Data());
     todays.push_back(std::move(line));
     SendMail(event, position);
 }
 
-void EventLists::SendMail(clsEvent& event, std::size_t position) {
+void EventLists::SendMail(const clsEvent& event, std::size_t position) {
     const std::string address = ReplaceAll(Trim(event.Email), std::string_view("\0", 1), "");
     if (address.empty() || event.MailSent) return;
-    const std::string code = event.IDCode;
-    const std::string text = todays.back();
-    host_.MailEvent(address, "KAZ Alert - Event " + std::to_string(position + 1), text);
-    // The host may have run anything in between; the event is looked up again rather than trusted to be in
-    // place.
-    if (clsEvent* sent = app_.events->ReadEvent(code)) sent->MailSent = true;
+    // A host can scan while it handles a mail, which is not marked yet.
+    const RaisedMail mail{event.IDCode, event.DueDate()};
+    if (app_.mailsRaised.size() >= kMostRaised || app_.mailsRaised.contains(mail)) return;
+    const Raising raising(app_.mailsRaised, mail);
+    const std::string email = event.Email;
+    try {
+        host_.MailEvent(address, "KAZ Alert - Event " + std::to_string(position + 1), todays.back());
+    } catch (const RuntimeError& error) {
+        app_.log.LogEvent("A mail stays to be sent: " + error.Description());
+        return;
+    }
     mailed_ = true;
+    Mark(mail.first, mail.second, email);
+}
+
+// Only behind the mail, so that one which a handler failed to take is asked for again. The host may have run
+// anything in between: the event can be gone by now, or changed so that another mail is due.
+void EventLists::Mark(const std::string& code, DateValue day, const std::string& email) {
+    std::vector<clsEvent>& events = app_.events->AllEvents();
+    const auto sent = std::find_if(events.begin(), events.end(), [&](const clsEvent& event) {
+        return event.IDCode == code && event.DueDate() == day && event.Email == email && !event.MailSent;
+    });
+    if (sent != events.end()) sent->MailSent = true;
 }
 
 void EventLists::AddShared() {

@@ -23,9 +23,10 @@ public:
 private:
     void AddLocal();
     void AddShared();
-    void AddTodays(clsEvent& event, std::size_t position);
+    void AddTodays(const clsEvent& event, std::size_t position);
     void AppendLine(const clsEvent& event, std::int32_t daysLeft, const std::string& description);
-    void SendMail(clsEvent& event, std::size_t position);
+    void SendMail(const clsEvent& event, std::size_t position);
+    void Mark(const std::string& code, DateValue day, const std::string& email);
 
     Application& app_;
     ComponentEvents& host_;

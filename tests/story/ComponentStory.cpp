@@ -103,7 +103,10 @@ TEST(Component, MailsOnceForEachDueDateAndRemembersIt) {
     story.Events({first, mailed});
     clsComponent& component = story.Start();
     // A host may look around in the middle of it.
-    story.host.onMail = [&] { component.RefreshDates(); };
+    story.host.onMail = [&] {
+        component.RefreshDates();
+        component.ScanEvents();
+    };
     component.ScanEvents();
     component.ScanEvents();
     const std::string mail = "MailEvent ann@example.org|KAZ Alert - Event 2|Bill";
