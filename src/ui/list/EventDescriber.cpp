@@ -52,7 +52,8 @@ void EventDescriber::DescribeType(const clsEvent& event) {
     std::string& type = cells_[kTypeColumn];
     type.clear();
     if (event.SharedEvent) type = "*";
-    if (event.Owner() != viewpoint_.user) type = "S";
+    // Who works alone has nobody to share with: whatever owner an event names, it is his.
+    if (viewpoint_.networked && event.Owner() != viewpoint_.user) type = "S";
     if (event.DueDate().Day() < viewpoint_.today.Day()) type = "E";
 }
 

@@ -62,8 +62,10 @@ TEST_F(EventDescriberTest, CategoryIsNamedAndAnImpossibleOneIsNot) {
 }
 
 TEST_F(EventDescriberTest, OwnerInANetworkAndTheLaterRuleOfTheType) {
+    viewpoint.user = "Jones";  // alone, he owns whatever another name stands on
     EXPECT_EQ("", Cell(kTypeColumn));
     EXPECT_EQ("", Cell(kOwnerColumn));
+    viewpoint.user = "Smith";
     viewpoint.networked = true;
     EXPECT_EQ("Smith", Cell(kOwnerColumn));
     event.SharedEvent = true;
