@@ -30,12 +30,13 @@ enum class Raised {
     Resumed,    // the computer woke up
     TrayMouse,  // the mouse on the tray icon; `detail` is the system's message code
     TrayLost,   // the shell has started anew, without the tray icon
-    Activated,  // the user came to the window, or back to it
+    Activated,  // the user came to the window, or back to it; `detail` is kByMouse when by a click on it
     Wheel,      // the mouse wheel over the window; `detail` is the clicks, positive away from the user
     LeadsOut,   // a key in a grid of days led out of it; `detail` is by how many days
 };
 
 inline constexpr int kByEscape = 1;
+inline constexpr int kByMouse = 1;
 
 class WindowListener {
 public:

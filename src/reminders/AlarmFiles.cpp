@@ -7,41 +7,48 @@
 
 namespace kaz {
 
-void AlarmFiles::Run(const clsEvent& event, bool ofAnotherUser) {
+namespace {
+
+void Open(const ReminderServices& services, const std::string& file) {
+    if (FileExists(services.files, file))
+        services.shell.Open(file);
+    else
+        services.log.LogEvent("Can't run " + file + " - file not found");
+}
+
+}  // namespace
+
+void AlarmFiles::Run(const clsEvent& event, const std::string& source) {
     ErrorTrap trap(services_.log, "DisplayAlarms", "clsReminder");
     trap([&] {
         const std::string file(Trim(event.Filename));
-        if (!FileExists(services_.files, file))
-            services_.log.LogEvent("Can't run " + file + " - file not found");
-        else if (!ofAnotherUser || TrustedFiles(services_.settings).Holds(event.Owner(), file))
-            services_.shell.Open(file);
+        if (source.empty() || TrustedFiles(services_.settings).Holds(source, file))
+            Open(services_, file);
         else
-            AskFirst(event, file);
+            AskFirst(event, source, file);
     });
 }
 
-void AlarmFiles::AskFirst(const clsEvent& event, const std::string& file) {
-    const std::string refusal = "Not running " + file + " of " + event.Owner();
-    if (!TrustedFiles::CanHold(event.Owner(), file)) {
+void AlarmFiles::AskFirst(const clsEvent& event, const std::string& source, const std::string& file) {
+    const std::string refusal = "Not running " + file + " of " + source;
+    if (!TrustedFiles::CanHold(source, file)) {
         services_.log.LogEvent(refusal + " - malformed name");
         return;
     }
-    const std::string question = "The event \"" + event.Desc() + "\" of " + event.Owner() +
-                                 " wants to run this file on your computer:\r\n\r\n" + file +
-                                 "\r\n\r\nDo you want to run it, now and from now on?";
     // The event can be gone by the time of the answer, so everything that is needed then is taken along.
-    services_.windows.AskLater(question,
-                               [services = services_, owner = event.Owner(), file, refusal](bool yes) {
-                                   ErrorTrap trap(services.log, "DisplayAlarms", "clsReminder");
-                                   trap([&] {
-                                       if (yes) {
-                                           TrustedFiles(services.settings).Add(owner, file);
-                                           services.shell.Open(file);
-                                       } else {
-                                           services.log.LogEvent(refusal + " - not allowed");
-                                       }
-                                   });
-                               });
+    const auto answer = [services = services_, source, file, refusal](bool yes) {
+        ErrorTrap trap(services.log, "DisplayAlarms", "clsReminder");
+        trap([&] {
+            if (yes) {
+                TrustedFiles(services.settings).Add(source, file);
+                Open(services, file);
+            } else {
+                services.log.LogEvent(refusal + " - not allowed");
+            }
+        });
+    };
+    if (!services_.windows.Ask({source, event.Desc(), file, answer}))
+        services_.log.LogEvent(refusal + " - too many questions are open");
 }
 
 }  // namespace kaz

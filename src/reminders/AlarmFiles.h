@@ -13,12 +13,13 @@ public:
     explicit AlarmFiles(const ReminderServices& services) : services_(services) {}
 
     // Opens the event's file with the program that the system has for it; one that is not there is logged.
-    // The file of an event that came from another user is opened only after the user of this machine has
-    // allowed it. A failure is logged.
-    void Run(const clsEvent& event, bool ofAnotherUser);
+    // `source` is the other user in whose file the event came, "" for an event of one's own. Another user's
+    // file is opened only after the user of this machine has allowed it, and before that not even looked for:
+    // a path can lead to a computer that takes down who asks. A failure is logged.
+    void Run(const clsEvent& event, const std::string& source);
 
 private:
-    void AskFirst(const clsEvent& event, const std::string& file);
+    void AskFirst(const clsEvent& event, const std::string& source, const std::string& file);
 
     ReminderServices services_;
 };

@@ -1,10 +1,14 @@
 #include "reminders/ReminderWindows.h"
 
-#include "reminders/DeferredQuestion.h"
-
+#include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace kaz {
+
+namespace {
+constexpr std::size_t kMostWaiting = 20;
+}
 
 std::shared_ptr<frmReminder> ReminderWindows::Find(ReminderKind kind) const {
     auto form = forms_[static_cast<std::size_t>(kind)].lock();
@@ -38,9 +42,31 @@ bool ReminderWindows::FirstRun(const AlarmRinging& ringing) {
     return first;
 }
 
-void ReminderWindows::AskLater(const std::string& text, std::function<void(bool yes)> answer) {
-    services_.openWindows.Add(std::make_shared<DeferredQuestion>(services_.factory.Create(IDD_REMINDER),
-                                                                 services_, text, std::move(answer)));
+std::shared_ptr<frmRunFile> ReminderWindows::OpenQuestion() const {
+    auto form = question_.lock();
+    return form && !form->Closed() ? form : nullptr;
+}
+
+bool ReminderWindows::Ask(FileQuestion question) {
+    const auto open = OpenQuestion();
+    const auto isSame = [&](const FileQuestion& other) { return other.IsSameAs(question); };
+    if ((open && isSame(open->Question())) || std::any_of(waiting_.begin(), waiting_.end(), isSame))
+        return true;
+    if (waiting_.size() >= kMostWaiting) return false;
+    waiting_.push_back(std::move(question));
+    AskNext();
+    return true;
+}
+
+void ReminderWindows::AskNext() {
+    if (waiting_.empty() || OpenQuestion()) return;
+    auto window = services_.factory.Create(IDD_RUNFILE);
+    const auto form = std::make_shared<frmRunFile>(std::move(window), services_, std::move(waiting_.front()),
+                                                   [this] { AskNext(); });
+    waiting_.pop_front();
+    services_.openWindows.Add(form);
+    question_ = form;
+    form->Ask();
 }
 
 }  // namespace kaz

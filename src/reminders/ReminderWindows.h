@@ -3,10 +3,11 @@
 #include "base/DateValue.h"
 #include "reminders/ReminderServices.h"
 #include "reminders/frmReminder.h"
+#include "reminders/frmRunFile.h"
 
 #include <array>
 #include <compare>
-#include <functional>
+#include <deque>
 #include <memory>
 #include <set>
 #include <string>
@@ -47,9 +48,13 @@ public:
     // How often something has been shown or run since the start.
     int TimesShown() const { return timesShown_; }
 
-    void AskLater(const std::string& text, std::function<void(bool yes)> answer);
+    // Puts the question; while another one is open, after it. One that waits already is not put twice. False
+    // when too many wait.
+    bool Ask(FileQuestion question);
 
 private:
+    std::shared_ptr<frmRunFile> OpenQuestion() const;
+    void AskNext();
     std::shared_ptr<frmReminder> Find(ReminderKind kind) const;
 
     ReminderWindowServices services_;
@@ -57,6 +62,8 @@ private:
     std::set<AlarmRinging> listed_;
     std::set<AlarmRinging> run_;
     int timesShown_ = 0;
+    std::deque<FileQuestion> waiting_;
+    std::weak_ptr<frmRunFile> question_;
 };
 
 }  // namespace kaz

@@ -146,6 +146,7 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
     ErrorTrap trap(services_.log, "DisplayAlarms", kModule);
     const DateValue now = services_.clock.Now().ToMinute();
     const DateValue since = FirstMinute(lastPass, now);
+    const bool ofOthers = &database != services_.events;
     std::vector<std::string> lines;
     std::vector<AlarmRinging> listed;
     std::vector<clsEvent> toRun;
@@ -165,7 +166,8 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
             } else if (!services_.windows.IsListed(ringing)) {
                 lines.push_back(event.Desc());
                 listed.push_back(ringing);
-                if (event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
+                // A sound of somebody else's choice would be looked for on his computer.
+                if (!ofOthers && event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
             }
         }
     });
@@ -186,10 +188,11 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
         });
 
     AlarmFiles files(services_);
-    const bool ofOthers =
-        &database != services_.events;  // what a shared file says of an owner is only its word
-    for (const clsEvent& event : toRun)
-        files.Run(event, ofOthers);
+    for (const clsEvent& event : toRun) {
+        const std::string source = database.SourceOf(event);
+        // Without a source it is a copy of what this user shares, and the original has run.
+        if (!ofOthers || !source.empty()) files.Run(event, ofOthers ? source : "");
+    }
 }
 
 }  // namespace kaz

@@ -16,6 +16,7 @@
 #define IDD_MONTH 110
 #define IDD_TASKS 111
 #define IDD_DAYEVENTS 112
+#define IDD_RUNFILE 114
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -25,6 +26,14 @@
 #define IDC_lblMinutes 1005
 #define IDC_cmdContinue 1006
 #define IDT_Timer1 1007
+
+// frmRunFile
+#define IDC_lblSource 1051
+#define IDC_lblEvent 1052
+#define IDC_txtFile 1053
+#define IDC_cmdYes 1054
+#define IDC_cmdNo 1055
+#define IDC_lblRunFile 1056
 
 // frmMain
 #define IDC_ListEvents 1101

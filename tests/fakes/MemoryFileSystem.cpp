@@ -159,6 +159,7 @@ int MemoryFileSystem::OpenFiles() const {
 }
 
 MemoryFileSystem::NodePointer MemoryFileSystem::Find(const std::string& path) const {
+    if (looked) looked(path);
     const auto found = nodes_.find(KeyOf(path));
     return found == nodes_.end() ? nullptr : found->second;
 }

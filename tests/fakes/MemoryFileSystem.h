@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -53,6 +54,7 @@ public:
     // How many files are open now; 0 whenever no operation is running.
     int OpenFiles() const;
 
+    std::function<void(const std::string& path)> looked;  // hears of each look at a path
     FaultInjector faults;                  // each call of an interface above but for the const ones
     std::optional<std::size_t> freeBytes;  // a write beyond writes what fits and fails with DiskFull
     const Clock* times = nullptr;          // where modification times come from; without it from a counter

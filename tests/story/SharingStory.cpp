@@ -119,7 +119,9 @@ TEST(Sharing, WhatOthersWroteIsNotTrusted) {
     ann.Start();
     ann.Tick();
     EXPECT_THAT(ann.Machine().shell.opened, IsEmpty());
-    EXPECT_THAT(ann.Machine().dialogs.questions, testing::SizeIs(1));
+    const FakeWindow* question = ann.Machine().windows.Newest(IDD_RUNFILE);
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(question->Text(IDC_lblSource), "Bob");
     EXPECT_THAT(office.disk.Text(ann.Folder() + "\\Kaz.ini"), Not(HasSubstr("Eve")));
     const std::string log = office.disk.Text(ann.Folder() + "\\Log_KAZ.txt");
     for (const char* name : {"..\\Secret", "C:\\x", "NUL", "com1.txt", "\\\\srv\\share"})

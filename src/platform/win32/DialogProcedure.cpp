@@ -92,7 +92,7 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
     case WM_ACTIVATE:
         if (LOWORD(wide) == WA_INACTIVE) return FALSE;
         if (focusWhenActive_) PostMessageW(window_, kFocusNow, 0, 0);
-        Raise(0, Raised::Activated);
+        Raise(0, Raised::Activated, LOWORD(wide) == WA_CLICKACTIVE ? kByMouse : 0);
         return FALSE;
     case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wide)); return TRUE;
     case kFocusNow: SetFocus(std::exchange(focusWhenActive_, 0)); return TRUE;

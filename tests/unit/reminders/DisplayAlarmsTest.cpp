@@ -6,10 +6,7 @@
 namespace kaz {
 namespace {
 
-using ::testing::AllOf;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 constexpr const char* kAlarm = "ALARM!";
 
@@ -114,82 +111,6 @@ TEST(DisplayAlarms, AFileIsRunOnceADayAndShowsNoWindow) {
     desk.Alarms("09:30:00");
     EXPECT_THAT(desk.TakeLog(), ElementsAre("Error 70 (Permission denied) in DisplayAlarms of clsReminder"));
     EXPECT_THAT(desk.List(kAlarm), ElementsAre("Still shown"));
-}
-
-class FilesOfOthers : public ::testing::Test {
-protected:
-    FilesOfOthers() {
-        desk.machine.files.Put("C:\\tools\\report.exe", "");
-        clsEvent& event = desk.AddAlarm("Report", "09:30", &desk.shared);
-        event.ExecFile = true;
-        event.Filename = "C:\\tools\\report.exe";
-    }
-    void Ring() {
-        desk.shared.AllEvents().front().DueDate(desk.machine.clock.Today());
-        desk.Alarms("09:30:00", &desk.shared);
-        desk.Alarms("09:30:30", &desk.shared);
-        EXPECT_EQ(desk.machine.dialogs.questions.size(), asked);  // never in the middle of a tick
-        desk.machine.windows.Advance(100);
-        asked = desk.machine.dialogs.questions.size();
-        desk.machine.clock.AdvanceDays(1);
-    }
-    ReminderDesk desk;
-    std::size_t asked = 0;
-};
-
-TEST_F(FilesOfOthers, RunAfterAYesThatIsRemembered) {
-    desk.machine.dialogs.yesNo = {false, true};
-    Ring();
-    EXPECT_THAT(desk.machine.dialogs.questions,
-                ElementsAre(AllOf(HasSubstr("Bob"), HasSubstr("C:\\tools\\report.exe"))));
-    EXPECT_THAT(desk.machine.shell.opened, IsEmpty());
-    EXPECT_THAT(desk.TakeLog(), ElementsAre("Not running C:\\tools\\report.exe of Bob - not allowed"));
-    Ring();
-    Ring();
-    EXPECT_EQ(asked, 2U);
-    EXPECT_EQ(desk.machine.shell.opened.size(), 2U);
-    EXPECT_TRUE(desk.settings.ValueInSet("TrustedFiles", std::string("Bob|C:\\tools\\report.exe")));
-    EXPECT_EQ(desk.openWindows.Count(), 0U);
-
-    // Another user's yes is not his, and a file is not believed that it is the user's own.
-    desk.shared.AllEvents().front().Owner("Ann");
-    Ring();
-    EXPECT_EQ(asked, 3U);
-}
-
-TEST_F(FilesOfOthers, AreRefusedWhenTheirNameWouldForgeASetting) {
-    desk.machine.dialogs.yesNo = {true};
-    desk.shared.AllEvents().front().Owner("Bob\r\nTRUSTEDFILES_2,Eve");
-    Ring();
-    EXPECT_EQ(asked, 0U);
-    EXPECT_THAT(desk.machine.shell.opened, IsEmpty());
-    EXPECT_FALSE(desk.settings.IsSettingPresent("TrustedFiles_1"));
-}
-
-TEST_F(FilesOfOthers, DoNotRunWhenTheProgramEndsDuringTheQuestion) {
-    desk.Alarms("09:30:00", &desk.shared);
-    desk.openWindows.UnloadAll();
-    desk.machine.windows.Advance(100);
-    EXPECT_THAT(desk.machine.dialogs.questions, IsEmpty());
-}
-
-// A question box runs the timers and closes windows while it stands open.
-TEST(DeferredQuestion, IsPutOnceAndNotAnsweredAfterItsClosing) {
-    ReminderDesk desk;
-    FakeDialogs& dialogs = desk.machine.dialogs;
-    dialogs.yesNo = {true, true};
-    int answers = 0;
-    dialogs.meanwhile = [&] { desk.machine.windows.Advance(100); };
-    desk.windows.AskLater("Run it?", [&](bool) { ++answers; });
-    desk.machine.windows.Advance(100);
-    EXPECT_EQ(dialogs.questions.size(), 1U);
-    EXPECT_EQ(answers, 1);
-
-    dialogs.meanwhile = [&] { desk.openWindows.UnloadAll(); };
-    desk.windows.AskLater("Run it?", [&](bool) { ++answers; });
-    desk.machine.windows.Advance(100);
-    EXPECT_EQ(dialogs.questions.size(), 2U);
-    EXPECT_EQ(answers, 1);
 }
 
 }  // namespace
