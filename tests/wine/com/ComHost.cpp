@@ -48,7 +48,7 @@ HRESULT ComHost::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VA
     }
     heard.push_back(text + L")");
     if (reaction) reaction(id);
-    return S_OK;
+    return answer;
 }
 
 ComPointer<IKazComponent> MakeComponent() {

@@ -16,6 +16,7 @@ public:
     std::vector<std::wstring> heard;
     ComPointer<IDispatch> lastList;
     std::function<void(DISPID)> reaction;  // runs after the note was taken
+    HRESULT answer = S_OK;                 // to every event
     std::function<void()> leaving;         // runs when it is let go of
     std::function<void(const wchar_t* name, DISPPARAMS& arguments)> relay;
 

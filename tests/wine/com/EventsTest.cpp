@@ -47,7 +47,13 @@ protected:
 TEST_F(Events, ScanTellsTheListsInOrderAndMailsOnce) {
     const Connection connection(component, host);
     EXPECT_EQ(component->RefreshDates(), S_OK);
+    host.answer = E_FAIL;  // what it failed to take is asked for again
     EXPECT_EQ(component->ScanEvents(), S_OK);
+    EXPECT_EQ(host.heard.size(), 4u);
+    host.heard.clear();
+    host.answer = DISP_E_MEMBERNOTFOUND;
+    EXPECT_EQ(component->ScanEvents(), S_OK);
+    host.answer = S_OK;
     ASSERT_THAT(host.heard,
                 ElementsAre(L"MailEvent(ann@example.org; KAZ Alert - Event 1; T\u00e4glich\r\nKaffee)",
                             L"TodaysEvents([T\u00e4glich\r\nKaffee])",
