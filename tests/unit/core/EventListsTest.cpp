@@ -12,75 +12,49 @@
 namespace kaz {
 namespace {
 
-// A program whose host does something in the middle of each mail.
-class MailHandlers : public testing::Test {
-protected:
-    MailHandlers() {
-        app.events = std::make_unique<clsDbXml>(app.Storage());
-        app.events->SetDBFilename("C:\\KAZ\\Events.xml");
-    }
-    void Add(int count) {
-        for (int number = 1; number <= count; ++number) {
-            clsEvent event = Daily(std::to_string(100000 + number), "Bill", machine.clock.Today());
-            event.Email = "ann@example.org";
-            app.events->AllEvents().push_back(event);
-        }
-    }
-    clsEvent& First() { return app.events->AllEvents().front(); }
-    int Mails() const {
-        return static_cast<int>(std::ranges::count_if(
-            host.raised, [](const std::string& event) { return event.starts_with("MailEvent"); }));
-    }
-
+TEST(EventLists, WhatAHandlerDoesToTheEventDecidesWhetherItsMailIsRaisedAgain) {
     FakePlatform machine;
     Application app{machine.Services()};
     RecordingHost host;
-};
-
-TEST_F(MailHandlers, WhatTheyDoToTheEventDecidesWhetherItsMailIsDueAgain) {
+    app.events = std::make_unique<clsDbXml>(app.Storage());
+    std::vector<clsEvent>& events = app.events->AllEvents();
     const struct {
         const char* what;
+        int events;
         std::function<void()> handler;
         int mailsOfTwoScans;
     } cases[] = {
-        {"scans", [this] { EventLists(app, host); }, 1},
-        {"edits the address", [this] { First().Email = "bob@example.org"; }, 2},
-        {"deletes it", [this] { app.events->DeleteRecord("100001"); }, 1},
-        {"reads another file", [this] { app.events->AllEvents().clear(); }, 1},
-        {"fails", [] { throw RuntimeError(ErrorNumber::InternalError); }, 2},
-        {"waits until tomorrow, and the new day scans",
-         [this] {
+        {"scans", 100, [&] { EventLists(app, host); }, 100},
+        {"edits the address", 1, [&] { events[0].Email = "bob@example.org"; }, 2},
+        {"deletes it", 1, [&] { app.events->DeleteRecord("100000"); }, 1},
+        {"reads another file", 1, [&] { events.clear(); }, 1},
+        {"fails", 1, [] { throw RuntimeError(ErrorNumber::InternalError); }, 2},
+        {"waits until tomorrow, and the new day scans", 1,
+         [&] {
              machine.clock.AdvanceDays(1);
-             First().CalcNextDueDate(machine.clock.Today(), app.log);
+             events[0].CalcNextDueDate(machine.clock.Today(), app.log);
              EventLists(app, host);
          },
          2},
     };
     for (const auto& one : cases) {
-        app.events->AllEvents().clear();
-        host.raised.clear();
-        Add(1);
+        int mails = 0, depth = 0, deepest = 0;
+        events.clear();
+        for (int number = 0; number < one.events; ++number) {
+            events.push_back(Daily(std::to_string(100000 + number), "Bill", machine.clock.Today()));
+            events.back().Email = "ann@example.org";
+        }
         host.onMail = [&] {
-            if (Mails() == 1) one.handler();
+            deepest = std::max(deepest, ++depth);
+            if (++mails == 1 || one.events > 1) one.handler();
+            --depth;
         };
-        EventLists(app, host);
-        EventLists(app, host);
-        EXPECT_EQ(Mails(), one.mailsOfTwoScans) << one.what;
+        for (int scan = 0; scan < 2; ++scan)
+            EventLists(app, host);
+        EXPECT_EQ(mails, one.mailsOfTwoScans) << one.what;
+        EXPECT_LE(deepest, 16) << one.what;
         EXPECT_TRUE(app.mailsRaised.empty()) << one.what;
     }
-}
-
-TEST_F(MailHandlers, ThatScanGoOnlySoDeepAndLoseNoMail) {
-    Add(100);
-    int depth = 0, deepest = 0;
-    host.onMail = [&] {
-        deepest = std::max(deepest, ++depth);
-        EventLists(app, host);
-        --depth;
-    };
-    EventLists(app, host);
-    EXPECT_EQ(Mails(), 100);
-    EXPECT_LE(deepest, 16);
 }
 
 }  // namespace
