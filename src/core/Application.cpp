@@ -68,7 +68,8 @@ StorageServices Application::Storage() {
 
 clsReminder Application::MakeReminder() {
     return clsReminder({platform.clock, platform.locale, platform.files, platform.pump, platform.shell, log,
-                        settings, reminderWindows, events.get(), expired.get()});
+                        settings, reminderWindows, events.get(), expired.get(),
+                        [this] { settings.SaveSettings(settingsFileName); }});
 }
 
 void Application::EndProgram() {

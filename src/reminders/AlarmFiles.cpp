@@ -41,6 +41,7 @@ void AlarmFiles::AskFirst(const clsEvent& event, const std::string& source, cons
         trap([&] {
             if (yes) {
                 TrustedFiles(services.settings).Add(source, file);
+                services.saveSettings();
                 Open(services, file);
             } else {
                 services.log.LogEvent(refusal + " - not allowed");

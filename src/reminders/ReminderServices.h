@@ -13,6 +13,7 @@
 #include "support/cSHAREDSettings.h"
 #include "support/cSharedLogging.h"
 
+#include <functional>
 #include <string>
 
 namespace kaz {
@@ -45,6 +46,7 @@ struct ReminderServices {
     ReminderWindows& windows;
     clsDbXml* events;  // null until a user has been chosen
     clsDbXml* expired;
+    std::function<void()> saveSettings = [] {};
 };
 
 }  // namespace kaz

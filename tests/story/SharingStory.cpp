@@ -119,10 +119,12 @@ TEST(Sharing, WhatOthersWroteIsNotTrusted) {
     ann.Start();
     ann.Tick();
     EXPECT_THAT(ann.Machine().shell.opened, IsEmpty());
-    const FakeWindow* question = ann.Machine().windows.Newest(IDD_RUNFILE);
+    FakeWindow* question = ann.Machine().windows.Newest(IDD_RUNFILE);
     ASSERT_NE(question, nullptr);
-    EXPECT_EQ(question->Text(IDC_lblSource), "Bob");
-    EXPECT_THAT(office.disk.Text(ann.Folder() + "\\Kaz.ini"), Not(HasSubstr("Eve")));
+    question->Click(IDC_cmdYes);
+    EXPECT_THAT(ann.Machine().shell.opened, ElementsAre("C:\\evil.exe"));
+    EXPECT_THAT(office.disk.Text(ann.Folder() + "\\Kaz.ini"),
+                testing::AllOf(HasSubstr("Bob|C:\\evil.exe"), Not(HasSubstr("Eve"))));
     const std::string log = office.disk.Text(ann.Folder() + "\\Log_KAZ.txt");
     for (const char* name : {"..\\Secret", "C:\\x", "NUL", "com1.txt", "\\\\srv\\share"})
         EXPECT_THAT(log, HasSubstr("Shared user \"" + std::string(name) + "\" refused"));
