@@ -19,6 +19,7 @@ enum class ReminderKind { Today, ComingUp, Alarm };
 // One ringing of one event.
 struct AlarmRinging {
     const clsDbXml* database = nullptr;  // only ever compared
+    std::string source;                  // in whose file it came
     std::string owner;
     std::string code;
     DateValue minute;

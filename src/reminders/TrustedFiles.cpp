@@ -10,6 +10,7 @@ namespace kaz {
 namespace {
 
 constexpr const char* kSet = "TrustedFiles";
+constexpr std::size_t kLongestPath = 32767;  // of Windows
 
 // Where the code page is UTF-8, these show a name in another order than the system reads it: "txt.exe" as
 // "exe.txt".
@@ -34,7 +35,7 @@ void TrustedFiles::Add(const std::string& source, const std::string& file) {
 }
 
 bool TrustedFiles::CanHold(const std::string& source, const std::string& file) {
-    return IsPlain(source) && IsPlain(file);
+    return file.size() <= kLongestPath && IsPlain(source) && IsPlain(file);
 }
 
 }  // namespace kaz

@@ -18,7 +18,8 @@ public:
     void Add(const std::string& source, const std::string& file);
 
     // Names with control characters cannot be kept in the settings file, where a line break starts another
-    // setting, and one that is not shown as it is must not be asked for; such a file is never run.
+    // setting, and one that is not shown as it is must not be asked for; nor is one that no path can have.
+    // Such a file is never run.
     static bool CanHold(const std::string& source, const std::string& file);
 
 private:

@@ -156,7 +156,8 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
         for (const clsEvent& event : database.AllEvents()) {
             const std::optional<DateValue> minute = AlarmMinute(event);
             if (!minute || *minute < since || now < *minute) continue;
-            const AlarmRinging ringing{&database, event.Owner(), event.IDCode, *minute};
+            const AlarmRinging ringing{&database, database.SourceOf(event), event.Owner(), event.IDCode,
+                                       *minute};
             if (event.ExecFile) {
                 if (!services_.windows.FirstRun(ringing)) continue;
                 if (*minute >= now.PlusMinutes(-kLatestRun))

@@ -93,15 +93,17 @@ TEST_F(FilesOfOthers, AreNeitherTouchedNorRunBeforeAYesToTheirTrueSource) {
 
 TEST_F(FilesOfOthers, AreAskedForOneAfterTheOtherUntilTheProgramEnds) {
     std::vector<clsEvent> many;
-    for (int number = 1; number <= 23; ++number)
+    for (int number = 1; number <= 22; ++number)
         many.push_back(Runs("C:\\" + std::to_string(number), "Bob"));
     many.push_back(many.front());
     for (std::size_t at = 0; at < many.size(); ++at)
         many[at].IDCode = std::to_string(100000 + at);
     Share("Bob", many);
+    // With the owner and the code of another's event.
+    Share("Eve", {many[0]});
     Ring();
     EXPECT_THAT(desk.TakeLog(), ElementsAre("Not running C:\\22 of Bob - too many questions are open",
-                                            "Not running C:\\23 of Bob - too many questions are open"));
+                                            "Not running C:\\1 of Eve - too many questions are open"));
     EXPECT_EQ(desk.machine.windows.All(IDD_RUNFILE).size(), 1U);
     EXPECT_EQ(Question()->Text(IDC_txtFile), "C:\\1");
     Answer(IDC_cmdNo);
@@ -115,12 +117,13 @@ TEST_F(FilesOfOthers, AreAskedForOneAfterTheOtherUntilTheProgramEnds) {
 }
 
 TEST_F(FilesOfOthers, AreRefusedUnaskedWhenTheirNameIsNotWhatItLooksLike) {
-    for (const char* file : {"C:\\a\r\nTRUSTEDFILES_2,Eve", "C:\\\xE2\x80\xAEtxt.exe"}) {
+    for (const std::string& file : {std::string("C:\\a\r\nTRUSTEDFILES_2,Eve"),
+                                    std::string("C:\\\xE2\x80\xAEtxt.exe"), std::string(40000, 'a')}) {
         Share("Bob", {Runs(file, "Bob")});
         Ring();
         EXPECT_EQ(Question(), nullptr);
         EXPECT_THAT(desk.machine.files.Text(desk.log.CurrentLogFilename()),
-                    HasSubstr(std::string(file) + " of Bob - malformed name"));
+                    HasSubstr(file + " of Bob - malformed name"));
     }
 }
 
