@@ -47,15 +47,19 @@ void Application::ApplySharing() {
         events->CopyToShared({});
         return;
     }
-    events->CopyToShared([this] {
-        SharedCopy({*events, *shared, platform.files, platform.locale, settings, layers, log}).Run();
-    });
+    events->CopyToShared([this] { Publish(); });
 }
+
+void Application::Publish() { publishAgain_ = !SharedCopy({*events, *shared, Storage()}).Run(); }
 
 void Application::ReopenDatabases() { EventFiles(*this).Reopen(); }
 
 bool Application::LoadShared() {
     if (!shared || !Networked()) return false;
+    if (publishAgain_ && FolderExists(platform.files, Folder().Path())) {
+        Publish();
+        return true;
+    }
     const bool neverRead = shared->DBFilename().empty();
     if (!neverRead && !shared->DatabaseChanged()) return false;
     shared->LoadMultiple(Folder().ListFile());

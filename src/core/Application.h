@@ -84,8 +84,9 @@ public:
     // While the old files cannot take the latest changes, the data folder stays what it was, and the user is
     // told.
     void ReopenDatabases();
-    // Loads the other users' shared events anew when one of their files has changed since, or was never read.
-    // True when it did; false without sharing too.
+    // Loads the other users' shared events anew when one of their files has changed since, or was never read,
+    // after this user's own have been published if the shared folder could not take them before. True when it
+    // did; false without sharing too.
     bool LoadShared();
     SharedFolder Folder() { return SharedFolder(platform.files, settings, log); }
 
@@ -96,6 +97,11 @@ public:
     // The end of the program: closes every open window, from the last opened to the first, and saves the
     // settings.
     void EndProgram();
+
+private:
+    void Publish();
+
+    bool publishAgain_ = false;  // this user's shared events did not reach the shared folder
 };
 
 }  // namespace kaz

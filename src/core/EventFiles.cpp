@@ -28,6 +28,8 @@ void EventFiles::Open() {
     app_.expired = std::make_unique<clsDbXml>(app_.Storage());
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
         database->KeepOverwrittenIn(JoinPath(app_.runtimePath, kBackupFolder));
+    app_.events->PairWith(*app_.expired);
+    app_.expired->PairWith(*app_.events);
     app_.ApplySharing();
     Load();
 }

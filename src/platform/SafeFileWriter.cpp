@@ -59,6 +59,7 @@ void SafeFileWriter::Commit() {
     file_->Flush();
     file_->Close();
     file_.reset();
+    date_ = files_.ModificationTime(beside_);
     files_.Replace(beside_, path_);
     committed_ = true;
 }

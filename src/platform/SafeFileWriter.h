@@ -17,6 +17,8 @@ public:
 
     void Write(std::string_view text) { file_->Write(text); }
     void Commit();
+    // The modification time of what was committed, whoever has replaced it since.
+    std::optional<FileTime> Date() const { return date_; }
 
     // Deletes what writers of the file at `path` left beside it when the program was killed or the power
     // failed. Such a file is known by its name and by being a day older than the file itself, which has been
@@ -28,6 +30,7 @@ private:
     std::string path_;
     std::string beside_;
     std::unique_ptr<OutputFile> file_;
+    std::optional<FileTime> date_;
     bool committed_ = false;
 };
 

@@ -40,6 +40,9 @@ void clsReminder::UpdateAllEvents() {
     if (!services_.events) return;
     ErrorTrap trap(services_.log, "UpdateAllEvents", kModule);
     const DateValue today = services_.clock.Today();
+    // What another program has saved is not to be moved on as it was before.
+    for (clsDbXml* database : {services_.events, services_.expired})
+        if (database) trap([&] { database->CatchUp(); });
     std::vector<clsEvent>& events = services_.events->AllEvents();
     ExpiredShelf shelf(services_.expired);
     std::vector<std::size_t> retired;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <unordered_set>
 
 namespace kaz {
 
@@ -47,18 +48,32 @@ bool EventCodes::MayHold(const std::vector<clsEvent>& events, std::string_view c
     return used_[*number];
 }
 
-std::string EventCodes::Unused(const std::vector<clsEvent>& events) {
+std::string EventCodes::Unused(const std::vector<clsEvent>& events, const IsTaken& isTaken) {
     LookAt(events);
+    const auto isFree = [&](const std::string& code) {
+        return !used_[ToNumber(code).value_or(0)] && !isTaken(code);
+    };
     // Random draws hardly ever fail until nearly all codes are in use; then the first free one is as good.
-    for (int draw = 0; draw < kMaxDraws; ++draw) {
-        std::string code = RandomCode();
-        if (!used_[ToNumber(code).value_or(0)]) return code;
-    }
+    for (int draw = 0; draw < kMaxDraws; ++draw)
+        if (std::string code = RandomCode(); isFree(code)) return code;
     Forget();
     LookAt(events);
-    const auto free = std::find(used_.begin(), used_.end(), false);
-    if (free == used_.end()) throw RuntimeError(ErrorNumber::InternalError, "All event codes are in use");
-    return ToCode(static_cast<std::int32_t>(free - used_.begin()));
+    for (std::int32_t number = 0; number <= kRange; ++number)
+        if (std::string code = ToCode(number); isFree(code)) return code;
+    throw RuntimeError(ErrorNumber::InternalError, "All event codes are in use");
+}
+
+std::vector<std::size_t> EventCodes::Repeated(const std::vector<clsEvent>& events) {
+    std::vector<bool> seen(kCodes);
+    std::unordered_set<std::string_view> others;
+    std::vector<std::size_t> repeated;
+    for (std::size_t place = 0; place < events.size(); ++place) {
+        const auto number = ToNumber(events[place].IDCode);
+        const bool isNew = number ? !seen[*number] : others.insert(events[place].IDCode).second;
+        if (!isNew) repeated.push_back(place);
+        if (number) seen[*number] = true;
+    }
+    return repeated;
 }
 
 std::string EventCodes::RandomCode() {

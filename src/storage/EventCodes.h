@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/Random.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,8 +25,12 @@ public:
 
     // False only when none of the events has the code.
     bool MayHold(const std::vector<clsEvent>& events, std::string_view code);
-    // A code that none of the events has. Throws InternalError when every code is in use.
-    std::string Unused(const std::vector<clsEvent>& events);
+    using IsTaken = std::function<bool(const std::string& code)>;
+    // A code that none of the events has, nor those of which `isTaken` knows. Throws InternalError when every
+    // code is in use.
+    std::string Unused(const std::vector<clsEvent>& events, const IsTaken& isTaken);
+    // The places of the events whose code another one before them has.
+    static std::vector<std::size_t> Repeated(const std::vector<clsEvent>& events);
 
 private:
     std::string RandomCode();

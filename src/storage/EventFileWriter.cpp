@@ -7,7 +7,7 @@
 
 namespace kaz {
 
-void WriteEvents(SafeFileWriter& file, const std::vector<clsEvent>& events) {
+void WriteEvents(const std::vector<clsEvent>& events, const std::function<void(std::string_view)>& write) {
     constexpr std::size_t kPiece = std::size_t{256} * 1024;
     constexpr std::size_t kUsualBlock = std::size_t{8} * 1024;
     std::string text;
@@ -16,10 +16,10 @@ void WriteEvents(SafeFileWriter& file, const std::vector<clsEvent>& events) {
     for (const clsEvent& event : events) {
         if (!event.Deleted) EventXml::AppendBlock(text, event);
         if (text.size() < kPiece) continue;
-        file.Write(text);
+        write(text);
         text.clear();
     }
-    file.Write(text);
+    write(text);
 }
 
 }  // namespace kaz

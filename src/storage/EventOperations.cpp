@@ -71,8 +71,8 @@ bool EventOperations::OwnerRefuses(const clsEvent& event, const std::string& tex
 }
 
 void EventOperations::CatchUp() {
-    for (clsDbXml* database : {&context_.events, &context_.expired})
-        if (database->DatabaseChanged()) database->LoadDBIfChanged(database->DBFilename());
+    context_.events.CatchUp();
+    context_.expired.CatchUp();
 }
 
 clsEvent EventOperations::Updated(clsEvent event) {

@@ -5,25 +5,74 @@
 #include "platform/DateText.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
+#include "platform/SafeFileWriter.h"
+#include "storage/EventFileWriter.h"
+
+#include <algorithm>
 
 namespace kaz {
 
-bool OverwrittenVersions::Keep(const std::string& fileName, FileTime date) const {
+namespace {
+
+constexpr std::size_t kMostVersions = 10;  // of one file, for one reason
+
+std::string StemOf(const std::string& fileName) { return WithExtension(FileNameOf(fileName), ""); }
+
+}  // namespace
+
+bool OverwrittenVersions::Keep(const std::string& fileName) const {
     if (folder_.empty()) return true;
-    const std::string stem = WithExtension(FileNameOf(fileName), "");
-    const std::string time =
-        FormatDate(services_.clock.Now(), "YYYY-MM-DD HH.NN.SS", services_.locale.Data());
-    std::string kept = JoinPath(folder_, stem + " (changed by another, " + time + ")");
-    // Two of them can be found within a second.
-    if (FileExists(services_.files, kept + ".xml")) kept += " " + std::to_string(date);
+    const std::string reason = "changed by another";
+    const std::string kept = PathFor(fileName, reason);
     ErrorTrap trap(services_.log, "SaveDB", "clsDbXml");
     const bool done = trap([&] {
         services_.files.CreateFolder(folder_);
-        WriteWholeFile(services_.files, kept + ".xml", ReadWholeFile(services_.files, fileName));
+        WriteWholeFile(services_.files, kept, ReadWholeFile(services_.files, fileName));
     });
     services_.log.LogEvent(fileName + " was changed by another program. " +
-                           (done ? "Its version is kept as " + kept + ".xml" : "It is not written over."));
+                           (done ? "Its version is kept as " + kept : "It is not written over."));
+    if (done) trap([&] { DeleteOldest(fileName, reason); });
     return done;
+}
+
+bool OverwrittenVersions::KeepEvents(const std::string& fileName, const std::string& reason,
+                                     const std::vector<clsEvent>& events) const {
+    if (folder_.empty()) return true;
+    const std::string kept = PathFor(fileName, reason);
+    ErrorTrap trap(services_.log, "LoadDB", "clsDbXml");
+    const bool done = trap([&] {
+        services_.files.CreateFolder(folder_);
+        SafeFileWriter file(services_.files, kept);
+        WriteEvents(events, [&](std::string_view piece) { file.Write(piece); });
+        file.Commit();
+    });
+    if (!done) return false;
+    services_.log.LogEvent("Events of " + fileName + " are kept as " + kept);
+    trap([&] { DeleteOldest(fileName, reason); });
+    return true;
+}
+
+std::string OverwrittenVersions::PathFor(const std::string& fileName, const std::string& reason) const {
+    const std::string time =
+        FormatDate(services_.clock.Now(), "YYYY-MM-DD HH.NN.SS", services_.locale.Data());
+    const std::string path = JoinPath(folder_, StemOf(fileName) + " (" + reason + ", " + time + ")");
+    // Two of them can be found within a second.
+    std::string unused = path + ".xml";
+    for (std::size_t number = 2; number <= kMostVersions && FileExists(services_.files, unused); ++number)
+        unused = path + " " + std::to_string(number) + ".xml";
+    return unused;
+}
+
+void OverwrittenVersions::DeleteOldest(const std::string& fileName, const std::string& reason) const {
+    std::vector<std::pair<FileTime, std::string>> versions;
+    for (const std::string& name : services_.files.FilesIn(folder_)) {
+        if (!name.starts_with(StemOf(fileName) + " (" + reason + ", ")) continue;
+        const std::string path = JoinPath(folder_, name);
+        versions.emplace_back(services_.files.ModificationTime(path).value_or(0), path);
+    }
+    std::sort(versions.begin(), versions.end());
+    for (std::size_t oldest = 0; oldest + kMostVersions < versions.size(); ++oldest)
+        services_.files.Delete(versions[oldest].second);
 }
 
 }  // namespace kaz

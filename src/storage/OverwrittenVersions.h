@@ -1,24 +1,34 @@
 #pragma once
 
+#include "model/clsEvent.h"
 #include "storage/StorageServices.h"
 
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace kaz {
 
-// Keeps the versions of a file that somebody else saved and that would be written over without having been
-// read.
+// Keeps what a merge of two versions of an event file has to give up, a bounded number of versions.
 class OverwrittenVersions {
 public:
     explicit OverwrittenVersions(const StorageServices& services) : services_(services) {}
 
     // Without a folder nothing is kept.
     void KeepIn(std::string folder) { folder_ = std::move(folder); }
-    // Copies the file, which has that date, under a name with the time, and logs it. False when that failed.
-    bool Keep(const std::string& fileName, FileTime date) const;
+    // Copies the file, which somebody else saved, under a name with the time, and logs it. False when that
+    // failed.
+    bool Keep(const std::string& fileName) const;
+    // Writes events of the file under a name with the reason and the time, and logs it. False when that
+    // failed.
+    bool KeepEvents(const std::string& fileName, const std::string& reason,
+                    const std::vector<clsEvent>& events) const;
 
 private:
+    // A path that no version has yet.
+    std::string PathFor(const std::string& fileName, const std::string& reason) const;
+    void DeleteOldest(const std::string& fileName, const std::string& reason) const;
+
     StorageServices services_;
     std::string folder_;
 };

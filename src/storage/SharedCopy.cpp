@@ -5,29 +5,34 @@
 
 namespace kaz {
 
-void SharedCopy::Run() {
-    ErrorTrap trap(context_.log, "CopyToShared", "EventOperations");
+bool SharedCopy::Run() {
+    bool published = false;
+    ErrorTrap trap(context_.services.log, "CopyToShared", "EventOperations");
     trap([&] {
-        const SharedFolder folder(context_.files, context_.settings, context_.log);
-        if (folder.Path().empty()) return;
-        const std::string me = CurrentOwner(context_.settings);
+        const SharedFolder folder(context_.services.files, context_.services.settings, context_.services.log);
+        published = folder.Path().empty();
+        if (published) return;
+        const std::string me = CurrentOwner(context_.services.settings);
 
-        // The earlier copies leave the file in the same save that brings the new ones, so that nobody ever
-        // reads a file without them.
-        context_.shared.LoadDB(folder.FileOf(me));
-        context_.shared.MarkRecordsByOwner(me);
+        // Read as one's own file, not through the filter that is meant for those of others. The earlier
+        // copies leave it in the same save that brings the new ones, so that nobody ever reads a file without
+        // them.
+        clsDbXml own(context_.services);
+        own.LoadDB(folder.FileOf(me));
+        own.MarkRecordsByOwner(me);
         for (const clsEvent& event : context_.events.AllEvents()) {
             if (event.Deleted || !event.SharedEvent) continue;
-            if (!StringsEqual(event.Owner(), me, context_.locale.Folding())) continue;
+            if (!StringsEqual(event.Owner(), me, context_.services.locale.Folding())) continue;
             trap([&] {
                 clsEvent copy = event;
-                copy.SharedLayerName = context_.layers.Layer(event.Layer());
-                context_.shared.StoreRecord(std::move(copy));
+                copy.SharedLayerName = context_.services.layers.Layer(event.Layer());
+                own.StoreRecord(std::move(copy));
             });
         }
-        context_.shared.SaveDB();
+        published = own.SaveDB();
         context_.shared.LoadMultiple(folder.ListFile());
     });
+    return published;
 }
 
 }  // namespace kaz

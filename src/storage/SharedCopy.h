@@ -12,16 +12,13 @@ public:
     struct Context {
         const clsDbXml& events;
         clsDbXml& shared;
-        FileSystem& files;
-        const Locale& locale;
-        const cSHAREDSettings& settings;
-        const clsLayers& layers;
-        cSharedLogging& log;
+        StorageServices services;
     };
 
     explicit SharedCopy(const Context& context) : context_(context) {}
-    // Failures are logged; the local events are not touched by any of them.
-    void Run();
+    // Failures are logged; the local events are not touched by any of them. True when the user's own file has
+    // all that is shared.
+    bool Run();
 
 private:
     Context context_;

@@ -1,14 +1,19 @@
 #pragma once
 
+#include "base/ErrorTrap.h"
 #include "model/clsEvent.h"
+#include "storage/EventChanges.h"
 #include "storage/EventCodes.h"
+#include "storage/EventMerge.h"
 #include "storage/OverwrittenVersions.h"
 #include "storage/StorageServices.h"
 #include "storage/WatchedFiles.h"
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,26 +21,65 @@
 
 namespace kaz {
 
+class EventFileReader;
+class SharedFolder;
+
+// What became of the file at the last look.
+enum class FileState {
+    Fine,        // it was read, or written; or it has never been there
+    NotRead,     // it is there, but locked, denied, or on a disk that fails
+    Damaged,     // it is there, but is no event file (any more); nothing is taken from it
+    FolderAway,  // not even its folder is there
+    NotBack,     // its folder was away from the start, and has come back without it
+    Vanished,    // it went while the program runs; the next save writes it again
+    SetAside,    // it went, and an old database beside it is to be converted at the next start
+};
+
 // The events of one file, in file order. Look-ups by code take the first match.
 class clsDbXml {
 public:
     explicit clsDbXml(const StorageServices& services);
 
-    void SetDBFilename(const std::string& fileName) { fileName_ = fileName; }
+    void SetDBFilename(const std::string& fileName);
     const std::string& DBFilename() const { return fileName_; }
 
     // Whether a watched file's date differs from the one last seen, in either direction.
     bool DatabaseChanged() const;
+    // A look at the file: reads it when it has changed, else what was saved is confirmed to be in it.
     void LoadDBIfChanged(const std::string& fileName);
-    // Reads the file; without `append` it takes the place of what was in memory. A file that is there but
-    // cannot be read is logged, leaves the memory as it was and keeps SaveDB from writing over it until a
-    // load succeeds.
+    // Reads what somebody else has saved meanwhile, before something is made of what is in memory.
+    void CatchUp();
+    // Reads the file; without `append` it takes the place of what was in memory. When it is the file that was
+    // read before, what is not saved comes on top of it, and is saved. A file that is there but cannot be
+    // read is logged, leaves the memory as it was and keeps SaveDB from writing over it until it can be read.
     void LoadDB(const std::string& fileName, bool append = false);
-    // Writes the whole collection, events marked deleted left out. False when the file could not be written;
-    // the old file is then whole and the memory unchanged.
+    // Writes the whole collection, events marked deleted left out, after what somebody else has saved
+    // meanwhile has been read: references to events do not outlast it. False when the file could not be
+    // written; the old file is then whole and the memory unchanged.
     bool SaveDB();
+
+    FileState State() const { return state_; }
+    // Why the file was not read, as long as it is not.
+    const std::optional<ErrorInfo>& ReadFault() const { return readFault_; }
+    // Why the last save failed; nothing after one that did not.
+    const std::optional<ErrorInfo>& SaveFault() const { return saveFault_; }
     // Whether the memory holds changes that the file has not taken yet.
-    bool HasUnsaved() const { return unsaved_ || !waiting_.empty(); }
+    bool HasUnsaved() const;
+    EventChanges Unsaved() const;
+    // Adds what was unsaved in another memory of the same events, without saving. An event whose code another
+    // one has by now gets a new one.
+    void PutOnTop(const EventChanges& changes);
+
+    // The other file of the same user. A new code is used in neither, and an event that moved there has not
+    // gone. It outlives this database's use, and does the same for it.
+    void PairWith(clsDbXml& other) { other_ = &other; }
+    // Whether a backup of the file has events; asked when the file has not a single byte.
+    void AskForBackup(std::function<bool()> hasEvents) { backupHasEvents_ = std::move(hasEvents); }
+    // Called with the events that a reload made disappear although no command of this program removed them.
+    void OnGone(std::function<void(const std::vector<clsEvent>&)> gone) { onGone_ = std::move(gone); }
+    // Called after each time that the memory was changed by what somebody else had saved.
+    void OnReload(std::function<void()> reloaded) { onReload_ = std::move(reloaded); }
+
     // Empties the memory and forgets the file, before another one takes its place.
     void Forget();
     // As long as the file is not there, SaveDB does not make it: its events are in an older file that could
@@ -44,7 +88,9 @@ public:
 
     std::int32_t RecordCount() const { return static_cast<std::int32_t>(events_.size()); }
     // Marks the event deleted, if there is one, and saves in any case.
-    void DeleteRecord(std::string_view code);
+    void DeleteRecord(std::string_view code) { DeleteRecords(std::span(&code, 1)); }
+    // Many with one save.
+    void DeleteRecords(std::span<const std::string_view> codes);
     // The event itself, or null; valid until the collection changes.
     clsEvent* ReadEvent(std::string_view code);
     // Takes the place of the event with the same code, at the end of the collection; an event without a code,
@@ -68,8 +114,8 @@ public:
     void ForeignFileFilter(bool on) { foreignFileFilter_ = on; }
     // What follows every save while sharing is on; empty while it is off.
     void CopyToShared(std::function<void()> copy) { copyToShared_ = std::move(copy); }
-    // The folder that keeps a version of the file which somebody else saved and this database would write
-    // over without having read it. Without a folder it is written over.
+    // The folder that keeps what a merge with somebody else's version of the file has to give up. Without one
+    // it is given up.
     void KeepOverwrittenIn(std::string folder) { overwritten_.KeepIn(std::move(folder)); }
     // Marks every event of that owner as deleted, in memory.
     void MarkRecordsByOwner(std::string_view owner);
@@ -84,36 +130,64 @@ private:
     static constexpr std::string_view kModule = "clsDbXml";
 
     using Position = std::vector<clsEvent>::iterator;
-    // An event that was stored while the file could not be read.
-    struct Waiting {
-        std::string code;
-        bool isNew;
-    };
 
     Position Find(std::string_view code);
     std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
-    void LoadFrom(const std::string& user, const std::string& path);
-    void LoadWatched(const std::string& path);
-    void ReadFile(std::vector<clsEvent>& events) const;
-    void ReadEvents(std::vector<clsEvent>& events) const;
-    void StoreWaiting(std::vector<clsEvent> before);
-    bool MustNotWrite() const;
+    bool IsReadable() const { return state_ == FileState::Fine || state_ == FileState::Vanished; }
+    std::string UnusedCode(const std::vector<clsEvent>& events);
+    bool IsTaken(const std::string& code);
+
+    void Reload(bool fresh);
+    void Append();
+    void LookForMissing(bool fresh);
+    void TakeIn(std::vector<clsEvent> file, bool fresh);
+    void KeepWhatGivesWay(const EventMerge::Result& merged) const;
+    void TellGone(std::vector<clsEvent> gone, const std::vector<clsEvent>& before);
+    void CouldNotRead(FileState state, const ErrorInfo& error);
+    void ReadFile(const std::string& path, std::vector<clsEvent>& events);
+    void CheckRead(const EventFileReader& reader) const;
+    void GiveRepeatedNewCodes(std::vector<clsEvent>& events);
+
+    bool MayWrite();
+    bool KeepsUnknown();
+    bool Write();
     bool WriteFile();
+    bool FileHolds(std::uint64_t print);
+
+    void ReadUsers(const SharedFolder& folder, const std::string& listFile);
+    std::vector<clsEvent> LoadFrom(const std::string& user, const std::string& path);
 
     StorageServices services_;
     std::string fileName_;
     std::vector<clsEvent> events_;
     EventCodes codes_;
+    EventMerge::Memory known_;
+    bool unconfirmed_ = false;  // no look has found yet what was saved
+    std::map<std::pair<std::string, int>, std::string>
+        newCodes_;  // for repeated ones, until the file has them
+
     std::optional<FileTime> lastKnownDate_;
-    std::string unreadFile_;  // the last load of it failed, so that it must not be written over
+    bool isKnown_ = false;                      // the file was asked for, or written
+    bool isThere_ = false;                      // the file, when it was last read or written
+    std::optional<std::uint64_t> eventsPrint_;  // of the events that the file holds
+    std::uint64_t contentPrint_ = 0;            // of its bytes
+    bool isOurText_ = false;                    // the bytes are those that a save would write
+    FileState state_ = FileState::Fine;
+    std::optional<ErrorInfo> readFault_;
+    std::optional<ErrorInfo> saveFault_;
+    std::string toldFault_;
     std::string missingFile_;
-    std::vector<Waiting> waiting_;
-    bool unsaved_ = false;
-    WatchedFiles watched_;  // empty until LoadMultiple
+
+    WatchedFiles watched_;            // empty until LoadMultiple
+    std::vector<std::string> users_;  // as the list had them
     std::vector<std::string> sources_;
     bool foreignFileFilter_ = false;
     std::function<void()> copyToShared_;
     OverwrittenVersions overwritten_;
+    clsDbXml* other_ = nullptr;
+    std::function<bool()> backupHasEvents_;
+    std::function<void(const std::vector<clsEvent>&)> onGone_;
+    std::function<void()> onReload_;
 };
 
 }  // namespace kaz

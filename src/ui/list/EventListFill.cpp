@@ -56,10 +56,7 @@ void EventListFill::AddExpired(std::int16_t category) {
     if (!app_.expired) return;
     // Read only when it is not what the memory holds: an event that could not be saved yet must not be lost.
     const std::string file = JoinPath(app_.DataPath(), kExpiredFile);
-    if (app_.expired->DBFilename() == file)
-        app_.expired->LoadDBIfChanged(file);
-    else
-        app_.expired->LoadDB(file);
+    if (app_.expired->DBFilename() != file || app_.expired->DatabaseChanged()) app_.expired->LoadDB(file);
     for (clsEvent& event : app_.expired->AllEvents())
         if (!event.Deleted && Passes(event, category)) Add(event, EventSource::Expired);
 }

@@ -35,10 +35,12 @@ void frmMain::TimerRefresh_Timer() {
 void frmMain::ReloadChangedFiles() {
     bool changed = std::exchange(app_.mainListIsStale, false);
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
-        if (!database || !database->DatabaseChanged()) continue;
+        if (!database) continue;
+        const bool isNew = database->DatabaseChanged();
+        // Also when it has not: a change counts as saved once a look has found it.
         database->LoadDBIfChanged(database->DBFilename());
         // A file that could not be read still counts as changed: it is tried again on the next tick.
-        changed = changed || !database->DatabaseChanged();
+        changed = changed || (isNew && !database->DatabaseChanged());
     }
     if (app_.LoadShared()) changed = true;
     if (changed) Refill(std::nullopt);

@@ -14,11 +14,13 @@ namespace {
 
 using testing::AllOf;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;
+using testing::UnorderedElementsAreArray;
 
 const std::string kFile = "C:\\Data\\Events.xml";
 const std::string kLog = "C:\\KAZ\\log.txt";
@@ -49,17 +51,36 @@ protected:
         return OwnersOf(database.AllEvents());
     }
     std::string OnDisk() const { return machine.files.Text(kFile); }
+    static std::vector<clsEvent> Alive(const clsDbXml& database) {
+        std::vector<clsEvent> alive = database.AllEvents();
+        std::erase_if(alive, [](const clsEvent& event) { return event.Deleted; });
+        return alive;
+    }
+    static int CountOf(const std::string& text, std::string_view what) {
+        return static_cast<int>(Split(text, what).size()) - 1;
+    }
 };
 
-TEST_F(EventDatabase, LoadsInFileOrderAndSavesTheSameFile) {
-    const std::string text = FileOf({Event("000002"), Event("000001"), Event("000002", "Bob")});
+TEST_F(EventDatabase, LoadsInFileOrderAndLeavesAFileAloneThatItWouldWriteTheSame) {
+    const std::string text = FileOf({Event("000002"), Event("000001"), Event("000003", "Bob")});
     machine.files.Put(kFile, text);
     clsDbXml database = Database();
     database.LoadDB(kFile);
     EXPECT_EQ(database.DBFilename(), kFile);
-    EXPECT_THAT(Codes(database), ElementsAre("000002", "000001", "000002"));
-    EXPECT_EQ(database.ReadEvent("000002"), &database.AllEvents()[0]);
+    EXPECT_THAT(Codes(database), ElementsAre("000002", "000001", "000003"));
     EXPECT_EQ(database.ReadEvent("2"), nullptr);
+    const int written = machine.files.written;
+    int copied = 0;
+    database.CopyToShared([&] { ++copied; });
+    EXPECT_TRUE(database.SaveDB());
+    EXPECT_TRUE(database.SaveDB());
+    EXPECT_EQ(machine.files.written, written);
+    EXPECT_EQ(copied, 2);
+    // The same events, said in another way.
+    machine.files.Put(kFile, ReplaceAll(text, "<Layer>0<", "<Layer>00<"));
+    EXPECT_TRUE(database.SaveDB());
+    EXPECT_EQ(OnDisk(), text);
+    machine.files.Remove(kFile);
     EXPECT_TRUE(database.SaveDB());
     EXPECT_EQ(OnDisk(), text);
     EXPECT_EQ(machine.files.OpenFiles(), 0);
@@ -104,11 +125,6 @@ TEST_F(EventDatabase, StartsEmptyWhenThereIsNoFile) {
     EXPECT_EQ(database.RecordCount(), 0);
     EXPECT_TRUE(database.SaveDB());
     EXPECT_EQ(OnDisk(), EventXml::kProlog);
-
-    database.StoreRecord(Event("1"));
-    machine.files.Remove(kFile);
-    database.LoadDB(kFile);
-    EXPECT_EQ(database.RecordCount(), 0);
 }
 
 TEST_F(EventDatabase, SeesAChangeOfTheFileInEitherDirection) {
@@ -126,85 +142,211 @@ TEST_F(EventDatabase, SeesAChangeOfTheFileInEitherDirection) {
     machine.files.At(kFile).time -= 50;
     EXPECT_TRUE(database.DatabaseChanged());
     database.LoadDBIfChanged(kFile);
-    database.AllEvents().clear();
-    database.LoadDBIfChanged(kFile);
-    EXPECT_EQ(database.RecordCount(), 0);
-}
-
-TEST_F(EventDatabase, NeverWritesOverAFileThatCouldNotBeRead) {
-    const std::string text = FileOf({Event("000001"), Event("000002")});
-    machine.files.Put(kFile, text);
-    machine.files.At(kFile).locked = true;
-    clsDbXml database = Database();
-    database.LoadDB(kFile);
-    EXPECT_EQ(database.RecordCount(), 0);
-    EXPECT_THAT(Log(), AllOf(HasSubstr("Error 70 (Permission denied) in LoadDB of clsDbXml"),
-                             HasSubstr("Unable to read events from " + kFile)));
-
-    // What is stored meanwhile is not lost, nor does it take the place of what the file holds.
-    machine.random.script = {0.00001, 0.00009};
-    database.StoreRecord(Event(""));
-    ASSERT_EQ(database.AllEvents()[0].IDCode, "000001");
-    database.StoreRecord(Event("000003"));
-    database.StoreRecord(Event("000003"));
-    EXPECT_FALSE(database.SaveDB());
-    EXPECT_THAT(Log(), HasSubstr("Unable to write events. " + kFile + " could not be read."));
-    EXPECT_EQ(OnDisk(), text);
-
-    machine.files.At(kFile).locked = false;
-    EXPECT_FALSE(database.SaveDB());
-    EXPECT_TRUE(database.DatabaseChanged());
-    database.LoadDBIfChanged(kFile);
-    EXPECT_THAT(Codes(database), ElementsAre("000001", "000002", "000009", "000003"));
-    EXPECT_EQ(OnDisk(), FileOf(database.AllEvents()));
     EXPECT_FALSE(database.DatabaseChanged());
-    EXPECT_TRUE(database.SaveDB());
 }
 
-TEST_F(EventDatabase, KeepsTheEventsWhenAReloadFails) {
-    machine.files.Put(kFile, FileOf({Event("1"), Event("2")}));
-    clsDbXml database = Database();
-    database.LoadDB(kFile);
-    for (int failing = 1; failing <= 2; ++failing) {
-        machine.files.faults.FailAt(failing);
-        database.LoadDB(kFile, failing == 2);
-        EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
-        EXPECT_FALSE(database.SaveDB());
+// Every way in which a file can fail, before it was ever read and while the program runs. What stood in the
+// file and what was done meanwhile are both there once the fault is over.
+TEST_F(EventDatabase, WhatCannotBeReadIsNotEmptyAndNotWrittenOver) {
+    struct Fault {
+        const char* name;
+        FileState state;
+        std::function<std::string(std::string)> damage;
+    };
+    const auto half = [](const std::string& text) { return text.substr(0, text.size() / 2); };
+    const std::vector<Fault> faults{
+        {"locked", FileState::NotRead, {}},
+        {"folder away", FileState::FolderAway, {}},
+        {"back without its file", FileState::NotBack, {}},
+        {"set aside", FileState::SetAside, {}},
+        {"only zeros", FileState::Damaged, [](auto text) { return std::string(text.size(), '\0'); }},
+        {"zeros in its second half", FileState::Damaged,
+         [&](auto text) { return half(text) + std::string(text.size() / 2, '\0'); }},
+        {"a sector of zeros", FileState::Damaged,
+         [](auto text) { return text.replace(700, 1100, 1100, '\0'); }},
+        {"empty", FileState::Damaged, [](auto) { return std::string(); }},
+        {"UTF-16", FileState::Damaged,
+         [](auto text) {
+             std::string wide = "\xFF\xFE";
+             for (const char c : text)
+                 wide.append({c, '\0'});
+             return wide;
+         }},
+        {"another program's", FileState::Damaged, [](auto) { return "PK\3\4 <html><body>"; }},
+        {"cut in a field", FileState::Damaged, [&](auto text) { return half(text); }},
+        {"cut in a tag", FileState::Damaged, [](auto text) { return text.substr(0, text.size() - 3); }},
+        {"cut in an end tag", FileState::Damaged, [](auto text) { return text.substr(0, text.size() - 15); }},
+        {"cut, in lower case", FileState::Damaged,
+         [](auto text) { return ReplaceAll(text.substr(0, text.size() - 60), "EVENT>", "event>"); }},
+    };
+    const std::string text = FileOf({Event("000001"), Event("000002"), Event("000003")});
+    for (const Fault& fault : faults)
+        for (const bool isRunning : {false, true}) {
+            SCOPED_TRACE(std::string(fault.name) + (isRunning ? ", running" : ", at the start"));
+            const bool away = fault.state == FileState::FolderAway || fault.state == FileState::NotBack;
+            // Running, the memory is the last good copy, and at a start an old file is converted.
+            const bool saves =
+                isRunning ? fault.state == FileState::NotBack : fault.state == FileState::SetAside;
+            for (const std::string& path : machine.files.Files())
+                machine.files.Remove(path);
+            machine.files.Put(kFile, text);
+            clsDbXml database = Database();
+            database.AskForBackup([] { return true; });
+            if (isRunning) database.LoadDB(kFile);
+            if (fault.damage) machine.files.Put(kFile, fault.damage(text));
+            machine.files.At(kFile).locked = fault.state == FileState::NotRead;
+            if (fault.state == FileState::SetAside) machine.files.Put("C:\\Data\\Events.dat", "old");
+            if (away || fault.state == FileState::SetAside) machine.files.Remove(kFile);
+            if (away) machine.files.Remove("C:\\Data");
+            const std::string before = OnDisk();
+
+            database.LoadDB(kFile);
+            if (fault.state == FileState::NotBack) machine.files.CreateFolder("C:\\Data");
+            machine.random.script = {0.00009};
+            database.StoreRecord(Event(""));
+            if (isRunning) {
+                database.ReadEvent("000001")->Desc("Changed");
+                database.DeleteRecord("000002");
+            }
+            EXPECT_EQ(database.SaveDB(), saves);
+            database.LoadDBIfChanged(kFile);
+            if (!saves) {
+                EXPECT_EQ(database.State(), fault.state);
+                EXPECT_EQ(OnDisk(), before);
+                EXPECT_TRUE(database.SaveFault());
+                EXPECT_EQ(database.Unsaved().stored.size(), isRunning ? 2U : 1U);
+                EXPECT_EQ(database.Unsaved().removed.size(), isRunning ? 1U : 0U);
+                EXPECT_THAT(DescriptionsOf(database.Unsaved().removed),
+                            ElementsAreArray(std::vector<std::string>(isRunning, "Event 000002")));
+                EXPECT_EQ(CountOf(Log(), "Unable to read events"),
+                          fault.state == FileState::SetAside ? 0 : 1);
+                machine.files.Put(kFile, text);
+                machine.files.At(kFile).locked = false;
+                EXPECT_TRUE(database.DatabaseChanged());
+                database.LoadDBIfChanged(kFile);
+            }
+            EXPECT_EQ(database.State(), FileState::Fine);
+            EXPECT_FALSE(database.HasUnsaved());
+            EXPECT_FALSE(database.SaveFault());
+            EXPECT_EQ(OnDisk(), FileOf(Alive(database)));
+            const std::vector<std::string> all{"Event 000001", "Event 000002", "Event 000003", "Event "};
+            const std::vector<std::string> worked{"Changed", "Event 000003", "Event "};
+            EXPECT_THAT(DescriptionsOf(Alive(database)),
+                        UnorderedElementsAreArray(isRunning ? worked
+                                                  : saves   ? std::vector{all[3]}
+                                                            : all));
+            machine.files.Remove(kLog);
+        }
+}
+
+// What one and the same event becomes, or "-" when it is no more: here, and in what another program wrote.
+TEST_F(EventDatabase, AReloadPutsWhatIsNotSafeYetOnTop) {
+    enum class Ours { Unsaved, Saved, Confirmed };
+    struct Row {
+        std::string before, ours;
+        Ours isSaved;
+        std::string theirs, after;
+        const char* kept;  // what of the other version can be found again
+    };
+    const std::vector<Row> rows{
+        {"b", "b", Ours::Unsaved, "t", "t", ""},
+        {"b", "b", Ours::Unsaved, "-", "-", "before events went"},
+        {"b", "o", Ours::Unsaved, "b", "o", ""},
+        {"b", "o", Ours::Unsaved, "-", "o", ""},
+        {"b", "o", Ours::Unsaved, "t", "o", "changed by another"},
+        {"b", "o", Ours::Saved, "b", "o", ""},
+        {"b", "o", Ours::Saved, "-", "o", ""},
+        {"b", "o", Ours::Saved, "t", "t", "changed here and by another"},
+        {"b", "o", Ours::Confirmed, "b", "b", ""},
+        {"b", "-", Ours::Unsaved, "b", "-", ""},
+        {"b", "-", Ours::Unsaved, "t", "t", ""},
+        {"b", "-", Ours::Saved, "b", "-", ""},
+        {"b", "-", Ours::Saved, "t", "t", ""},
+        {"b", "-", Ours::Confirmed, "b", "b", ""},
+        {"-", "o", Ours::Unsaved, "-", "o", ""},
+        {"-", "o", Ours::Saved, "-", "o", ""},
+        {"-", "o", Ours::Confirmed, "-", "-", "before events went"},
+    };
+    const auto version = [](const std::string& text) {
+        clsEvent event = Event("000001");
+        event.Desc(text);
+        return event;
+    };
+    const auto fileOf = [&](const std::string& text) {
+        std::vector<clsEvent> events{Event("000002")};
+        if (text != "-") events.push_back(version(text));
+        return FileOf(events);
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.before + " " + row.ours + std::to_string(static_cast<int>(row.isSaved)) +
+                     row.theirs);
+        for (const std::string& path : machine.files.Files())
+            machine.files.Remove(path);
+        machine.files.Put(kFile, fileOf(row.before));
+        clsDbXml database = Database();
+        database.KeepOverwrittenIn("C:\\Kept");
+        std::size_t gone = 0;
+        database.OnGone([&](const auto& events) { gone += events.size(); });
+        database.LoadDB(kFile);
+        if (row.ours == "-")
+            database.ReadEvent("000001")->Deleted = true;
+        else
+            database.StoreRecord(version(row.ours));
+        EXPECT_EQ(database.HasUnsaved(), row.ours != row.before);
+        EXPECT_TRUE(row.isSaved == Ours::Unsaved || database.SaveDB());
+        if (row.isSaved == Ours::Confirmed) database.LoadDBIfChanged(kFile);
+        machine.files.Put(kFile, fileOf(row.theirs));
+        database.LoadDBIfChanged(kFile);
+
+        EXPECT_FALSE(database.HasUnsaved());
+        EXPECT_EQ(OnDisk(), fileOf(row.after));
+        const std::vector<std::string> kept = machine.files.FilesIn("C:\\Kept");
+        EXPECT_EQ(kept.size(), *row.kept ? 1U : 0U);
+        EXPECT_THAT(kept, testing::Each(HasSubstr("Events (" + std::string(row.kept) + ", ")));
+        EXPECT_EQ(gone, std::string_view(row.kept).starts_with("before") ? 1U : 0U);
     }
-    // A share that has gone is no empty database either.
-    machine.files.Remove(kFile);
-    machine.files.Remove("C:\\Data");
+}
+
+TEST_F(EventDatabase, ACodeBelongsToOneEvent) {
+    clsDbXml database = Database();
+    clsDbXml expired = Database();
+    database.PairWith(expired);
+    expired.PairWith(database);
+    expired.StoreRecord(Event("000007"));
+    machine.files.Put(kFile, FileOf({Event("000001"), OneOff("000001", "Second", DateValue(1))}));
+    machine.random.script = {0.00007, 0.00005};
     database.LoadDB(kFile);
-    EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
-    EXPECT_FALSE(database.SaveDB());
-    machine.files.CreateFolder("C:\\Data");
+    database.LoadDB(kFile);
+    EXPECT_THAT(Codes(database), ElementsAre("000001", "000005"));
+    EXPECT_EQ(CountOf(Log(), "One of the events gets the code 000005"), 1);
     EXPECT_TRUE(database.SaveDB());
-    EXPECT_TRUE(database.SaveDB());
-    // And a folder is no file.
-    machine.files.CreateFolder("C:\\Data\\Other.xml");
-    database.LoadDB("C:\\Data\\Other.xml");
-    EXPECT_FALSE(database.SaveDB());
-    EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
-    // Nor does half of a file join the others.
-    machine.files.Put("C:\\Data\\Many.xml", FileOf(std::vector<clsEvent>(1000, Event("3"))));
-    machine.files.faults.FailAt(4);
-    database.LoadDB("C:\\Data\\Many.xml", true);
-    EXPECT_TRUE(machine.files.faults.Struck());
-    EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
+    EXPECT_EQ(OnDisk(), FileOf(database.AllEvents()));
+
+    // Another machine has given the same code to another event.
+    database.StoreRecord(OneOff("000009", "Ours", DateValue(1)));
+    machine.files.Put(kFile, FileOf({OneOff("000009", "Theirs", DateValue(2))}));
+    database.LoadDBIfChanged(kFile);
+    EXPECT_THAT(DescriptionsOf(database.AllEvents()), ElementsAre("Theirs", "Ours"));
+
+    EventChanges rescued;
+    rescued.stored = {OneOff("000009", "Theirs, changed", DateValue(2)), Event("000007"), Event("000009")};
+    rescued.removed = {std::as_const(database).AllEvents()[1], Event("000001")};
+    database.PutOnTop(rescued);
+    EXPECT_THAT(DescriptionsOf(Alive(database)),
+                ElementsAre("Theirs, changed", "Event 000007", "Event 000009"));
+    EXPECT_THAT(Codes(database), testing::Not(testing::Contains("000007")));
 }
 
 // Each operation that a save is made of fails in turn. Before the second save another program changes the
-// file, so that its version has to be kept first.
+// file, so that its version has to be read first.
 TEST_F(EventDatabase, WhateverStepOfASaveFailsNothingIsLost) {
     using Lasts = FaultInjector::Lasts;
     const std::string before = FileOf({Event("1")});
-    const std::string after = FileOf({Event("1"), Event("2")});
-    const std::string anothers = FileOf({Event("3")});
+    const std::string anothers = FileOf({Event("1"), Event("3")});
     const auto saveWithFault = [&](int n, ErrorNumber error, Lasts lasts, bool changed) {
         SCOPED_TRACE(n);
         machine.files.Put(kFile, before);
         clsDbXml database = Database();
-        database.KeepOverwrittenIn("C:\\Kept");
         database.LoadDB(kFile);
         database.StoreRecord(Event("2"));
         if (changed) machine.files.Put(kFile, anothers);
@@ -215,25 +357,22 @@ TEST_F(EventDatabase, WhateverStepOfASaveFailsNothingIsLost) {
         machine.files.faults.FailAt(0);
 
         EXPECT_TRUE(saved || struck);
+        EXPECT_EQ(saved, !database.SaveFault());
+        EXPECT_EQ(saved, !database.HasUnsaved());
         if (!saved && lasts == Lasts::Once) {
-            EXPECT_THAT(Log(), testing::AnyOf(HasSubstr("in SaveDB of clsDbXml"), HasSubstr(kReadOnly)));
+            EXPECT_THAT(Log(), testing::AnyOf(HasSubstr("in SaveDB of clsDbXml"), HasSubstr(kReadOnly),
+                                              HasSubstr("Unable to write events.")));
             EXPECT_THAT(machine.files.FilesIn("C:\\Data"), ElementsAre("Events.xml"));
         }
         machine.files.LosePower();
-        EXPECT_EQ(OnDisk(), saved ? after : changed ? anothers : before);
-        EXPECT_THAT(Codes(database), ElementsAre("1", "2"));
-        EXPECT_TRUE(changed || !database.DatabaseChanged());
+        EXPECT_EQ(OnDisk(), saved ? FileOf(database.AllEvents()) : changed ? anothers : before);
+        EXPECT_THAT(Codes(database), testing::IsSupersetOf({"1", "2"}));
 
         EXPECT_TRUE(database.SaveDB());
-        EXPECT_EQ(OnDisk(), after);
-        std::vector<std::string> kept;
-        for (const std::string& path : machine.files.Files()) {
-            if (path.starts_with("C:\\Kept") && path.ends_with(".xml"))
-                kept.push_back(machine.files.Text(path));
+        EXPECT_EQ(OnDisk(),
+                  changed ? FileOf({Event("1"), Event("3"), Event("2")}) : FileOf({Event("1"), Event("2")}));
+        for (const std::string& path : machine.files.Files())
             machine.files.Remove(path);
-        }
-        EXPECT_THAT(kept, testing::Each(anothers));
-        EXPECT_EQ(kept.empty(), !changed);
         return struck;
     };
     for (const ErrorNumber error :
@@ -243,7 +382,7 @@ TEST_F(EventDatabase, WhateverStepOfASaveFailsNothingIsLost) {
                 int n = 1;
                 while (saveWithFault(n, error, lasts, changed))
                     ++n;
-                EXPECT_GT(n, changed ? 10 : 5);
+                EXPECT_GT(n, changed ? 7 : 5);
             }
 }
 
@@ -338,6 +477,7 @@ TEST_F(EventDatabase, ChangesOwnersInBulk) {
     clsDbXml database = Database();
     const auto reload = [&] {
         machine.files.Put(kFile, FileOf({Event("1", "Bob"), Event("2", " BOB "), Event("3", "Carl")}));
+        database.Forget();
         database.LoadDB(kFile);
     };
     reload();
@@ -350,8 +490,7 @@ TEST_F(EventDatabase, ChangesOwnersInBulk) {
     EXPECT_THAT(Owners(database), ElementsAre("Bob", " BOB ", "Carl deleted"));
     EXPECT_THAT(OnDisk(), Not(HasSubstr("Carl")));
     reload();
-    database.AllEvents().clear();
-    database.WipeRecordsByOwner("bob");  // reads the file again first
+    database.WipeRecordsByOwner("bob");
     EXPECT_THAT(Owners(database), ElementsAre("Bob deleted", " BOB  deleted", "Carl"));
     database.SetAllToSingleUser();
     EXPECT_THAT(OnDisk(), HasSubstr("<Owner>Single</Owner>"));

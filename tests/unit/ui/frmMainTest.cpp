@@ -66,17 +66,18 @@ TEST_F(frmMainTest, ExpiredEventsAreShownWhileTickedWithTheChosenCategory) {
     EXPECT_EQ("", Column(kEventColumn));
 }
 
-TEST_F(frmMainTest, TheExpiredFileIsReadAgainWhenAnotherProgramWroteItAndOnlyThen) {
+TEST_F(frmMainTest, WhatAnotherProgramWroteIntoTheExpiredFileJoinsWhatIsNotSaved) {
     Add(*app.expired, "old", -3);
     ASSERT_TRUE(app.expired->SaveDB());
+    app.expired->LoadDBIfChanged("C:\\KAZ\\Expired.xml");
     const std::string saved = machine.files.Text("C:\\KAZ\\Expired.xml");
     Add(*app.expired, "not saved yet", -2);
     Open();
     window->Toggle(IDC_chkExpired);
     EXPECT_EQ("old|not saved yet", Column(kEventColumn));
-    machine.files.Put("C:\\KAZ\\Expired.xml", saved);
+    machine.files.Put("C:\\KAZ\\Expired.xml", ReplaceAll(saved, "<Desc>old<", "<Desc>older<"));
     window->Click(IDM_REFRESH);
-    EXPECT_EQ("old", Column(kEventColumn));
+    EXPECT_EQ("older|not saved yet", Column(kEventColumn));
 }
 
 TEST_F(frmMainTest, SharedEventsOfOthersAreBroughtUpToDateInANetworkOnly) {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "storage/EventDigest.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kaz {
+
+// What a file is known to hold, each event as its code and its digest.
+class KnownEvents {
+public:
+    struct Entry {
+        std::string code;
+        EventDigest digest;
+    };
+
+    KnownEvents() = default;
+    // Without the events that are marked deleted, since these are never written.
+    explicit KnownEvents(const std::vector<clsEvent>& events);
+
+    const std::vector<Entry>& Entries() const { return entries_; }
+    // Null when there is no event with that code.
+    const EventDigest* Find(std::string_view code) const;
+    // Whether these are the events, in whatever order.
+    bool AreAllOf(const std::vector<clsEvent>& events) const;
+
+private:
+    std::vector<Entry> entries_;
+    mutable std::vector<std::uint32_t> byCode_;  // made for the first search
+};
+
+}  // namespace kaz
