@@ -7,6 +7,8 @@
 #include "reminders/ReminderWindows.h"
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 namespace kaz {
 
@@ -15,6 +17,9 @@ namespace {
 // The most minutes after which a file is still run: those by which a clock is put forward in spring. Much
 // later it would do its work where nobody expects it any more.
 constexpr int kLatestRun = 60;
+
+// Each pass takes at least half of those that wait, so these leave none out of any database.
+constexpr int kAllPasses = 32;
 
 // The minute in which the event's alarm rings. An alarm time with a date or seconds never does.
 std::optional<DateValue> AlarmMinute(const clsEvent& event) {
@@ -36,7 +41,9 @@ bool clsReminder::IsExpired(DateValue dueDate, std::optional<DateValue> asOf) co
     return dueDate < asOf.value_or(services_.clock.Today());
 }
 
-void clsReminder::UpdateAllEvents() {
+void clsReminder::UpdateAllEvents() { Update(1); }
+
+void clsReminder::Update(int passes) {
     if (!services_.events) return;
     ErrorTrap trap(services_.log, "UpdateAllEvents", kModule);
     const DateValue today = services_.clock.Today();
@@ -48,7 +55,8 @@ void clsReminder::UpdateAllEvents() {
     std::vector<std::size_t> retired;
     std::vector<std::string> lines;
 
-    const auto examine = [&](clsEvent& event, std::size_t position) {
+    const auto examine = [&](std::size_t position) {
+        clsEvent& event = events[position];
         if (event.Deleted) return;
         event.CalcDaysLeft(today);
         if (!IsExpired(event.DueDate(), today)) return;
@@ -64,11 +72,26 @@ void clsReminder::UpdateAllEvents() {
             retired.push_back(position);
         }
     };
-    for (std::size_t position = 0; position < events.size(); ++position) {
-        trap([&] { examine(events[position], position); });
-        // Kept on purpose: the position advances also after a removal, so the event that takes the place of a
-        // removed one waits for the next pass.
-        if (!retired.empty() && retired.back() == position) ++position;
+    // The passes come before the one saving of both files, and later ones only to what was left out.
+    std::vector<std::size_t> places(events.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::vector<bool> examined(events.size());
+    for (bool removed = true; removed && passes > 0; --passes) {
+        const std::vector<std::size_t> before = std::exchange(places, {});
+        for (std::size_t place = 0; place < before.size(); ++place) {
+            const std::size_t position = before[place];
+            const std::size_t count = retired.size();
+            if (!examined[position]) trap([&] { examine(position); });
+            examined[position] = true;
+            if (retired.size() == count) {
+                places.push_back(position);
+                continue;
+            }
+            // Kept on purpose: the place advances also after a removal, so the event that moves up into the
+            // place of a removed one waits for the next pass.
+            if (++place < before.size()) places.push_back(before[place]);
+        }
+        removed = places.size() < before.size();
     }
     services_.log.LogEvents(lines);
 
@@ -83,8 +106,9 @@ void clsReminder::UpdateAllEvents() {
     trap([&] { services_.events->SaveDB(); });
 }
 
-void clsReminder::RemoveRetired(const std::vector<std::size_t>& positions) {
+void clsReminder::RemoveRetired(std::vector<std::size_t> positions) {
     if (positions.empty()) return;
+    std::sort(positions.begin(), positions.end());
     std::vector<clsEvent>& events = services_.events->AllEvents();
     std::size_t kept = positions.front();
     auto next = positions.begin();
@@ -98,7 +122,7 @@ void clsReminder::RemoveRetired(const std::vector<std::size_t>& positions) {
 }
 
 void clsReminder::DisplayReminders() {
-    UpdateAllEvents();
+    Update(kAllPasses);
     ErrorTrap trap(services_.log, "DisplayReminders", kModule);
     const DateValue today = services_.clock.Today();
     trap([&] { ShowUpcoming(today); });

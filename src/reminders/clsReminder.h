@@ -17,21 +17,26 @@ public:
     explicit clsReminder(const ReminderServices& services) : services_(services) {}
 
     // Moves recurring events whose day has passed on to their next day and the others to the expired
-    // database, then saves both. Without an events database it does nothing.
+    // database, then saves both. It is one pass, which leaves out some. Without an events database it does
+    // nothing.
     void UpdateAllEvents();
-    // After an update, shows the events that come up within their days of warning and those of today. A
-    // window without any is closed.
+    // After as many passes as leave none out, shows the events that come up within their days of warning and
+    // those of today. A window without any is closed; one that has shown the same on this day already stays
+    // as the user left it.
     void DisplayReminders();
     // Shows the events of the database whose alarm minute is now and runs the files of those that have one.
     // With the time of the pass before, also those whose minute has come and gone since then, a day at most.
     void DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass = {});
+    // The first minute after this one in which an alarm of the database rings, as its events stand now.
+    std::optional<DateValue> NextAlarm(const clsDbXml& database) const;
 
 private:
     static constexpr std::string_view kModule = "clsReminder";
 
     // `asOf` is today unless given; the day itself is not past.
     bool IsExpired(DateValue dueDate, std::optional<DateValue> asOf = {}) const;
-    void RemoveRetired(const std::vector<std::size_t>& positions);
+    void Update(int passes);
+    void RemoveRetired(std::vector<std::size_t> positions);
     void ShowUpcoming(DateValue today);
     void ShowTodays(DateValue today);
 

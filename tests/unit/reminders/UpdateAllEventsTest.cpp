@@ -44,6 +44,23 @@ TEST(UpdateAllEvents, TheEventAfterARemovedOneWaitsForTheNextPass) {
     EXPECT_THAT(DescriptionsOf(desk.expired.AllEvents()), ElementsAre("A", "C", "B"));
 }
 
+TEST(UpdateAllEvents, BeforeRemindersAreShownNothingWaitsForAnotherPass) {
+    ReminderDesk desk;
+    for (const char* name : {"A", "B", "C", "D", "E"})
+        desk.Add(name, -1);
+    desk.Add("R", -1).Recurring(true);
+    clsEvent& bad = desk.Add("Bad", -1);
+    bad.Recurring(true);
+    bad.RecurrenceType(RecurWeekdays);
+    const int before = desk.machine.files.written;
+    desk.Engine().DisplayReminders();
+    EXPECT_THAT(desk.OnDisk("Events.xml"), ElementsAre("R", "Bad"));
+    EXPECT_THAT(desk.OnDisk("Expired.xml"), ElementsAre("A", "C", "E", "B", "D"));
+    EXPECT_THAT(desk.List("TODAY!"), ElementsAre("R"));
+    // The two files, and the log with the one error, with what expired and with what is shown.
+    EXPECT_EQ(desk.machine.files.written - before, 5);
+}
+
 TEST(UpdateAllEvents, ABadRuleIsOneErrorAndStopsNothing) {
     ReminderDesk desk;
     clsEvent& bad = desk.Add("Bad", -1);
