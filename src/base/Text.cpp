@@ -32,6 +32,17 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
     return result.append(text);
 }
 
+std::string OneLine(std::string_view text) {
+    std::string line;
+    line.reserve(text.size());
+    for (const char c : text)
+        if (!IsControl(c))
+            line += c;
+        else if (!line.empty() && line.back() != ' ')
+            line += ' ';
+    return std::string(Trim(line));
+}
+
 bool StringsEqual(std::string_view a, std::string_view b, const CaseFolding& folding) noexcept {
     return folding.Equal(Trim(a), Trim(b));
 }

@@ -21,6 +21,9 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view sepa
 
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);
 
+// The text on one line: a blank for each row of line breaks and other control characters, none at the ends.
+std::string OneLine(std::string_view text);
+
 // The text-equality test used for names: letter case and surrounding blanks do not matter.
 bool StringsEqual(std::string_view a, std::string_view b,
                   const CaseFolding& folding = CaseFolding::Western()) noexcept;

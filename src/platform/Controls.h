@@ -23,6 +23,8 @@ public:
     void SetFocus() { window_.SetFocus(id_); }
     // Selects the whole text of a text box.
     void HighlightText() { window_.SelectText(id_); }
+    // The most characters that the user can type into a text box.
+    void MaxLength(int characters) { window_.LimitText(id_, characters); }
 
 protected:
     Window& window_;

@@ -143,6 +143,8 @@ public:
     virtual void SetFocus(int control) = 0;
     // Selects the whole text of a text box.
     virtual void SelectText(int control) = 0;
+    // The most characters that the user can type into a text box.
+    virtual void LimitText(int control, int characters) = 0;
 
     // List boxes, combo boxes and tab strips; positions count from 0.
     virtual void SetItems(int control, const std::vector<std::string>& items) = 0;

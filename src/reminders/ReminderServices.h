@@ -23,6 +23,7 @@ class clsDbXml;
 
 // What the reminder windows work with; all of it outlives them.
 struct ReminderWindowServices {
+    const Clock& clock;
     WindowFactory& factory;
     OpenWindows& openWindows;
     ErrorSink& errors;

@@ -21,25 +21,29 @@ frmReminder& ReminderWindows::Open(ReminderKind kind) {
     const auto form = std::make_shared<frmReminder>(services_.factory.Create(IDD_REMINDER), services_);
     services_.openWindows.Add(form);
     forms_[static_cast<std::size_t>(kind)] = form;
-    if (kind == ReminderKind::Alarm) listed_.clear();
     return *form;
 }
 
 void ReminderWindows::Close(ReminderKind kind) {
     if (const auto form = Find(kind)) services_.openWindows.Unload(*form);
+    shown_[static_cast<std::size_t>(kind)].reset();
 }
 
-bool ReminderWindows::IsListed(const AlarmRinging& ringing) const {
-    return Find(ReminderKind::Alarm) && listed_.contains(ringing);
+bool ReminderWindows::HasShown(ReminderKind kind, DateValue day,
+                               const std::vector<std::string>& lines) const {
+    return shown_[static_cast<std::size_t>(kind)] == Showing{day, lines};
 }
 
-bool ReminderWindows::FirstRun(const AlarmRinging& ringing) {
+void ReminderWindows::SetShown(ReminderKind kind, DateValue day, std::vector<std::string> lines) {
+    shown_[static_cast<std::size_t>(kind)] = Showing{day, std::move(lines)};
+}
+
+void ReminderWindows::SetRung(const AlarmRinging& ringing) {
     // A pass can look back to the day before.
-    std::erase_if(
-        run_, [&](const AlarmRinging& old) { return std::abs(old.minute.Day() - ringing.minute.Day()) > 1; });
-    const bool first = run_.insert(ringing).second;
-    if (first) ++timesShown_;
-    return first;
+    std::erase_if(rung_, [&](const AlarmRinging& old) {
+        return std::abs(old.minute.Day() - ringing.minute.Day()) > 1;
+    });
+    if (rung_.insert(ringing).second) ++timesShown_;
 }
 
 std::shared_ptr<frmRunFile> ReminderWindows::OpenQuestion() const {

@@ -9,8 +9,10 @@
 #include <compare>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace kaz {
 
@@ -38,13 +40,15 @@ public:
     // Hides and unloads the window, if there is one.
     void Close(ReminderKind kind);
 
-    // Whether the open alarm window holds this ringing already; forgotten with the window.
-    bool IsListed(const AlarmRinging& ringing) const;
-    void SetListed(const AlarmRinging& ringing) { listed_.insert(ringing); }
+    // Whether the window has had these lines on that day, so that they disturb nobody again who has closed it
+    // or lets it sleep. On the next day they are news.
+    bool HasShown(ReminderKind kind, DateValue day, const std::vector<std::string>& lines) const;
+    void SetShown(ReminderKind kind, DateValue day, std::vector<std::string> lines);
 
-    // True for the first call of a ringing: a file that an alarm runs is run once, however many ticks see its
-    // minute.
-    bool FirstRun(const AlarmRinging& ringing);
+    // Whether this ringing has been listed or has run its file, however many ticks see its minute and whether
+    // or not its window has been closed since.
+    bool HasRung(const AlarmRinging& ringing) const { return rung_.contains(ringing); }
+    void SetRung(const AlarmRinging& ringing);
 
     // How often something has been shown or run since the start.
     int TimesShown() const { return timesShown_; }
@@ -60,8 +64,13 @@ private:
 
     ReminderWindowServices services_;
     std::array<std::weak_ptr<frmReminder>, 3> forms_;
-    std::set<AlarmRinging> listed_;
-    std::set<AlarmRinging> run_;
+    struct Showing {
+        DateValue day;
+        std::vector<std::string> lines;
+        bool operator==(const Showing&) const = default;
+    };
+    std::array<std::optional<Showing>, 3> shown_;
+    std::set<AlarmRinging> rung_;
     int timesShown_ = 0;
     std::deque<FileQuestion> waiting_;
     std::weak_ptr<frmRunFile> question_;

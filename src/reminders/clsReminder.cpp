@@ -143,9 +143,12 @@ void clsReminder::ShowUpcoming(DateValue today) {
         return;
     }
     services_.log.LogEvent("Showing upcoming reminders");
+    if (services_.windows.HasShown(ReminderKind::ComingUp, today, lines)) return;
     frmReminder& window = services_.windows.Open(ReminderKind::ComingUp);
-    if (window.ReplaceList(lines)) window.Wake();
+    window.ReplaceList(lines);
+    window.Wake();
     window.Heading("COMING UP");
+    services_.windows.SetShown(ReminderKind::ComingUp, today, std::move(lines));
 }
 
 void clsReminder::ShowTodays(DateValue today) {
@@ -162,11 +165,14 @@ void clsReminder::ShowTodays(DateValue today) {
         return;
     }
     services_.log.LogEvent("Showing today's reminders");
+    if (services_.windows.HasShown(ReminderKind::Today, today, lines)) return;
     frmReminder& window = services_.windows.Open(ReminderKind::Today);
     window.PlaySound = !sound.empty();
     window.SoundFile = sound;
-    if (window.ReplaceList(lines)) window.Wake();
+    window.ReplaceList(lines);
+    window.Wake();
     window.Heading("TODAY!");
+    services_.windows.SetShown(ReminderKind::Today, today, std::move(lines));
 }
 
 void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass) {
@@ -185,13 +191,14 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
             if (!minute || *minute < since || now < *minute) continue;
             const AlarmRinging ringing{&database, database.SourceOf(event), event.Owner(), event.IDCode,
                                        *minute};
+            if (services_.windows.HasRung(ringing)) continue;
             if (event.ExecFile) {
-                if (!services_.windows.FirstRun(ringing)) continue;
+                services_.windows.SetRung(ringing);
                 if (*minute >= now.PlusMinutes(-kLatestRun))
                     toRun.push_back(event);
                 else
                     services_.log.LogEvent("Not running " + event.Filename + " - its time has passed");
-            } else if (!services_.windows.IsListed(ringing)) {
+            } else {
                 lines.push_back(event.Desc());
                 listed.push_back(ringing);
                 // A sound of somebody else's choice would be looked for on his computer.
@@ -200,17 +207,16 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
         }
     });
 
-    // An alarm stays until the user closes it: a later pass adds what is new and neither empties nor hides
-    // the window. Kept on purpose: once closed, it is listed again by a further pass in its minute.
+    // An alarm stays until the user closes it, and then it is over: a later pass adds what is new, and
+    // neither empties nor hides the window, nor brings back what was closed.
     if (!lines.empty())
         trap([&] {
             frmReminder& window = services_.windows.Open(ReminderKind::Alarm);
             window.AddToList(lines);
             for (const AlarmRinging& ringing : listed)
-                services_.windows.SetListed(ringing);
+                services_.windows.SetRung(ringing);
             window.PlaySound = true;
             window.SoundFile = sound;
-            window.Wake();
             window.Heading("ALARM!");
             window.ShowOnTop();
         });
@@ -221,6 +227,15 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
         // Without a source it is a copy of what this user shares, and the original has run.
         if (!ofOthers || !source.empty()) files.Run(event, ofOthers ? source : "");
     }
+}
+
+std::optional<DateValue> clsReminder::NextAlarm(const clsDbXml& database) const {
+    const DateValue now = services_.clock.Now().ToMinute();
+    std::optional<DateValue> next;
+    for (const clsEvent& event : database.AllEvents())
+        if (const auto minute = AlarmMinute(event); minute && *minute > now && (!next || *minute < *next))
+            next = minute;
+    return next;
 }
 
 }  // namespace kaz

@@ -1,15 +1,21 @@
 #include "reminders/frmReminder.h"
 
 #include "base/Numbers.h"
+#include "base/Text.h"
 #include "platform/Files.h"
 #include "storage/clsSounds.h"
+
+#include <algorithm>
 
 namespace kaz {
 
 namespace {
-constexpr int kFirstShowing = 2000;  // milliseconds
+constexpr int kAtOnce = 1;  // milliseconds
+constexpr int kFirstShowing = 2000;
 constexpr int kComeBack = 30000;
 constexpr int kSleepTick = 1000;
+constexpr int kSleepDigits = 4;
+constexpr double kLongestSleep = 9999;  // minutes
 }  // namespace
 
 frmReminder::frmReminder(std::unique_ptr<Window> window, const ReminderWindowServices& services)
@@ -19,6 +25,7 @@ frmReminder::frmReminder(std::unique_ptr<Window> window, const ReminderWindowSer
     On(IDC_cmdRemindMe, Raised::Click, "cmdRemindMe_Click", &frmReminder::cmdRemindMe_Click);
     On(IDC_cmdContinue, Raised::Click, "cmdContinue_Click", &frmReminder::cmdContinue_Click);
     On(0, Raised::CloseBox, "cmdContinue_Click", &frmReminder::cmdContinue_Click);
+    txtSleep.MaxLength(kSleepDigits);
 }
 
 void frmReminder::Heading(const std::string& text) {
@@ -37,24 +44,29 @@ void frmReminder::ClearList() {
     FillList();
 }
 
-bool frmReminder::ReplaceList(const std::vector<std::string>& texts) {
-    ReminderLines lines;
-    lines.Add(texts);
-    if (lines.Texts() == lines_.Texts()) return false;
-    lines_ = std::move(lines);
-    FillList();
-    return true;
+void frmReminder::ReplaceList(const std::vector<std::string>& texts) {
+    lines_.Clear();
+    AddToList(texts);
 }
 
-void frmReminder::FillList() { lstReminders.Items(lines_.Texts()); }
+// A list box has one line for each, and draws blots for what would break it.
+void frmReminder::FillList() {
+    std::vector<std::string> texts = lines_.Texts();
+    for (std::string& text : texts)
+        text = OneLine(text);
+    lstReminders.Items(texts);
+}
 
-void frmReminder::Wake() {
+void frmReminder::Wake() { Arm(kFirstShowing); }
+
+void frmReminder::Arm(int milliseconds) {
     armed_ = true;
     sleeping_ = false;
-    Timer1.Start(kFirstShowing);
+    Timer1.Start(milliseconds);
 }
 
 void frmReminder::ShowOnTop() {
+    Arm(kAtOnce);
     window().SetTopMost(true);
     if (!window().IsVisible()) window().Show(Activation::KeepFocus);
 }
@@ -76,11 +88,16 @@ void frmReminder::Timer1_Timer() {
     if (PlaySound) PlayItsSound();
 }
 
-void frmReminder::CountSleep() {
-    if (++seconds_ < 60) return;
+// Ticks get lost while the computer sleeps, and the clock can be set back: what comes first counts.
+bool frmReminder::SleepIsOver() {
+    if (services_.clock.Now() >= sleepEnd_) return true;
+    if (++seconds_ < 60) return false;
     seconds_ = 0;
-    if (++minutes_ < sleepMinutes_) return;
-    minutes_ = 0;
+    return ++minutes_ >= sleepMinutes_;
+}
+
+void frmReminder::CountSleep() {
+    if (!SleepIsOver()) return;
     // Kept on purpose: after a sleep the window comes back once. The timer stays off and the window counts as
     // sleeping, so that only another click, or something new to list, makes it come to the front again.
     Timer1.Stop();
@@ -97,10 +114,11 @@ bool frmReminder::ComeToFront() {
 }
 
 void frmReminder::cmdRemindMe_Click() {
-    // Read first: minutes beyond 16 bits are an error that leaves the window as it is.
-    const std::int16_t minutes = RoundToInt16(LeadingNumber(txtSleep.Text()));
+    const double typed = std::clamp(LeadingNumber(txtSleep.Text()), 0.0, kLongestSleep);
     sleeping_ = true;
-    sleepMinutes_ = minutes;
+    sleepMinutes_ = RoundToInt16(typed);
+    // No sleep is shorter than the first full minute.
+    sleepEnd_ = services_.clock.Now().PlusMinutes(std::max(sleepMinutes_, 1));
     seconds_ = 0;
     minutes_ = 0;
     Timer1.Start(kSleepTick);

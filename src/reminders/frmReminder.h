@@ -24,12 +24,12 @@ public:
     // The same for many lines, with one filling of the list box.
     void AddToList(const std::vector<std::string>& texts);
     void ClearList();
-    // Takes these lines for those that it has; false when they are the same.
-    bool ReplaceList(const std::vector<std::string>& texts);
+    // Takes these lines for those that it has.
+    void ReplaceList(const std::vector<std::string>& texts);
 
     // Ends any sleep and makes the window come to the front, two seconds later.
     void Wake();
-    // Above all other windows and on the screen at once, without taking the keyboard.
+    // The same at once and above all other windows: an alarm is late by two seconds already.
     void ShowOnTop();
     // Whether it has been closed; it may live on until its handlers have ended.
     bool Closed() const { return closed_; }
@@ -43,7 +43,9 @@ private:
     void cmdRemindMe_Click();
     void cmdContinue_Click();
 
+    void Arm(int milliseconds);
     void CountSleep();
+    bool SleepIsOver();
     bool ComeToFront();
     void PlayItsSound();
     void FillList();
@@ -58,6 +60,7 @@ private:
     bool closed_ = false;
     bool sleeping_ = false;
     int sleepMinutes_ = 0;
+    DateValue sleepEnd_;
     int seconds_ = 0;
     int minutes_ = 0;
 };

@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 
 #include <algorithm>
+#include <climits>
 #include <utility>
 
 namespace kaz {
@@ -109,7 +110,8 @@ void FakeWindow::Click(int control) {
 }
 
 void FakeWindow::Type(int control, const std::string& text) {
-    SetText(control, text);
+    const auto limit = static_cast<std::size_t>(At(control).limit.value_or(INT_MAX));
+    SetText(control, text.substr(0, limit));
     Raise(control, Raised::Change);
 }
 

@@ -86,6 +86,7 @@ public:
     }
     void SetFocus(int control) override { focus = control; }
     void SelectText(int control) override { selectedText = control; }
+    void LimitText(int control, int characters) override { controls_[control].limit = characters; }
 
     void SetItems(int control, const std::vector<std::string>& items) override;
     std::vector<std::string> Items(int control) const override { return At(control).items; }
@@ -154,6 +155,7 @@ private:
         std::vector<std::string> items;
         std::vector<int> selection;
         int fills = 0;
+        std::optional<int> limit;
     };
     struct TimerState {
         int interval = 0;

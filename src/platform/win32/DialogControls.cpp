@@ -130,6 +130,10 @@ void DialogWindow::SetFocus(int control) {
 
 void DialogWindow::SelectText(int control) { SendMessageW(At(control), EM_SETSEL, 0, -1); }
 
+void DialogWindow::LimitText(int control, int characters) {
+    SendMessageW(At(control), EM_SETLIMITTEXT, static_cast<WPARAM>(characters), 0);
+}
+
 void DialogWindow::SetItems(int control, const std::vector<std::string>& items) {
     const Quietly quietly(quiet_);
     SetControlItems(At(control), items);

@@ -73,6 +73,7 @@ public:
     void SetControlsEnabled(bool enabled) override;
     void SetFocus(int control) override;
     void SelectText(int control) override;
+    void LimitText(int control, int characters) override;
 
     void SetItems(int control, const std::vector<std::string>& items) override;
     std::vector<std::string> Items(int control) const override;

@@ -56,17 +56,22 @@ TEST(DisplayAlarms, TheSharedDatabaseAddsToTheSameWindow) {
     }
 }
 
-TEST(DisplayAlarms, ClosedWithinItsMinuteItIsListedAgain) {
+TEST(DisplayAlarms, ClosedWithinItsMinuteItIsOverAndOthersOfTheMinuteAreNot) {
     ReminderDesk desk;
     desk.AddAlarm("Mine", "09:30");
-    desk.AddAlarm("Theirs", "09:30", &desk.shared);
+    clsEvent& theirs = desk.AddAlarm("Theirs", "09:30", &desk.shared);
+    theirs.IDCode = desk.events.AllEvents().front().IDCode;
     desk.Alarms("09:30:00");
     desk.Window(kAlarm)->CloseBox();
     EXPECT_EQ(desk.openWindows.Count(), 0U);
     desk.Alarms("09:30:10", &desk.shared);
     desk.Alarms("09:30:30");
+    EXPECT_THAT(desk.List(kAlarm), ElementsAre("Theirs"));
+    // An event that is pushed to the next day rings there again.
+    desk.events.AllEvents().front().DueDate(desk.machine.clock.Today().PlusDays(1));
+    desk.machine.clock.AdvanceDays(1);
+    desk.Alarms("09:30:00");
     EXPECT_THAT(desk.List(kAlarm), ElementsAre("Mine", "Theirs"));
-    EXPECT_TRUE(desk.Window(kAlarm)->IsVisible());
 }
 
 TEST(DisplayAlarms, ASecondTickLetsAWindowSleepAndANewAlarmWakesIt) {

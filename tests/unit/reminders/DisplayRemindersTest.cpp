@@ -81,19 +81,25 @@ TEST(DisplayReminders, ALaterPassRefillsTheWindowAndClosesItWhenNothingIsLeft) {
     EXPECT_EQ(desk.openWindows.Count(), 1U);
 }
 
-TEST(DisplayReminders, AWindowThatTheUserClosedIsMadeAnew) {
+TEST(DisplayReminders, WhatTheUserHasClosedComesBackWithTheNextDayOrSomethingNew) {
     ReminderDesk desk;
-    desk.Add("Dentist", 0);
-    desk.Engine().DisplayReminders();
-    desk.machine.windows.Advance(2000);
+    desk.Add("Tea\r\nwith Ann", 0).Recurring(true);
+    const auto isBack = [&] {
+        desk.Engine().DisplayReminders();
+        desk.machine.windows.Advance(2000);
+        const FakeWindow* window = desk.Window(kToday);
+        return window && window->IsVisible();
+    };
+    ASSERT_TRUE(isBack());
     desk.Window(kToday)->Click(IDC_cmdContinue);
     EXPECT_EQ(desk.openWindows.Count(), 0U);
-    desk.machine.windows.Advance(120000);
-    EXPECT_FALSE(desk.Window(kToday) && desk.Window(kToday)->IsVisible());
-    desk.Engine().DisplayReminders();
-    desk.machine.windows.Advance(2000);
-    EXPECT_TRUE(desk.Window(kToday)->IsVisible());
-    EXPECT_EQ(desk.machine.windows.made, 2);
+    EXPECT_FALSE(isBack());
+    desk.machine.clock.AdvanceDays(1);
+    EXPECT_TRUE(isBack());
+    desk.Window(kToday)->Click(IDC_cmdContinue);
+    desk.Add("Dentist", 0);
+    EXPECT_TRUE(isBack());
+    EXPECT_THAT(desk.List(kToday), ElementsAre("Dentist", "Tea with Ann"));
 }
 
 TEST(DisplayReminders, ManyLinesAreFilledOnceInTheOrderOfOneByOne) {

@@ -41,8 +41,8 @@ public:
     clsDbXml expired{storage};
     clsDbXml shared{storage};
     OpenWindows openWindows;
-    ReminderWindows windows{{machine.windows, openWindows, errors, machine.dialogs, machine.files,
-                             machine.pump, settings, player, folder}};
+    ReminderWindows windows{{machine.clock, machine.windows, openWindows, errors, machine.dialogs,
+                             machine.files, machine.pump, settings, player, folder}};
 
 private:
     int codes_ = 0;

@@ -65,6 +65,17 @@ TEST_F(frmReminderTest, SleepsForWholeMinutesAndComesBackOnce) {
     EXPECT_TRUE(window->IsVisible());
 }
 
+TEST_F(frmReminderTest, ASleepIsOverWhenTheClockHasReachedItsEnd) {
+    Sleep("120");
+    Pass(60);
+    desk.machine.clock.AdvanceMinutes(119);
+    Pass(1);
+    EXPECT_FALSE(window->IsVisible());
+    desk.machine.clock.AdvanceMinutes(1);
+    Pass(1);
+    EXPECT_TRUE(window->IsVisible());
+}
+
 TEST_F(frmReminderTest, MinutesThatAreNoNumberWakeAtTheFirstFullMinute) {
     for (const char* minutes : {"soon", "-5", "", "0.5"}) {
         Sleep(minutes);
@@ -75,12 +86,16 @@ TEST_F(frmReminderTest, MinutesThatAreNoNumberWakeAtTheFirstFullMinute) {
     }
 }
 
-TEST_F(frmReminderTest, TooManyMinutesAreAnErrorAndTheWindowStays) {
-    Pass(2);
-    Sleep("40000");
-    EXPECT_THAT(desk.errors.told, ElementsAre("6 cmdRemindMe_Click frmReminder"));
+TEST_F(frmReminderTest, TakesNoMoreMinutesThanFourDigitsWhoeverWritesThem) {
+    window->Type(IDC_txtSleep, "99999");
+    EXPECT_EQ(window->Text(IDC_txtSleep), "9999");
+    window->SetText(IDC_txtSleep, "1e300");
+    window->Click(IDC_cmdRemindMe);
+    EXPECT_THAT(desk.errors.told, IsEmpty());
+    Pass(9998 * 60);
+    EXPECT_FALSE(window->IsVisible());
+    Pass(60);
     EXPECT_TRUE(window->IsVisible());
-    EXPECT_EQ(window->Interval(IDT_Timer1), 30000);
 }
 
 TEST_F(frmReminderTest, StaysClosedWhenTheUserClosesItAsItAppears) {
