@@ -50,7 +50,10 @@ void Application::ApplySharing() {
     events->CopyToShared([this] { Publish(); });
 }
 
-void Application::Publish() { publishAgain_ = !SharedCopy({*events, *shared, Storage()}).Run(); }
+void Application::Publish() {
+    publishAgain_ = !SharedCopy({*events, *shared, Storage()}).Run();
+    MoveSharedOn();
+}
 
 void Application::ReopenDatabases() { EventFiles(*this).Reopen(); }
 
@@ -63,7 +66,15 @@ bool Application::LoadShared() {
     const bool neverRead = shared->DBFilename().empty();
     if (!neverRead && !shared->DatabaseChanged()) return false;
     shared->LoadMultiple(Folder().ListFile());
+    MoveSharedOn();
     return true;
+}
+
+void Application::MoveSharedOn() {
+    if (!shared || !Networked()) return;
+    const DateValue today = platform.clock.Today();
+    for (clsEvent& event : shared->AllEvents())
+        if (!event.Deleted && event.Recurring() && event.DueDate() < today) event.CalcNextDueDate(today, log);
 }
 
 StorageServices Application::Storage() {

@@ -88,6 +88,9 @@ public:
     // after this user's own have been published if the shared folder could not take them before. True when it
     // did; false without sharing too.
     bool LoadShared();
+    // Moves the other users' recurring events whose day has passed on to their next day, in memory alone:
+    // their owner's program may not have run for days. A single event that is past stays past.
+    void MoveSharedOn();
     SharedFolder Folder() { return SharedFolder(platform.files, settings, log); }
 
     StorageServices Storage();

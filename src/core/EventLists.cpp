@@ -98,10 +98,10 @@ void EventLists::Mark(const std::string& code, DateValue day, const std::string&
 }
 
 void EventLists::AddShared() {
+    app_.MoveSharedOn();
     const std::string owner = app_.Owner();
     for (clsEvent& event : app_.shared->AllEvents()) {
         if (event.Deleted || event.ExecFile || event.Owner() == owner) continue;
-        if (event.Recurring() && event.DueDate() < today_) event.CalcNextDueDate(today_, app_.log);
         const std::int32_t daysLeft = event.DueDate().Day() - today_.Day();
         if (daysLeft == 0) todays.push_back(event.Desc());
         AppendLine(event, daysLeft, event.Desc() + " [Shared]");

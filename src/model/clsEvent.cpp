@@ -10,6 +10,12 @@ bool clsEvent::NameInShared(std::string_view name, const CaseFolding& folding) c
     return folding.Find(ShareNames, std::string(name).append(kLineBreak)) != std::string_view::npos;
 }
 
+void clsEvent::ShareLike(const clsEvent& other) {
+    SharedEvent = other.SharedEvent;
+    ShareWithSpecific = other.ShareWithSpecific;
+    ShareNames = other.ShareNames;
+}
+
 RecurrenceRule clsEvent::Rule() const {
     return {recurrenceType_, weekDays_,  dayOfMonth_, monthNumber_,
             period_,         startDate_, dayNumber_,  dayOfWeek_};

@@ -78,6 +78,9 @@ public:
     DateValue DueDate() const { return dueDate_; }
     void DueDate(DateValue value) { dueDate_ = value.DateOnly(); }
 
+    // Takes over with whom the other event is shared.
+    void ShareLike(const clsEvent& other);
+
     // What decides its days.
     RecurrenceRule Rule() const;
 

@@ -27,12 +27,13 @@ enum class Raised {
     ColumnClick,  // report list header; `detail` is the column from 0
     RightClick,   // report list or window; the pointer is where the menu goes
     DpiChanged,
-    Resumed,    // the computer woke up
-    TrayMouse,  // the mouse on the tray icon; `detail` is the system's message code
-    TrayLost,   // the shell has started anew, without the tray icon
-    Activated,  // the user came to the window, or back to it; `detail` is kByMouse when by a click on it
-    Wheel,      // the mouse wheel over the window; `detail` is the clicks, positive away from the user
-    LeadsOut,   // a key in a grid of days led out of it; `detail` is by how many days
+    Resumed,       // the computer woke up
+    ClockChanged,  // somebody, or the system, has set the clock
+    TrayMouse,     // the mouse on the tray icon; `detail` is the system's message code
+    TrayLost,      // the shell has started anew, without the tray icon
+    Activated,     // the user came to the window, or back to it; `detail` is kByMouse when by a click on it
+    Wheel,         // the mouse wheel over the window; `detail` is the clicks, positive away from the user
+    LeadsOut,      // a key in a grid of days led out of it; `detail` is by how many days
 };
 
 inline constexpr int kByEscape = 1;
@@ -168,6 +169,10 @@ public:
     // with a warning sign. It goes with the window. Throws InternalError when the shell takes no icon.
     virtual void ShowTrayIcon(const std::string& tip, bool warns) = 0;
     virtual void HideTrayIcon() = 0;
+
+    // Has Resumed raised by a computer in connected standby too, which wakes unheard by those who have not
+    // asked.
+    virtual void AskForResumes() = 0;
 };
 
 }  // namespace kaz

@@ -4,6 +4,15 @@
 
 namespace kaz {
 
+namespace {
+
+clsEvent SharedLike(clsEvent event, const clsEvent& other) {
+    event.ShareLike(other);
+    return event;
+}
+
+}  // namespace
+
 std::optional<std::string> EventOperations::AddEvent(EventEditor& editor) {
     clsEvent event;
     if (!editor.Edit(event, EditMode::Whole)) return std::nullopt;
@@ -19,14 +28,20 @@ bool EventOperations::EditEvent(const std::string& code, bool fromExpired, EditM
     const clsEvent* found = Source(fromExpired).ReadEvent(code);
     if (!found || OwnerRefuses(*found, "Only ", " can edit it")) return false;
 
-    clsEvent copy = *found;
+    const clsEvent before = *found;
+    clsEvent copy = before;
     if (!editor.Edit(copy, mode)) return false;
     CatchUp();
-    // A change of sharing alone moves no date and must not make a mail go out again.
-    if (mode == EditMode::Whole) copy = Updated(std::move(copy));
+    // Its day may have passed while the dialog was open.
+    fromExpired = fromExpired || HasExpired(before);
 
     // A deleted event stays in memory with its mark until the file is read again.
     const clsEvent* still = Source(fromExpired).ReadEvent(code);
+    // A change of sharing alone moves no date, neither on nor back, and must not make a mail go out again.
+    if (mode == EditMode::Whole)
+        copy = Updated(std::move(copy));
+    else if (still && !still->Deleted)
+        copy = SharedLike(*still, copy);
     if (!still || (still->Deleted && !copy.Deleted)) {
         const bool keep =
             context_.dialogs.AskYesNo("This event was deleted or moved while you were editing it.\r\nDo you "
@@ -68,6 +83,14 @@ bool EventOperations::OwnerRefuses(const clsEvent& event, const std::string& tex
     context_.dialogs.Message("You're not the owner of this event.  " + textBefore + event.Owner() +
                              textAfter);
     return true;
+}
+
+bool EventOperations::HasExpired(const clsEvent& event) {
+    const clsEvent* current = context_.events.ReadEvent(event.IDCode);
+    if (current && !current->Deleted) return false;
+    const clsEvent* expired = context_.expired.ReadEvent(event.IDCode);
+    return expired && !expired->Deleted && expired->Desc() == event.Desc() &&
+           expired->DueDate() == event.DueDate() && expired->Owner() == event.Owner();
 }
 
 void EventOperations::CatchUp() {

@@ -42,6 +42,8 @@ public:
 private:
     clsDbXml& Source(bool fromExpired) { return fromExpired ? context_.expired : context_.events; }
     bool OwnerRefuses(const clsEvent& event, const std::string& textBefore, const std::string& textAfter);
+    // Whether that event is in the expired database now, and no longer among the current ones.
+    bool HasExpired(const clsEvent& event);
     // Reads what another program has saved while a dialog was open.
     void CatchUp();
     // The event with its dates brought up to date, as it is stored after an edit.

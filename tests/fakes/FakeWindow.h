@@ -102,6 +102,7 @@ public:
     void SetToolbar(int, const std::vector<ToolButton>& buttons) override { toolbar = buttons; }
     void ShowTrayIcon(const std::string& tip, bool warns) override;
     void HideTrayIcon() override { trayTip.reset(); }
+    void AskForResumes() override { asksForResumes = true; }
 
     // What the user, the system or a timer does.
     void Raise(int control, Raised what, int detail = 0);
@@ -126,6 +127,7 @@ public:
     std::vector<std::string> acts;
     int broughtToFront = 0;
     bool topMost = false;
+    bool asksForResumes = false;
     int focus = 0;
     int timesDisabled = 0;  // by SetControlsEnabled
     std::vector<std::string> saidWhySaving;

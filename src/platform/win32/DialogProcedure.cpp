@@ -87,6 +87,7 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
     case WM_POWERBROADCAST:
         if (wide == PBT_APMRESUMEAUTOMATIC) Raise(0, Raised::Resumed);
         return Answer(TRUE);
+    case WM_TIMECHANGE: Raise(0, Raised::ClockChanged); return TRUE;
     case WM_DPICHANGED: PostMessageW(window_, kDpiHasChanged, 0, 0); return FALSE;
     case kDpiHasChanged: OnDpiChanged(); return TRUE;
     case WM_ACTIVATE:

@@ -167,6 +167,11 @@ void DialogWindow::StartTimer(int timer, int milliseconds) {
     SetTimer(window_, static_cast<UINT_PTR>(timer), static_cast<UINT>(std::max(milliseconds, 1)), nullptr);
 }
 
+void DialogWindow::AskForResumes() {
+    if (!resumes_)
+        resumes_ = PowerNotification(RegisterSuspendResumeNotification(window_, DEVICE_NOTIFY_WINDOW_HANDLE));
+}
+
 void DialogWindow::StopTimer(int timer) { KillTimer(window_, static_cast<UINT_PTR>(timer)); }
 
 }  // namespace kaz

@@ -3,6 +3,7 @@
 #include "platform/Window.h"
 #include "platform/win32/DayGridView.h"
 #include "platform/win32/DialogLayout.h"
+#include "platform/win32/Handles.h"
 #include "platform/win32/MessageHook.h"
 #include "platform/win32/NoticeView.h"
 #include "platform/win32/ReportListView.h"
@@ -74,6 +75,7 @@ public:
     void SetFocus(int control) override;
     void SelectText(int control) override;
     void LimitText(int control, int characters) override;
+    void AskForResumes() override;
 
     void SetItems(int control, const std::vector<std::string>& items) override;
     std::vector<std::string> Items(int control) const override;
@@ -120,6 +122,7 @@ private:
     std::map<int, Toolbar> toolbars_;
     std::map<int, NoticeView> notices_;
     std::optional<TrayIcon> tray_;
+    PowerNotification resumes_;
     std::optional<TabStripView> tabs_;
     ModalRun* modal_ = nullptr;
     bool work_ = false;

@@ -74,6 +74,11 @@ struct MenuTraits {
     static Type None() { return nullptr; }
     static void Close(Type handle) { DestroyMenu(handle); }
 };
+struct PowerTraits {
+    using Type = HPOWERNOTIFY;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { UnregisterSuspendResumeNotification(handle); }
+};
 struct ActivationTraits {
     using Type = HANDLE;
     static Type None() { return INVALID_HANDLE_VALUE; }
@@ -88,6 +93,7 @@ using Bitmap = UniqueHandle<BitmapTraits>;
 using Icon = UniqueHandle<IconTraits>;
 using ImageList = UniqueHandle<ImageListTraits>;
 using Menu = UniqueHandle<MenuTraits>;
+using PowerNotification = UniqueHandle<PowerTraits>;
 using ActivationHandle = UniqueHandle<ActivationTraits>;
 
 // Keeps one reference to a COM object and gives it back.

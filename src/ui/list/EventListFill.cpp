@@ -42,9 +42,6 @@ void EventListFill::AddShared(std::int16_t category) {
     for (clsEvent& event : app_.shared->AllEvents()) {
         // The user's own shared events are in the local list already.
         if (event.Deleted || event.Owner() == viewpoint_.user || !Passes(event, category)) continue;
-        // Its owner's program may not have run for days. A one-off event that is past stays past.
-        if (event.Recurring() && event.DueDate() < viewpoint_.today)
-            event.CalcNextDueDate(viewpoint_.today, app_.log);
         event.CalcDaysLeft(viewpoint_.today);
         Add(event, EventSource::Shared);
     }

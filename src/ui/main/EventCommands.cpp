@@ -65,9 +65,7 @@ std::optional<std::string> EventCommands::ShareWith(int row, const std::vector<i
         const clsEvent* other = app_.events->ReadEvent(code);
         if (!other) continue;
         clsEvent copy = *other;
-        copy.SharedEvent = model.SharedEvent;
-        copy.ShareWithSpecific = model.ShareWithSpecific;
-        copy.ShareNames = model.ShareNames;
+        copy.ShareLike(model);
         app_.events->StoreRecord(std::move(copy));
     }
     app_.events->SaveDB();

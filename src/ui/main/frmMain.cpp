@@ -29,7 +29,8 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
     On(0, Raised::CloseBox, "Form_QueryUnload", &frmMain::Form_QueryUnload);
     On(0, Raised::SessionEnd, "Form_QueryUnload", &frmMain::Form_SessionEnd);
-    On(0, Raised::Resumed, "TimerRefresh_Timer", &frmMain::TickSoon);
+    On(0, Raised::Resumed, "TimerRefresh_Timer", &frmMain::ClockMoved);
+    On(0, Raised::ClockChanged, "TimerRefresh_Timer", &frmMain::ClockMoved);
     for (const auto what : {Raised::Resize, Raised::DpiChanged})
         On(0, what, "PlaceHealthBar", [this] { bar_.Place(); });
     for (int button = 0; button < HealthBar::kButtons; ++button)
@@ -66,6 +67,7 @@ void frmMain::Form_Load() {
     trap([&] { FillEvents(clsLayers::kAll); });
     app_.log.LogEvent("Setting main window width and height");
     trap([&] { size_.Restore(); });
+    trap([&] { window().AskForResumes(); });
     loading_ = false;
     TickSoon();
 }
@@ -104,6 +106,7 @@ void frmMain::FillEvents(std::int16_t category) {
     trap([&] { list_.Show(fill.TakeRows()); });
     SetColours();
     trap([&] { RenewTrayTip(); });
+    trap([&] { WaitForAlarms(); });
     ListEvents().ClearSelection();
     app_.log.LogEvent("Selecting current event");
     if (list_.RowCount() == 0) return;
@@ -163,6 +166,11 @@ int frmMain::CommandRow() const {
 
 void frmMain::Refill(const std::optional<std::string>& code) {
     if (unloaded_) return;
+    app_.mainListIsStale = pauses_ > 0;
+    if (app_.mainListIsStale) {
+        RenewTrayTip();
+        return;
+    }
     FillEvents(Category());
     owner_.fMain_Rescan();
     const auto row = code ? list_.RowOf(*code, EventSource::Local) : std::nullopt;

@@ -12,6 +12,7 @@
 #include "ui/main/WindowSizeSetting.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -84,12 +85,16 @@ private:
 
     // The timers: frmMainTick.cpp.
     void TickSoon();
+    void ClockMoved();
     void TimerRefresh_Timer();
-    void TimerAlarms_Timer() { ShowAlarms(); }
+    void TimerAlarms_Timer();
+    void DoSteps(std::initializer_list<void (frmMain::*)()> steps);
+    bool IsNewDay() const;
     void ReloadChangedFiles();
     void ShowNewDay();
     void ShowAlarms();
     void RingAlarms();
+    void WaitForAlarms();
 
     // After anything of what the user has to know has changed.
     void ShowHealth();
@@ -100,7 +105,7 @@ private:
     // The row that a command for one event is about, -1 when there is none.
     int CommandRow() const;
     // After events have changed: fills the list, selects the row of that event, if there is one, and has the
-    // host's lists made anew.
+    // host's lists made anew. Behind an open dialog the list stays as it is until the next tick.
     void Refill(const std::optional<std::string>& code);
     bool AskForTerm();
     void Search(int from);
@@ -115,7 +120,7 @@ private:
     CheckBox chkExpired{window(), IDC_chkExpired};
     ListControl cmbCategories{window(), IDC_cmbCategories};
     TimerControl TimerRefresh{window(), IDT_TimerRefresh};
-    TimerControl TimerAlarms{window(), IDT_TimerAlarms};  // runs while the other one stands still
+    TimerControl TimerAlarms{window(), IDT_TimerAlarms};  // for what cannot wait for the other one
     std::string searchTerm_;
     std::string trayTip_;
     bool trayWarns_ = false;
@@ -124,7 +129,7 @@ private:
     int pauses_ = 0;  // dialogs during which the refresh timer stands still
     bool unloaded_ = false;
     std::optional<DateValue> lastAlarms_;  // when alarms were last looked for
-    int lastDay_ = 0;                      // day of the month of the last day change; 0 before the first tick
+    int lastDay_ = 0;  // day of the month of the last day change; 0 when the next tick is to be a new day's
 
     class TimerPause;
 };

@@ -8,21 +8,15 @@
 
 namespace kaz {
 
-namespace {
-
-constexpr int kAlarmInterval = 30000;  // milliseconds
-
-}  // namespace
-
-// While it lives, the refresh timer stands still: no list is filled and no file read behind the dialog.
-// Alarms have their one minute and ring in it all the same. The tick that was due comes at once when the
-// dialog is closed.
+// While it lives, the refresh timer stands still: no list is filled behind the dialog. Alarms have their one
+// minute and ring in it all the same, and so does a new day begin. The tick that was due comes at once when
+// the dialog is closed.
 class frmMain::TimerPause {
 public:
     explicit TimerPause(frmMain& form) : form_(form) {
         ++form_.pauses_;
         form_.TimerRefresh.Stop();
-        form_.TimerAlarms.Start(kAlarmInterval);
+        form_.WaitForAlarms();
     }
     ~TimerPause() {
         if (--form_.pauses_ > 0) return;

@@ -70,11 +70,14 @@ TEST_F(DialogWindowTest, TellsOfTheSystem) {
     SendMessageW(handle, WM_ENDSESSION, FALSE, 0);
     EXPECT_THAT(raised, IsEmpty());
     SendMessageW(handle, WM_ENDSESSION, TRUE, 0);
+    SendMessageW(handle, WM_TIMECHANGE, 0, 0);
+    window->AskForResumes();
     SendMessageW(handle, WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
     SendMessageW(handle, WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
     SendMessageW(handle, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(At(IDC_REPORT)), MAKELPARAM(10, 10));
-    EXPECT_THAT(raised, ElementsAre(RaisedEvent{0, Raised::SessionEnd}, RaisedEvent{0, Raised::Resumed},
-                                    RaisedEvent{IDC_REPORT, Raised::RightClick}));
+    EXPECT_THAT(raised,
+                ElementsAre(RaisedEvent{0, Raised::SessionEnd}, RaisedEvent{0, Raised::ClockChanged},
+                            RaisedEvent{0, Raised::Resumed}, RaisedEvent{IDC_REPORT, Raised::RightClick}));
 }
 
 TEST_F(DialogWindowTest, ControlsFollowTheWindowAndItHasASmallestSize) {
