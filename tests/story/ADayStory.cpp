@@ -40,27 +40,6 @@ TEST(ADay, BringsComingUpThenTodayAndMovesTheWeeklyEventOn) {
     EXPECT_THAT(story.Saved("Events.xml"), HasSubstr("<DueDate>2023-03-24</DueDate>"));
 }
 
-TEST(ADay, RingsTheAlarmOnceHoweverManyTicksSeeItAndKeepsItUntilTheUserClosesIt) {
-    Story story;
-    story.Settings("OWNER,Ann\r\n");
-    story.machine.files.Put(Story::Path("alarm.wav"), "RIFF");
-    story.Events({WithAlarm(OneOff("000001", "Tea", story.Today()), 9, 2),
-                  WithAlarm(OneOff("000002", "Bread", story.Today()), 9, 4)});
-    story.Start().ShowMain();
-    story.Advance(90);
-    EXPECT_EQ(story.Reminder("ALARM!"), nullptr);
-
-    story.Advance(90);
-    EXPECT_THAT(story.Lines("ALARM!"), ElementsAre("Tea"));
-    EXPECT_THAT(story.machine.sound.calls, Not(IsEmpty()));
-
-    story.Advance(120);
-    EXPECT_THAT(story.Lines("ALARM!"), ElementsAre("Bread", "Tea"));
-    story.Reminder("ALARM!")->Raise(IDC_cmdContinue, Raised::Click);
-    story.Advance(120);
-    EXPECT_THAT(story.Lines("ALARM!"), IsEmpty());
-}
-
 TEST(ADay, ClosingTheMainWindowHidesItTellsTheHostAndKeepsTheAlarms) {
     Story story;
     story.Settings("OWNER,Ann\r\n");
