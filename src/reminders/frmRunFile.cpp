@@ -17,11 +17,9 @@ constexpr std::size_t kLineLength = 60;
 constexpr std::size_t kLinesOfTemplate = 4;
 constexpr int kLineHeight = 16;
 
-std::string OneLine(std::string text) {
-    const bool isLong = text.size() > kLongestEvent;
-    if (isLong) text.resize(kLongestEvent);
-    std::replace_if(text.begin(), text.end(), IsControl, ' ');
-    return isLong ? text + "..." : text;
+std::string ShortLine(const std::string& text) {
+    const std::string line = OneLine(text);
+    return line.size() > kLongestEvent ? line.substr(0, kLongestEvent) + "..." : line;
 }
 
 }  // namespace
@@ -41,7 +39,7 @@ frmRunFile::frmRunFile(std::unique_ptr<Window> window, const ReminderWindowServi
 
 void frmRunFile::Ask() {
     lblSource.Text(question_.source);
-    lblEvent.Text(OneLine(question_.event));
+    lblEvent.Text(ShortLine(question_.event));
     txtFile.Text(question_.file);
     const std::size_t lines = question_.file.size() / kLineLength + 1;
     if (lines > kLinesOfTemplate) {

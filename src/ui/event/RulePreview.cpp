@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <optional>
 
 namespace kaz {
 
@@ -33,7 +34,8 @@ bool Drifts(DateValue start, int period) {
     return false;
 }
 
-std::string WarningOf(const clsEvent& event) {
+// `next` is the event's next date, if it has one.
+std::string WarningOf(const clsEvent& event, std::optional<DateValue> next, DateValue now) {
     std::string text;
     const auto add = [&text](const std::string& sentence) {
         text.append(text.empty() ? "" : " ").append(sentence);
@@ -47,6 +49,9 @@ std::string WarningOf(const clsEvent& event) {
             "day.");
     if (event.AlarmSet() && AlarmBefore(event.DueTime(), event.MinutesWarning()).dayBefore)
         add("The alarm would fall on the day before; it sounds on the day itself, after the event.");
+    if (event.AlarmSet() && next == now.DateOnly() && event.AlarmTime() < now.TimeOnly().ToMinute())
+        add(event.Recurring() ? "The alarm's time has passed today; it sounds from the next date on."
+                              : "The alarm's time has passed today; it will not sound.");
     if (event.ExecFile && !event.AlarmSet())
         add("Without an alarm the file is never run, and the event is not listed on its day.");
     return text;
@@ -54,9 +59,10 @@ std::string WarningOf(const clsEvent& event) {
 
 }  // namespace
 
-RulePreview::RulePreview(const clsEvent& event, DateValue today) : warning_(WarningOf(event)) {
+RulePreview::RulePreview(const clsEvent& event, DateValue now) {
+    const DateValue today = now.DateOnly();
     RecurrenceRule rule = event.Rule();
-    DateValue from = today.DateOnly();
+    DateValue from = today;
     const int most = event.Recurring() ? kDates : 1;
     try {
         for (int i = 0; i < most; ++i) {
@@ -69,6 +75,7 @@ RulePreview::RulePreview(const clsEvent& event, DateValue today) : warning_(Warn
     } catch (const RuntimeError&) {
         // A rule without a further date; those that were found are right.
     }
+    warning_ = WarningOf(event, dates_.empty() ? std::nullopt : std::optional(dates_.front()), now);
 }
 
 std::string RulePreview::DatesLine(std::string_view pattern, const LocaleData& locale) const {

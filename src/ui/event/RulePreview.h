@@ -17,7 +17,7 @@ public:
 
     // An empty preview.
     RulePreview() = default;
-    RulePreview(const clsEvent& event, DateValue today);
+    RulePreview(const clsEvent& event, DateValue now);
 
     // In order; only the first for an event that is shown once; fewer or none where the rule has no more.
     const std::vector<DateValue>& Dates() const { return dates_; }

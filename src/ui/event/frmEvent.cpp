@@ -231,7 +231,7 @@ void frmEvent::PickStartDate(IntervalFrame& frame) {
 void frmEvent::ShowPreview() {
     RulePreview preview;
     try {
-        preview = RulePreview(AsTyped(), app_.platform.clock.Today());
+        preview = RulePreview(AsTyped(), app_.platform.clock.Now());
     } catch (const FieldFault&) {
         // The user is still typing: there is nothing to show yet, and nothing to complain of.
     }

@@ -1,5 +1,7 @@
 #include "ui/event/RulePreview.h"
 
+#include "fakes/Sample.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -7,13 +9,15 @@
 namespace kaz {
 namespace {
 
+constexpr DateValue kWednesday(45000);
+
 struct Case {
     std::function<void(clsEvent&)> rule;
     const char* dates;
     const char* warning;
 };
 
-// On Wednesday, 15 March 2023.
+// On Wednesday, 15 March 2023, at nine.
 TEST(RulePreview, ShowsTheNextDatesAndWarnsOfSurprises) {
     const auto cut = "Where the month has no day ";
     const auto moves = "Where the month has no such day";
@@ -32,6 +36,11 @@ TEST(RulePreview, ShowsTheNextDatesAndWarnsOfSurprises) {
         };
     };
     const DateValue endOfJanuary = DateValue::FromCivil(2023, 1, 31);
+    const auto alarm = [](int hour, bool daily) {
+        return [=](clsEvent& event) {
+            event = WithAlarm(daily ? Daily("", "", kWednesday) : OneOff("", "", kWednesday), hour, 0);
+        };
+    };
     const Case cases[] = {
         {[](clsEvent& event) { event.WeekDays(8 + 2); }, "15/03 20/03 22/03 27/03 29/03", ""},
         {[](clsEvent& event) { event.Recurring(false), event.WeekDays(2); }, "20/03", ""},
@@ -45,6 +54,10 @@ TEST(RulePreview, ShowsTheNextDatesAndWarnsOfSurprises) {
         {from(RecurEveryNMonths, 12, endOfJanuary), "31/01 31/01 31/01 31/01 31/01", ""},
         {from(RecurEveryNMonths, 1, endOfJanuary.PlusDays(-3)), "28/03 28/04 28/05 28/06 28/07", ""},
         {from(RecurEveryNWeeks, 5000, endOfJanuary), "", ""},
+        {alarm(8, true), "15/03 16/03 17/03 18/03 19/03",
+         "The alarm's time has passed today; it sounds from the next date on."},
+        {alarm(8, false), "15/03", "The alarm's time has passed today; it will not sound."},
+        {alarm(9, false), "15/03", ""},
         {from(RecurEveryNDays, 0, endOfJanuary), "", ""},
         {from(RecurEveryNDays, 1, DateValue(kLastDay - 1)), "30/12 31/12", ""},
     };
@@ -52,7 +65,7 @@ TEST(RulePreview, ShowsTheNextDatesAndWarnsOfSurprises) {
         clsEvent event;
         event.Recurring(true);
         rule.rule(event);
-        const RulePreview preview(event, DateValue(45000));
+        const RulePreview preview(event, DateValue(kWednesday.Day(), 9 * 3600));
         std::string dates;
         for (const DateValue date : preview.Dates()) {
             const CivilDate civil = date.Civil();
