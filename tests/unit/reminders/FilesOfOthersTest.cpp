@@ -59,7 +59,7 @@ TEST_F(FilesOfOthers, AreNeitherTouchedNorRunBeforeAYesToTheirTrueSource) {
     ASSERT_NE(Question(), nullptr);
     EXPECT_THAT(Question()->acts, ElementsAre("Show", "BringToFront"));
     EXPECT_EQ(Question()->Text(IDC_lblSource), "Eve");
-    EXPECT_EQ(Question()->Text(IDC_lblEvent), "Run  me " + std::string(92, 'x') + "...");
+    EXPECT_EQ(Question()->Text(IDC_lblEvent), "Run me " + std::string(93, 'x') + "...");
     EXPECT_EQ(Question()->Text(IDC_txtFile), kPath);
 
     const auto pressEverything = [this] {
