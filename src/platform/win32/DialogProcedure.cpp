@@ -96,7 +96,12 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM narrow) {
         Raise(0, Raised::Activated, LOWORD(wide) == WA_CLICKACTIVE ? kByMouse : 0);
         return FALSE;
     case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wide)); return TRUE;
-    case kFocusNow: SetFocus(std::exchange(focusWhenActive_, 0)); return TRUE;
+    case kFocusNow: {
+        // A button under the mouse that activated the window would be let go of, and the click lost.
+        const int control = std::exchange(focusWhenActive_, 0);
+        if (!GetCapture()) SetFocus(control);
+        return TRUE;
+    }
     case kRaiseLater:
         Raise(LOWORD(wide), static_cast<Raised>(HIWORD(wide)), static_cast<int>(narrow));
         return TRUE;

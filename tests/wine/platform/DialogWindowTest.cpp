@@ -165,6 +165,15 @@ TEST_F(DialogWindowTest, ComesToTheFrontWithoutTakingTheKeyboard) {
     EXPECT_NE(Place(other.Handle()).top, Place(third.Handle()).top);
 }
 
+TEST_F(DialogWindowTest, TheClickThatActivatesItPressesTheButtonAlthoughAFocusWaits) {
+    window->SetFocus(IDC_NAME);
+    window->Show(Activation::TakeFocus);
+    SendMessageW(At(IDC_BUTTON), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    Settle();
+    SendMessageW(At(IDC_BUTTON), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    EXPECT_THAT(raised, Contains(RaisedEvent{IDC_BUTTON, Raised::Click}));
+}
+
 TEST_F(DialogWindowTest, AnAlarmStaysOnTopOfAWindowThatComesToTheFront) {
     DialogWindow alarm(GetModuleHandleW(nullptr), IDD_SMALL);
     alarm.Show(Activation::KeepFocus);
