@@ -1,4 +1,5 @@
 // Any bytes as the file of an event database: it is loaded, and what has been saved once stays the same file.
+// What is no event file stays as it is.
 
 #include "fakes/StorageDesk.h"
 #include "fuzz/Require.h"
@@ -24,9 +25,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     StorageDesk desk;
 
     const std::string file = "C:\\KAZ\\Events.xml";
-    desk.machine.files.Put(file, std::string(reinterpret_cast<const char*>(data), size));
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    desk.machine.files.Put(file, bytes);
     clsDbXml database(desk.Services());
     database.LoadDB(file);
+    if (database.State() == FileState::Damaged) {
+        Require(!database.SaveDB() && desk.machine.files.Text(file) == bytes,
+                "a damaged file was written over");
+        return 0;
+    }
     Require(database.SaveDB(), "not saved");
     const std::string saved = desk.machine.files.Text(file);
 
