@@ -16,10 +16,17 @@ constexpr std::size_t kMostActions = 20;
 // every tool that reads such logs expects it.
 constexpr std::string_view kFileNumber = "1 ";
 
+// A description can be as long as a book, and be told with every line about its event.
+constexpr std::size_t kLongestLine = 2000;
+constexpr std::string_view kCut = " [cut]";
+
 void AppendLine(std::string& lines, DateValue time, std::string_view text) {
     static const LocaleData kNoNames;
-    lines.append(kFileNumber).append(FormatDate(time, "HH:NN:SS", kNoNames));
-    lines.append(", ").append(text).append(kLineBreak);
+    std::string line(kFileNumber);
+    line.append(FormatDate(time, "HH:NN:SS", kNoNames)).append(", ");
+    const bool fits = line.size() + text.size() <= kLongestLine;
+    line.append(fits ? text : text.substr(0, kLongestLine - line.size() - kCut.size()));
+    lines.append(line).append(fits ? "" : kCut).append(kLineBreak);
 }
 
 // The log is where failures are told, so its own have nowhere to go.

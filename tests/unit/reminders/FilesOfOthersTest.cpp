@@ -123,7 +123,7 @@ TEST_F(FilesOfOthers, AreRefusedUnaskedWhenTheirNameIsNotWhatItLooksLike) {
         Ring();
         EXPECT_EQ(Question(), nullptr);
         EXPECT_THAT(desk.machine.files.Text(desk.log.CurrentLogFilename()),
-                    HasSubstr(file + " of Bob - malformed name"));
+                    HasSubstr((file + " of Bob - malformed name").substr(0, 1900)));
     }
 }
 

@@ -52,6 +52,8 @@ TEST_F(LoggingTest, LinesAndANewLog) {
                                 "1 00:00:00, App path: C:\\KAZ\r\n"
                                 "1 00:00:00, KAZ Startup\r\n");
     EXPECT_EQ(files.OpenFiles(), 0);
+    log->LogToFile("C:\\KAZ\\long.txt", std::string(1'000'000, 'x'), false);
+    EXPECT_EQ(files.Text("C:\\KAZ\\long.txt"), "1 00:00:00, " + std::string(1982, 'x') + " [cut]\r\n");
 }
 
 TEST_F(LoggingTest, ALogThatCannotBeReplacedIsContinued) {
