@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ConflictCopies.h"
 #include "core/RunMark.h"
 #include "platform/OpenWindows.h"
 #include "platform/Platform.h"
@@ -66,6 +67,7 @@ public:
 
     RunMark runMark;
     const std::unique_ptr<ClockGuard> clockGuard;
+    ConflictCopies conflictCopies{*this};
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;

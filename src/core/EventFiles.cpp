@@ -26,8 +26,10 @@ void EventFiles::Open() {
     app_.events = std::make_unique<clsDbXml>(app_.Storage());
     app_.shared = std::make_unique<clsDbXml>(app_.Storage());
     app_.expired = std::make_unique<clsDbXml>(app_.Storage());
-    for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
+    for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
         database->KeepOverwrittenIn(JoinPath(app_.runtimePath, kBackupFolder));
+        database->OnReload([app = &app_] { app->mainListIsStale = true; });
+    }
     app_.events->PairWith(*app_.expired);
     app_.expired->PairWith(*app_.events);
     app_.ApplySharing();

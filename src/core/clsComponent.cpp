@@ -63,6 +63,8 @@ void clsComponent::RefreshDates() noexcept {
     trap([&] {
         application_.clockGuard->Look();
         application_.MakeReminder().UpdateAllEvents();
+        // In a network the save has read the files of others, so that the next look finds nothing new.
+        if (application_.Networked()) application_.mainListIsStale = true;
     });
 }
 

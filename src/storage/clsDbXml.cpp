@@ -94,7 +94,7 @@ void clsDbXml::LoadDB(const std::string& fileName, bool append) {
         known_.confirmed = known_.saved = KnownEvents(events_);
     }
     Reload(fresh);
-    if (!fresh && IsReadable() && HasUnsaved()) SaveDB();
+    if (!fresh && WasRead() && HasUnsaved()) SaveDB();
 }
 
 void clsDbXml::Append() {
@@ -333,7 +333,7 @@ void clsDbXml::PutOnTop(const EventChanges& changes) {
 }
 
 bool clsDbXml::SaveDB() {
-    if (watched_.Empty() && isKnown_ && (FileDate() != lastKnownDate_ || !IsReadable())) Reload(false);
+    if (watched_.Empty() && isKnown_ && (FileDate() != lastKnownDate_ || !WasRead())) Reload(false);
     const bool saved = MayWrite() && KeepsUnknown() && Write();
     if (saved) saveFault_.reset();
     if (copyToShared_) copyToShared_();
@@ -343,7 +343,7 @@ bool clsDbXml::SaveDB() {
 bool clsDbXml::MayWrite() {
     const bool kept = !missingFile_.empty() && missingFile_ == fileName_ &&
                       services_.files.Kind(fileName_) == PathKind::Missing;
-    if (IsReadable() && !kept) return true;
+    if (WasRead() && !kept) return true;
     saveFault_ = readFault_.value_or(
         ErrorInfo{static_cast<int>(ErrorNumber::FileNotFound), DescriptionOf(ErrorNumber::FileNotFound)});
     services_.log.LogEvent("Unable to write events. " + fileName_ + " could not be read.");
@@ -419,7 +419,7 @@ clsEvent* clsDbXml::ReadEvent(std::string_view code) {
     return &*found;
 }
 
-void clsDbXml::DeleteRecords(std::span<const std::string_view> codes) {
+void clsDbXml::DeleteRecords(const std::vector<std::string>& codes) {
     std::unordered_set<std::string_view> doomed(codes.begin(), codes.end());
     for (clsEvent& event : events_)
         if (doomed.erase(event.IDCode) > 0) event.Deleted = true;
@@ -444,7 +444,8 @@ std::string clsDbXml::UnusedCode(const std::vector<clsEvent>& events) {
 }
 
 bool clsDbXml::IsTaken(const std::string& code) {
-    return other_ && other_->codes_.MayHold(other_->events_, code);
+    return other_ && other_->codes_.MayHold(other_->events_, code) &&
+           other_->Find(code) != other_->events_.end();
 }
 
 void clsDbXml::WipeDiskFile() {

@@ -13,7 +13,6 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -59,6 +58,8 @@ public:
     bool SaveDB();
 
     FileState State() const { return state_; }
+    // Whether the memory holds what the file held. Not so after a load that failed.
+    bool WasRead() const { return state_ == FileState::Fine || state_ == FileState::Vanished; }
     // Why the file was not read, as long as it is not.
     const std::optional<ErrorInfo>& ReadFault() const { return readFault_; }
     // Why the last save failed; nothing after one that did not.
@@ -84,13 +85,13 @@ public:
     void Forget();
     // As long as the file is not there, SaveDB does not make it: its events are in an older file that could
     // not be read, and a new file without them would hide that one.
-    void KeepFileMissing() { missingFile_ = fileName_; }
+    void KeepFileMissing(bool keep = true) { missingFile_ = keep ? fileName_ : std::string(); }
 
     std::int32_t RecordCount() const { return static_cast<std::int32_t>(events_.size()); }
     // Marks the event deleted, if there is one, and saves in any case.
-    void DeleteRecord(std::string_view code) { DeleteRecords(std::span(&code, 1)); }
+    void DeleteRecord(std::string_view code) { DeleteRecords({std::string(code)}); }
     // Many with one save.
-    void DeleteRecords(std::span<const std::string_view> codes);
+    void DeleteRecords(const std::vector<std::string>& codes);
     // The event itself, or null; valid until the collection changes.
     clsEvent* ReadEvent(std::string_view code);
     // Takes the place of the event with the same code, at the end of the collection; an event without a code,
@@ -133,7 +134,6 @@ private:
 
     Position Find(std::string_view code);
     std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
-    bool IsReadable() const { return state_ == FileState::Fine || state_ == FileState::Vanished; }
     std::string UnusedCode(const std::vector<clsEvent>& events);
     bool IsTaken(const std::string& code);
 

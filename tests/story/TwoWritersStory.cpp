@@ -146,3 +146,34 @@ TEST(TwoWriters, ComeToAnEndWhenTheyDisagree) {
     EXPECT_EQ(first.Seen(), (std::vector<std::string>{"Other"}));
     EXPECT_EQ(second.Seen(), first.Seen());
 }
+
+// Of a copy that a synchronising program leaves, the user is offered what is only there, once.
+TEST(TwoWriters, AConflictCopyIsOfferedOnce) {
+    const std::array<std::string, 2> names{"Events (Ann's conflicted copy 2023-03-15).xml",
+                                           "events.sync-conflict-20230315-090000-ABC.xml"};
+    const clsEvent both = OneOff("000001", "Both", DateValue(45000));
+    FakePlatform machine;
+    machine.files.Put(kFile, FileOf({both}));
+    machine.files.Put("C:\\KAZ\\Events of others.xml", FileOf({OneOff("000003", "No", {})}));
+    for (const std::string& name : names)
+        machine.files.Put("C:\\KAZ\\" + name, FileOf({both, OneOff("000002", name, DateValue(45000))}));
+    Application app(machine.Services());
+    app.settings.StoreSetting("DataPath", std::string("C:\\KAZ"));
+    app.events = std::make_unique<clsDbXml>(app.Storage());
+    app.expired = std::make_unique<clsDbXml>(app.Storage());
+    app.events->LoadDB(kFile);
+    app.conflictCopies.Look();
+    app.conflictCopies.Look();
+    EXPECT_EQ(app.health.Notices().size(), 2U);
+    for (const std::string& name : names) {
+        const Health::Notice* notice = app.health.Find("Conflict copy " + name);
+        ASSERT_TRUE(notice);
+        const auto take = notice->actions[0].run;
+        take();
+    }
+    app.conflictCopies.Look();
+    EXPECT_TRUE(app.health.Notices().empty());
+    clsDbXml reader(app.Storage());
+    reader.LoadDB(kFile);
+    EXPECT_THAT(DescriptionsOf(reader.AllEvents()), testing::ElementsAre("Both", names[0], names[1]));
+}

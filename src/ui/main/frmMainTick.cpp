@@ -79,7 +79,7 @@ void frmMain::WaitForAlarms() {
 
 // Comes first: what another program has saved must be in memory before a new day makes this one save.
 void frmMain::ReloadChangedFiles() {
-    bool changed = std::exchange(app_.mainListIsStale, false);
+    bool changed = false;
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
         if (!database) continue;
         const bool isNew = database->DatabaseChanged();
@@ -88,7 +88,9 @@ void frmMain::ReloadChangedFiles() {
         // A file that could not be read still counts as changed: it is tried again on the next tick.
         changed = changed || (isNew && !database->DatabaseChanged());
     }
+    app_.conflictCopies.Look();
     if (app_.LoadShared()) changed = true;
+    if (std::exchange(app_.mainListIsStale, false)) changed = true;
     if (changed) Refill(std::nullopt);
 }
 
