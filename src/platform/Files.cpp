@@ -34,6 +34,11 @@ std::string ReadFileOrEmpty(FileSystem& files, const std::string& path) {
     return files.Kind(path) == PathKind::Missing ? std::string() : ReadWholeFile(files, path);
 }
 
+bool IsText(std::string_view bytes) {
+    return bytes.find('\0') == std::string_view::npos && !bytes.starts_with("\xFF\xFE") &&
+           !bytes.starts_with("\xFE\xFF");
+}
+
 void AppendText(FileSystem& files, const std::string& path, std::string_view text) {
     const auto file = files.OpenForAppending(path);
     file->Write(text);

@@ -12,6 +12,9 @@ std::string ReadWholeFile(FileSystem& files, const std::string& path);
 // The same, but a file that is not there reads as empty.
 std::string ReadFileOrEmpty(FileSystem& files, const std::string& path);
 
+// Whether the bytes can be a text of ours: no zero is in it, as in what a disk has lost, and in UTF-16.
+bool IsText(std::string_view bytes);
+
 // Appends the text in one open, write and close; creates the file when it is missing.
 void AppendText(FileSystem& files, const std::string& path, std::string_view text);
 

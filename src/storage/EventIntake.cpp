@@ -22,8 +22,10 @@ bool EventIntake::AdmitForeign(clsEvent& event) const {
     const CaseFolding& letters = services_.locale.Folding();
     if (event.SharedEvent && event.ShareWithSpecific && !event.NameInShared(user_, letters)) return false;
     const std::string& category = event.SharedLayerName;
+    // Slot 0 is everybody's, and has its name from the program.
+    if (category.empty() || category == services_.layers.Layer(clsLayers::kShared)) return true;
     // The name was written by somebody else and would become a line of the settings file.
-    if (category.empty() || std::any_of(category.begin(), category.end(), IsControl)) return true;
+    if (std::any_of(category.begin(), category.end(), IsControl)) return true;
     const std::int16_t slot = services_.layers.SeekLayerIndex(category);
     if (slot >= 0) event.Layer(slot);
     return true;

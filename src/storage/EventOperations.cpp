@@ -51,19 +51,23 @@ bool EventOperations::EditEvent(const std::string& code, bool fromExpired, EditM
         fromExpired = false;
     }
     copy.Deleted = false;
-    return StoreBack(std::move(copy), fromExpired);
+    const clsEvent stored = still ? *still : copy;
+    return StoreBack(std::move(copy), stored, fromExpired);
 }
 
 void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
+    CatchUp();
     const clsEvent* found = Source(fromExpired).ReadEvent(code);
     if (!found) {
         context_.log.LogEvent("Unable to push event with ID " + code + ". Not found in database.");
         return;
     }
-    clsEvent copy = *found;
+    const clsEvent before = *found;
+    clsEvent copy = before;
     copy.DueDate(copy.DueDate().PlusDays(1));
-    // Kept on purpose: the expired database is rewritten in every case, also when nothing leaves it.
-    StoreBack(std::move(copy), true);
+    StoreBack(std::move(copy), before, fromExpired);
+    // Kept on purpose: the expired database is saved in every case, also when nothing leaves it.
+    context_.expired.SaveDB();
 }
 
 void EventOperations::DeleteEvent(const std::string& code) {
@@ -105,12 +109,22 @@ clsEvent EventOperations::Updated(clsEvent event) {
     return event;
 }
 
-bool EventOperations::StoreBack(clsEvent event, bool fromExpired) {
+bool EventOperations::StoreBack(clsEvent event, const clsEvent& before, bool fromExpired) {
     const std::string code = event.IDCode;
-    context_.events.StoreRecord(std::move(event));
-    const bool saved = context_.events.SaveDB();
+    const auto holder = [&](clsDbXml& database) {
+        const clsEvent* found = database.ReadEvent(code);
+        return found && !found->Deleted ? found : nullptr;
+    };
+    // A crash between two saves leaves one event in both files.
+    const auto isSame = [&](const clsEvent& other) {
+        return other.Desc() == before.Desc() && other.DueDate() == before.DueDate();
+    };
+    const clsEvent* current = fromExpired ? holder(context_.events) : nullptr;
+    context_.events.StoreRecord(std::move(event), current && !isSame(*current));
+    if (!context_.events.SaveDB()) return true;
     // An event leaves the expired file only once it is safe in the other.
-    if (fromExpired && saved) context_.expired.DeleteRecord(code);
+    const clsEvent* expired = holder(context_.expired);
+    if (expired && isSame(*expired)) context_.expired.DeleteRecord(code);
     return true;
 }
 

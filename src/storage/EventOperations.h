@@ -48,7 +48,9 @@ private:
     void CatchUp();
     // The event with its dates brought up to date, as it is stored after an edit.
     clsEvent Updated(clsEvent event);
-    bool StoreBack(clsEvent event, bool fromExpired);
+    // `before` is what it was. An event whose code another one has by now gets a new one, or else it would
+    // take that one's place.
+    bool StoreBack(clsEvent event, const clsEvent& before, bool fromExpired);
 
     Context context_;
 };

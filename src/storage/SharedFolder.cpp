@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "platform/SafeFileWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -58,36 +59,45 @@ void SharedFolder::AddUser(std::string_view user) {
                            "\"" + name +
                                "\" cannot be used as an ID: it has to be usable as part of a file name.");
     }
-    std::vector<std::string> names = ListedNames(ListFile());
-    const auto same = [&](const std::string& listed) { return StringsEqual(listed, name); };
-    if (std::any_of(names.begin(), names.end(), same)) return;
-    names.push_back(name);
-    WriteNames(names);
+    ChangeNames([&](Names& names) {
+        const auto same = [&](const std::string& listed) { return StringsEqual(listed, name); };
+        if (std::any_of(names.begin(), names.end(), same)) return false;
+        names.push_back(name);
+        return true;
+    });
 }
 
 void SharedFolder::RemoveUsers(const std::vector<std::string>& users) {
-    std::vector<std::string> names = ListedNames(ListFile());
-    std::erase_if(names, [&](const std::string& listed) {
+    const auto isOneOf = [&](const std::string& listed) {
         return std::any_of(users.begin(), users.end(),
                            [&](const std::string& user) { return StringsEqual(listed, user); });
-    });
-    WriteNames(names);
+    };
+    ChangeNames([&](Names& names) { return std::erase_if(names, isOneOf) > 0; });
 }
 
 std::vector<std::string> SharedFolder::ListedNames(const std::string& listFile) const {
     std::vector<std::string> names;
     if (Path().empty()) return names;
+    if (!FolderExists(files_, FolderOf(listFile))) throw RuntimeError(ErrorNumber::PathNotFound);
     const std::string text = ReadFileOrEmpty(files_, listFile);
     for (const std::string_view line : Split(text, kLineBreak))
         if (const std::string_view name = Trim(line); !name.empty()) names.emplace_back(name);
     return names;
 }
 
-void SharedFolder::WriteNames(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names)
-        text.append(name).append(kLineBreak);
-    WriteWholeFile(files_, ListFile(), text);
+void SharedFolder::ChangeNames(const std::function<bool(Names&)>& change) {
+    constexpr int kMostTimes = 5;
+    for (int time = 0; time < kMostTimes; ++time) {
+        const Names before = ListedNames(ListFile());
+        Names names = before;
+        if (!change(names)) return;
+        std::string text;
+        for (const std::string& name : names)
+            text.append(name).append(kLineBreak);
+        SafeFileWriter file(files_, ListFile());
+        file.Write(text);
+        if (ListedNames(ListFile()) == before) file.Commit();
+    }
 }
 
 }  // namespace kaz

@@ -4,6 +4,7 @@
 #include "support/cSHAREDSettings.h"
 #include "support/cSharedLogging.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,7 +29,8 @@ public:
 
     // The listed names in the list's order, blanks around them and blank lines left out.
     std::vector<std::string> Users() const { return UsersOf(ListFile()); }
-    // The same for a list by its path.
+    // The same for a list by its path. A list that is not there has no names, but without its folder it
+    // cannot be read. Throws as FileSystem does.
     std::vector<std::string> UsersOf(const std::string& listFile) const;
     // Adds a name that is not there yet. Throws InvalidCall for a name that cannot be part of a file name,
     // and as FileSystem does.
@@ -39,8 +41,11 @@ public:
     static bool IsSafeName(std::string_view name);
 
 private:
-    std::vector<std::string> ListedNames(const std::string& listFile) const;
-    void WriteNames(const std::vector<std::string>& names);
+    using Names = std::vector<std::string>;
+    Names ListedNames(const std::string& listFile) const;
+    // Changes the list, unless `change` finds nothing to do. Somebody else may write it at the same time, so
+    // it is looked at once more before and after.
+    void ChangeNames(const std::function<bool(Names&)>& change);
 
     FileSystem& files_;
     std::string path_;

@@ -1,5 +1,6 @@
 #include "storage/clsSounds.h"
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/Files.h"
 
@@ -81,6 +82,7 @@ void clsSounds::Load() {
     loaded_ = false;
     fileName_ = JoinPath(settings_.TextOr("DataPath", applicationFolder_()), "EventWavs.ini");
     const std::string text = ReadFileOrEmpty(files_, fileName_);
+    if (!IsText(text)) throw RuntimeError(ErrorNumber::TypeMismatch, fileName_ + " is damaged");
     lines_.clear();
     for (const std::string_view line : Split(text, kLineBreak))
         lines_.emplace_back(line);

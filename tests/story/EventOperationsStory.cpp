@@ -119,6 +119,22 @@ TEST_F(EventOperationsTest, PushPutsOffByADay) {
     EXPECT_THAT(machine.dialogs.messages, IsEmpty());
 }
 
+// What has the same code in the other file is another event, and stays.
+TEST_F(EventOperationsTest, ACodeInBothFilesMeansTwoEvents) {
+    clsEvent other = OneOff("000001", "Other", Today());
+    other.Owner("Ann");
+    expired.StoreRecord(other);
+    expired.SaveDB();
+    operations.PushEvent("000001", false);
+    EXPECT_THAT(Saved("Expired.xml"), HasSubstr("<Desc>Other</Desc>"));
+    operations.PushEvent("000001", true);
+    EXPECT_THAT(Saved("Expired.xml"), Not(HasSubstr("<Desc>Other</Desc>")));
+    expired.StoreRecord(other);
+    EXPECT_TRUE(operations.EditEvent("000001", true, EditMode::Whole, editor));
+    EXPECT_THAT(DescriptionsOf(events.AllEvents()),
+                ElementsAre("Event 000002", "Event 000001", "Other", "Typed"));
+}
+
 TEST_F(EventOperationsTest, AFaultAnywhereInAMoveLeavesTheEventInOneOfTheFiles) {
     const auto moveWithFault = [&](int n, FaultInjector::Lasts lasts) {
         events.AllEvents().clear();

@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "story/Story.h"
 
 #include <gmock/gmock.h>
@@ -36,6 +37,7 @@ public:
             rows.push_back(list.Cell(row, 7) + "|" + list.Cell(row, 4) + "|" + list.Cell(row, 5));
         return rows;
     }
+    void End() { component_->ShutDown(); }
     const std::string& Folder() const { return folder_; }
     FakePlatform& Machine() { return machine_; }
 
@@ -147,6 +149,40 @@ TEST(Sharing, AnEventOfAnotherWithTheSameCodeStaysOutOfOnesOwnFile) {
     EXPECT_EQ(office.disk.Text(own), FileOf({}));
 }
 
+TEST(Sharing, TwoWhoJoinAtOnceAreBothInTheList) {
+    struct Disk : MemoryFileSystem {
+        std::unique_ptr<OutputFile> Create(const std::string& path) override {
+            if (const auto other = std::exchange(meanwhile, {})) other();
+            return MemoryFileSystem::Create(path);
+        }
+        std::function<void()> meanwhile;
+    } disk;
+    disk.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
+    FakePlatform machine;
+    Application app(machine.Services());
+    SharedFolder folder(disk, kShare, app.log);
+    disk.meanwhile = [&] { folder.RemoveUsers({"Ann"}); };
+    folder.AddUser("Cleo");
+    EXPECT_THAT(folder.Users(), ElementsAre("Bob", "Cleo"));
+}
+
+TEST(Sharing, ACategoryThatWasRenamedDoesNotComeBack) {
+    Office office;
+    for (const char* category : {"Family", "Kin"}) {
+        User ann(office.disk, "Ann");
+        std::string& settings = office.disk.At(ann.Folder() + "\\Kaz.ini").text;
+        settings = ReplaceAll(settings, "LAYER3,Family", "LAYER3," + std::string(category));
+        office.disk.Put(ann.Folder() + "\\Events.xml",
+                        FileOf({Shared(OneOff("000001", "For all", Office::Day(1)), "Ann")}));
+        ann.Start();
+        ann.Tick();
+        EXPECT_THAT(office.disk.Text("C:\\Share\\Shared_Ann.xml"), HasSubstr(category));
+        ann.End();
+        const std::string kept = office.disk.Text(ann.Folder() + "\\Kaz.ini");
+        EXPECT_EQ(Split(kept, "Family").size() + Split(kept, "Kin").size(), 3U) << kept;
+    }
+}
+
 TEST(Sharing, ALostShareLosesNothingAndIsTriedAgain) {
     Office office;
     User ann(office.disk, "Ann");
@@ -160,4 +196,20 @@ TEST(Sharing, ALostShareLosesNothingAndIsTriedAgain) {
     office.disk.At("C:\\Share\\Shared_Bob.xml").locked = false;
     ann.Tick();
     EXPECT_THAT(ann.List(), testing::UnorderedElementsAre("*|For all|Family", "S|Party|Family"));
+
+    // What cannot be read for a while keeps what it was, and what could not be published is, once it can.
+    const std::string own = "C:\\Share\\Shared_Ann.xml";
+    const std::string published = office.disk.Text(own);
+    office.disk.At("C:\\Share\\KAZShared.ini").locked = true;
+    office.disk.At("C:\\Share\\KAZShared.ini").time += 50;
+    office.disk.Put(own, FileOf({}));
+    office.disk.At(own).readOnly = true;
+    ann.Machine().clock.AdvanceDays(1);
+    ann.Tick();
+    EXPECT_THAT(ann.List(), testing::Contains("S|Party|Family"));
+    office.disk.At("C:\\Share\\KAZShared.ini").locked = false;
+    office.disk.At(own).readOnly = false;
+    ann.Tick();
+    EXPECT_THAT(office.disk.Text(own), HasSubstr("For%20all"));
+    EXPECT_THAT(ann.List(), testing::Contains("S|Party|Family"));
 }

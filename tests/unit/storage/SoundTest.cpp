@@ -71,6 +71,11 @@ TEST_F(EventSounds, ATableThatCannotBeReadIsNotWrittenOver) {
     EXPECT_EQ(machine.files.Text(kTable), "000001,C:\\c.wav\r\n000002,C:\\b.wav\r\n");
     EXPECT_THAT(Log(),
                 testing::AllOf(HasSubstr("in Initialise of clsSounds"), HasSubstr("in Delete of clsSounds")));
+    const std::string zeros(500, '\0');
+    machine.files.Put(kTable, zeros);
+    sounds.Initialise();
+    sounds.AddorChange("000009", "C:\\a.wav");
+    EXPECT_EQ(machine.files.Text(kTable), zeros);
 }
 
 TEST(SoundPlayer, PlaysAFileOrBeeps) {
