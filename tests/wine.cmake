@@ -1,6 +1,7 @@
 # Programs that need the real Windows interfaces: wine/<name>/*.cpp is wine_<name>.exe, and what it has the system load,
-# wine/<name>/dll/<file>.cpp, is <file>.dll beside it. Two kinds run in another way:
+# wine/<name>/dll/<file>.cpp, is <file>.dll beside it. Three kinds run in another way:
 # - "sound" runs inside a recording, which must not be silent: whether something was heard is not for itself to say;
+# - "host" runs with a clock that it can move;
 # - a file wine/<name>/locales names locales, one a line (de_DE.UTF-8), under each of which the program runs once more.
 
 if(TARGET contract_tests)
@@ -29,6 +30,9 @@ foreach(folder ${names})
 
   if(folder STREQUAL "sound")
     kaz_register(wine_sound wine_sound ${PROJECT_SOURCE_DIR}/tools/lib/with-recording)
+  elseif(folder STREQUAL "host")
+    kaz_register(wine_host wine_host ${PROJECT_SOURCE_DIR}/tools/lib/with-clock)
+    set_tests_properties(wine_host PROPERTIES TIMEOUT 240)
   else()
     kaz_register(wine_${folder} wine_${folder})
   endif()

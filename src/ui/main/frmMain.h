@@ -19,7 +19,7 @@
 
 namespace kaz {
 
-// The main window: the list of all events with its commands, the tray icon, and the one timer that drives
+// The main window: the list of all events with its commands, the tray icon, and the timers that drive
 // reminders and alarms.
 class frmMain : public Form, public MainWindow {
 public:
