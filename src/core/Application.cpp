@@ -1,5 +1,6 @@
 #include "core/Application.h"
 
+#include "core/AwaitedFolder.h"
 #include "core/ClockGuard.h"
 #include "core/EventFiles.h"
 #include "core/Names.h"
@@ -24,7 +25,8 @@ Application::Application(const Platform& services)
       errorReports({platform.windows, openWindows, platform.dialogs, platform.files, platform.shell,
                     platform.system, platform.clock, log, std::string(kApplicationName), VersionText()}),
       runMark(platform.files, platform.system, platform.clock),
-      clockGuard(std::make_unique<ClockGuard>(*this)) {
+      clockGuard(std::make_unique<ClockGuard>(*this)),
+      awaitedFolder(std::make_unique<AwaitedFolder>(*this)) {
     log.ApplicationFolder(runtimePath);
     errors.ShowThrough(
         [this](const std::string& text, const std::string& extra) { errorReports.Show(text, extra); });

@@ -24,6 +24,7 @@
 
 namespace kaz {
 
+class AwaitedFolder;
 class ClockGuard;
 // One occurrence of an event with an e-mail address: the event's code and day.
 using RaisedMail = std::pair<std::string, DateValue>;
@@ -68,6 +69,7 @@ public:
     RunMark runMark;
     const std::unique_ptr<ClockGuard> clockGuard;
     ConflictCopies conflictCopies{*this};
+    const std::unique_ptr<AwaitedFolder> awaitedFolder;
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;

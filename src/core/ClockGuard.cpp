@@ -18,7 +18,7 @@ namespace {
 constexpr std::string_view kLastTick = "LastTick";
 constexpr std::string_view kDoubtSince = "ClockDoubtSince";
 constexpr std::string_view kDoubtTick = "ClockDoubtTick";
-constexpr std::string_view kNotice = "Date of this computer";
+constexpr std::string_view kDateNotice = "Date of this computer";
 constexpr std::string_view kPutBack = "Events put back";
 
 constexpr double kFarAhead = 45;  // days; fewer are an ordinary absence
@@ -40,7 +40,7 @@ std::optional<std::vector<clsEvent>> Kept(Application& app, const std::string& p
     if (!FileExists(app.platform.files, path)) return std::vector<clsEvent>{};
     clsDbXml kept(app.Storage());
     kept.LoadDB(path);
-    if (kept.DatabaseChanged()) return std::nullopt;
+    if (kept.ReadFault()) return std::nullopt;
     return std::move(kept.AllEvents());
 }
 
@@ -54,6 +54,8 @@ void ClockGuard::Look() noexcept {
     ErrorTrap trap(app_.log, "Look", "ClockGuard");
     trap([&] {
         if (!app_.events || !app_.expired) return;
+        // What the date does to events is seen when they are.
+        if (app_.events->ReadFault() || app_.expired->ReadFault()) return;
         Load();
         Judge(app_.platform.clock.Now());
     });
@@ -112,7 +114,7 @@ void ClockGuard::BeginDoubt(DateValue now) {
 void ClockGuard::EndDoubt(DateValue now) {
     doubt_.reset();
     lastGood_ = now;
-    app_.health.Clear(kNotice);
+    app_.health.Clear(kDateNotice);
     Store();
     Write();
 }
@@ -176,7 +178,7 @@ void ClockGuard::Tell() {
                              ", and the date of this computer is now " +
                              GeneralDateText(doubt_->last.DateOnly(), locale) +
                              ". If that is wrong, your events can be put back as they were.";
-    app_.health.Tell({std::string(kNotice),
+    app_.health.Tell({std::string(kDateNotice),
                       Health::Weight::Warning,
                       text,
                       {{"The date was wrong: put my events back", [this] { DateWasWrong(); }},

@@ -6,6 +6,9 @@
 #include "platform/Files.h"
 #include "storage/clsDB2.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace kaz {
 
 namespace {
@@ -13,7 +16,17 @@ namespace {
 std::string NotReadText(const std::string& oldFile) {
     return "Your KAZ2 database " + oldFile +
            " could not be read and has not been converted. Nothing is saved until it can be read.\r\n"
-           "Please make sure that no other program uses the file, and start KAZ again.";
+           "Please make sure that no other program uses the file, and start KAZ again. If the file is "
+           "damaged, "
+           "put it back from a backup, or delete it to begin with an empty list.";
+}
+
+// Nobody has events without any text, but a file that has become zeros reads as some.
+bool HoldsEvents(clsDB2& old) {
+    const std::vector<clsEvent>& events = old.AllEvents();
+    return std::any_of(events.begin(), events.end(), [](const clsEvent& event) {
+        return event.Desc().find_first_not_of(std::string_view("\0 ", 2)) != std::string::npos;
+    });
 }
 
 std::string NotWrittenText(const std::string& fileName) {
@@ -36,7 +49,7 @@ Conversion ConvertOldDatabase(Application& app, clsDbXml& target, const std::str
     {
         const BusyPointer busy(app.platform.pump);
         clsDB2 old(app.Storage(), app.sounds);
-        read = old.LoadDB(oldFile);
+        read = old.LoadDB(oldFile) && HoldsEvents(old);
         if (read) {
             old.ExportToXML(target);
             written = target.SaveDB();

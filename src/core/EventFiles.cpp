@@ -1,5 +1,6 @@
 #include "core/EventFiles.h"
 
+#include "core/AwaitedFolder.h"
 #include "core/Conversion.h"
 #include "core/Names.h"
 #include "platform/Dialogs.h"
@@ -51,6 +52,15 @@ void EventFiles::Reopen() {
     if (app_.events->DBFilename() != before) app_.MakeReminder().UpdateAllEvents();
 }
 
+void EventFiles::LoadLate() {
+    for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
+        const std::string file = database->DBFilename();
+        if (!FileExists(app_.platform.files, file)) database->ExpectNoFile();
+        if (ConvertOldDatabase(app_, *database, file) == Conversion::NotNeeded) database->LoadDB(file);
+    }
+    app_.sounds.Initialise();
+}
+
 bool EventFiles::AreIn(const FileSystem& files, const std::string& folder) {
     const std::string file = JoinPath(folder, kEventsFile);
     return FileExists(files, file) || FileExists(files, WithExtension(file, kOldExtension));
@@ -91,6 +101,7 @@ void EventFiles::Load() {
     app_.log.LogEvent("Local events loaded");
     if (expired != Conversion::Failed) app_.expired->LoadDB(expiredFile);
     app_.log.LogEvent("Expired events loaded");
+    app_.awaitedFolder->AfterLoad();
 }
 
 // A file takes the place of another in the memory only when that has all that the memory has.

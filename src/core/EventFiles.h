@@ -15,6 +15,8 @@ public:
     // Makes the three databases and loads the local and the expired one; files of old versions are converted.
     void Open();
     void Reopen();
+    // Loads the files of a folder that has come late. What the user has entered meanwhile joins them.
+    void LoadLate();
 
     // Whether the folder has a file of current events, of this version or an old one.
     static bool AreIn(const FileSystem& files, const std::string& folder);

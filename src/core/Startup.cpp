@@ -9,8 +9,10 @@
 #include "platform/Files.h"
 #include "platform/SafeFileWriter.h"
 #include "storage/Owner.h"
+#include "support/SettingsText.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace kaz {
@@ -18,6 +20,10 @@ namespace kaz {
 namespace {
 
 constexpr const char* kBackupWord = "Autobackup";
+constexpr std::string_view kDataPath = "DataPath";
+constexpr std::string_view kOwnDataPath = "OwnDataPath";  // the data path, if that is the own folder
+constexpr int kPatience = 5000;                           // milliseconds
+constexpr int kPause = 250;
 constexpr const char* kDeath = "Ended unexpectedly";
 constexpr std::size_t kMostDueTold = 12;
 
@@ -33,6 +39,7 @@ void Startup::Run() {
     app_.log.LogEvent("KAZ Startup", true);
     LoadOptions();
     DecideUserMode();
+    FollowFolder();
     app_.settingsInitialised = true;
     if (app_.Owner() != kNoOwner) {
         EventFiles(app_).Open();
@@ -57,10 +64,53 @@ void Startup::BeginRun() {
 
 void Startup::LoadOptions() {
     app_.settingsFileName = JoinPath(app_.runtimePath, kSettingsFile);
+    WaitForSettings();
     app_.settings.LoadSettings(app_.settingsFileName);
     app_.log.LogEvent("Options loaded");
     app_.log.LogEvent("Loading category names");
     app_.layers.LoadLayers();
+}
+
+// Without its settings the program would be another user's, on another folder. A virus scanner or a program
+// that synchronises lets go of the file soon.
+void Startup::WaitForSettings() {
+    const std::string& file = app_.settingsFileName;
+    for (int waited = 0;; waited += kPause) {
+        try {
+            ReadSettingsText(app_.platform.files, app_.platform.locale, file);
+            return;
+        } catch (const RuntimeError& error) {
+            if (waited >= kPatience)
+                throw RuntimeError(error.Number(),
+                                   "Your settings file " + file +
+                                       " could not be read, and nothing is changed: " + error.Description());
+        }
+        app_.platform.pump.Wait(kPause);
+    }
+}
+
+// A folder that holds both the program's settings and its events goes on with its own events when it gets
+// another drive letter, or is copied. The absolute path stays what is stored, for programs that know nothing
+// of this.
+void Startup::FollowFolder() {
+    const FileSystem& files = app_.platform.files;
+    const auto same = [&](const std::string& a, const std::string& b) {
+        return app_.platform.locale.Folding().Equal(WithoutTrailingBackslash(a), WithoutTrailingBackslash(b));
+    };
+    const std::string path = app_.DataPath();
+    const bool known = app_.settings.IsSettingPresent(kOwnDataPath);
+    const bool moved =
+        known ? same(app_.settings.TextOr(kOwnDataPath, ""), path)
+              : FileExists(files, JoinPath(app_.runtimePath, kEventsFile)) && !FolderExists(files, path);
+    if (moved && !same(path, app_.runtimePath)) {
+        app_.log.LogEvent("The data folder has moved from " + path + " to " + app_.runtimePath);
+        app_.settings.StoreSetting("DataPath", app_.runtimePath);
+    }
+    const bool own = same(app_.DataPath(), app_.runtimePath);
+    const std::string noted = own ? app_.DataPath() : std::string();
+    if (path == app_.DataPath() && noted == app_.settings.TextOr(kOwnDataPath, "") && known) return;
+    app_.settings.StoreSetting(kOwnDataPath, noted);
+    app_.settings.SaveOnly(app_.settingsFileName, std::array{kDataPath, kOwnDataPath});
 }
 
 void Startup::DecideUserMode() {
@@ -70,7 +120,7 @@ void Startup::DecideUserMode() {
     }
     app_.log.LogEvent("Forcing single user mode");
     app_.settings.StoreSetting("Owner", std::string(kSingleUser));
-    app_.settings.StoreSetting("DataPath", app_.runtimePath);
+    if (!app_.settings.IsSettingPresent("DataPath")) app_.settings.StoreSetting("DataPath", app_.runtimePath);
     app_.settings.SaveSettings(app_.settingsFileName);
 }
 

@@ -17,6 +17,8 @@ public:
 private:
     void BeginRun();
     void LoadOptions();
+    void WaitForSettings();
+    void FollowFolder();
     void DecideUserMode();
     void BackUp();
     void RemoveAbandoned();

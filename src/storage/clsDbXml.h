@@ -83,6 +83,12 @@ public:
 
     // Empties the memory and forgets the file, before another one takes its place.
     void Forget();
+    // Whatever was expected of a file that is not there: it is that of a user without events, and the next save
+    // makes it.
+    void ExpectNoFile() {
+        state_ = FileState::Fine;
+        readFault_.reset();
+    }
     // As long as the file is not there, SaveDB does not make it: its events are in an older file that could
     // not be read, and a new file without them would hide that one.
     void KeepFileMissing(bool keep = true) { missingFile_ = keep ? fileName_ : std::string(); }

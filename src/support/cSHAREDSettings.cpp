@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/Files.h"
+#include "support/SettingsText.h"
 
 #include <algorithm>
 #include <utility>
@@ -140,7 +141,7 @@ void cSHAREDSettings::SaveOnly(const std::string& fileName, std::span<const std:
     trap([&] {
         // Without the others it would be a file of somebody who has chosen nothing.
         if (!neverRead_.empty() || !FileExists(files_, fileName)) return;
-        const std::string before = ReadWholeFile(files_, fileName);
+        const std::string before = ReadSettingsText(files_, locale_, fileName);
         std::string text;
         for (std::string_view rest = before; !rest.empty();) {
             const std::string_view line = TakeLine(rest);
@@ -167,7 +168,7 @@ void cSHAREDSettings::LoadSettings(const std::string& fileName) {
     trap([&] {
         DeleteAllSettings();
         neverRead_ = fileName;
-        TakeLines(ReadFileOrEmpty(files_, fileName));
+        TakeLines(ReadSettingsText(files_, locale_, fileName));
         neverRead_.clear();
     });
 }

@@ -89,4 +89,17 @@ LocaleData FakeLocale::Hungarian() {
     return data;
 }
 
+std::optional<std::string> FakeLocale::FromUtf8(std::string_view text) const {
+    std::string converted;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto lead = static_cast<unsigned char>(text[i]);
+        converted += text[i];
+        if (lead < 0x80) continue;
+        const unsigned next = i + 1 < text.size() ? static_cast<unsigned char>(text[++i]) : 0U;
+        if ((lead != 0xC2 && lead != 0xC3) || (next & 0xC0U) != 0x80) return std::nullopt;
+        converted.back() = static_cast<char>(lead == 0xC3 ? next + 0x40 : next);
+    }
+    return converted;
+}
+
 }  // namespace kaz

@@ -8,6 +8,8 @@ class FakeLocale : public Locale {
 public:
     const LocaleData& Data() const override { return data; }
     const CaseFolding& Folding() const override { return folding; }
+    // Letters of two bytes that the Western code page has too.
+    std::optional<std::string> FromUtf8(std::string_view text) const override;
 
     static LocaleData English() { return {}; }
     // English words, but the day before the month.

@@ -13,6 +13,11 @@ public:
         if (waiting) waiting();
     }
 
+    void Wait(int milliseconds) override {
+        waited += milliseconds;
+        if (whenWaiting) whenWaiting();
+    }
+
     void ShowBusy(bool busy) noexcept override {
         isBusy = busy;
         if (busy) ++timesBusy;
@@ -20,6 +25,8 @@ public:
 
     // What the waiting messages do, such as a timer's tick in the middle of a long step.
     std::function<void()> waiting;
+    std::function<void()> whenWaiting;  // what happens while time passes
+    int waited = 0;                     // milliseconds
     int processed = 0;
     bool isBusy = false;
     int timesBusy = 0;

@@ -9,6 +9,7 @@ class PosixLocale : public Locale {
 public:
     const LocaleData& Data() const override { return data_; }
     const CaseFolding& Folding() const override { return CaseFolding::Western(); }
+    std::optional<std::string> FromUtf8(std::string_view) const override { return std::nullopt; }
 
 private:
     LocaleData data_;

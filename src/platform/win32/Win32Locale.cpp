@@ -96,4 +96,15 @@ CaseFolding ReadFolding() {
 
 Win32Locale::Win32Locale() : data_(ReadLocale()), folding_(ReadFolding()) {}
 
+std::optional<std::string> Win32Locale::FromUtf8(std::string_view text) const {
+    const int size = static_cast<int>(text.size());
+    const auto convert = [&](wchar_t* wide, int room) {
+        return MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), size, wide, room);
+    };
+    std::wstring wide(static_cast<std::size_t>(convert(nullptr, 0)), L'\0');
+    if (wide.empty()) return std::nullopt;
+    convert(wide.data(), static_cast<int>(wide.size()));
+    return ToCodePageIfExact(wide);
+}
+
 }  // namespace kaz

@@ -19,6 +19,8 @@ void Win32MessagePump::ProcessPending() {
     }
 }
 
+void Win32MessagePump::Wait(int milliseconds) { Sleep(static_cast<DWORD>(milliseconds)); }
+
 // The window under the pointer sets its own again as soon as messages are processed.
 void Win32MessagePump::ShowBusy(bool busy) noexcept {
     SetCursor(LoadCursorW(nullptr, busy ? IDC_WAIT : IDC_ARROW));

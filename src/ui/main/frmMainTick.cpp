@@ -1,3 +1,4 @@
+#include "core/AwaitedFolder.h"
 #include "core/ClockGuard.h"
 #include "platform/Clock.h"
 #include "ui/main/frmMain.h"
@@ -80,6 +81,10 @@ void frmMain::WaitForAlarms() {
 // Comes first: what another program has saved must be in memory before a new day makes this one save.
 void frmMain::ReloadChangedFiles() {
     bool changed = false;
+    if (app_.awaitedFolder->Look()) {
+        changed = true;
+        lastDay_ = 0;  // its events have not had their day yet
+    }
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
         if (!database) continue;
         const bool isNew = database->DatabaseChanged();

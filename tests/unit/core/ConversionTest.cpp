@@ -111,10 +111,15 @@ TEST_F(ConversionStory, WhatCannotBeWrittenStaysInMemoryAndIsTold) {
 TEST_F(ConversionStory, WhatCannotBeReadIsNotTakenForEmpty) {
     PutOld("Events.dat", {"one"});
     PutOld("Expired.dat", {"gone"});
-    machine.files.At("C:\\Data\\Events.dat").locked = true;
-    Start();
-    ASSERT_THAT(machine.dialogs.messages, ElementsAre(HasSubstr("Events.dat could not be read")));
-    EXPECT_EQ(machine.files.Kind("C:\\Data\\Events.xml"), PathKind::Missing);
+    const std::string good = machine.files.Text("C:\\Data\\Events.dat");
+    for (const std::string& damaged : {std::string(), std::string(2000, '\0'), good}) {
+        machine.files.Put("C:\\Data\\Events.dat", damaged);
+        machine.files.At("C:\\Data\\Events.dat").locked = damaged == good;
+        machine.dialogs.messages.clear();
+        Start();
+        ASSERT_THAT(machine.dialogs.messages, ElementsAre(HasSubstr("Events.dat could not be read")));
+        EXPECT_EQ(machine.files.Kind("C:\\Data\\Events.xml"), PathKind::Missing);
+    }
     EXPECT_THAT(Shown(*app->expired), ElementsAre("Ann: gone"));
     EXPECT_EQ(app->events->DBFilename(), "C:\\Data\\Events.xml");
 
