@@ -10,6 +10,23 @@ namespace kaz {
 
 namespace {
 
+constexpr int kTries = 6;
+constexpr DWORD kBetweenTries = 5000;  // milliseconds
+
+// Lets time pass while the component's report of the failure can be read and closed.
+void WaitForMessages(DWORD milliseconds) {
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+}
+
 void Require(HRESULT result, const wchar_t* what) {
     if (SUCCEEDED(result)) return;
     wchar_t number[16];
@@ -51,13 +68,20 @@ Component::~Component() {
 }
 
 void Component::Start(const std::wstring& folder) {
+    // A settings file that another program holds, or a folder that is not there yet, comes back mostly.
+    for (int tries = 1; !(started_ = HasStarted(folder)); ++tries) {
+        if (tries == kTries)
+            throw StartFailure{L"KAZ cannot work with the folder\n" + folder +
+                               L"\nThe reason is in the file Log_KAZ.txt, there or beside the program."};
+        WaitForMessages(kBetweenTries);
+    }
+}
+
+bool Component::HasStarted(const std::wstring& folder) {
     component_->Startup(MakeText(folder).get());
     VARIANT_BOOL initialised = VARIANT_FALSE;
     component_->get_SettingsInitialised(&initialised);
-    if (initialised == VARIANT_FALSE)
-        throw StartFailure{L"KAZ cannot work with the folder\n" + folder +
-                           L"\nThe reason is in the file Log_KAZ.txt, there or beside the program."};
-    started_ = true;
+    return initialised != VARIANT_FALSE;
 }
 
 void Component::Scan() { component_->ScanEvents(); }

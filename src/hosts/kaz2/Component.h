@@ -24,7 +24,7 @@ public:
     Component(const Component&) = delete;
     Component& operator=(const Component&) = delete;
 
-    // Throws StartFailure when the component cannot work on the folder.
+    // Throws StartFailure when the component cannot work on the folder, after half a minute of trying.
     void Start(const std::wstring& folder);
     // Raises the lists, and loads the main window without showing it.
     void Scan();
@@ -33,6 +33,8 @@ public:
     void ShutDown();
 
 private:
+    bool HasStarted(const std::wstring& folder);
+
     Owned<IKazComponent> component_;
     Owned<IConnectionPoint> events_;
     DWORD connection_ = 0;
