@@ -1,9 +1,11 @@
 #include "core/Backup.h"
 
+#include "core/KeptCopies.h"
 #include "core/Names.h"
 #include "core/cSHAREDZipFiles.h"
 #include "platform/DateText.h"
 #include "platform/Files.h"
+#include "storage/EventXml.h"
 
 #include <algorithm>
 #include <vector>
@@ -11,6 +13,9 @@
 namespace kaz {
 
 namespace {
+
+constexpr const char* kCopyNotice = "Copy of the backup";
+constexpr std::size_t kMostRicher = 3;  // of each archive
 
 // A day's name comes from the locale, where the user may have put anything.
 std::string SafeFileName(std::string name) {
@@ -30,6 +35,52 @@ std::vector<std::string> FilesToKeep(const Application& app) {
             WithExtension(expired, kOldExtension)};
 }
 
+std::size_t EventsIn(std::string_view text) {
+    std::size_t count = 0;
+    for (auto at = text.find(EventXml::kBlockEnd); at != std::string_view::npos;
+         at = text.find(EventXml::kBlockEnd, at + EventXml::kBlockEnd.size()))
+        ++count;
+    return count;
+}
+
+// An archive with more than twice as many events as there are now stays under a name of its own: what is gone
+// may be gone by mistake, and a week later nothing else would have it.
+void KeepRicher(Application& app, const std::string& archive) {
+    FileSystem& files = app.platform.files;
+    if (!FileExists(files, archive)) return;
+    const std::size_t before = EventsIn(app.platform.zip.ZpRead(archive, std::string(kEventsFile)));
+    const auto now = static_cast<std::size_t>(app.events->RecordCount());
+    if (now * 2 >= before) return;
+    const std::string beginning = WithExtension(FileNameOf(archive), "") + " (";
+    const std::string time =
+        FormatDate(app.platform.clock.Now(), "YYYY-MM-DD HH.NN.SS", app.platform.locale.Data());
+    const std::string kept = beginning + "until " + time + ", " + std::to_string(before) + " events).zip";
+    files.Replace(archive, JoinPath(FolderOf(archive), kept));
+    app.log.LogEvent(archive + " holds far more events than there are now, and is kept as " + kept);
+    RemoveOldest(files, FolderOf(archive), beginning, kept, kMostRicher);
+}
+
+// Of seven archives in one place nothing is left when the place is lost.
+void CopyElsewhere(Application& app, const std::string& archive) {
+    const std::string folder = app.settings.TextOr("SecondBackupFolder", "");
+    if (folder.empty()) return;
+    try {
+        const std::string copy = JoinPath(folder, FileNameOf(archive));
+        app.platform.files.CreateFolder(folder);
+        KeepRicher(app, copy);
+        WriteWholeFile(app.platform.files, copy, ReadWholeFile(app.platform.files, archive));
+        app.log.LogEvent("Backup copied to " + copy);
+        app.health.Clear(kCopyNotice);
+    } catch (...) {
+        const ErrorInfo error = CurrentError();
+        app.log.Report(error, "CopyElsewhere", "Backup");
+        app.health.Tell({kCopyNotice,
+                         Health::Weight::Note,
+                         "The backup could not be copied to " + folder + ": " + error.description + ".",
+                         {{"OK", [&app] { app.health.Clear(kCopyNotice); }}}});
+    }
+}
+
 }  // namespace
 
 std::string AutoBackupFile(const Application& app, const std::string& word) {
@@ -46,9 +97,13 @@ bool MakeAutoBackup(Application& app, const std::string& word) {
         zip.ZipFileName(archive);
         for (const std::string& fileName : FilesToKeep(app))
             zip.AddFile(fileName);
-        const bool made = zip.MakeZipFile() == kZipSuccess;
+        // Without the events it would take the place of one that has them.
+        const bool loaded = app.events->State() == FileState::Fine && app.expired->State() == FileState::Fine;
+        if (loaded) KeepRicher(app, archive);
+        const bool made = loaded && zip.MakeZipFile() == kZipSuccess;
         if (!zip.GetLastMessage().empty()) app.log.LogEvent(zip.GetLastMessage());
         app.log.LogEvent("Backup to " + archive + (made ? " complete" : " failed"));
+        if (made) CopyElsewhere(app, archive);
         return made;
     } catch (...) {
         app.log.Report(CurrentError(), "MakeAutoBackup", "Backup");

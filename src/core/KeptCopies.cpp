@@ -7,6 +7,16 @@
 
 namespace kaz {
 
+void RemoveOldest(FileSystem& files, const std::string& folder, const std::string& beginning,
+                  const std::string& newest, std::size_t most) {
+    std::vector<std::string> older;
+    for (const std::string& name : files.FilesIn(folder))
+        if (name.starts_with(beginning) && name != newest) older.push_back(name);
+    std::sort(older.begin(), older.end());
+    for (std::size_t i = 0; i + most <= older.size(); ++i)
+        files.Delete(JoinPath(folder, older[i]));
+}
+
 std::string KeptCopies::BeginningOf(const std::string& fileName) const {
     return WithExtension(FileNameOf(fileName), "") + " (" + word_ + ", ";
 }
@@ -25,18 +35,8 @@ bool KeptCopies::Keep(const std::string& fileName, std::string_view time) const 
         files_.CreateFolder(folder_);
         WriteWholeFile(files_, copy, ReadWholeFile(files_, fileName));
         log_.LogEvent(fileName + " is kept as " + copy);
-        RemoveOldest(fileName, FileNameOf(copy));
+        RemoveOldest(files_, folder_, BeginningOf(fileName), FileNameOf(copy), kMost);
     });
-}
-
-void KeptCopies::RemoveOldest(const std::string& fileName, const std::string& newest) const {
-    const std::string beginning = BeginningOf(fileName);
-    std::vector<std::string> older;
-    for (const std::string& name : files_.FilesIn(folder_))
-        if (name.starts_with(beginning) && name != newest) older.push_back(name);
-    std::sort(older.begin(), older.end());
-    for (std::size_t i = 0; i + kMost <= older.size(); ++i)
-        files_.Delete(JoinPath(folder_, older[i]));
 }
 
 }  // namespace kaz

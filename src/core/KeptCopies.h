@@ -8,6 +8,11 @@
 
 namespace kaz {
 
+// Of the files in the folder whose names begin so, leaves the newest and as many others as make `most`; names
+// sort by their age.
+void RemoveOldest(FileSystem& files, const std::string& folder, const std::string& beginning,
+                  const std::string& newest, std::size_t most);
+
 // Copies of files as they once were, beside the backups: "Events (WORD, TIME).xml". Of each file and word the
 // newest few stay.
 class KeptCopies {
@@ -29,7 +34,6 @@ private:
     static constexpr std::size_t kMost = 5;
 
     std::string BeginningOf(const std::string& fileName) const;
-    void RemoveOldest(const std::string& fileName, const std::string& newest) const;
 
     FileSystem& files_;
     cSharedLogging& log_;

@@ -33,9 +33,11 @@ public:
     // listed file is archived under its bare name whatever the other options say.
     virtual bool ZpSetOptions(const ZipOptions& options) noexcept = 0;
     // Writes the archive anew, in one step for whoever reads it; 0 is success. A listed file that does not
-    // exist is left out. One that cannot be read is left out too, but the result tells so. When nothing could
-    // be archived, or the archive could not be written, an older one stays as it was.
+    // exist is left out. When one cannot be read, nothing could be archived, or the archive could not be
+    // written, an older one stays as it was.
     virtual int ZpArchive(const std::string& archive, const std::vector<std::string>& fileNames) noexcept = 0;
+    // A file of the archive, "" when it is not there or cannot be read.
+    virtual std::string ZpRead(const std::string& archive, const std::string& name) noexcept = 0;
     // What went wrong in the last step, one sentence a file, or "".
     virtual std::string LastMessage() const = 0;
 };

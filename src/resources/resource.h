@@ -203,6 +203,8 @@
 #define IDC_cmdHomePage 1520
 #define IDC_cmdSaveOptions 1521
 #define IDC_cmdAbortOptions 1522
+#define IDC_txtSecondBackup 1523
+#define IDC_cmdSecondBackup 1524
 
 // frmEditLayers: the text box of slot n is IDC_txtLayer + n, for 21 slots
 #define IDC_txtLayer 1600

@@ -83,8 +83,8 @@ public:
 
     // Empties the memory and forgets the file, before another one takes its place.
     void Forget();
-    // Whatever was expected of a file that is not there: it is that of a user without events, and the next save
-    // makes it.
+    // Whatever was expected of a file that is not there: it is that of a user without events, and the next
+    // save makes it.
     void ExpectNoFile() {
         state_ = FileState::Fine;
         readFault_.reset();

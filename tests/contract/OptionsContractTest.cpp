@@ -64,12 +64,14 @@ TEST_F(OptionsContract, ShowsTheSettingsAndStoresOnlyWhatIsSaved) {
         stage->Click(window, IDC_cmdPickAlarmWav);
         stage->Click(window, IDC_optEuroDate);
         stage->Click(window, IDC_chkSilentStart);
+        stage->Type(window, IDC_txtSecondBackup, "D:/Copies\\");
         Save(window);
     }));
     EXPECT_THAT(Told(), ElementsAre("Cannot find specified WAV file. Sounds disabled."));
     EXPECT_THAT(Saved("KAZ\\Kaz.ini"), HasSubstr("DATESTYLE,1\r\n"));
     EXPECT_THAT(Saved("KAZ\\Kaz.ini"), HasSubstr("WAVFILE,D:\\bell.wav\r\nNOSOUNDS,-1\r\n"));
     EXPECT_TRUE(app.settings.Flag("SilentStart"));
+    EXPECT_THAT(Saved("KAZ\\Kaz.ini"), HasSubstr("SECONDBACKUPFOLDER,D:\\Copies\r\n"));
     EXPECT_TRUE(app.settingsInitialised);
 }
 
@@ -118,6 +120,7 @@ TEST_F(OptionsContract, WhatCannotBeUsedIsToldAndNothingIsStored) {
         {IDC_txtOwner, "com1.old", "cannot be used as an ID"},
         {IDC_txtOwner, "not set", "Please choose a name of your own"},
         {IDC_txtSharedDBPath, "", "You need to supply the shared data path."},
+        {IDC_txtSecondBackup, "C:\\file", "cannot be used for backups"},
         {IDC_txtSharedDBPath, "X:\\nowhere", "X:\\nowhere does not exist or cannot be reached"},
         {IDC_txtSharedDBPath, "C:\\Guarded", "no right to write"},
         {IDC_txtDatapath, "C:\\file", "is not a folder"},

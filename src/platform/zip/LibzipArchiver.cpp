@@ -3,6 +3,7 @@
 #include "base/ErrorTrap.h"
 #include "base/RuntimeError.h"
 #include "platform/Files.h"
+#include "platform/zip/ArchiveContents.h"
 #include "platform/zip/ArchiveImage.h"
 
 namespace kaz {
@@ -35,7 +36,7 @@ int LibzipArchiver::ZpArchive(const std::string& archive,
         ArchiveImage image;
         for (const std::string& fileName : fileNames) {
             try {
-                // Whole, before anything is written: a file that fails half-way then costs only itself.
+                // Whole, before anything is written.
                 std::string contents = ReadWholeFile(files_, fileName);
                 image.Add(FileNameOf(fileName), std::move(contents),
                           files_.ModificationTime(fileName).value_or(0));
@@ -45,14 +46,23 @@ int LibzipArchiver::ZpArchive(const std::string& archive,
                 Tell(fileName);
             }
         }
-        if (image.Empty()) return result == kZipSuccess ? kZipNothingToDo : result;
+        if (result != kZipSuccess) return result;
+        if (image.Empty()) return kZipNothingToDo;
         SafeFileWriter writer(files_, archive);
         image.WriteTo(writer);
         writer.Commit();
-        return result;
+        return kZipSuccess;
     } catch (...) {
         Tell(archive);
         return kZipWriteFailed;
+    }
+}
+
+std::string LibzipArchiver::ZpRead(const std::string& archive, const std::string& name) noexcept {
+    try {
+        return FileInArchive(ReadWholeFile(files_, archive), name);
+    } catch (...) {
+        return {};
     }
 }
 

@@ -12,6 +12,7 @@ public:
     bool ZpInit() noexcept override;
     bool ZpSetOptions(const ZipOptions& options) noexcept override;
     int ZpArchive(const std::string& archive, const std::vector<std::string>& fileNames) noexcept override;
+    std::string ZpRead(const std::string& archive, const std::string& name) noexcept override;
     std::string LastMessage() const override { return lastMessage_; }
 
 private:

@@ -137,9 +137,12 @@ void frmMain::mnuBackup_Click() {
         dialogs.Message("Backup failed.");
         return;
     }
+    const std::string folder = JoinPath(app_.runtimePath, kBackupFolder);
+    const bool inDataPath = JoinPath(app_.DataPath(), kBackupFolder) == folder;
     if (dialogs.AskYesNo("Backup complete. Your files were zipped to the AutoBackups folder in " +
-                         app_.DataPath() + "\r\nWould you like to open this folder now?"))
-        mnuViewBackups_Click();
+                         app_.DataPath() + "\r\nWould you like to open this folder now?" +
+                         (inDataPath ? "" : "\r\n(The archive is in " + folder + ")")))
+        OpenForUser(app_.platform, folder);
 }
 
 // Archives are made beside the program's files, which need not be where the data are.

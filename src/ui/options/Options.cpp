@@ -18,6 +18,7 @@ Options Options::Of(const Application& application) {
     options.silentStart = settings.Flag("SilentStart");
     options.disableAutoUpdate = settings.Flag("DisableAutoUpdateCheck");
     options.noAutoBackups = settings.Flag("NoAutoBackups");
+    options.secondBackup = settings.TextOr("SecondBackupFolder", "");
     return options;
 }
 

@@ -18,6 +18,7 @@ struct Options {
     bool silentStart = false;
     bool disableAutoUpdate = false;
     bool noAutoBackups = false;
+    std::string secondBackup;  // a folder, empty for none
 
     static Options Of(const Application& application);
 };

@@ -29,6 +29,7 @@ void OptionsSaving::Check(Options& options) {
     if (options.owner.empty()) throw FieldFault(IDC_txtOwner, "You must specify a user ID");
     if (options.networked) CheckSharing(options);
     CheckDataPath(options);
+    CheckSecondBackup(options);
 }
 
 void OptionsSaving::CheckId(const std::string& id) {
@@ -87,11 +88,24 @@ void OptionsSaving::CheckDataPath(Options& options) {
                                                  "folder?");
 }
 
+void OptionsSaving::CheckSecondBackup(Options& options) {
+    std::string& path = options.secondBackup;
+    path = FolderForm(path);
+    if (path.empty() || path == before_.secondBackup) return;
+    try {
+        app_.platform.files.CreateFolder(path);
+    } catch (const RuntimeError& error) {
+        throw FieldFault(IDC_txtSecondBackup,
+                         "The folder " + path + " cannot be used for backups: " + error.Description());
+    }
+}
+
 void OptionsSaving::Store(const Options& options) {
     cSHAREDSettings& settings = app_.settings;
     settings.StoreSetting("DisableAutoUpdateCheck", options.disableAutoUpdate);
     settings.StoreSetting("SilentStart", options.silentStart);
     settings.StoreSetting("NoAutoBackups", options.noAutoBackups);
+    settings.StoreSetting("SecondBackupFolder", options.secondBackup);
     settings.StoreSetting("SharedDataPath", options.sharedPath);
     StoreOwner(options);
     settings.StoreSetting("DateStyle", static_cast<std::int16_t>(options.europeanDates ? 1 : 2));

@@ -25,6 +25,7 @@ public:
 
 private:
     void CheckDataPath(Options& options);
+    void CheckSecondBackup(Options& options);
     void CheckSharing(const Options& options);
     void StoreOwner(const Options& options);
     std::string CopiedDataPath(const Options& options);

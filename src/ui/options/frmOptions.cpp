@@ -1,7 +1,10 @@
 #include "ui/options/frmOptions.h"
 
+#include "core/Names.h"
 #include "platform/Dialogs.h"
+#include "platform/Files.h"
 #include "platform/MessagePump.h"
+#include "platform/SystemInfo.h"
 #include "ui/Links.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
@@ -18,6 +21,7 @@ frmOptions::frmOptions(std::unique_ptr<Window> window, Application& application)
     On(IDC_optNetworked, Raised::Click, "optNetworked_Click", &frmOptions::optNetworked_Click);
     On(IDC_optSingle, Raised::Click, "optSingle_Click", &frmOptions::optSingle_Click);
     On(IDC_cmdDatapath, Raised::Click, "cmdDatapath_Click", &frmOptions::cmdDatapath_Click);
+    On(IDC_cmdSecondBackup, Raised::Click, "cmdSecondBackup_Click", &frmOptions::cmdSecondBackup_Click);
     On(IDC_cmdSharedDBPath, Raised::Click, "cmdSharedDBPath_Click", &frmOptions::cmdSharedDBPath_Click);
     On(IDC_cmdPickAlarmWav, Raised::Click, "cmdPickWav_Click", &frmOptions::cmdPickWav_Click);
     On(IDC_cmdAddUser, Raised::Click, "cmdAddUser_Click", &frmOptions::cmdAddUser_Click);
@@ -43,6 +47,7 @@ void frmOptions::Form_Load() {
     chkSilentStart.Checked(options.silentStart);
     chkNoAutoBackups.Checked(options.noAutoBackups);
     chkDisableAutoUpdate.Checked(options.disableAutoUpdate);
+    txtSecondBackup.Text(options.secondBackup);
     // Kept on purpose: it has never had an effect, and looks like it.
     chkPruneBackups.Enabled(false);
     if (!options.networked) return;
@@ -87,6 +92,21 @@ void frmOptions::cmdSharedDBPath_Click() {
     PickFolder("Select the folder that all users share", txtSharedDBPath);
 }
 
+// To who carries the data folder around, the computer offers a place of its own.
+void frmOptions::cmdSecondBackup_Click() {
+    const std::string local = app_.platform.system.LocalFolder();
+    const bool portable = app_.DataPath() == app_.runtimePath && !local.empty();
+    if (portable && TypedText(txtSecondBackup).empty()) {
+        const std::string folder = JoinPath(JoinPath(local, kApplicationName), kBackupFolder);
+        if (app_.platform.dialogs.AskYesNo("Shall the copies stay on this computer, in the folder\r\n" +
+                                           folder + "?")) {
+            txtSecondBackup.Text(folder);
+            return;
+        }
+    }
+    PickFolder("Select the folder for a copy of the newest backup", txtSecondBackup);
+}
+
 void frmOptions::cmdPickWav_Click() {
     const auto file =
         app_.platform.dialogs.OpenFile("Select the WAV file for alarms", "WAV files (*.wav)|*.wav");
@@ -119,6 +139,7 @@ Options frmOptions::Typed() const {
     options.silentStart = chkSilentStart.Checked();
     options.disableAutoUpdate = chkDisableAutoUpdate.Checked();
     options.noAutoBackups = chkNoAutoBackups.Checked();
+    options.secondBackup = TypedText(txtSecondBackup);
     return options;
 }
 

@@ -25,6 +25,7 @@ private:
     void cmdDatapath_Click();
     void cmdSharedDBPath_Click();
     void cmdPickWav_Click();
+    void cmdSecondBackup_Click();
     void cmdAddUser_Click();
     void cmdDel_Click();
     void cmdReload_Click();
@@ -49,6 +50,7 @@ private:
     CheckBox chkDisableAutoUpdate{window(), IDC_chkDisableAutoUpdate};
     CheckBox chkNoAutoBackups{window(), IDC_chkNoAutoBackups};
     CheckBox chkPruneBackups{window(), IDC_chkPruneBackups};
+    TextBox txtSecondBackup{window(), IDC_txtSecondBackup};
     CheckBox optSingle{window(), IDC_optSingle};
     CheckBox optNetworked{window(), IDC_optNetworked};
     TextBox txtSharedDBPath{window(), IDC_txtSharedDBPath};

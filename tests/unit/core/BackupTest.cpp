@@ -2,6 +2,7 @@
 
 #include "core/Startup.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/Sample.h"
 #include "unit/core/ZipReading.h"
 
 #include <gmock/gmock.h>
@@ -28,11 +29,17 @@ class Backup : public testing::Test {
 protected:
     Backup() {
         Settings("");
-        machine.files.Put("C:\\Data\\Events.xml", "first");
+        machine.files.Put("C:\\Data\\Events.xml", Events(1));
     }
 
     void Settings(const std::string& more) {
         machine.files.Put("C:\\KAZ\\Kaz.ini", "OWNER,Ann\r\nDATAPATH,C:\\Data\r\n" + more);
+    }
+    static std::string Events(int count) {
+        std::vector<clsEvent> events;
+        for (int i = 1; i <= count; ++i)
+            events.push_back(OneOff("00000" + std::to_string(i), "x", DateValue(45100)));
+        return FileOf(events);
     }
     void Start() {
         app = std::make_unique<Application>(machine.Services());
@@ -51,25 +58,25 @@ protected:
 TEST_F(Backup, EachStartKeepsWhatIsThere) {
     Start();
     EXPECT_THAT(Log(), AllOf(HasSubstr(kComplete), HasSubstr(kZipped)));
-    EXPECT_THAT(Archived(), ElementsAre(Pair("Events.xml", "first"), Pair("Kaz.ini", HasSubstr("OWNER,Ann")),
+    EXPECT_THAT(Archived(), ElementsAre(Pair("Events.xml", Events(1)), Pair("Kaz.ini", HasSubstr("OWNER,Ann")),
                                         Pair("Log_KAZ.txt", HasSubstr("Expired events loaded"))));
 
-    machine.files.Put("C:\\Data\\Events.xml", "second");
-    machine.files.Put("C:\\Data\\Expired.xml", "expired");
+    machine.files.Put("C:\\Data\\Events.xml", Events(2));
+    machine.files.Put("C:\\Data\\Expired.xml", Events(3));
     machine.files.Put("C:\\Data\\tasklist.xml", "tasks");
     machine.files.Put("C:\\Data\\Events.dat", "old events");
     machine.files.Put("C:\\Data\\Expired.dat", "old expired");
     Start();
     EXPECT_THAT(Archived(),
-                ElementsAre(Pair("Events.dat", "old events"), Pair("Events.xml", "second"),
-                            Pair("Expired.dat", "old expired"), Pair("Expired.xml", "expired"),
+                ElementsAre(Pair("Events.dat", "old events"), Pair("Events.xml", Events(2)),
+                            Pair("Expired.dat", "old expired"), Pair("Expired.xml", Events(3)),
                             Pair("Kaz.ini", _), Pair("Log_KAZ.txt", _), Pair("tasklist.xml", "tasks")));
 
     machine.clock.AdvanceDays(1);
-    machine.files.Put("C:\\Data\\Events.xml", "third");
+    machine.files.Put("C:\\Data\\Events.xml", Events(4));
     Start();
-    EXPECT_EQ(Archived()["Events.xml"], "second");
-    EXPECT_EQ(Archived("C:\\KAZ\\Autobackups\\Thu Autobackup.zip")["Events.xml"], "third");
+    EXPECT_EQ(Archived()["Events.xml"], Events(2));
+    EXPECT_EQ(Archived("C:\\KAZ\\Autobackups\\Thu Autobackup.zip")["Events.xml"], Events(4));
 }
 
 TEST_F(Backup, AStartClearsAwayWhatBrokenSavesLeftAndNothingElse) {
@@ -124,12 +131,59 @@ TEST_F(Backup, TheArchiveHasTheLocalesNameOfTheDay) {
     EXPECT_EQ(machine.files.Kind("C:\\KAZ\\Autobackups\\M___i__ .._x.zip"), PathKind::File);
 }
 
-TEST_F(Backup, AFileThatCannotBeReadMakesItFailButCostsOnlyItself) {
-    Start();
-    machine.files.At("C:\\Data\\Events.xml").locked = true;
-    EXPECT_FALSE(MakeAutoBackup(*app, "Autobackup"));
-    EXPECT_THAT(Archived(), ElementsAre(Pair("Expired.xml", _), Pair("Kaz.ini", _), Pair("Log_KAZ.txt", _)));
-    EXPECT_THAT(Log(), AllOf(HasSubstr("C:\\Data\\Events.xml: Permission denied"), HasSubstr(kFailed)));
+TEST_F(Backup, TakesTheOldOnesPlaceOnlyWithAllThatIsThere) {
+    for (const char* fault : {"Events.xml", "Expired.xml", "tasklist.xml", "away"}) {
+        SCOPED_TRACE(fault);
+        machine.files.Put("C:\\Data\\Events.xml", Events(3));
+        machine.files.Put("C:\\Data\\tasklist.xml", "tasks");
+        Settings("");
+        Start();
+        const std::string good = machine.files.Text(kArchive);
+        const std::string file = std::string("C:\\Data\\") + fault;
+        if (fault == std::string("away"))
+            Settings("DATAPATH,E:\\Away\r\n");
+        else
+            machine.files.At(file).locked = true;
+        Start();
+        EXPECT_THAT(Log(), AllOf(HasSubstr(kFailed), Not(HasSubstr(kZipped))));
+        EXPECT_EQ(machine.files.Text(kArchive), good);
+        if (machine.files.Kind(file) == PathKind::File) machine.files.At(file).locked = false;
+    }
+}
+
+TEST_F(Backup, OneWithFarMoreEventsIsKeptAsideAndOfThoseTheNewest) {
+    Settings("SECONDBACKUPFOLDER,D:\\Copies\r\n");
+    const auto aside = [&](const char* folder) {
+        std::vector<std::string> names;
+        for (const std::string& name : machine.files.FilesIn(folder))
+            if (name.find("events)") != std::string::npos) names.push_back(name);
+        return names;
+    };
+    const auto startWith = [&](int events) {
+        machine.clock.AdvanceMinutes(1);
+        machine.files.Put("C:\\Data\\Events.xml", Events(events));
+        Start();
+    };
+    startWith(9);
+    startWith(5);
+    EXPECT_THAT(aside("C:\\KAZ\\Autobackups"), IsEmpty());
+    startWith(2);
+    const std::string name = "Wed Autobackup (until 2023-03-15 09.03.00, 5 events).zip";
+    EXPECT_THAT(aside("C:\\KAZ\\Autobackups"), ElementsAre(name));
+    EXPECT_EQ(Archived("C:\\KAZ\\Autobackups\\" + name)["Events.xml"], Events(5));
+    EXPECT_EQ(Archived()["Events.xml"], Events(2));
+    EXPECT_THAT(aside("D:\\Copies"), ElementsAre(name));
+    EXPECT_EQ(Archived("D:\\Copies\\Wed Autobackup.zip")["Events.xml"], Events(2));
+
+    for (int i = 0; i < 5; ++i) {
+        startWith(9);
+        startWith(0);
+    }
+    EXPECT_THAT(aside("C:\\KAZ\\Autobackups"), testing::SizeIs(3));
+    machine.files.At("D:\\Copies\\Wed Autobackup.zip").readOnly = true;
+    startWith(1);
+    EXPECT_THAT(Log(), HasSubstr(kComplete));
+    EXPECT_THAT(app->health.Find("Copy of the backup")->text, HasSubstr("D:\\Copies"));
 }
 
 TEST_F(Backup, AFailureNeverEndsTheStart) {

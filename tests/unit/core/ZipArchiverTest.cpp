@@ -75,6 +75,8 @@ TEST_F(ZipArchiverTest, WithoutAnyFileTheOldArchiveStays) {
     EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\none.dat"}), kZipNothingToDo);
     EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ"}), kZipReadFailed);
     EXPECT_THAT(Archived(), ElementsAre(Pair("Events.xml", "events")));
+    EXPECT_EQ(archiver.ZpRead(kZip, "events.xml"), "events");
+    EXPECT_EQ(archiver.ZpRead(kZip, "none") + archiver.ZpRead("C:\\KAZ\\Events.xml", "Events.xml"), "");
 }
 
 TEST_F(ZipArchiverTest, NumbersFilesOfOneName) {

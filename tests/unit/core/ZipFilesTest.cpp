@@ -21,6 +21,7 @@ public:
         files = fileNames;
         return result;
     }
+    std::string ZpRead(const std::string&, const std::string&) noexcept override { return {}; }
     std::string LastMessage() const override { return "told"; }
 
     bool available = true;
