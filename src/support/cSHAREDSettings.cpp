@@ -133,7 +133,11 @@ bool cSHAREDSettings::SaveSettings(const std::string& fileName) {
 }
 
 std::string cSHAREDSettings::LineOf(const cSHAREDSetting& setting) {
-    return UpperAscii(setting.Name).append(",").append(ToText(setting.KeyValue)).append(kLineBreak);
+    std::string line =
+        UpperAscii(setting.Name).append(",").append(ToText(setting.KeyValue)).append(kLineBreak);
+    // A zero would make the whole file a damaged one.
+    std::erase(line, '\0');
+    return line;
 }
 
 void cSHAREDSettings::SaveOnly(const std::string& fileName, std::span<const std::string_view> names) {
