@@ -34,7 +34,10 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     for (const auto what : {Raised::Resize, Raised::DpiChanged})
         On(0, what, "PlaceHealthBar", [this] { bar_.Place(); });
     for (int button = 0; button < HealthBar::kButtons; ++button)
-        On(IDC_cmdHealth + button, Raised::Click, "cmdHealth_Click", [this, button] { bar_.Press(button); });
+        On(IDC_cmdHealth + button, Raised::Click, "cmdHealth_Click", [this, button] {
+            bar_.Press(button);
+            TickSoon();  // what it did to the events is shown at once
+        });
     On(IDC_cmdHealthNext, Raised::Click, "cmdHealthNext_Click", [this] { bar_.Next(); });
     On(IDC_ListEvents, Raised::ColumnClick, "ListEvents_ColumnClick", &frmMain::ListEvents_ColumnClick);
     On(IDC_ListEvents, Raised::RightClick, "ListEvents_MouseUp", &frmMain::ListEvents_MouseUp);
