@@ -50,15 +50,19 @@ KeptCopies Copies(Application& app) {
 
 }  // namespace
 
-void ClockGuard::Look() noexcept {
+bool ClockGuard::Look() noexcept {
+    bool ended = false;
     ErrorTrap trap(app_.log, "Look", "ClockGuard");
     trap([&] {
         if (!app_.events || !app_.expired) return;
         // What the date does to events is seen when they are.
         if (app_.events->ReadFault() || app_.expired->ReadFault()) return;
         Load();
+        const bool wasInDoubt = doubt_.has_value();
         Judge(app_.platform.clock.Now());
+        ended = wasInDoubt && !doubt_;
     });
+    return ended;
 }
 
 void ClockGuard::Load() {

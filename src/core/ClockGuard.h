@@ -17,8 +17,9 @@ class ClockGuard {
 public:
     explicit ClockGuard(Application& application) : app_(application) {}
 
-    // Looks at the clock; to be called before any event is moved on because of its date.
-    void Look() noexcept;
+    // Looks at the clock; to be called before any event is moved on because of its date. True when a doubt
+    // has ended just now: the events may have been put back.
+    bool Look() noexcept;
     // The end of a tick: remembers the time, on the disk when something was shown and else once an hour.
     void NoteTick() noexcept;
 

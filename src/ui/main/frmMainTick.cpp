@@ -103,7 +103,7 @@ void frmMain::ReloadChangedFiles() {
 bool frmMain::IsNewDay() const { return app_.platform.clock.Today().Civil().day != lastDay_; }
 
 void frmMain::ShowNewDay() {
-    app_.clockGuard->Look();
+    if (app_.clockGuard->Look()) lastDay_ = 0;
     if (!IsNewDay()) return;
     lastDay_ = app_.platform.clock.Today().Civil().day;
     ErrorTrap trap(errors(), "TimerRefresh_Timer", Name());

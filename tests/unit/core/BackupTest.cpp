@@ -58,8 +58,9 @@ protected:
 TEST_F(Backup, EachStartKeepsWhatIsThere) {
     Start();
     EXPECT_THAT(Log(), AllOf(HasSubstr(kComplete), HasSubstr(kZipped)));
-    EXPECT_THAT(Archived(), ElementsAre(Pair("Events.xml", Events(1)), Pair("Kaz.ini", HasSubstr("OWNER,Ann")),
-                                        Pair("Log_KAZ.txt", HasSubstr("Expired events loaded"))));
+    EXPECT_THAT(Archived(),
+                ElementsAre(Pair("Events.xml", Events(1)), Pair("Kaz.ini", HasSubstr("OWNER,Ann")),
+                            Pair("Log_KAZ.txt", HasSubstr("Expired events loaded"))));
 
     machine.files.Put("C:\\Data\\Events.xml", Events(2));
     machine.files.Put("C:\\Data\\Expired.xml", Events(3));
