@@ -25,7 +25,6 @@ protected:
     void SetUp() override {
         if (!std::getenv("KAZ_CLOCK")) GTEST_SKIP() << "to be run by tools/lib/with-clock";
         folder.Write("Kaz.ini", "OWNER,Single\r\nNOAUTOBACKUPS,-1\r\n");
-        Put(0);
         day = Win32Clock().Today();
     }
     void TearDown() override {
@@ -41,11 +40,11 @@ protected:
         const DateValue time = DateValue::FromTime(hour, minute, second);
         Put(ahead + seconds(DateValue(day.Day() + days, time.SecondOfDay())) - seconds(now));
     }
-    // The file is read each second.
+    // The file is looked at when more than a second has passed, in whole seconds.
     void Put(std::int64_t seconds) {
         ahead = seconds;
         std::ofstream(std::getenv("KAZ_CLOCK")) << (seconds < 0 ? "" : "+") << seconds << "\n";
-        Sleep(1500);
+        Sleep(2100);
     }
     void Start(const std::vector<clsEvent>& events) {
         folder.Write("Events.xml", FileOf(events));
