@@ -1,5 +1,7 @@
 #include "storage/KnownEvents.h"
 
+#include "storage/ContentHash.h"
+
 #include <algorithm>
 
 namespace kaz {
@@ -39,6 +41,18 @@ bool KnownEvents::AreAllOf(const std::vector<clsEvent>& events) const {
         if (!known || *known != digest) return false;
     }
     return count == entries_.size();
+}
+
+std::uint64_t KnownEvents::Print(const std::vector<clsEvent>& events) const {
+    ContentHash print;
+    for (const Entry& entry : entries_) {
+        print.Add(entry.code);
+        print.Add(entry.digest.words);
+        print.Add(entry.digest.dates);
+    }
+    for (const clsEvent& event : events)
+        if (!event.Deleted) print.Add(static_cast<std::uint32_t>(event.DaysLeft()));
+    return print.Value();
 }
 
 }  // namespace kaz

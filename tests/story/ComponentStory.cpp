@@ -146,3 +146,18 @@ TEST(Component, AnUnreadableEventFileIsNotWrittenOver) {
     component.ScanEvents();
     EXPECT_THAT(story.host.todays, ElementsAre("Tea"));
 }
+
+TEST(Component, AStartWithoutNewsLeavesTheEventFilesAlone) {
+    Story story;
+    story.Settings("OWNER,Single\r\nNOAUTOBACKUPS,-1\r\n");
+    story.Events({Daily("000001", "Each week", story.Today(), 7)});
+    story.Start();
+    const auto events = story.machine.files.ModificationTime(Story::Path("Events.xml"));
+    const auto expired = story.machine.files.ModificationTime(Story::Path("Expired.xml"));
+    ASSERT_TRUE(events && expired);
+    story.component.reset();
+    story.Start().RefreshDates();
+    story.Advance(100);
+    EXPECT_EQ(story.machine.files.ModificationTime(Story::Path("Events.xml")), events);
+    EXPECT_EQ(story.machine.files.ModificationTime(Story::Path("Expired.xml")), expired);
+}

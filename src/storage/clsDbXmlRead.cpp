@@ -1,0 +1,205 @@
+#include "base/RuntimeError.h"
+#include "platform/Files.h"
+#include "platform/Locale.h"
+#include "storage/ErrorBatch.h"
+#include "storage/EventFileReader.h"
+#include "storage/EventIntake.h"
+#include "storage/clsDbXml.h"
+
+#include <algorithm>
+#include <iterator>
+#include <unordered_set>
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+// A file that is there and can be read, but is none of ours any more.
+struct DamagedFile : RuntimeError {
+    explicit DamagedFile(std::string what) : RuntimeError(ErrorNumber::TypeMismatch, std::move(what)) {}
+};
+
+}  // namespace
+
+void clsDbXml::Append() {
+    lastKnownDate_ = FileDate();
+    try {
+        std::vector<clsEvent> file;
+        if (lastKnownDate_ || services_.files.Kind(fileName_) != PathKind::Missing) ReadFile(fileName_, file);
+        codes_.Forget();
+        std::move(file.begin(), file.end(), std::back_inserter(events_));
+        known_.confirmed = known_.saved = KnownEvents(events_);
+        eventsPrint_.reset();
+        state_ = FileState::Fine;
+    } catch (...) {
+        CouldNotRead(FileState::NotRead, CurrentError());
+    }
+}
+
+// Brings the memory up to what the file holds now. With `fresh`, nothing of the memory stays.
+void clsDbXml::Reload(bool fresh) {
+    isKnown_ = true;
+    lastKnownDate_ = FileDate();
+    try {
+        if (!lastKnownDate_) {
+            // A folder that is gone, such as a share without its network, is no empty database.
+            const std::string folder = FolderOf(fileName_);
+            if (!folder.empty() && services_.files.Kind(folder) == PathKind::Missing)
+                throw RuntimeError(ErrorNumber::PathNotFound);
+            if (services_.files.Kind(fileName_) == PathKind::Missing) {
+                LookForMissing(fresh);
+                return;
+            }
+        }
+        std::vector<clsEvent> file;
+        ReadFile(fileName_, file);
+        GiveRepeatedNewCodes(file);
+        TakeIn(std::move(file), fresh);
+        isThere_ = true;
+        state_ = FileState::Fine;
+        readFault_.reset();
+        toldFault_.clear();
+    } catch (const DamagedFile& damage) {
+        CouldNotRead(FileState::Damaged, {static_cast<int>(damage.Number()), damage.Description()});
+    } catch (...) {
+        const ErrorInfo error = CurrentError();
+        const bool away = error.number == static_cast<int>(ErrorNumber::PathNotFound);
+        CouldNotRead(away ? FileState::FolderAway : FileState::NotRead, error);
+    }
+}
+
+// The folder is there, but no file in it.
+void clsDbXml::LookForMissing(bool fresh) {
+    eventsPrint_.reset();
+    if (!isThere_ && (state_ == FileState::FolderAway || state_ == FileState::NotBack)) {
+        // A synchronised folder is there before its files.
+        state_ = FileState::NotBack;
+        readFault_ = {static_cast<int>(ErrorNumber::FileNotFound), DescriptionOf(ErrorNumber::FileNotFound)};
+        return;
+    }
+    readFault_.reset();
+    if (!isThere_) {
+        TakeIn({}, fresh);
+        state_ = FileState::Fine;
+    } else if (FileExists(services_.files, WithExtension(fileName_, ".dat"))) {
+        state_ = FileState::SetAside;
+    } else {
+        // The memory is the last good copy.
+        known_ = {};
+        unconfirmed_ = false;
+        state_ = FileState::Vanished;
+    }
+}
+
+void clsDbXml::TakeIn(std::vector<clsEvent> file, bool fresh) {
+    KnownEvents known(file);
+    eventsPrint_ = known.Print(file);
+    isOurText_ = false;
+    std::vector<clsEvent> before;
+    EventMerge::Result merged;
+    if (fresh) {
+        merged.events = std::move(file);
+    } else {
+        merged = EventMerge::Run(std::move(file), events_, known_);
+        KeepWhatGivesWay(merged);
+        before = std::move(events_);
+    }
+    codes_.Forget();
+    events_ = std::move(merged.events);
+    known_.confirmed = known_.saved = std::move(known);
+    known_.former.clear();
+    unconfirmed_ = false;
+    for (clsEvent& event : merged.newCodes)
+        StoreRecord(std::move(event), true);
+    if (!merged.gone.empty()) TellGone(std::move(merged.gone), before);
+    if (!fresh && onReload_) onReload_();
+}
+
+void clsDbXml::KeepWhatGivesWay(const EventMerge::Result& merged) const {
+    if (!merged.yielded.empty())
+        overwritten_.KeepEvents(fileName_, "changed here and by another", merged.yielded);
+    if (merged.hidesTheirs && !overwritten_.Keep(fileName_))
+        throw RuntimeError(ErrorNumber::PathFileAccess, "The version of another program cannot be kept");
+}
+
+void clsDbXml::TellGone(std::vector<clsEvent> gone, const std::vector<clsEvent>& before) {
+    if (other_) {
+        if (other_->DatabaseChanged()) other_->Reload(false);
+        std::unordered_set<std::string_view> codes;
+        std::unordered_set<std::uint64_t> words;
+        for (const clsEvent& event : other_->events_) {
+            if (event.Deleted) continue;
+            codes.insert(event.IDCode);
+            words.insert(EventDigest(event).words);
+        }
+        std::erase_if(gone, [&](const clsEvent& event) {
+            return codes.contains(event.IDCode) || words.contains(EventDigest(event).words);
+        });
+    }
+    if (gone.empty()) return;
+    services_.log.LogEvent(std::to_string(gone.size()) + " events are gone from " + fileName_ +
+                           ", removed by another program");
+    overwritten_.KeepEvents(fileName_, "before events went", before);
+    if (onGone_) onGone_(gone);
+}
+
+// Told once for each reason, since every tick tries again.
+void clsDbXml::CouldNotRead(FileState state, const ErrorInfo& error) {
+    std::string reason = std::to_string(error.number) + fileName_ + error.description;
+    if (std::exchange(toldFault_, reason) != reason) {
+        services_.log.Report(error, "LoadDB", kModule);
+        services_.log.LogEvent("Unable to read events from " + fileName_);
+    }
+    state_ = state;
+    readFault_ = error;
+    // Without a date the file counts as changed, so that the next look at it tries again.
+    lastKnownDate_.reset();
+}
+
+// Adds the file's events, or when one cannot be read, none.
+void clsDbXml::ReadFile(const std::string& path, std::vector<clsEvent>& events) {
+    const auto file = services_.files.OpenForReading(path);
+    ErrorBatch errors(services_.log);
+    EventFileReader reader(*file, services_.locale.Data(), errors);
+    const EventIntake intake(services_, foreignFileFilter_);
+    for (;;) {
+        if (events.size() == events.capacity())
+            events.reserve(std::max(events.size() + events.size() / 8 + 64, reader.EstimatedCount()));
+        const bool read = reader.Next(events.emplace_back());
+        if (!read || !intake.Admit(events.back())) events.pop_back();
+        if (!read) break;
+    }
+    CheckRead(reader);
+    contentPrint_ = reader.ContentPrint();
+}
+
+void clsDbXml::CheckRead(const EventFileReader& reader) const {
+    if (const std::string fault = reader.Fault(); !fault.empty()) throw DamagedFile("The file " + fault);
+    if (!reader.IsEmpty()) return;
+    const bool hadEvents = isThere_ && !known_.confirmed.Entries().empty();
+    if (hadEvents || (backupHasEvents_ && backupHasEvents_())) throw DamagedFile("The file is empty");
+}
+
+// A file of one user holds no code twice. The same place gets the same code at each reading, until it stands
+// in the file.
+void clsDbXml::GiveRepeatedNewCodes(std::vector<clsEvent>& events) {
+    std::map<std::pair<std::string, int>, std::string> given;
+    std::map<std::string, int> times;
+    codes_.Forget();
+    for (const std::size_t place : EventCodes::Repeated(events)) {
+        clsEvent& event = events[place];
+        const std::pair key(event.IDCode, ++times[event.IDCode]);
+        const auto before = newCodes_.find(key);
+        const bool known = before != newCodes_.end() && !codes_.MayHold(events, before->second);
+        event.IDCode = known ? before->second : UnusedCode(events);
+        if (!known)
+            services_.log.LogEvent("The code " + key.first + " is in " + fileName_ +
+                                   " more than once. One of the events gets the code " + event.IDCode);
+        given[key] = event.IDCode;
+        codes_.Forget();
+    }
+    newCodes_ = std::move(given);
+}
+
+}  // namespace kaz

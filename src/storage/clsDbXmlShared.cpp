@@ -1,0 +1,85 @@
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "platform/Files.h"
+#include "platform/Locale.h"
+#include "storage/Owner.h"
+#include "storage/SharedFolder.h"
+#include "storage/clsDbXml.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace kaz {
+
+void clsDbXml::LoadMultiple(const std::string& listFile) {
+    // Watched like the files that it names: a user who joins is seen at the next look.
+    watched_.Clear();
+    watched_.Add(listFile);
+    const SharedFolder folder(services_.files, services_.settings, services_.log);
+    const std::string me = CurrentOwner(services_.settings);
+    ReadUsers(folder, listFile);
+
+    std::vector<clsEvent> events;
+    std::vector<std::string> sources;
+    ErrorTrap trap(services_.log, "LoadMultiple", kModule);
+    for (const std::string& user : users_) {
+        services_.log.LogEvent("Found shared database " + user);
+        if (StringsEqual(user, me, services_.locale.Folding())) {
+            services_.log.LogEvent("Not loading - belongs to current user (" + me + ")");
+            continue;
+        }
+        trap([&] {
+            std::vector<clsEvent> file = LoadFrom(user, folder.FileOf(user));
+            sources.push_back(user);
+            for (clsEvent& event : file) {
+                event.Source = static_cast<std::int32_t>(sources.size());
+                events.push_back(std::move(event));
+            }
+        });
+    }
+    codes_.Forget();
+    events_ = std::move(events);
+    sources_ = std::move(sources);
+    const std::string own = folder.FileOf(me);
+    services_.log.LogEvent("Setting Database filename to " + own);
+    fileName_ = own;
+    lastKnownDate_ = FileDate();
+    if (onReload_) onReload_();
+}
+
+// A list that cannot be read now is that of the last time.
+void clsDbXml::ReadUsers(const SharedFolder& folder, const std::string& listFile) {
+    ErrorTrap trap(services_.log, "LoadMultiple", kModule);
+    if (!trap([&] { users_ = folder.UsersOf(listFile); })) watched_.LastWasNotRead();
+}
+
+// And likewise the user's events.
+std::vector<clsEvent> clsDbXml::LoadFrom(const std::string& user, const std::string& path) {
+    watched_.Add(path);
+    const PathKind kind = services_.files.Kind(path);
+    services_.log.LogEvent(kind == PathKind::File ? "Loading from " + path
+                                                  : path + " not found. Setting null refresh date.");
+    std::vector<clsEvent> events;
+    try {
+        if (kind != PathKind::Missing)
+            ReadFile(path, events);
+        else if (!FolderExists(services_.files, FolderOf(path)))
+            throw RuntimeError(ErrorNumber::PathNotFound);
+    } catch (...) {
+        services_.log.Report(CurrentError(), "LoadDB", kModule);
+        services_.log.LogEvent("Unable to read events from " + path);
+        watched_.LastWasNotRead();
+        events.clear();
+        std::copy_if(events_.begin(), events_.end(), std::back_inserter(events),
+                     [&](const clsEvent& event) { return SourceOf(event) == user; });
+    }
+    return events;
+}
+
+std::string clsDbXml::SourceOf(const clsEvent& event) const {
+    const auto position = static_cast<std::size_t>(event.Source) - 1;
+    return position < sources_.size() ? sources_[position] : std::string();
+}
+
+}  // namespace kaz
