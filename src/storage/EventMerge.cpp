@@ -16,9 +16,17 @@ constexpr int kMostTimesAgain = 5;
 EventMerge::Result EventMerge::Run(std::vector<clsEvent> file, const std::vector<clsEvent>& here,
                                    Memory& memory) {
     EventMerge merge(std::move(file), memory);
-    for (const clsEvent& event : here)
-        if (!event.Deleted) merge.Place(event);
-    merge.DeleteAgain();
+    // Mostly nothing has changed here.
+    const bool isKnown = memory.former.empty() && memory.saved.Entries() == memory.confirmed.Entries() &&
+                         memory.saved.AreAllOf(here);
+    for (const clsEvent& event : here) {
+        if (event.Deleted) continue;
+        if (!isKnown)
+            merge.Place(event);
+        else if (!merge.inFile_.contains(event.IDCode))
+            merge.result_.gone.push_back(event);
+    }
+    if (!isKnown) merge.DeleteAgain();
     merge.ForgetMoved();
     std::vector<clsEvent>& events = merge.result_.events;
     std::move(merge.added_.begin(), merge.added_.end(), std::back_inserter(events));
@@ -29,6 +37,7 @@ EventMerge::EventMerge(std::vector<clsEvent> file, Memory& memory)
     : memory_(memory),
       againBefore_(std::exchange(memory.again, {})) {
     result_.events = std::move(file);
+    inFile_.reserve(result_.events.size());
     for (std::size_t place = 0; place < result_.events.size(); ++place)
         inFile_.emplace(result_.events[place].IDCode, place);
 }

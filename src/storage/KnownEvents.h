@@ -15,6 +15,7 @@ public:
     struct Entry {
         std::string code;
         EventDigest digest;
+        friend bool operator==(const Entry&, const Entry&) = default;
     };
 
     KnownEvents() = default;
