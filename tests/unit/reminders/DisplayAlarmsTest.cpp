@@ -56,24 +56,6 @@ TEST(DisplayAlarms, TheSharedDatabaseAddsToTheSameWindow) {
     }
 }
 
-TEST(DisplayAlarms, ClosedWithinItsMinuteItIsOverAndOthersOfTheMinuteAreNot) {
-    ReminderDesk desk;
-    desk.AddAlarm("Mine", "09:30");
-    clsEvent& theirs = desk.AddAlarm("Theirs", "09:30", &desk.shared);
-    theirs.IDCode = desk.events.AllEvents().front().IDCode;
-    desk.Alarms("09:30:00");
-    desk.Window(kAlarm)->CloseBox();
-    EXPECT_EQ(desk.openWindows.Count(), 0U);
-    desk.Alarms("09:30:10", &desk.shared);
-    desk.Alarms("09:30:30");
-    EXPECT_THAT(desk.List(kAlarm), ElementsAre("Theirs"));
-    // An event that is pushed to the next day rings there again.
-    desk.events.AllEvents().front().DueDate(desk.machine.clock.Today().PlusDays(1));
-    desk.machine.clock.AdvanceDays(1);
-    desk.Alarms("09:30:00");
-    EXPECT_THAT(desk.List(kAlarm), ElementsAre("Mine", "Theirs"));
-}
-
 TEST(DisplayAlarms, ASecondTickLetsAWindowSleepAndANewAlarmWakesIt) {
     ReminderDesk desk;
     desk.machine.files.Put("C:\\KAZ\\gong.wav", "RIFF");

@@ -65,17 +65,6 @@ TEST_F(frmReminderTest, SleepsForWholeMinutesAndComesBackOnce) {
     EXPECT_TRUE(window->IsVisible());
 }
 
-TEST_F(frmReminderTest, ASleepIsOverWhenTheClockHasReachedItsEnd) {
-    Sleep("120");
-    Pass(60);
-    desk.machine.clock.AdvanceMinutes(119);
-    Pass(1);
-    EXPECT_FALSE(window->IsVisible());
-    desk.machine.clock.AdvanceMinutes(1);
-    Pass(1);
-    EXPECT_TRUE(window->IsVisible());
-}
-
 TEST_F(frmReminderTest, MinutesThatAreNoNumberWakeAtTheFirstFullMinute) {
     for (const char* minutes : {"soon", "-5", "", "0.5"}) {
         Sleep(minutes);

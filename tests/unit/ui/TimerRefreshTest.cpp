@@ -69,18 +69,6 @@ TEST_F(TimerRefreshTest, ALateTickMakesUpForTheMinutesThatNoneHasSeen) {
     EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\lunch.cmd"));
 }
 
-TEST_F(TimerRefreshTest, SharedAlarmsRingInANetworkOnly) {
-    clsDbXml anns(app.Storage());
-    clsEvent meeting = AddAlarm(anns, "Meeting", 9, 0);
-    meeting.Owner("Ann");
-    ShareAsAnn({meeting});
-    OpenAndTick();
-    EXPECT_EQ(nullptr, machine.windows.WithCaption("ALARM!"));
-    app.settings.StoreSetting("Networked", true);
-    Tick();
-    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Meeting"));
-}
-
 TEST_F(TimerRefreshTest, WhatAnotherProgramSavedIsReadBeforeAnythingIsWritten) {
     Add(*app.events, "mine", 1);
     ASSERT_TRUE(app.events->SaveDB());
