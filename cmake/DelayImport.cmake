@@ -1,5 +1,6 @@
 # kaz_delay_import(NAME LIBRARY...): NAME stands for the import libraries of these system DLLs, with the difference that a DLL
-# is loaded by the first call into it instead of with the program. For DLLs that are seldom called and slow to load.
+# is loaded by the first call into it instead of with the program, and from the system's folder only. For DLLs that are seldom
+# called and slow to load, and for all that the system does not keep ready: it would look for those beside the program first.
 function(kaz_delay_import name)
   add_library(${name} INTERFACE)
   if(NOT MINGW OR NOT CMAKE_SYSTEM_PROCESSOR STREQUAL x86_64) # elsewhere the functions have decorated names
@@ -22,5 +23,6 @@ function(kaz_delay_import name)
       --output-delaylib ${folder}/lib${library}.a ${run})
     target_link_libraries(${name} INTERFACE ${folder}/lib${library}.a)
   endforeach()
-  target_link_libraries(${name} INTERFACE delayimp)
+  # Nothing names the hook but the run-time library, which comes last and has an empty one of its own.
+  target_link_libraries(${name} INTERFACE -Wl,--undefined=__pfnDliNotifyHook2 kaz_process delayimp)
 endfunction()

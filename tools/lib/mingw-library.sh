@@ -14,7 +14,9 @@ mingw_library() {
 
     exec 9>"$deps/$name.lock"
     flock -w 900 9 || die "another build of $name does not end"
-    if [[ -e $installed/lib/$file ]]; then
+    local key cached
+    key=$({ printf '%s\n' "$@"; cat "${BASH_SOURCE[0]}" "$root/cmake/mingw-toolchain.cmake"; "$target-g++" --version || true; } | sha256sum)
+    if [[ -e $installed/lib/$file && $(cat "$installed/built-by" 2>/dev/null) == "$key" ]]; then
         say "$installed"
         return
     fi
@@ -22,10 +24,9 @@ mingw_library() {
     work=$(mktemp -d "$deps/$name.XXXXXX")
     at_exit rm -rf "$work"
     exec 3>&1 >"$log" 2>&1
-    local key cached
-    key=$({ printf '%s\n' "$@"; cat "${BASH_SOURCE[0]}" "$root/cmake/mingw-toolchain.cmake"; "$target-g++" --version || true; } | sha256sum)
     cached=${XDG_CACHE_HOME:-$HOME/.cache}/kaz/$name-$version-$target-${key:0:16}.tar
     if [[ -e $cached ]] && tar -xf "$cached" -C "$work" && [[ -e $work/installed/lib/$file ]]; then
+        rm -rf "$installed"
         mv -T "$work/installed" "$installed"
         say "$installed" >&3
         return
@@ -38,10 +39,11 @@ mingw_library() {
     fetch_debian_source "$work" "$name" || mingw_failed "could not be fetched"
     dpkg-source --no-check -x "$work/${name}_$version"*.dsc "$work/source" || mingw_failed "could not be unpacked"
     cmake -G Ninja -S "$work/source" -B "$work/build" --toolchain "$root/cmake/mingw-toolchain.cmake" \
-        -DKAZ_MINGW_TARGET="$target" -DCMAKE_BUILD_TYPE=None -DCMAKE_C_FLAGS="-O2 -ffunction-sections -fdata-sections" \
+        -DKAZ_MINGW_TARGET="$target" -DCMAKE_BUILD_TYPE=None -DCMAKE_C_FLAGS="-O2 -ffunction-sections -fdata-sections -fstack-protector-strong" \
         -DCMAKE_INSTALL_PREFIX="$work/installed" -DCMAKE_INSTALL_LIBDIR=lib -DBUILD_SHARED_LIBS=OFF "$@" ||
         mingw_failed "could not be configured"
     cmake --build "$work/build" --target install && [[ -e $work/installed/lib/$file ]] || mingw_failed "could not be built"
+    say "$key" >"$work/installed/built-by"
     mkdir -p "${cached%/*}" && tar -cf "$cached.$$" -C "$work" installed && mv "$cached.$$" "$cached" || true
     rm -rf "$installed"
     mv "$work/installed" "$installed"

@@ -1,6 +1,7 @@
 #include "hosts/kaz2/Component.h"
 
 #include "hosts/kaz2/ComponentSink.h"
+#include "hosts/kaz2/DataFolder.h"
 #include "hosts/kaz2/StartFailure.h"
 
 #include <cstdio>
@@ -10,6 +11,7 @@ namespace kaz {
 
 namespace {
 
+constexpr wchar_t kMissing[] = L"its component Kazlib.dll is missing or damaged";
 constexpr int kTries = 6;
 constexpr DWORD kBetweenTries = 5000;  // milliseconds
 
@@ -34,11 +36,26 @@ void Require(HRESULT result, const wchar_t* what) {
     throw StartFailure{std::wstring(L"KAZ cannot start: ") + what + L" (" + number + L")."};
 }
 
+using GetClassObject = decltype(&DllGetClassObject);
+
+// The one beside the program by its full path, whatever is registered and wherever else one lies. It stays
+// loaded as long as the program.
+GetClassObject ComponentFile() {
+    const HMODULE file = LoadLibraryExW(InFolder(ProgramFolder(), L"Kazlib.dll").c_str(), nullptr,
+                                        LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const FARPROC entry = file ? GetProcAddress(file, "DllGetClassObject") : nullptr;
+    Require(entry ? S_OK : HRESULT_FROM_WIN32(GetLastError()), kMissing);
+    return reinterpret_cast<GetClassObject>(reinterpret_cast<void*>(entry));
+}
+
 Owned<IKazComponent> Create() {
+    IClassFactory* made = nullptr;
+    Require(ComponentFile()(CLSID_clsComponent, IID_IClassFactory, reinterpret_cast<void**>(&made)),
+            kMissing);
+    const Owned<IClassFactory> factory(made);
     IKazComponent* component = nullptr;
-    Require(CoCreateInstance(CLSID_clsComponent, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IKazComponent),
-                             reinterpret_cast<void**>(&component)),
-            L"its component Kazlib.dll is missing or damaged");
+    Require(factory->CreateInstance(nullptr, __uuidof(IKazComponent), reinterpret_cast<void**>(&component)),
+            kMissing);
     return Owned<IKazComponent>(component);
 }
 

@@ -26,12 +26,6 @@ std::wstring FullPath(const std::wstring& path) {
     return WithoutTrailingBackslash(full);
 }
 
-std::wstring ProgramFolder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return WithoutTrailingBackslash(path.substr(0, path.find_last_of(L'\\') + 1));
-}
-
 std::wstring RoamingFolder() {
     wchar_t* path = nullptr;
     const HRESULT result = SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_CREATE, nullptr, &path);
@@ -59,6 +53,12 @@ std::wstring Created(const std::wstring& folder) {
 }
 
 }  // namespace
+
+std::wstring ProgramFolder() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return WithoutTrailingBackslash(path.substr(0, path.find_last_of(L'\\') + 1));
+}
 
 std::wstring ChooseDataFolder(const std::wstring& asked) {
     if (!asked.empty()) return Created(FullPath(asked));

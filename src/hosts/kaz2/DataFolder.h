@@ -10,6 +10,9 @@ namespace kaz {
 // events. Full path, without trailing backslash unless it is a drive's root. Throws StartFailure.
 std::wstring ChooseDataFolder(const std::wstring& asked);
 
+// The folder that the program lies in, without trailing backslash unless it is a drive's root.
+std::wstring ProgramFolder();
+
 // Puts the alarm sound that the program ships with into the folder, when there is none yet.
 void ProvideAlarmSound(const std::wstring& folder);
 

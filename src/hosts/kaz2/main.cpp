@@ -90,6 +90,9 @@ int Fail(const std::wstring& text) {
 }  // namespace kaz
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
+    // Before anything is loaded: what the system itself loads for us, too, is not looked for beside the
+    // program, which may lie among other people's downloads.
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     try {
         kaz::Run(kaz::ParseCommandLine({__wargv, static_cast<std::size_t>(__argc)}));
         // Everything is saved and closed. The usual end would take down one by one what goes with the

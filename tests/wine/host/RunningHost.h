@@ -18,6 +18,8 @@ public:
 
     static std::filesystem::path Program();
 
+    HANDLE Process() const { return process_.hProcess; }
+
     // The host's own window that nobody sees; null when it did not come within some seconds.
     HWND HostWindow() const;
     // The window of this process that the user sees under that title now, or null.
