@@ -14,12 +14,19 @@ std::wstring WithoutStrayQuote(std::wstring folder) {
 
 }  // namespace
 
+std::wstring SilentArguments(const std::wstring& folder) {
+    // A backslash before the closing quotation mark would make it a part of the name.
+    return L"--silent \"" + folder + (folder.ends_with(L'\\') ? L"\\\"" : L"\"");
+}
+
 CommandLine ParseCommandLine(std::span<const wchar_t* const> words) {
     CommandLine line;
     for (std::size_t index = 1; index < words.size(); ++index) {
         const std::wstring_view word = words[index];
         if (word == L"--lists") {
             if (++index < words.size()) line.listsFile = words[index];
+        } else if (word == L"--silent") {
+            line.silent = true;
         } else if (line.folder.empty()) {
             line.folder = WithoutStrayQuote(std::wstring(word));
         }

@@ -5,11 +5,15 @@
 
 namespace kaz {
 
-// KAZ2 [FOLDER] [--lists FILE]
+// KAZ2 [FOLDER] [--lists FILE] [--silent]
 struct CommandLine {
     std::wstring folder;     // of the data; empty when none was given
     std::wstring listsFile;  // where the lists of each scan are written; empty for nowhere
+    bool silent = false;     // nobody asked for a window: the system starts it again
 };
+
+// What follows the program's name when it is to start silently on that folder.
+std::wstring SilentArguments(const std::wstring& folder);
 
 // `words` are those of the whole command line, the program's own name included.
 CommandLine ParseCommandLine(std::span<const wchar_t* const> words);

@@ -53,15 +53,15 @@ SingleInstance::~SingleInstance() {
     if (owned_) ReleaseMutex(mutex_.get());
 }
 
-bool SingleInstance::IsOnly() {
+bool SingleInstance::IsOnly(bool silently) {
     for (int attempt = 0; mutex_ && attempt < kAttempts; ++attempt) {
         const DWORD result = WaitForSingleObject(mutex_.get(), attempt == 0 ? 0 : kPause);
         owned_ = result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
         if (owned_) return true;
-        if (AskToComeForward()) return false;
+        if (OtherIsThere(silently)) return false;
     }
     // Without the mutex nothing can be told; two programs on one folder do no harm to its files.
-    return !AskToComeForward();
+    return !OtherIsThere(silently);
 }
 
 UINT SingleInstance::ComeForwardMessage() {
@@ -69,9 +69,10 @@ UINT SingleInstance::ComeForwardMessage() {
     return message;
 }
 
-bool SingleInstance::AskToComeForward() const {
+bool SingleInstance::OtherIsThere(bool silently) const {
     HWND window = FindWindowW(kWindowClass, name_.c_str());
     if (!window) return false;
+    if (silently) return true;
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
     // The user has just clicked for this program; the right to the foreground goes to the one that runs.

@@ -15,8 +15,9 @@ public:
     SingleInstance& operator=(const SingleInstance&) = delete;
 
     // True when this is the only one, which it then is until its end. Otherwise the one that runs has been
-    // asked to come forward. One that is starting or ending just now is waited for, some seconds at most.
-    bool IsOnly();
+    // asked to come forward, unless nobody is there who wants to see it. One that is starting or ending just
+    // now is waited for, some seconds at most.
+    bool IsOnly(bool silently);
 
     // The class and the name of the window that receives the request.
     static constexpr wchar_t kWindowClass[] = L"KAZ2Host";
@@ -25,7 +26,7 @@ public:
     static UINT ComeForwardMessage();
 
 private:
-    bool AskToComeForward() const;
+    bool OtherIsThere(bool silently) const;
 
     std::wstring name_;
     OwnedHandle mutex_;

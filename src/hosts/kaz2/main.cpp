@@ -7,6 +7,7 @@
 #include "hosts/kaz2/HostMail.h"
 #include "hosts/kaz2/HostWindow.h"
 #include "hosts/kaz2/ListsFile.h"
+#include "hosts/kaz2/RestartBySystem.h"
 #include "hosts/kaz2/SilentStart.h"
 #include "hosts/kaz2/SingleInstance.h"
 #include "hosts/kaz2/StartFailure.h"
@@ -39,7 +40,8 @@ void Run(const CommandLine& line) {
     const Apartment apartment;
     const std::wstring folder = ChooseDataFolder(line.folder);
     SingleInstance instance(folder);
-    if (!instance.IsOnly()) return;
+    if (!instance.IsOnly(line.silent)) return;
+    AskForRestart(SilentArguments(folder));
     ProvideAlarmSound(folder);
 
     ListsFile lists(line.listsFile);
@@ -68,7 +70,7 @@ void Run(const CommandLine& line) {
     component = std::make_unique<Component>(lists, mail);
     component->Start(folder);
     // First the window, so that it is there while the lists are made; a scan alone loads it hidden.
-    if (!StartsSilently(folder)) component->Show();
+    if (!line.silent && !StartsSilently(folder)) component->Show();
     mail.CheckSettings();
     component->Scan();
     ProcessMessages();

@@ -72,6 +72,8 @@ TEST_F(Host, SecondStartOnTheSameFolderBringsTheFirstForwardAndLeaves) {
     std::wstring spelling =
         (folder.Path() / "..").wstring() + L"\\" + folder.Path().filename().wstring() + L"\\.";
     CharUpperBuffW(spelling.data(), static_cast<DWORD>(spelling.size()));
+    EXPECT_EQ(RunningHost(L"--silent " + Quoted(spelling)).ExitCode(), 0);
+    EXPECT_EQ(first.VisibleWindow(kMain), nullptr) << "it was the system that started it again";
     EXPECT_EQ(RunningHost(Quoted(spelling)).ExitCode(), 0);
     EXPECT_TRUE(Eventually([&] { return first.VisibleWindow(kMain) != nullptr; }));
 
@@ -84,8 +86,12 @@ TEST_F(Host, SecondStartOnTheSameFolderBringsTheFirstForwardAndLeaves) {
     PostMessageW(first.HostWindow(), WM_CLOSE, 0, 0);
     EXPECT_EQ(first.ExitCode(), 0);
     ExpectSaved();
-    const RunningHost third(Quoted(folder.Path()));
-    EXPECT_TRUE(third.HostWindow());
+    std::filesystem::remove(folder.Path() / "lists.txt");
+    folder.Write("Kaz.ini", kSettings);
+    const RunningHost third(Quoted(folder.Path()) + L" --silent --lists " +
+                            Quoted(folder.Path() / "lists.txt"));
+    EXPECT_TRUE(Eventually([&] { return !folder.Read("lists.txt").empty(); }));
+    EXPECT_EQ(third.VisibleWindow(kMain), nullptr);
 }
 
 TEST_F(Host, EndOfTheSessionSavesBeforeTheAnswer) {
