@@ -134,9 +134,10 @@ void frmReminder::cmdContinue_Click() {
 
 void frmReminder::PlayItsSound() {
     if (!services_.player.HasSound() || services_.settings.Flag("NoSounds")) return;
-    if (!FileExists(services_.files, SoundFile))
-        SoundFile = DefaultAlarmSound(services_.settings, services_.applicationFolder);
-    services_.player.PlayWav(SoundFile);
+    const std::string usual =
+        DefaultAlarmSound(services_.files, services_.settings, services_.applicationFolder);
+    if (!FileExists(services_.files, SoundFile)) SoundFile = usual;
+    services_.player.PlayWav(SoundFile, usual);
 }
 
 }  // namespace kaz

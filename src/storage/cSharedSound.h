@@ -5,6 +5,7 @@
 #include "platform/Sound.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -14,23 +15,29 @@ namespace kaz {
 class cSharedSound {
 public:
     // All outlive the object.
-    cSharedSound(Sound& sound, const FileSystem& files, ErrorSink& errors)
+    cSharedSound(Sound& sound, FileSystem& files, ErrorSink& errors)
         : sound_(sound),
           files_(files),
           errors_(errors) {}
 
     // Whether the machine has a wave output device; asked once.
     bool HasSound();
-    // A file that does not exist gives a beep.
-    void PlayWav(const std::string& file);
+    // What cannot be played gives way to `otherwise`, and that to a beep. The reason is told once, unless it
+    // is that the file does not exist.
+    void PlayWav(const std::string& file, const std::string& otherwise = {});
     void StopPlayingWAV();
 
 private:
     static constexpr std::string_view kModule = "cSharedSound";
 
+    bool Begins(const std::string& file);
+    void Begin(const std::string& file);
+    void TellOnce(const std::string& file);
+
     Sound& sound_;
-    const FileSystem& files_;
+    FileSystem& files_;
     ErrorSink& errors_;
+    std::set<std::string> told_;
     std::optional<bool> hasSound_;
 };
 

@@ -8,14 +8,21 @@ namespace kaz {
 
 namespace {
 
+constexpr std::string_view kDefaultSound = "alarm.wav";
+
 std::string Entry(std::string_view id, std::string_view wavFile) {
     return std::string(id).append(",").append(wavFile);
 }
 
 }  // namespace
 
-std::string DefaultAlarmSound(const cSHAREDSettings& settings, const std::string& applicationFolder) {
-    return settings.TextOr("WavFile", JoinPath(applicationFolder, "alarm.wav"));
+std::string DefaultAlarmSound(const FileSystem& files, const cSHAREDSettings& settings,
+                              const std::string& applicationFolder) {
+    const std::string here = JoinPath(applicationFolder, kDefaultSound);
+    const std::string chosen = settings.TextOr("WavFile", here);
+    const bool moved = StringsEqual(FileNameOf(chosen), kDefaultSound) && !FileExists(files, chosen) &&
+                       FileExists(files, here);
+    return moved ? here : chosen;
 }
 
 clsSounds::clsSounds(FileSystem& files, const cSHAREDSettings& settings, ErrorSink& errors,
@@ -60,7 +67,7 @@ void clsSounds::Delete(std::string_view id) {
 std::string clsSounds::GetWavName(std::string_view id) {
     std::string name;
     ErrorTrap trap(errors_, "GetWavName", kModule);
-    trap([&] { name = DefaultAlarmSound(settings_, applicationFolder_()); });
+    trap([&] { name = DefaultAlarmSound(files_, settings_, applicationFolder_()); });
     return OwnWavName(id).value_or(name);
 }
 

@@ -12,8 +12,11 @@
 
 namespace kaz {
 
-// The setting "WavFile"; by default "alarm.wav" in the application's folder.
-std::string DefaultAlarmSound(const cSHAREDSettings& settings, const std::string& applicationFolder);
+// The setting "WavFile"; by default "alarm.wav" in the application's folder, where the host puts it. A stored
+// default that is gone gives way to the one that is here now: the folder has moved, or a stick has another
+// letter.
+std::string DefaultAlarmSound(const FileSystem& files, const cSHAREDSettings& settings,
+                              const std::string& applicationFolder);
 
 // The sound files of single events: a text file of lines "code,path" in the data folder. No operation throws;
 // each loads the file first when that has not been done yet.

@@ -17,7 +17,7 @@ protected:
     DialogContract() {
         app.log.OverrideLogFilename("C:\\KAZ\\Log_KAZ.txt");
         app.settingsFileName = "C:\\KAZ\\Kaz.ini";
-        machine.files.Put("C:\\KAZ\\alarm.wav", "RIFF");
+        machine.files.Put("C:\\KAZ\\alarm.wav", SampleWave());
     }
     Platform Services() {
         machine.UseWindows(stage->Windows());

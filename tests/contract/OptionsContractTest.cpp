@@ -144,8 +144,12 @@ TEST_F(OptionsContract, WhatCannotBeUsedIsToldAndNothingIsStored) {
     machine.files.Remove("C:\\Share\\KAZShared.ini");
     machine.files.Remove("C:\\Share\\Shared_Fred.xml");
     machine.files.Remove("C:\\Share");
+    // The usual sound is beside the settings, wherever the data are.
+    machine.files.CreateFolder("C:\\Data");
+    app.settings.StoreSetting("DataPath", std::string("C:\\Data"));
     EXPECT_TRUE(Options([&](Window& window) { Save(window); }));
     EXPECT_THAT(Told(), IsEmpty());
+    EXPECT_FALSE(app.settings.Flag("NoSounds"));
 }
 
 TEST_F(OptionsContract, AnotherDataFolderNeverLosesEvents) {

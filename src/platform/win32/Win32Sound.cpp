@@ -1,7 +1,12 @@
 #include "platform/win32/Win32Sound.h"
 
+#include "platform/win32/Text.h"
+
 #include <windows.h>
 #include <mmsystem.h>
+
+#include <algorithm>
+#include <cstring>
 
 namespace kaz {
 
@@ -10,8 +15,23 @@ static_assert(Sound::kAsync == SND_ASYNC && Sound::kNoDefault == SND_NODEFAULT &
 
 unsigned Win32Sound::OutputDevices() const { return waveOutGetNumDevs(); }
 
-void Win32Sound::Play(const std::string& file, std::uint32_t flags) {
-    PlaySoundA(file.empty() ? nullptr : file.c_str(), nullptr, flags);
+bool Win32Sound::Plays(const std::string& format) const {
+    // Of plain samples the file leaves out the number of bytes that follow; they are none.
+    std::string bytes = format;
+    bytes.resize(std::max(bytes.size(), sizeof(WAVEFORMATEX)));
+    WAVEFORMATEX head;
+    std::memcpy(&head, bytes.data(), sizeof head);
+    head.cbSize = static_cast<WORD>(std::min<std::size_t>(head.cbSize, bytes.size() - sizeof head));
+    std::memcpy(bytes.data(), &head, sizeof head);
+    return waveOutOpen(nullptr, WAVE_MAPPER, reinterpret_cast<const WAVEFORMATEX*>(bytes.data()), 0, 0,
+                       WAVE_FORMAT_QUERY) == MMSYSERR_NOERROR;
+}
+
+bool Win32Sound::Play(const std::string& file, std::uint32_t flags) {
+    // By its wide name: a process whose code page is UTF-8 would take the bytes of our texts for something
+    // else, and stay silent without a word.
+    const std::wstring name = ToWide(file);
+    return PlaySoundW(name.empty() ? nullptr : name.c_str(), nullptr, flags) != FALSE;
 }
 
 void Win32Sound::Beep() { MessageBeep(MB_OK); }

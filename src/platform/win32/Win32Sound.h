@@ -7,7 +7,8 @@ namespace kaz {
 class Win32Sound : public Sound {
 public:
     unsigned OutputDevices() const override;
-    void Play(const std::string& file, std::uint32_t flags) override;
+    bool Plays(const std::string& format) const override;
+    bool Play(const std::string& file, std::uint32_t flags) override;
     void Beep() override;
 };
 

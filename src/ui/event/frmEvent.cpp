@@ -198,7 +198,7 @@ void frmEvent::txtTime_Change() {
 }
 
 void frmEvent::chkMakeNoise_Click() {
-    actions_.FollowSoundTick(DefaultAlarmSound(app_.settings, app_.runtimePath));
+    actions_.FollowSoundTick(DefaultAlarmSound(app_.platform.files, app_.settings, app_.runtimePath));
 }
 
 void frmEvent::chkRunFile_Click() {

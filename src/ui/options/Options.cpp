@@ -1,7 +1,7 @@
 #include "ui/options/Options.h"
 
 #include "core/Application.h"
-#include "platform/Files.h"
+#include "storage/clsSounds.h"
 
 namespace kaz {
 
@@ -9,7 +9,7 @@ Options Options::Of(const Application& application) {
     const cSHAREDSettings& settings = application.settings;
     Options options;
     options.dataPath = application.DataPath();
-    options.alarmWav = settings.TextOr("WavFile", JoinPath(options.dataPath, "alarm.wav"));
+    options.alarmWav = DefaultAlarmSound(application.platform.files, settings, application.runtimePath);
     options.noSounds = settings.Flag("NoSounds");
     options.networked = application.Networked();
     options.sharedPath = settings.TextOr("SharedDataPath", "");

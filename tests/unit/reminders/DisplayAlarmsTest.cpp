@@ -58,7 +58,7 @@ TEST(DisplayAlarms, TheSharedDatabaseAddsToTheSameWindow) {
 
 TEST(DisplayAlarms, ASecondTickLetsAWindowSleepAndANewAlarmWakesIt) {
     ReminderDesk desk;
-    desk.machine.files.Put("C:\\KAZ\\gong.wav", "RIFF");
+    desk.machine.files.Put("C:\\KAZ\\gong.wav", SampleWave());
     desk.AddAlarm("Dentist", "09:30");
     clsEvent& bus = desk.AddAlarm("Bus", "09:32");
     bus.PlayWav = true;

@@ -40,7 +40,7 @@ TEST(DisplayReminders, ListsWhatComesUpTheNearestFirst) {
 
 TEST(DisplayReminders, ListsTodaysWithTheSoundOfTheLastThatHasOne) {
     ReminderDesk desk;
-    desk.machine.files.Put("C:\\KAZ\\gong.wav", "RIFF");
+    desk.machine.files.Put("C:\\KAZ\\gong.wav", SampleWave());
     desk.Add("Plain", 0).WavFile = "C:\\KAZ\\other.wav";
     clsEvent& loud = desk.Add("Loud", 0);
     loud.PlayWav = true;

@@ -128,7 +128,7 @@ TEST_F(FilesOfOthers, AreRefusedUnaskedWhenTheirNameIsNotWhatItLooksLike) {
 }
 
 TEST_F(FilesOfOthers, TheSoundOfTheirAlarmIsTheDefaultOne) {
-    desk.machine.files.Put("C:\\KAZ\\alarm.wav", "RIFF");
+    desk.machine.files.Put("C:\\KAZ\\alarm.wav", SampleWave());
     clsEvent loud = Runs("", "Bob");
     loud.ExecFile = false;
     loud.PlayWav = true;

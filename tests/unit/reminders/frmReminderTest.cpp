@@ -15,7 +15,7 @@ protected:
     frmReminderTest() : form(desk.windows.Open(ReminderKind::Today)) {
         form.Heading("TODAY!");
         window = desk.Window("TODAY!");
-        desk.machine.files.Put("C:\\KAZ\\alarm.wav", "RIFF");
+        desk.machine.files.Put("C:\\KAZ\\alarm.wav", SampleWave());
     }
     void Pass(int seconds) { desk.machine.windows.Advance(seconds * 1000); }
     void Sleep(const std::string& minutes) {

@@ -10,6 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using namespace std::string_literals;
 
 const std::string kTable = "C:\\Data\\EventWavs.ini";
 
@@ -43,6 +44,14 @@ TEST_F(EventSounds, ANewEntryIsSeenAfterTheNextInitialise) {
     EXPECT_EQ(machine.files.Text(kTable), "\r\n000002,C:\\b,c.wav\r\n");
     settings.sSet("WavFile", std::string("C:\\default.wav"));
     EXPECT_EQ(sounds.GetWavName("000001"), "C:\\default.wav");
+
+    // The usual sound went along when the folder was moved; a sound of the user's own choice is not given up.
+    machine.files.Put("C:\\KAZ\\alarm.wav", SampleWave());
+    EXPECT_EQ(sounds.GetWavName("000001"), "C:\\default.wav");
+    settings.sSet("WavFile", std::string("E:\\KAZ\\Alarm.wav"));
+    EXPECT_EQ(sounds.GetWavName("000001"), "C:\\KAZ\\alarm.wav");
+    machine.files.Put("E:\\KAZ\\Alarm.wav", SampleWave());
+    EXPECT_EQ(sounds.GetWavName("000001"), "E:\\KAZ\\Alarm.wav");
 }
 
 TEST_F(EventSounds, TheLastLineIsNotLookedAt) {
@@ -78,16 +87,68 @@ TEST_F(EventSounds, ATableThatCannotBeReadIsNotWrittenOver) {
     EXPECT_EQ(machine.files.Text(kTable), zeros);
 }
 
-TEST(SoundPlayer, PlaysAFileOrBeeps) {
+TEST(SoundPlayer, WhatCannotBePlayedIsToldOnceAndGivesWayToTheOtherAndThatToABeep) {
+    const std::string good = SampleWave();
+    const auto with = [&](std::size_t at, const std::string& bytes) {
+        std::string wave = good;
+        return wave.replace(at, bytes.size(), bytes);
+    };
+    const struct {
+        std::string file, otherwise, plays, toldOfFile;
+    } rows[] = {
+        {good, "", "own", ""},
+        {good, good, "own", ""},
+        {"(none)", good, "other", ""},
+        {"(none)", "(none)", "", ""},
+        {"RIFF", good, "other", "is not a wave sound"},
+        {"", "RIFF", "", "is not a wave sound"},
+        {with(8, "AVI "), good, "other", "is not a wave sound"},
+        {with(12, "junk"), good, "other", "is not a wave sound"},
+        {with(16, "\x0F"), good, "other", "is not a wave sound"},
+        {with(16, "\xFF\xFF\xFF\xFF"), good, "other", "is not a wave sound"},
+        {with(40, std::string(4, '\0')), good, "other", "is not a wave sound"},
+        {good.substr(0, 36), good, "other", "is not a wave sound"},
+        {SampleWave(7), good, "other", "is in a format that cannot be played"},
+        {SampleWave(7), SampleWave(7), "", "is in a format that cannot be played"},
+        {good.substr(0, 12) + "LIST\x03\0\0\0abc\0"s + good.substr(12), "", "own", ""},
+        {good.substr(0, 36) + "LIST\0\0\x01\0"s + std::string(70000, ' '), "", "own", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.file.substr(0, 50)));
+        StorageDesk desk;
+        FakePlatform& machine = desk.machine;
+        cSharedSound player(machine.sound, machine.files, desk.log);
+        machine.sound.refusedFormat = SampleWave(7).substr(20, 16);
+        if (row.file != "(none)") machine.files.Put("C:\\own", row.file);
+        if (row.otherwise != "(none)") machine.files.Put("C:\\other", row.otherwise);
+        for (int time = 0; time < 2; ++time)
+            player.PlayWav("C:\\own", "C:\\other");
+
+        std::vector<FakeSound::Call> calls;
+        for (int time = 0; time < 2; ++time) {
+            calls.push_back({"", 64});
+            if (!row.plays.empty()) calls.push_back({"C:\\" + row.plays, 0x20013});
+        }
+        EXPECT_EQ(machine.sound.calls, calls);
+        EXPECT_EQ(machine.sound.beeps, row.plays.empty() ? 2 : 0);
+        const std::string told = desk.Log();
+        const auto first = told.find("C:\\own " + row.toldOfFile);
+        EXPECT_EQ(first == told.npos, row.toldOfFile.empty()) << told;
+        if (first != told.npos) {
+            EXPECT_EQ(told.find("C:\\own", first + 1), told.npos) << "told once";
+        }
+    }
+}
+
+TEST(SoundPlayer, DoesNotStopSomebodyElsesSound) {
     FakePlatform machine;
     cSharedLogging log(machine.files, machine.clock, machine.system, {"KAZ", "1.0"});
     cSharedSound player(machine.sound, machine.files, log);
-    machine.files.Put("C:\\a.wav", "RIFF");
-    player.PlayWav("C:\\a.wav");
+    machine.files.Put("C:\\a.wav", SampleWave());
+    machine.sound.busy = true;
+    player.PlayWav("C:\\a.wav", "C:\\a.wav");
     EXPECT_THAT(machine.sound.calls,
                 ElementsAre(FakeSound::Call{"", 64}, FakeSound::Call{"C:\\a.wav", 0x20013}));
-    player.PlayWav("C:\\KAZ");
-    EXPECT_THAT(machine.sound.calls, testing::SizeIs(3));
     EXPECT_EQ(machine.sound.beeps, 1);
 
     machine.sound.devices = 0;

@@ -1,4 +1,8 @@
+#include "RealFileSystem.h"
+#include "fakes/TestFolder.h"
 #include "platform/Files.h"
+#include "platform/WaveFile.h"
+#include "platform/win32/Text.h"
 #include "platform/win32/Win32Sound.h"
 
 #include <windows.h>
@@ -10,13 +14,25 @@ namespace kaz {
 namespace {
 
 // What comes out of it is recorded by whoever runs this program.
-TEST(SoundTest, TheDefaultAlarmCanBeHeard) {
+TEST(SoundTest, TheDefaultAlarmCanBeHeardUnderAnyName) {
     const char* data = std::getenv("KAZ_TEST_DATA");
     ASSERT_NE(nullptr, data);
-    const std::string file = JoinPath(FolderOf(data), "src\\resources\\alarm.wav");
+    const TestFolder folder;
+    std::filesystem::copy_file(JoinPath(FolderOf(data), "src\\resources\\alarm.wav"),
+                               folder.Path() / L"\u00fc.wav");
+    const std::string file = ToCodePage((folder.Path() / L"\u00fc.wav").wstring());
+
     Win32Sound sound;
     ASSERT_GT(sound.OutputDevices(), 0U);
-    sound.Play(file, Sound::kAsync | Sound::kNoDefault | Sound::kNoStop | Sound::kFileName);
+    RealFileSystem files;
+    std::string format = WaveFormatOf(files, file);
+    EXPECT_TRUE(sound.Plays(format));
+    format[0] = '\x77';
+    EXPECT_FALSE(sound.Plays(format)) << "nobody knows such a coding";
+
+    // Not in the background, where nothing is told of a file that is not found.
+    EXPECT_TRUE(sound.Play(file, Sound::kNoDefault | Sound::kNoStop | Sound::kFileName));
+    EXPECT_TRUE(sound.Play(file, Sound::kAsync | Sound::kNoDefault | Sound::kNoStop | Sound::kFileName));
     Sleep(1500);
     sound.Play("", Sound::kPurge);
 }
