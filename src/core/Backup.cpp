@@ -1,5 +1,6 @@
 #include "core/Backup.h"
 
+#include "base/Text.h"
 #include "core/KeptCopies.h"
 #include "core/Names.h"
 #include "core/cSHAREDZipFiles.h"
@@ -109,6 +110,15 @@ bool MakeAutoBackup(Application& app, const std::string& word) {
         app.log.Report(CurrentError(), "MakeAutoBackup", "Backup");
         return false;
     }
+}
+
+bool BackupHasEvents(const Application& app, const std::string& fileName) {
+    const std::string folder = JoinPath(app.runtimePath, kBackupFolder);
+    const std::vector<std::string> names = app.platform.files.FilesIn(folder);
+    return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+        return UpperAscii(name).ends_with(".ZIP") &&
+               EventsIn(app.platform.zip.ZpRead(JoinPath(folder, name), FileNameOf(fileName))) > 0;
+    });
 }
 
 }  // namespace kaz

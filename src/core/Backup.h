@@ -14,4 +14,7 @@ std::string AutoBackupFile(const Application& app, const std::string& word);
 // in; the log tells how it went.
 bool MakeAutoBackup(Application& app, const std::string& word);
 
+// Whether one of the archives holds an event in its copy of that file.
+bool BackupHasEvents(const Application& app, const std::string& fileName);
+
 }  // namespace kaz

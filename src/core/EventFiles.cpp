@@ -1,6 +1,7 @@
 #include "core/EventFiles.h"
 
 #include "core/AwaitedFolder.h"
+#include "core/Backup.h"
 #include "core/Conversion.h"
 #include "core/Names.h"
 #include "platform/Dialogs.h"
@@ -30,6 +31,8 @@ void EventFiles::Open() {
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
         database->KeepOverwrittenIn(JoinPath(app_.runtimePath, kBackupFolder));
         database->OnReload([app = &app_] { app->mainListIsStale = true; });
+        database->AskForBackup(
+            [app = &app_, database] { return BackupHasEvents(*app, database->DBFilename()); });
     }
     app_.events->PairWith(*app_.expired);
     app_.expired->PairWith(*app_.events);
