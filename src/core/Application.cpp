@@ -2,6 +2,7 @@
 
 #include "core/AwaitedFolder.h"
 #include "core/ClockGuard.h"
+#include "core/DataWatch.h"
 #include "core/EventFiles.h"
 #include "core/Names.h"
 #include "platform/Files.h"
@@ -26,7 +27,8 @@ Application::Application(const Platform& services)
                     platform.system, platform.clock, log, std::string(kApplicationName), VersionText()}),
       runMark(platform.files, platform.system, platform.clock),
       clockGuard(std::make_unique<ClockGuard>(*this)),
-      awaitedFolder(std::make_unique<AwaitedFolder>(*this)) {
+      awaitedFolder(std::make_unique<AwaitedFolder>(*this)),
+      dataWatch(std::make_unique<DataWatch>(*this)) {
     log.ApplicationFolder(runtimePath);
     errors.ShowThrough(
         [this](const std::string& text, const std::string& extra) { errorReports.Show(text, extra); });
@@ -93,7 +95,10 @@ void Application::EndProgram() {
     // From here on there is nobody to read a report.
     errors.ShowThrough({});
     openWindows.UnloadAll();
-    if (settingsInitialised) settings.SaveSettings(settingsFileName);
+    if (settingsInitialised) {
+        settings.SaveSettings(settingsFileName);
+        dataWatch->Rescue();
+    }
     runMark.End();
 }
 

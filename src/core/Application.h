@@ -26,6 +26,8 @@ namespace kaz {
 
 class AwaitedFolder;
 class ClockGuard;
+class DataWatch;
+
 // One occurrence of an event with an e-mail address: the event's code and day.
 using RaisedMail = std::pair<std::string, DateValue>;
 
@@ -70,6 +72,7 @@ public:
     const std::unique_ptr<ClockGuard> clockGuard;
     ConflictCopies conflictCopies{*this};
     const std::unique_ptr<AwaitedFolder> awaitedFolder;
+    const std::unique_ptr<DataWatch> dataWatch;
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;

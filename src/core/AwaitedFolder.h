@@ -13,6 +13,7 @@ public:
 
     // The files of the data folder have just been read, or would have been.
     void AfterLoad();
+    bool IsWaiting() const { return waiting_; }
     // Looks for the folder; true when its events have been read at last.
     bool Look();
 

@@ -1,7 +1,9 @@
 #include "core/Startup.h"
 
+#include "base/RuntimeError.h"
 #include "core/Backup.h"
 #include "core/ClockGuard.h"
+#include "core/DataWatch.h"
 #include "core/DueSince.h"
 #include "core/EventFiles.h"
 #include "core/Names.h"
@@ -43,6 +45,8 @@ void Startup::Run() {
     app_.settingsInitialised = true;
     if (app_.Owner() != kNoOwner) {
         EventFiles(app_).Open();
+        app_.dataWatch->WatchGone();
+        app_.dataWatch->TakeOver();
         BackUp();
         RemoveAbandoned();
         TellOfDeath();

@@ -17,6 +17,7 @@
 #define IDD_TASKS 111
 #define IDD_DAYEVENTS 112
 #define IDD_RUNFILE 114
+#define IDD_UNSAVED 115
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -235,6 +236,13 @@
 #define IDC_cmd_delete 1904
 #define IDC_cmd_printTasks 1905
 #define IDC_Cmd_exit 1906
+
+// frmUnsaved
+#define IDC_lblUnsaved 1950
+#define IDC_cmdUnsavedTryAgain 1951
+#define IDC_cmdUnsavedCopy 1952
+#define IDC_cmdUnsavedLose 1953
+#define IDC_cmdUnsavedCancel 1954
 
 // Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id;
 // that of a tab follows its strip's: + 1 for the first tab.

@@ -2,6 +2,10 @@
 
 #include "storage/Owner.h"
 
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
 namespace kaz {
 
 namespace {
@@ -70,20 +74,48 @@ void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
     context_.expired.SaveDB();
 }
 
-void EventOperations::DeleteEvent(const std::string& code) {
-    const clsEvent* found = context_.events.ReadEvent(code);
-    if (!found || OwnerRefuses(*found, "Only ", " can delete it.")) return;
-    context_.events.DeleteRecord(code);
+void EventOperations::DeleteEvents(const std::vector<std::string>& codes) {
+    // All are looked at before the first message, behind which the events may be read anew.
+    std::vector<clsEvent> others;
+    std::vector<std::string> own;
+    for (const clsEvent* event : Find(context_.events, codes)) {
+        if (IsOthers(*event))
+            others.push_back(*event);
+        else
+            own.push_back(event->IDCode);
+    }
+    for (const clsEvent& event : others)
+        OwnerRefuses(event, "Only ", " can delete it.");
+    Delete(context_.events, own);
 }
 
-void EventOperations::DeleteExpiredEvent(const std::string& code) {
-    if (context_.expired.ReadEvent(code)) context_.expired.DeleteRecord(code);
+void EventOperations::DeleteExpiredEvents(const std::vector<std::string>& codes) {
+    Delete(context_.expired, codes);
+}
+
+// In one walk, however many they are. Of two events with the same code the first is meant.
+std::vector<clsEvent*> EventOperations::Find(clsDbXml& database, const std::vector<std::string>& codes) {
+    std::unordered_set<std::string_view> wanted(codes.begin(), codes.end());
+    std::vector<clsEvent*> found;
+    for (clsEvent& event : database.AllEvents())
+        if (wanted.erase(event.IDCode) > 0) found.push_back(&event);
+    return found;
+}
+
+void EventOperations::Delete(clsDbXml& database, const std::vector<std::string>& codes) {
+    const std::vector<clsEvent*> found = Find(database, codes);
+    for (clsEvent* event : found)
+        event->Deleted = true;
+    if (!found.empty()) database.SaveDB();
+}
+
+bool EventOperations::IsOthers(const clsEvent& event) const {
+    return context_.settings.Flag("Networked") && event.Owner() != CurrentOwner(context_.settings);
 }
 
 bool EventOperations::OwnerRefuses(const clsEvent& event, const std::string& textBefore,
                                    const std::string& textAfter) {
-    if (!context_.settings.Flag("Networked") || event.Owner() == CurrentOwner(context_.settings))
-        return false;
+    if (!IsOthers(event)) return false;
     context_.dialogs.Message("You're not the owner of this event.  " + textBefore + event.Owner() +
                              textAfter);
     return true;

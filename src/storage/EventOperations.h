@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kaz {
 
@@ -35,11 +36,15 @@ public:
     bool EditEvent(const std::string& code, bool fromExpired, EditMode mode, EventEditor& editor);
     // Puts the due date off by one day; an expired event becomes current again.
     void PushEvent(const std::string& code, bool fromExpired);
-    void DeleteEvent(const std::string& code);
+    // Deletes the events with one save; those of another owner are refused, each with a message.
+    void DeleteEvents(const std::vector<std::string>& codes);
     // Has no regard to ownership.
-    void DeleteExpiredEvent(const std::string& code);
+    void DeleteExpiredEvents(const std::vector<std::string>& codes);
 
 private:
+    static std::vector<clsEvent*> Find(clsDbXml& database, const std::vector<std::string>& codes);
+    static void Delete(clsDbXml& database, const std::vector<std::string>& codes);
+    bool IsOthers(const clsEvent& event) const;
     clsDbXml& Source(bool fromExpired) { return fromExpired ? context_.expired : context_.events; }
     bool OwnerRefuses(const clsEvent& event, const std::string& textBefore, const std::string& textAfter);
     // Whether that event is in the expired database now, and no longer among the current ones.

@@ -113,21 +113,21 @@ void cSHAREDSettings::DeleteSetting(std::string_view name) {
     });
 }
 
-bool cSHAREDSettings::SaveSettings(const std::string& fileName) {
+bool cSHAREDSettings::SaveSettings(const std::string& fileName, Failure failure) {
     try {
         if (!neverRead_.empty() && locale_.Folding().Equal(neverRead_, fileName)) {
             Tell(kNeverRead);
             return false;
         }
-        std::string text;
-        for (const cSHAREDSetting& setting : settings_)
-            text += LineOf(setting);
-        WriteWholeFile(files_, fileName, text);
+        WriteWholeFile(files_, fileName, FileText());
+        saveFault_.reset();
         return true;
     } catch (...) {
         const ErrorInfo error = CurrentError();
+        saveFault_ = error;
         log_.LogError(error, "SaveSettings", kModule);
-        if (error.number == static_cast<int>(ErrorNumber::PermissionDenied)) Tell(kReadOnly);
+        if (failure == Failure::Told && error.number == static_cast<int>(ErrorNumber::PermissionDenied))
+            Tell(kReadOnly);
         return false;
     }
 }
@@ -157,6 +157,13 @@ void cSHAREDSettings::SaveOnly(const std::string& fileName, std::span<const std:
             if (const auto place = Find(name)) text += LineOf(settings_[*place]);
         if (text != before) WriteWholeFile(files_, fileName, text);
     });
+}
+
+std::string cSHAREDSettings::FileText() const {
+    std::string text;
+    for (const cSHAREDSetting& setting : settings_)
+        text += LineOf(setting);
+    return text;
 }
 
 void cSHAREDSettings::Tell(const char* text) noexcept {

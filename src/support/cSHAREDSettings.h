@@ -44,7 +44,15 @@ public:
 
     // False when nothing was written; the old file is then as it was, and the user has been told when it may
     // not be written. A file that LoadSettings could not read is not written over.
-    bool SaveSettings(const std::string& fileName);
+    // What the user has not asked for is not told.
+    enum class Failure { Told, Quiet };
+    bool SaveSettings(const std::string& fileName, Failure failure = Failure::Told);
+    // Why the last save failed; nothing after one that did not.
+    const std::optional<ErrorInfo>& SaveFault() const { return saveFault_; }
+    // What a save writes.
+    std::string FileText() const;
+    // Stores what the lines of a settings file say.
+    void TakeLines(std::string_view text);
     // Writes these settings alone into the file, which keeps what else stands in it. Without a word to the
     // user: for what the program remembers by itself.
     void SaveOnly(const std::string& fileName, std::span<const std::string_view> names);
@@ -79,7 +87,6 @@ private:
     std::optional<bool> AsBoolean(std::string_view text) const;
     // The value as it is after a save and a load, for comparisons.
     std::string SavedForm(const SettingValue& value) const;
-    void TakeLines(std::string_view text);
     static std::string LineOf(const cSHAREDSetting& setting);
     void Tell(const char* text) noexcept;
     // Whether a setting is a member of the set.
@@ -92,7 +99,8 @@ private:
     cSharedLogging& log_;
     std::vector<cSHAREDSetting> settings_;
     std::unordered_map<std::string, std::size_t> positions_;  // upper-cased name -> place in settings_
-    std::string neverRead_;                                   // a file that is there but could not be read
+    std::optional<ErrorInfo> saveFault_;
+    std::string neverRead_;  // a file that is there but could not be read
 };
 
 }  // namespace kaz

@@ -4,6 +4,7 @@
 #include "resources/resource.h"
 #include "ui/frmAbout.h"
 #include "ui/frmEditLayers.h"
+#include "ui/main/frmUnsaved.h"
 #include "ui/options/frmOptions.h"
 
 namespace kaz {
@@ -33,6 +34,12 @@ bool ShowCategories(Application& application) {
 void ShowAbout(Application& application) {
     Ask(application, std::make_shared<frmAbout>(application.platform.windows.Create(IDD_ABOUT),
                                                 application.errors, application.platform));
+}
+
+UnsavedAnswer AskAboutUnsaved(Application& application, const std::string& text) {
+    const auto form = std::make_shared<frmUnsaved>(application.platform.windows.Create(IDD_UNSAVED),
+                                                   application.errors, text);
+    return Ask(application, form) ? form->Answer() : UnsavedAnswer::Cancel;
 }
 
 }  // namespace kaz

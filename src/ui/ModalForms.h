@@ -1,6 +1,9 @@
 #pragma once
 
 #include "core/Application.h"
+#include "ui/main/UnsavedAnswer.h"
+
+#include <string>
 
 namespace kaz {
 
@@ -13,5 +16,7 @@ bool ShowOptions(Application& application);
 // The category editor; true when the names were saved.
 bool ShowCategories(Application& application);
 void ShowAbout(Application& application);
+// What becomes of what is not saved, when the program is to end.
+UnsavedAnswer AskAboutUnsaved(Application& application, const std::string& text);
 
 }  // namespace kaz

@@ -95,6 +95,12 @@ TEST_F(OptionsContract, AnotherIdTakesTheEventsAlongAndPublishesThemAnew) {
     EXPECT_THAT(Saved("Other\\Shared_Dad.xml"), HasSubstr("Tea"));
 
     EXPECT_TRUE(Options([&](Window& window) {
+        // An empty ID that cannot be typed any more is no question.
+        stage->Type(window, IDC_txtOwner, "");
+        stage->Click(window, IDC_optSingle);
+        EXPECT_EQ(window.Text(IDC_txtOwner), "Single");
+        stage->Click(window, IDC_optNetworked);
+        EXPECT_EQ(window.Text(IDC_txtOwner), "");
         stage->Click(window, IDC_optSingle);
         Save(window);
     }));

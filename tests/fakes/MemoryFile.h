@@ -49,6 +49,8 @@ public:
 
     void Write(std::string_view text) override {
         files_.faults.Operation();
+        const std::string& full = files_.fullFolder;
+        if (!full.empty() && node_->name.starts_with(full)) throw RuntimeError(ErrorNumber::DiskFull);
         const std::size_t fits = std::min(text.size(), files_.freeBytes.value_or(text.size()));
         node_->text.append(text.substr(0, fits));
         files_.Touch(*node_);

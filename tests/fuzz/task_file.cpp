@@ -1,9 +1,9 @@
 // Any bytes as the file of the tasks, or as the plain file from before it: no task that was read is lost by
 // saving, and what has been saved once stays the same.
 
+#include "core/TaskFile.h"
 #include "fakes/MemoryFileSystem.h"
 #include "fuzz/Require.h"
-#include "ui/tasks/TaskFile.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -58,16 +58,16 @@ protected:
 TEST_F(EventOperationsTest, OwnershipCountsInANetworkOnly) {
     settings.StoreSetting("Networked", true);
     EXPECT_FALSE(operations.EditEvent("000002", false, EditMode::Whole, editor));
-    operations.DeleteEvent("000002");
+    operations.DeleteEvents({"000002"});
     EXPECT_THAT(machine.dialogs.messages,
                 ElementsAre("You're not the owner of this event.  Only Bob can edit it",
                             "You're not the owner of this event.  Only Bob can delete it."));
     EXPECT_THAT(Saved("Events.xml"), HasSubstr("000002"));
 
     settings.StoreSetting("Networked", false);
-    operations.DeleteEvent("000002");
+    operations.DeleteEvents({"000002"});
     EXPECT_THAT(Saved("Events.xml"), Not(HasSubstr("000002")));
-    operations.DeleteEvent("no such code");
+    operations.DeleteEvents({"no such code"});
 }
 
 TEST_F(EventOperationsTest, AnEditedExpiredEventMovesBackUnlessItCannotBeSaved) {

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "base/Text.h"
 #include "platform/Locale.h"
 #include "platform/ReportList.h"
 #include "ui/list/EventRows.h"
 
+#include <compare>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -29,7 +32,14 @@ public:
     // The first row at or after `from` whose description contains the term, letter case aside.
     std::optional<int> Find(std::string_view term, int from) const noexcept;
 
-    // The row of the event with that identity code; each source has codes of its own.
+    // What stays the same of a row when the list is filled anew; each source has codes of its own.
+    struct Key {
+        std::string code;
+        EventSource source;
+        auto operator<=>(const Key&) const = default;
+    };
+    Key KeyOf(int row) const { return {std::string(Trim(Code(row))), Source(row)}; }
+    // The row of the event with that identity code.
     std::optional<int> RowOf(std::string_view code, EventSource source) const noexcept;
     std::string_view Code(int row) const noexcept {
         return rows_.Code(order_[static_cast<std::size_t>(row)]);

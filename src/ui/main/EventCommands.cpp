@@ -9,6 +9,18 @@
 
 namespace kaz {
 
+namespace {
+
+constexpr std::string_view kReallyDelete = "Are you sure you want to delete the selected event(s)?";
+
+// A box of a whole page would push its buttons off the screen.
+std::string Beginning(std::string text) {
+    constexpr std::size_t kLongest = 200;
+    return text.size() <= kLongest ? text : text.substr(0, kLongest).append("...");
+}
+
+}  // namespace
+
 std::optional<std::string> EventCommands::Add() {
     const auto editor = editors_();
     return Operations().AddEvent(*editor);
@@ -33,20 +45,29 @@ bool EventCommands::Delete(const std::vector<int>& rows) {
     std::vector<Row> doomed;
     std::transform(rows.begin(), rows.end(), std::back_inserter(doomed),
                    [this](int row) { return RowAt(row); });
+    if (doomed.empty()) return false;
+    // What is deleted by a key pressed too much, or because another row is selected than the user thinks, is
+    // seen here.
+    const bool several = doomed.size() > 1;
+    const std::string what = several ? std::to_string(doomed.size()) + " events"
+                                     : std::string(list_.CellText(rows.front(), kEventColumn));
     Dialogs& dialogs = app_.platform.dialogs;
-    if (doomed.empty() || !dialogs.AskYesNo("Are you sure you want to delete the selected event(s)?"))
+    if (!dialogs.AskYesNo(std::string(kReallyDelete) + "\r\n" + Beginning(what),
+                          several ? Dialogs::Default::No : Dialogs::Default::Yes))
         return false;
 
-    EventOperations operations = Operations();
+    std::vector<std::string> current;
+    std::vector<std::string> expired;
     bool refused = false;
     for (const Row& row : doomed) {
         if (row.IsForeign())
             refused = true;
-        else if (row.source == EventSource::Expired)
-            operations.DeleteExpiredEvent(row.code);
         else
-            operations.DeleteEvent(row.code);
+            (row.source == EventSource::Expired ? expired : current).push_back(row.code);
     }
+    EventOperations operations = Operations();
+    operations.DeleteEvents(current);
+    operations.DeleteExpiredEvents(expired);
     if (refused) dialogs.Message("You can't delete events belonging to another user");
     return true;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "ui/main/EventCommands.h"
+#include "ui/main/UnsavedAnswer.h"
 
 #include <functional>
+#include <string>
 
 namespace kaz {
 
@@ -13,6 +15,7 @@ struct MainDialogs {
     std::function<void()> options;
     std::function<void()> categories;
     std::function<void()> about;
+    std::function<UnsavedAnswer(const std::string& text)> unsaved;
     // Beside the main window; one that is open already comes forward.
     std::function<void()> tasks;
     std::function<void(int month, int year)> month;

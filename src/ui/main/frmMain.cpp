@@ -1,5 +1,6 @@
 #include "ui/main/frmMain.h"
 
+#include "core/DataWatch.h"
 #include "platform/Dialogs.h"
 #include "platform/MessagePump.h"
 #include "ui/list/EventListFill.h"
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -169,17 +171,60 @@ int frmMain::CommandRow() const {
 
 void frmMain::Refill(const std::optional<std::string>& code) {
     if (unloaded_) return;
-    app_.mainListIsStale = pauses_ > 0;
-    if (app_.mainListIsStale) {
-        RenewTrayTip();
-        return;
-    }
+    app_.dataWatch->Tell();
+    if (IsHeldUp()) return;
     FillEvents(Category());
     owner_.fMain_Rescan();
     const auto row = code ? list_.RowOf(*code, EventSource::Local) : std::nullopt;
     if (!row) return;
     ListEvents().ClearSelection();
     ListEvents().Select(*row);
+}
+
+// A list that is filled behind a dialog would change under it.
+bool frmMain::IsHeldUp() {
+    app_.mainListIsStale = pauses_ > 0;
+    if (app_.mainListIsStale) RenewTrayTip();
+    return app_.mainListIsStale;
+}
+
+void frmMain::RefillKeepingSelection() {
+    if (unloaded_ || IsHeldUp()) return;
+    std::vector<EventList::Key> selected;
+    for (const int row : ListEvents().Selection())
+        selected.push_back(list_.KeyOf(row));
+    const int row = CommandRow();
+    const std::optional<EventList::Key> current = row < 0 ? std::nullopt : std::optional(list_.KeyOf(row));
+    FillEvents(Category());
+    SelectOnly(selected, current);
+    owner_.fMain_Rescan();
+}
+
+// Events that have gone are left out; without any, the selection is what it was.
+void frmMain::SelectOnly(const std::vector<EventList::Key>& events,
+                         const std::optional<EventList::Key>& current) {
+    const std::set<EventList::Key> wanted(events.begin(), events.end());
+    std::vector<int> rows;
+    int currentRow = -1;
+    for (int row = 0; !wanted.empty() && row < list_.RowCount(); ++row) {
+        const EventList::Key key = list_.KeyOf(row);
+        if (!wanted.contains(key)) continue;
+        rows.push_back(row);
+        if (key == current) currentRow = row;
+    }
+    if (rows.empty()) return;
+    ListEvents().SetSelection(rows);
+    ListEvents().Select(currentRow < 0 ? rows.front() : currentRow);
+}
+
+int frmMain::NeighbourOfSelection() const {
+    const std::vector<int> rows = ListEvents().Selection();
+    if (rows.empty()) return -1;
+    const std::set<int> selected(rows.begin(), rows.end());
+    const int first = *selected.begin();
+    for (int row = first; row < list_.RowCount(); ++row)
+        if (!selected.contains(row)) return row;
+    return first - 1;
 }
 
 void frmMain::ListEvents_MouseUp() {
@@ -237,7 +282,14 @@ void frmMain::Form_QueryUnload(int how) {
 
 void frmMain::Form_SessionEnd() {
     size_.Save();
-    app_.settings.SaveSettings(app_.settingsFileName);
+    // Nothing is asked, since the system waits only for a few seconds.
+    app_.settings.SaveSettings(app_.settingsFileName, cSHAREDSettings::Failure::Quiet);
+    if (!app_.dataWatch->IsAllSaved()) {
+        ErrorTrap trap(app_.log, "Form_SessionEnd", Name());
+        trap([&] { window().SayWhySaving("KAZ is saving your events"); });
+        trap([&] { app_.dataWatch->Rescue(); });
+        trap([&] { window().SayWhySaving(""); });
+    }
     app_.runMark.End();
 }
 

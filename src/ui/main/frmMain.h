@@ -52,7 +52,7 @@ private:
 
     // The toolbar and the menus: frmMainCommands.cpp.
     void NameCommands();
-    void cmdExit_Click() { owner_.fMain_ShutDownKAZ(); }
+    void cmdExit_Click();
     void cmdAdd_Click();
     void cmdEdit_Click();
     void cmdPush_Click();
@@ -83,6 +83,10 @@ private:
     // Whether one of the program's dialogs waits for its answer.
     bool IsBlocked() const { return !window().Enabled(0); }
 
+    // Before the program ends as the user wants it. False when something is not saved and the user would
+    // rather go on.
+    bool MayEnd();
+
     // The timers: frmMainTick.cpp.
     void TickSoon();
     void ClockMoved();
@@ -92,6 +96,7 @@ private:
     bool IsNewDay() const;
     void ReloadChangedFiles();
     void ShowNewDay();
+    void SaveAgain();
     void ShowAlarms();
     void RingAlarms();
     void WaitForAlarms();
@@ -107,6 +112,13 @@ private:
     // After events have changed: fills the list, selects the row of that event, if there is one, and has the
     // host's lists made anew. Behind an open dialog the list stays as it is until the next tick.
     void Refill(const std::optional<std::string>& code);
+    bool IsHeldUp();
+    // The same for what happened by itself: what is selected stays selected, wherever it stands now.
+    void RefillKeepingSelection();
+    // The first row behind the selected ones that is not selected itself, else the last before them; -1 when
+    // all are selected.
+    int NeighbourOfSelection() const;
+    void SelectOnly(const std::vector<EventList::Key>& events, const std::optional<EventList::Key>& current);
     bool AskForTerm();
     void Search(int from);
 

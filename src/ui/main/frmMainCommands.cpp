@@ -1,4 +1,5 @@
 #include "core/Backup.h"
+#include "core/DataWatch.h"
 #include "core/Names.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
@@ -61,6 +62,10 @@ void frmMain::NameCommands() {
     On(IDC_ListEvents, Raised::DoubleClick, "ListEvents_DblClick", &frmMain::cmdEdit_Click);
 }
 
+void frmMain::cmdExit_Click() {
+    if (MayEnd()) owner_.fMain_ShutDownKAZ();
+}
+
 void frmMain::cmdAdd_Click() {
     if (const auto code = commands_.Add()) Refill(code);
 }
@@ -82,7 +87,11 @@ void frmMain::cmdPush_Click() {
 }
 
 void frmMain::cmdDelete_Click() {
-    if (commands_.Delete(ListEvents().Selection())) Refill(std::nullopt);
+    const int row = NeighbourOfSelection();
+    const std::optional<EventList::Key> neighbour = row < 0 ? std::nullopt : std::optional(list_.KeyOf(row));
+    if (!commands_.Delete(ListEvents().Selection())) return;
+    Refill(std::nullopt);
+    if (neighbour && !unloaded_) SelectOnly({*neighbour}, neighbour);
 }
 
 void frmMain::mnuShareWith_Click() {
@@ -103,6 +112,7 @@ void frmMain::cmdMonthView_Click() {
 void frmMain::cmdEditLayers_Click() {
     dialogs_.categories();
     if (unloaded_) return;
+    app_.dataWatch->Tell();
     FillCategories();
     FillEvents(Category());
 }

@@ -1,5 +1,6 @@
 #include "core/AwaitedFolder.h"
 #include "core/ClockGuard.h"
+#include "core/DataWatch.h"
 #include "platform/Clock.h"
 #include "ui/main/frmMain.h"
 
@@ -40,7 +41,7 @@ void frmMain::DoSteps(std::initializer_list<void (frmMain::*)()> steps) {
 
 void frmMain::TimerRefresh_Timer() {
     TimerRefresh.Stop();
-    DoSteps({&frmMain::ReloadChangedFiles, &frmMain::ShowNewDay, &frmMain::ShowAlarms});
+    DoSteps({&frmMain::ReloadChangedFiles, &frmMain::ShowNewDay, &frmMain::SaveAgain, &frmMain::ShowAlarms});
     // The window has been painted and the reminders are up: while the user logs on, the shell can take
     // seconds to answer.
     if (!unloaded_ && trayTip_.empty()) ShowProgramInTray();
@@ -96,7 +97,7 @@ void frmMain::ReloadChangedFiles() {
     app_.conflictCopies.Look();
     if (app_.LoadShared()) changed = true;
     if (std::exchange(app_.mainListIsStale, false)) changed = true;
-    if (changed) Refill(std::nullopt);
+    if (changed) RefillKeepingSelection();
 }
 
 // Kept on purpose: only the day of the month is compared.
@@ -114,10 +115,12 @@ void frmMain::ShowNewDay() {
     if (unloaded_) return;
     // The host makes its first lists when it wants them.
     if (lastAlarms_ || pauses_ > 0)
-        Refill(std::nullopt);
+        RefillKeepingSelection();
     else
         FillEvents(Category());
 }
+
+void frmMain::SaveAgain() { app_.dataWatch->TryAgain(); }
 
 void frmMain::ShowAlarms() {
     const DateValue now = app_.platform.clock.Now();

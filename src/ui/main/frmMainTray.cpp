@@ -1,4 +1,5 @@
 #include "base/ErrorTrap.h"
+#include "core/DataWatch.h"
 #include "ui/main/TrayTip.h"
 #include "ui/main/frmMain.h"
 
@@ -77,8 +78,26 @@ void frmMain::mnuExit_Click() {
     // What the user is just typing in a dialog would be lost.
     if (IsBlocked())
         BringForward();
-    else
+    else if (MayEnd())
         app_.EndProgram();
+}
+
+bool frmMain::MayEnd() {
+    DataWatch& watch = *app_.dataWatch;
+    if (watch.IsAllSaved()) return true;
+    watch.TryAgain();
+    while (!unloaded_ && !watch.IsAllSaved()) {
+        switch (dialogs_.unsaved(watch.Sentence())) {
+        case UnsavedAnswer::TryAgain: watch.TryAgain(); break;
+        case UnsavedAnswer::SaveCopy:
+            if (!watch.SaveCopy()) break;
+            // The copy is the user's to keep; the next start takes over what it holds all the same.
+            return true;
+        case UnsavedAnswer::Lose: watch.GiveUp(); return true;
+        case UnsavedAnswer::Cancel: return false;
+        }
+    }
+    return !unloaded_;
 }
 
 }  // namespace kaz

@@ -74,8 +74,12 @@ void frmMonthView::FillCategories() {
     std::vector<std::string> names;
     for (std::int16_t slot = 0; slot < clsLayers::kCount; ++slot)
         names.push_back(app_.layers.Layer(slot));
-    cmbLayers.Items(names);
-    cmbLayers.Select(clsLayers::kAll);
+    // One that somebody looks at is not filled for nothing.
+    if (cmbLayers.Items() != names) {
+        const int selected = cmbLayers.Selected();
+        cmbLayers.Items(names);
+        cmbLayers.Select(selected < 0 ? clsLayers::kAll : selected);
+    }
     loading_ = false;
 }
 
@@ -134,7 +138,9 @@ void frmMonthView::Form_MouseWheel(int clicks) { StepMonths(-clicks); }
 
 // What was changed in another window shows when the user comes back to this one.
 void frmMonthView::Form_Activate() {
-    if (!loading_) ShowMonth();
+    if (loading_) return;
+    FillCategories();
+    ShowMonth();
 }
 
 void frmMonthView::TimerToday_Timer() {

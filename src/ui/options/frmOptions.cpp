@@ -5,10 +5,13 @@
 #include "platform/Files.h"
 #include "platform/MessagePump.h"
 #include "platform/SystemInfo.h"
+#include "storage/Owner.h"
 #include "ui/Links.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 #include "ui/options/OptionsSaving.h"
+
+#include <utility>
 
 namespace kaz {
 
@@ -78,6 +81,20 @@ bool frmOptions::Told(Step step) {
         window().SetFocus(fault.Control());
         return false;
     }
+}
+
+// An ID that cannot be typed needs no question whether there is one. What was typed comes back with the
+// network.
+void frmOptions::optSingle_Click() {
+    const bool couldType = txtOwner.Enabled();
+    EnableNetwork();
+    if (couldType) typedOwner_ = txtOwner.Text();
+    txtOwner.Text(std::string(kSingleUser));
+}
+
+void frmOptions::optNetworked_Click() {
+    if (typedOwner_) txtOwner.Text(*std::exchange(typedOwner_, std::nullopt));
+    EnableNetwork();
 }
 
 void frmOptions::PickFolder(const std::string& title, TextBox& box) {

@@ -8,6 +8,7 @@
 #include "ui/options/UserListControls.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace kaz {
@@ -20,8 +21,8 @@ public:
 
 private:
     void Form_Load();
-    void optNetworked_Click() { EnableNetwork(); }
-    void optSingle_Click() { EnableNetwork(); }
+    void optNetworked_Click();
+    void optSingle_Click();
     void cmdDatapath_Click();
     void cmdSharedDBPath_Click();
     void cmdPickWav_Click();
@@ -41,6 +42,7 @@ private:
 
     Application& app_;
     UserListControls users_;
+    std::optional<std::string> typedOwner_;
     TextBox txtDatapath{window(), IDC_txtDatapath};
     TextBox txtAlarmWav{window(), IDC_txtAlarmWav};
     CheckBox chkNoSound{window(), IDC_chkNoSound};

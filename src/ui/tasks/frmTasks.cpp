@@ -1,6 +1,7 @@
 #include "ui/tasks/frmTasks.h"
 
 #include "base/Text.h"
+#include "core/DataWatch.h"
 #include "platform/Dialogs.h"
 #include "platform/WindowFactory.h"
 #include "ui/print/TaskListPages.h"
@@ -26,8 +27,12 @@ std::vector<std::string> Lines(std::vector<std::string> tasks) {
 frmTasks::frmTasks(std::unique_ptr<kaz::Window> window, Application& application)
     : Form(std::move(window), application.errors, kFormName),
       app_(application),
-      list_(TaskFile(application.platform.files, application.DataPath())) {
+      folder_(application.DataPath()),
+      list_(application.dataWatch->UnsavedTasks()) {
+    if (!list_) list_ = std::make_shared<TaskList>(TaskFile(application.platform.files, folder_));
+    app_.dataWatch->WatchTasks(list_, [this] { FillKeepingTask(); });
     On(0, Raised::Load, "Form_Load", &frmTasks::Form_Load);
+    On(0, Raised::Activated, "Form_Activate", &frmTasks::Form_Activate);
     On(0, Raised::CloseBox, "Cmd_exit_Click", &frmTasks::Cmd_exit_Click);
     On(IDC_cmd_add, Raised::Click, "cmd_add_Click", &frmTasks::cmd_add_Click);
     On(IDC_cmd_change, Raised::Click, "cmd_change_Click", &frmTasks::cmd_change_Click);
@@ -39,7 +44,7 @@ frmTasks::frmTasks(std::unique_ptr<kaz::Window> window, Application& application
 
 void frmTasks::Form_Load() {
     try {
-        list_.Refresh();
+        list_->Refresh();
     } catch (...) {
         TellUnreadable();
     }
@@ -49,21 +54,47 @@ void frmTasks::Form_Load() {
 void frmTasks::ComeForward() {
     ErrorTrap trap(errors(), "ComeForward", Name());
     trap([&] {
-        if (list_.Refresh()) Fill(lst_tasks.Selected());
+        FollowFolder();
+        if (list_->Refresh()) Fill(lst_tasks.Selected());
     });
     window().Show(Activation::TakeFocus);
+}
+
+// The options may have chosen another data folder meanwhile.
+void frmTasks::Form_Activate() {
+    if (closed_ || folder_ == app_.DataPath()) return;
+    FollowFolder();
+    try {
+        list_->Refresh();
+    } catch (...) {
+        TellUnreadable();
+    }
+    Fill(0);
+}
+
+void frmTasks::FollowFolder() {
+    if (folder_ == app_.DataPath()) return;
+    if (list_->Unsaved()) {
+        // What the old folder does not take comes along into the new one.
+        ErrorTrap trap(app_.log, "FollowFolder", Name());
+        trap([&] { list_->Save(); });
+    }
+    folder_ = app_.DataPath();
+    list_->MoveTo(TaskFile(app_.platform.files, folder_));
 }
 
 void frmTasks::Form_Unload() {
     // The window can outlive its closing for as long as a handler runs.
     closed_ = true;
-    if (list_.Unsaved() && !abandoned_) SaveTasks();
+    if (list_->Unsaved() && !abandoned_) SaveTasks();
+    // What could not be saved is kept, unless the user has done without it.
+    app_.dataWatch->WatchTasks(abandoned_ ? nullptr : list_, {});
     window().Hide();
 }
 
 void frmTasks::SaveTasks() {
     try {
-        list_.Save();
+        list_->Save();
     } catch (...) {
         const ErrorInfo failure = CurrentError();
         app_.log.LogError(failure, "SaveTasks", Name());
@@ -71,29 +102,30 @@ void frmTasks::SaveTasks() {
             "The task list could not be saved: " + failure.description +
             ".\r\nYour changes stay in this window and are saved with the next one.");
     }
+    app_.dataWatch->Tell();
 }
 
 void frmTasks::cmd_add_Click() {
     const auto task = AskForTask("Enter a task", {});
     if (!task || closed_) return;
     FollowFile();
-    list_.Add(*task);
+    list_->Add(*task);
     SaveTasks();
-    Fill(static_cast<int>(list_.Tasks().size()) - 1);
+    Fill(static_cast<int>(list_->Tasks().size()) - 1);
 }
 
 void frmTasks::cmd_change_Click() {
     if (!TaskSelected()) return;
     const auto task =
-        AskForTask("Change Task", list_.Tasks()[static_cast<std::size_t>(lst_tasks.Selected())]);
+        AskForTask("Change Task", list_->Tasks()[static_cast<std::size_t>(lst_tasks.Selected())]);
     if (!task || closed_) return;
-    int selected = static_cast<int>(list_.Tasks().size());
+    int selected = static_cast<int>(list_->Tasks().size());
     if (FollowFile()) {
         selected = lst_tasks.Selected();
-        list_.Change(selected, *task);
+        list_->Change(selected, *task);
     } else {
         app_.platform.dialogs.Message(std::string(kGone) + "Your text is added as a new task.");
-        list_.Add(*task);
+        list_->Add(*task);
     }
     SaveTasks();
     Fill(selected);
@@ -106,19 +138,19 @@ void frmTasks::cmd_delete_Click() {
         return;
     }
     const int selected = lst_tasks.Selected();
-    list_.Delete(selected);
+    list_->Delete(selected);
     SaveTasks();
     Fill(selected);
 }
 
 void frmTasks::cmd_print_Click() {
     FollowFile();
-    PrintTaskList(app_, list_.Tasks());
+    PrintTaskList(app_, list_->Tasks());
 }
 
 void frmTasks::Cmd_exit_Click() {
-    if (list_.Unsaved()) SaveTasks();
-    if (list_.Unsaved() && !app_.platform.dialogs.AskYesNo("Close the task list without your last changes?"))
+    if (list_->Unsaved()) SaveTasks();
+    if (list_->Unsaved() && !app_.platform.dialogs.AskYesNo("Close the task list without your last changes?"))
         return;
     abandoned_ = true;
     app_.openWindows.Unload(*this);
@@ -126,8 +158,16 @@ void frmTasks::Cmd_exit_Click() {
 
 // The last task when there are not that many.
 void frmTasks::Fill(int selected) {
-    lst_tasks.Items(Lines(list_.Tasks()));
-    lst_tasks.Select(std::min(selected, static_cast<int>(list_.Tasks().size()) - 1));
+    lst_tasks.Items(Lines(list_->Tasks()));
+    lst_tasks.Select(std::min(selected, static_cast<int>(list_->Tasks().size()) - 1));
+}
+
+// After somebody else's tasks have joined the list.
+void frmTasks::FillKeepingTask() {
+    const std::string selected = lst_tasks.Text();
+    const std::vector<std::string> lines = Lines(list_->Tasks());
+    const auto found = std::find(lines.begin(), lines.end(), selected);
+    Fill(found == lines.end() ? -1 : static_cast<int>(found - lines.begin()));
 }
 
 void frmTasks::TellUnreadable() {
@@ -145,13 +185,14 @@ bool frmTasks::TaskSelected() {
 // Takes over what somebody else has written meanwhile. False when the selected task is not among it any more.
 bool frmTasks::FollowFile() {
     const int selected = lst_tasks.Selected();
-    const std::string task = selected < 0 ? "" : list_.Tasks()[static_cast<std::size_t>(selected)];
+    const std::string task = selected < 0 ? "" : list_->Tasks()[static_cast<std::size_t>(selected)];
     try {
-        if (!list_.Refresh()) return true;
+        FollowFolder();
+        if (!list_->Refresh()) return true;
     } catch (...) {
         return true;  // the saving that follows will tell
     }
-    const auto& tasks = list_.Tasks();
+    const auto& tasks = list_->Tasks();
     const auto found = std::find(tasks.begin(), tasks.end(), task);
     Fill(found == tasks.end() ? -1 : static_cast<int>(found - tasks.begin()));
     return selected < 0 || found != tasks.end();

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/Application.h"
+#include "core/TaskList.h"
 #include "platform/Controls.h"
 #include "platform/Form.h"
 #include "resources/resource.h"
-#include "ui/tasks/TaskList.h"
 
 #include <memory>
 #include <optional>
@@ -34,14 +34,18 @@ private:
     void cmd_print_Click();
     void Cmd_exit_Click();
 
+    void Form_Activate();
+    void FollowFolder();
     void Fill(int selected);
+    void FillKeepingTask();
     void TellUnreadable();
     bool TaskSelected();
     bool FollowFile();
     std::optional<std::string> AskForTask(const std::string& title, std::string text);
 
     Application& app_;
-    TaskList list_;
+    std::string folder_;
+    std::shared_ptr<TaskList> list_;
     bool closed_ = false;
     bool abandoned_ = false;
     ListControl lst_tasks{window(), IDC_lst_tasks};

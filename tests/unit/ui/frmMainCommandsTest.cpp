@@ -27,6 +27,7 @@ protected:
                             note("options"),
                             note("categories"),
                             note("about"),
+                            [](const std::string&) { return UnsavedAnswer::Cancel; },
                             note("tasks"),
                             [this](int month, int year) {
                                 opened.push_back(std::to_string(month) + "/" + std::to_string(year));
@@ -127,14 +128,33 @@ TEST_F(frmMainCommandsTest, DeletingAsksOnceAndRefusesOnce) {
     const std::string events = machine.files.Text("C:\\KAZ\\Events.xml");
     window->Click(IDM_DELETE);
     EXPECT_EQ("new|mine|Ann's", Column(kEventColumn));
+    EXPECT_EQ("Are you sure you want to delete the selected event(s)?\r\n3 events",
+              machine.dialogs.questions.back());
+    EXPECT_EQ(Dialogs::Default::No, machine.dialogs.defaultOfQuestion);
+    EXPECT_EQ("mine", List().Cell(List().Selection().at(0), kEventColumn));  // the neighbour
     EXPECT_THAT(machine.dialogs.messages, ElementsAre("You can't delete events belonging to another user"));
     EXPECT_THAT(machine.files.Text("C:\\KAZ\\Expired.xml"), testing::Not(HasSubstr("expired")));
 
     machine.dialogs.meanwhile = {};
+    List().UserSelects({1});
+    window->Click(IDM_DELETE);
+    EXPECT_THAT(machine.dialogs.questions.back(), testing::EndsWith("\r\nmine"));
+    EXPECT_EQ(Dialogs::Default::Yes, machine.dialogs.defaultOfQuestion);
     machine.dialogs.yesNo = {true};
     List().UserSelects({});
     window->Click(IDM_DELETE);
-    EXPECT_EQ(2U, machine.dialogs.questions.size());
+    EXPECT_EQ(3U, machine.dialogs.questions.size());
+
+    // Many are one save.
+    for (int i = 0; i < 50; ++i)
+        Add(*app.events, "bulk", 1);
+    window->Click(IDM_REFRESH);
+    window->Raise(IDM_SELECTALL, Raised::Click);
+    machine.dialogs.yesNo = {true};
+    const int written = machine.files.written;
+    window->Click(IDM_DELETE);
+    EXPECT_EQ("Ann's", Column(kEventColumn));
+    EXPECT_LT(machine.files.written - written, 15);  // the log counts as well
 }
 
 TEST_F(frmMainCommandsTest, SharingGoesToAllSelectedEventsOfTheUser) {

@@ -1,4 +1,4 @@
-#include "ui/tasks/TaskList.h"
+#include "core/TaskList.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@ namespace kaz {
 
 namespace {
 
-void AddMissing(std::vector<std::string>& tasks, const std::vector<std::string>& wanted) {
+void Join(std::vector<std::string>& tasks, const std::vector<std::string>& wanted) {
     std::vector<std::string> there = tasks;
     for (const std::string& task : wanted) {
         const auto found = std::find(there.begin(), there.end(), task);
@@ -22,7 +22,7 @@ void AddMissing(std::vector<std::string>& tasks, const std::vector<std::string>&
 bool TaskList::Refresh() {
     if (!file_.Changed()) return false;
     std::vector<std::string> tasks = file_.Load();
-    if (unsaved_) AddMissing(tasks, tasks_);
+    if (unsaved_) Join(tasks, tasks_);
     const bool others = tasks != tasks_;
     tasks_ = std::move(tasks);
     return others;
@@ -43,11 +43,22 @@ void TaskList::Delete(int position) {
     unsaved_ = true;
 }
 
+void TaskList::AddMissing(const std::vector<std::string>& tasks) {
+    Join(tasks_, tasks);
+    unsaved_ = true;
+}
+
 void TaskList::Save() {
-    // What somebody else has written meanwhile is not written over.
-    Refresh();
-    file_.Save(tasks_);
+    try {
+        // What somebody else has written meanwhile is not written over.
+        Refresh();
+        file_.Save(tasks_);
+    } catch (...) {
+        saveFault_ = CurrentError();
+        throw;
+    }
     unsaved_ = false;
+    saveFault_.reset();
 }
 
 }  // namespace kaz

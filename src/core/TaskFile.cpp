@@ -1,4 +1,4 @@
-#include "ui/tasks/TaskFile.h"
+#include "core/TaskFile.h"
 
 #include "base/Text.h"
 #include "core/Names.h"
@@ -65,7 +65,7 @@ std::vector<std::string> LinesOf(std::string_view text) {
 }  // namespace
 
 TaskFile::TaskFile(FileSystem& files, const std::string& folder)
-    : files_(files),
+    : files_(&files),
       path_(JoinPath(folder, kTaskFile)),
       plainPath_(WithExtension(path_, kOldExtension)),
       keptPath_(WithExtension(path_, ".bak")) {}
@@ -82,8 +82,8 @@ std::string TaskFile::FaultOf(std::string_view task) {
 
 TaskFile::Content TaskFile::Read() const {
     const bool plain =
-        files_.Kind(path_) == PathKind::Missing && files_.Kind(plainPath_) != PathKind::Missing;
-    return {plain, ReadFileOrEmpty(files_, plain ? plainPath_ : path_)};
+        files_->Kind(path_) == PathKind::Missing && files_->Kind(plainPath_) != PathKind::Missing;
+    return {plain, ReadFileOrEmpty(*files_, plain ? plainPath_ : path_)};
 }
 
 std::vector<std::string> TaskFile::Load() {
@@ -97,9 +97,9 @@ void TaskFile::Save(const std::vector<std::string>& tasks) {
     // Somebody's own editing may hold more than was understood of it.
     const bool foreign =
         known_ && !known_->plain && !known_->text.empty() && known_->text != FileText(TasksOf(known_->text));
-    if (foreign) WriteWholeFile(files_, keptPath_, known_->text);
+    if (foreign) WriteWholeFile(*files_, keptPath_, known_->text);
     Content content{false, FileText(tasks)};
-    WriteWholeFile(files_, path_, content.text);
+    WriteWholeFile(*files_, path_, content.text);
     known_ = std::move(content);
 }
 

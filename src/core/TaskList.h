@@ -1,8 +1,11 @@
 #pragma once
 
-#include "ui/tasks/TaskFile.h"
+#include "base/ErrorTrap.h"
+#include "core/TaskFile.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -12,6 +15,12 @@ namespace kaz {
 class TaskList {
 public:
     explicit TaskList(TaskFile file) : file_(std::move(file)) {}
+
+    // Goes on with another file; what is not saved yet comes along. The next Refresh reads it.
+    void MoveTo(TaskFile file) {
+        file_ = std::move(file);
+        if (!unsaved_) tasks_.clear();
+    }
 
     const std::vector<std::string>& Tasks() const { return tasks_; }
     // Whether something of it is not on the disk yet.
@@ -24,13 +33,18 @@ public:
     void Add(std::string task);
     void Change(int position, std::string task);
     void Delete(int position);
+    // Those of the tasks that the list does not have.
+    void AddMissing(const std::vector<std::string>& tasks);
     // Throws as TaskFile does; everything stays in the list then, and the next call tries again.
     void Save();
+    // Why the last save failed; nothing after one that did not.
+    const std::optional<ErrorInfo>& SaveFault() const { return saveFault_; }
 
 private:
     TaskFile file_;
     std::vector<std::string> tasks_;
     bool unsaved_ = false;
+    std::optional<ErrorInfo> saveFault_;
 };
 
 }  // namespace kaz

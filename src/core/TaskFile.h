@@ -36,7 +36,7 @@ private:
     };
     Content Read() const;
 
-    FileSystem& files_;
+    FileSystem* files_;
     std::string path_;
     std::string plainPath_;
     std::string keptPath_;

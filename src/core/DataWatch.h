@@ -1,0 +1,76 @@
+#pragma once
+
+#include "core/RescueFile.h"
+#include "core/TaskList.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kaz {
+
+class Application;
+class clsDbXml;
+
+// Whether what the user entered is on the disk. What is not is told in the bar, tried again, and at the end
+// of the program kept in a rescue file.
+class DataWatch {
+public:
+    // The application outlives it.
+    explicit DataWatch(Application& application) : app_(application) {}
+
+    // The tasks that the user works on; `saved` is called when they were saved by another than the user.
+    void WatchTasks(std::shared_ptr<TaskList> tasks, std::function<void()> saved);
+    // Tasks without a window that are not saved yet; null when there are none.
+    std::shared_ptr<TaskList> UnsavedTasks() const { return tasks_ && tasks_->Unsaved() ? tasks_ : nullptr; }
+    // What happens when a reload has made events disappear.
+    void WatchGone();
+
+    bool IsAllSaved() const;
+    // Names what is not saved, or counts it.
+    std::string Unsaved() const;
+    // The whole of it: what, why and what KAZ does about it.
+    std::string Sentence() const;
+    // Tells how it stands now. Call after each command and on each tick.
+    void Tell();
+    // Saves what is not saved yet, and tells how it stands.
+    void TryAgain();
+    // Asks where to, and writes there what is not saved. False when the user gave up, or was told of a
+    // failure.
+    bool SaveCopy();
+    // The user wants what is not saved now to be lost.
+    void GiveUp() { givenUp_ = RescueFile::TextOf(Collect()); }
+
+    // At the end of the program: keeps what is not saved, without a question.
+    void Rescue();
+    // At the start: takes over what the last end kept.
+    void TakeOver();
+
+private:
+    struct Fault {
+        std::string file;
+        ErrorInfo error;
+    };
+    Rescued Collect() const;
+    std::optional<Fault> FirstFault() const;
+    std::vector<std::string> RescueFolders() const;
+    void TellState(clsDbXml& database);
+    void TellGone(clsDbXml& database, const std::vector<clsEvent>& gone);
+    void BeginAnew(clsDbXml& database);
+    void OpenFolder(const std::string& file) const;
+    void TakeOver(const std::string& file);
+    void Merge(const Rescued& rescued);
+    void DeleteRescues();
+
+    Application& app_;
+    std::shared_ptr<TaskList> tasks_;
+    std::function<void()> tasksSaved_;
+    std::string givenUp_;
+    std::vector<std::string> takenOver_;  // rescue files whose content is not all on the disk yet
+    int rescued_ = 0;
+};
+
+}  // namespace kaz
