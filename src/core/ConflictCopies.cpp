@@ -54,7 +54,7 @@ void ConflictCopies::Offer(const std::string& name) {
     app_.health.Clear(key);
     if (missing.empty()) return;
     const bool one = missing.size() == 1;
-    const std::string what = one ? "The event \"" + OneLine(missing[0].Desc()) + "\" is"
+    const std::string what = one ? "The event \"" + OneLine(missing[0].DescShown()) + "\" is"
                                  : std::to_string(missing.size()) + " events are";
     app_.health.Tell(
         {key,

@@ -28,7 +28,7 @@ std::vector<std::string> DueSince(const std::vector<clsEvent>& events, DateValue
         for (int steps = 0; steps <= kMostDays && event.DueDate() <= today; ++steps) {
             const DateValue day = event.DueDate();
             const DateValue minute(day.Day(), event.AlarmTime().SecondOfDay());
-            const std::string text = ReplaceAll(event.Desc(), kLineBreak, " ");
+            const std::string text = ReplaceAll(event.DescShown(), kLineBreak, " ");
             if (!event.AlarmSet() && day > since && day < today)
                 due.emplace_back(day, FormatDate(day, "DDD ", locale) + text);
             if (event.AlarmSet() && minute > since && minute < now.ToMinute())

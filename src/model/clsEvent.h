@@ -73,6 +73,11 @@ public:
     void Recurring(bool value) { recurring_ = value; }
     const std::string& Desc() const { return desc_; }
     void Desc(std::string value) { desc_ = std::move(value); }
+    // The longest description that the user can type, and as much of a longer one as windows show. A file can
+    // hold any length, and a window that is given some millions of characters does not answer any more.
+    static constexpr std::size_t kLongestShown = 100'000;
+    std::string_view DescShown() const { return std::string_view(desc_).substr(0, kLongestShown); }
+    bool IsDescCut() const { return desc_.size() > kLongestShown; }
     DateValue DueTime() const { return dueTime_; }
     void DueTime(DateValue value) { dueTime_ = value; }
     DateValue DueDate() const { return dueDate_; }

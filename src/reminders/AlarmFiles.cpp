@@ -48,7 +48,7 @@ void AlarmFiles::AskFirst(const clsEvent& event, const std::string& source, cons
             }
         });
     };
-    if (!services_.windows.Ask({source, event.Desc(), file, answer}))
+    if (!services_.windows.Ask({source, std::string(event.DescShown()), file, answer}))
         services_.log.LogEvent(refusal + " - too many questions are open");
 }
 

@@ -136,7 +136,7 @@ void clsReminder::ShowUpcoming(DateValue today) {
         for (const clsEvent& event : services_.events->AllEvents()) {
             const std::int32_t daysLeft = event.DueDate().Day() - today.Day();
             if (!event.Deleted && daysLeft >= 1 && daysLeft <= event.DaysWarning())
-                lines.push_back(UpcomingLine(daysLeft, event.Desc()));
+                lines.push_back(UpcomingLine(daysLeft, event.DescShown()));
         }
     if (lines.empty()) {
         services_.windows.Close(ReminderKind::ComingUp);
@@ -157,7 +157,7 @@ void clsReminder::ShowTodays(DateValue today) {
     if (services_.events)
         for (const clsEvent& event : services_.events->AllEvents()) {
             if (event.Deleted || event.ExecFile || event.DueDate() != today) continue;
-            lines.push_back(event.Desc());
+            lines.emplace_back(event.DescShown());
             if (event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
         }
     if (lines.empty()) {
@@ -199,7 +199,7 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
                 else
                     services_.log.LogEvent("Not running " + event.Filename + " - its time has passed");
             } else {
-                lines.push_back(event.Desc());
+                lines.emplace_back(event.DescShown());
                 listed.push_back(ringing);
                 // A sound of somebody else's choice would be looked for on his computer.
                 if (!ofOthers && event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;

@@ -9,6 +9,7 @@
 #include "storage/StorageServices.h"
 #include "storage/WatchedFiles.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -152,6 +153,7 @@ private:
     void CouldNotRead(FileState state, const ErrorInfo& error);
     void ReadFile(const std::string& path, std::vector<clsEvent>& events);
     void CheckRead(const EventFileReader& reader) const;
+    void TellCut(const std::vector<clsEvent>& events);
     void GiveRepeatedNewCodes(std::vector<clsEvent>& events);
 
     bool MayWrite();
@@ -182,6 +184,7 @@ private:
     std::optional<ErrorInfo> readFault_;
     std::optional<ErrorInfo> saveFault_;
     std::string toldFault_;
+    std::ptrdiff_t toldCut_ = 0;  // descriptions
     std::string missingFile_;
 
     WatchedFiles watched_;            // empty until LoadMultiple

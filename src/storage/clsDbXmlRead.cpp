@@ -7,6 +7,7 @@
 #include "storage/clsDbXml.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <unordered_set>
 #include <utility>
@@ -55,6 +56,7 @@ void clsDbXml::Reload(bool fresh) {
         std::vector<clsEvent> file;
         ReadFile(fileName_, file);
         GiveRepeatedNewCodes(file);
+        TellCut(file);
         TakeIn(std::move(file), fresh);
         isThere_ = true;
         state_ = FileState::Fine;
@@ -179,6 +181,14 @@ void clsDbXml::CheckRead(const EventFileReader& reader) const {
     if (!reader.IsEmpty()) return;
     const bool hadEvents = isThere_ && !known_.confirmed.Entries().empty();
     if (hadEvents || (backupHasEvents_ && backupHasEvents_())) throw DamagedFile("The file is empty");
+}
+
+void clsDbXml::TellCut(const std::vector<clsEvent>& events) {
+    const auto cut = std::count_if(events.begin(), events.end(), std::mem_fn(&clsEvent::IsDescCut));
+    if (std::exchange(toldCut_, cut) == cut || cut == 0) return;
+    services_.log.LogEvent("Descriptions in " + fileName_ + " with more than " +
+                           std::to_string(clsEvent::kLongestShown) + " characters: " + std::to_string(cut) +
+                           ". They are kept, and windows show their beginning");
 }
 
 // A file of one user holds no code twice. The same place gets the same code at each reading, until it stands

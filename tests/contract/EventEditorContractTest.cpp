@@ -11,6 +11,7 @@ namespace kaz {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 class EventEditorContract : public DialogContract {
@@ -112,6 +113,19 @@ TEST_F(EventEditorContract, NoDescriptionIsCutOrChangedByBeingShown) {
     clsEvent event = Daily("000001", lines, machine.clock.Today());
     EXPECT_TRUE(Edit(event, [&](Window& window) { window.SetText(IDC_txtDesc, lines + "x"); }));
     EXPECT_TRUE(lines + "x" == event.Desc());
+
+    const std::string tooLong(clsEvent::kLongestShown + 1, 'x');
+    EXPECT_FALSE(Edit(event, [&](Window& window) { window.SetText(IDC_txtDesc, tooLong); }));
+    EXPECT_THAT(machine.dialogs.messages, ElementsAre(HasSubstr("can have 100000 characters")));
+    EXPECT_TRUE(lines + "x" == event.Desc());
+    event.Desc(tooLong);
+    EXPECT_TRUE(Edit(event, [&](Window& window) {
+        EXPECT_THAT(window.Text(IDC_txtDesc), HasSubstr("it has 100001 characters"));
+        EXPECT_FALSE(window.Enabled(IDC_txtDesc));
+        stage->Choose(window, IDC_cmbLayers, 4);
+    }));
+    EXPECT_TRUE(tooLong == event.Desc());
+    EXPECT_EQ(4, event.Layer());
 }
 
 TEST_F(EventEditorContract, TheSharingModeShowsAndChangesTheSharingOnly) {

@@ -86,6 +86,8 @@ void frmEvent::Form_Load() {
 }
 
 void frmEvent::ShowNew() {
+    // One more than can be saved, so that saving knows of what was cut off and tells.
+    txtDesc.MaxLength(static_cast<int>(clsEvent::kLongestShown) + 1);
     std::vector<std::string> names;
     for (std::int16_t slot = 0; slot < clsLayers::kAll; ++slot)
         names.push_back(app_.layers.Layer(slot));
@@ -100,7 +102,7 @@ void frmEvent::ShowNew() {
 
 void frmEvent::CopyDataToForm() {
     ErrorTrap trap(errors(), "CopyDataToForm", Name());
-    trap([&] { txtDesc.Text(event_.Desc()); });
+    trap([&] { ShowDescription(); });
     trap([&] { shownDescription_ = txtDesc.Text(); });
     trap([&] { share_.Show(event_); });
     trap([&] { alarm_.Show(event_); });
@@ -112,6 +114,19 @@ void frmEvent::CopyDataToForm() {
         txtDaysWarning.Text(std::to_string(event_.DaysWarning()));
     });
     trap([&] { tabs_.Show(event_); });
+}
+
+// One that is too long to be edited stays as it is, whatever else is changed.
+void frmEvent::ShowDescription() {
+    std::string text(event_.DescShown());
+    if (event_.IsDescCut()) {
+        text = "[This description is too long to be changed here: it has " +
+               std::to_string(event_.Desc().size()) +
+               " characters. KAZ keeps it whole, and shows the first " +
+               std::to_string(clsEvent::kLongestShown) + ".]\r\n" + text;
+        txtDesc.Enabled(false);
+    }
+    txtDesc.Text(text);
 }
 
 bool frmEvent::CopyFormToData() {
@@ -153,7 +168,13 @@ void frmEvent::CopyFields(clsEvent& event) {
 // all.
 void frmEvent::CopyDescription(clsEvent& event) const {
     const std::string text = TypedText(txtDesc);
-    if (event.IDCode.empty() || text != shownDescription_) event.Desc(text);
+    if (!event.IDCode.empty() && text == shownDescription_) return;
+    if (text.size() > clsEvent::kLongestShown)
+        throw FieldFault(
+            IDC_txtDesc,
+            "The description is too long: it can have " + std::to_string(clsEvent::kLongestShown) +
+                " characters. What was pasted beyond them is not in the field; please shorten it");
+    event.Desc(text);
 }
 
 void frmEvent::TellFailure() {
@@ -175,7 +196,8 @@ void frmEvent::SetupRelatedItems() {
 void frmEvent::ConvertToPickShareMode() { ShowSharingOnly(window()); }
 
 bool frmEvent::ShowModal() {
-    window().SetFocus(mode_ == EditMode::SharingOnly ? IDC_chkShared : IDC_txtDesc);
+    const int first = txtDesc.Enabled() ? IDC_txtDesc : IDC_cmdSave;
+    window().SetFocus(mode_ == EditMode::SharingOnly ? IDC_chkShared : first);
     return window().ShowModal() == kSaved;
 }
 

@@ -26,6 +26,7 @@ public:
     void CopyDataToForm();
     // Checks the controls and copies them into the event. What is wrong is told in a message box; the field
     // at fault gets the keyboard, and the event stays as it was.
+    void ShowDescription();
     bool CopyFormToData();
     // Leaves only the frame for sharing and the two buttons.
     void ConvertToPickShareMode();

@@ -18,7 +18,7 @@ bool IsLineBreak(char c) { return c == '\r' || c == '\n'; }
 const EventCells& EventDescriber::Describe(const clsEvent& event) {
     DescribeDate(event.DueDate());
     std::string& description = cells_[kEventColumn];
-    description = event.Desc();
+    description = event.DescShown();
     std::replace_if(description.begin(), description.end(), IsLineBreak, ' ');
 
     // A file can hold any number as category. The event is listed all the same, without a name for it.

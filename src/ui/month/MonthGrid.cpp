@@ -73,10 +73,10 @@ void MonthGrid::PlaceOccurrences(const clsEvent& event) {
 std::uint32_t MonthGrid::Keep(const clsEvent& event) {
     const std::size_t start = texts_.size();
     const std::size_t owner = networked_ ? event.Owner().size() : 0;
-    texts_.append(event.Desc());
+    texts_.append(event.DescShown());
     texts_.append(event.Owner(), 0, owner);
     std::replace_if(texts_.begin() + static_cast<std::ptrdiff_t>(start), texts_.end(), IsControl, ' ');
-    events_.push_back({start, static_cast<std::uint32_t>(event.Desc().size()),
+    events_.push_back({start, static_cast<std::uint32_t>(event.DescShown().size()),
                        static_cast<std::uint32_t>(owner),
                        event.AlarmSet() ? event.DueTime().MinuteOfDay() : -1});
     return static_cast<std::uint32_t>(events_.size() - 1);

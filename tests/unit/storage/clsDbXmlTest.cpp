@@ -118,6 +118,19 @@ TEST_F(EventDatabase, LogsOneLineForEachFieldThatCannotBeRead) {
     EXPECT_EQ(Log(), told);
 }
 
+TEST_F(EventDatabase, KeepsALongDescriptionAndTellsOfItOnce) {
+    clsEvent event = Event("1");
+    event.Desc(std::string(clsEvent::kLongestShown + 1, 'x'));
+    machine.files.Put(kFile, FileOf({event}));
+    clsDbXml database = Database();
+    database.LoadDB(kFile);
+    database.StoreRecord(Event("2"));
+    database.SaveDB();
+    database.LoadDB(kFile);
+    EXPECT_EQ(OnDisk(), FileOf({event, Event("2")}));
+    EXPECT_EQ(CountOf(Log(), "with more than 100000 characters: 1."), 1);
+}
+
 TEST_F(EventDatabase, StartsEmptyWhenThereIsNoFile) {
     clsDbXml database = Database();
     EXPECT_FALSE(database.DatabaseChanged());

@@ -51,6 +51,8 @@ TEST_F(EventDescriberTest, DaysDatesAndLineBreaks) {
     EXPECT_EQ("0100", Cell(kYearColumn));
     event.Desc("a\rb\nc\r\nd");
     EXPECT_EQ("a b c  d", Cell(kEventColumn));
+    event.Desc(std::string(clsEvent::kLongestShown + 1, 'x'));
+    EXPECT_EQ(clsEvent::kLongestShown, Cell(kEventColumn).size());
 }
 
 TEST_F(EventDescriberTest, CategoryIsNamedAndAnImpossibleOneIsNot) {
