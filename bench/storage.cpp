@@ -9,6 +9,7 @@
 #include "fakes/FakeSystemInfo.h"
 #include "platform/Files.h"
 #include "platform/posix/PosixFileSystem.h"
+#include "storage/EventOperations.h"
 #include "storage/clsDbXml.h"
 
 #include <benchmark/benchmark.h>
@@ -16,6 +17,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
+#include <utility>
 
 namespace kaz {
 namespace {
@@ -116,6 +118,27 @@ void WriteFlushReplace(benchmark::State& state) {
     }
 }
 
+// All but one, as one command of the list.
+void DeleteMany(benchmark::State& state) {
+    Bench bench;
+    const std::string file = bench.EventFile(state.range(0));
+    const std::string before = ReadWholeFile(bench.files, file);
+    for (auto _ : state) {
+        state.PauseTiming();
+        WriteWholeFile(bench.files, file, before);
+        clsDbXml events = bench.Database();
+        clsDbXml expired = bench.Database();
+        events.LoadDB(file);
+        std::vector<std::string> codes;
+        for (const clsEvent& event : std::as_const(events).AllEvents())
+            codes.push_back(event.IDCode);
+        codes.pop_back();
+        state.ResumeTiming();
+        EventOperations({events, expired, bench.settings, bench.clock, bench.dialogs, bench.log})
+            .DeleteEvents(codes);
+    }
+}
+
 // The others' shared files, as LoadMultiple finds them.
 constexpr int kUsers = 50;
 
@@ -208,6 +231,7 @@ BENCHMARK(LoadUsers)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ChangeCheck)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FileTimes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(AddOneByOneAndSave)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(DeleteMany)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Rule)->DenseRange(RecurWeekdays, RecurEveryNDays);
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "storage/EventXml.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -34,6 +35,13 @@ std::vector<std::string> FilesToKeep(const Application& app) {
             JoinPath(app.DataPath(), kTaskFile),
             WithExtension(events, kOldExtension),
             WithExtension(expired, kOldExtension)};
+}
+
+// From 1601 to the days of DateValue.
+double DaysOf(FileTime time) {
+    constexpr double kUnitsPerDay = 864e9;
+    constexpr double kDaysBefore = 109205;
+    return static_cast<double>(time) / kUnitsPerDay - kDaysBefore;
 }
 
 std::size_t EventsIn(std::string_view text) {
@@ -113,12 +121,21 @@ bool MakeAutoBackup(Application& app, const std::string& word) {
 }
 
 bool BackupHasEvents(const Application& app, const std::string& fileName) {
+    return NewestEventBackup(app, fileName).has_value();
+}
+
+std::optional<EventBackup> NewestEventBackup(const Application& app, const std::string& fileName) {
+    const FileSystem& files = app.platform.files;
     const std::string folder = JoinPath(app.runtimePath, kBackupFolder);
-    const std::vector<std::string> names = app.platform.files.FilesIn(folder);
-    return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
-        return UpperAscii(name).ends_with(".ZIP") &&
-               EventsIn(app.platform.zip.ZpRead(JoinPath(folder, name), FileNameOf(fileName))) > 0;
-    });
+    std::vector<std::pair<FileTime, std::string>> archives;
+    for (const std::string& name : files.FilesIn(folder))
+        if (const std::string path = JoinPath(folder, name); UpperAscii(name).ends_with(".ZIP"))
+            archives.emplace_back(files.ModificationTime(path).value_or(0), path);
+    std::sort(archives.rbegin(), archives.rend());
+    for (const auto& [time, path] : archives)
+        if (const std::size_t count = EventsIn(app.platform.zip.ZpRead(path, FileNameOf(fileName))))
+            return EventBackup{path, DateValue::FromSerial(DaysOf(time)), count};
+    return std::nullopt;
 }
 
 }  // namespace kaz

@@ -2,6 +2,7 @@
 
 #include "core/Application.h"
 
+#include <optional>
 #include <string>
 
 namespace kaz {
@@ -16,5 +17,13 @@ bool MakeAutoBackup(Application& app, const std::string& word);
 
 // Whether one of the archives holds an event in its copy of that file.
 bool BackupHasEvents(const Application& app, const std::string& fileName);
+
+// The newest of the archives that hold an event in their copy of a file.
+struct EventBackup {
+    std::string archive;
+    DateValue made;  // UTC
+    std::size_t events = 0;
+};
+std::optional<EventBackup> NewestEventBackup(const Application& app, const std::string& fileName);
 
 }  // namespace kaz

@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "core/Application.h"
 #include "core/AwaitedFolder.h"
+#include "core/Backup.h"
 #include "core/Names.h"
 #include "core/Reason.h"
 #include "platform/Clock.h"
@@ -152,14 +153,7 @@ void DataWatch::TellState(clsDbXml& database) {
                               ". KAZ tries again every half minute, and writes nothing over them.",
                           {{"Try again", [this] { TryAgain(); }}, look}});
         break;
-    case FileState::Damaged:
-        app_.health.Tell(
-            {key,
-             Health::Weight::Alarm,
-             "The file " + file +
-                 " is damaged. KAZ leaves it as it is, and reads it as soon as it is whole again.",
-             {look, {"Begin anew", [this, &database] { BeginAnew(database); }}}});
-        break;
+    case FileState::Damaged: TellDamaged(database, key); break;
     case FileState::SetAside:
         app_.health.Tell({key,
                           Health::Weight::Note,
@@ -192,23 +186,57 @@ void DataWatch::OpenFolder(const std::string& file) const {
     }
 }
 
-// The damaged file stays beside the new one, since somebody may read more in it.
-void DataWatch::BeginAnew(clsDbXml& database) {
-    ErrorTrap trap(app_.log, "BeginAnew", kModule);
+// The memory, where the file was read once, is its last good copy; else a backup has one.
+void DataWatch::TellDamaged(clsDbXml& database, const std::string& key) {
+    const std::string text =
+        "The file " + database.DBFilename() +
+        " is damaged. KAZ leaves it as it is, and reads it as soon as it is whole again.";
+    // The backups are not read anew on each tick.
+    if (const Health::Notice* told = app_.health.Find(key); told && told->text == text) return;
+    Health::Notice notice{key, Health::Weight::Alarm, text, {}};
+    const auto events = static_cast<std::size_t>(database.RecordCount());
+    // What was only entered meanwhile is no copy of it.
+    const bool isCopy = events > database.Unsaved().stored.size();
+    const auto backup = isCopy ? std::nullopt : NewestEventBackup(app_, database.DBFilename());
+    if (backup) {
+        const std::string date = GeneralDateText(backup->made.DateOnly(), app_.platform.locale.Data());
+        notice.actions.push_back(
+            {"Restore from the backup of " + date + " (" + Counted(backup->events, "event") + ")",
+             [this, &database, archive = backup->archive] { Restore(database, archive); }});
+    }
+    notice.actions.push_back({"Open the folder", [this, &database] { OpenFolder(database.DBFilename()); }});
+    notice.actions.push_back(
+        {!isCopy ? "Begin anew" : "Save the " + Counted(events, "event") + " of the list",
+         [this, &database] { Restore(database, {}); }});
+    app_.health.Tell(std::move(notice));
+}
+
+// Without an archive, the file is made of what is in memory. The damaged one stays beside it, since somebody
+// may read more in it.
+void DataWatch::Restore(clsDbXml& database, const std::string& archive) {
     const std::string file = database.DBFilename();
     const std::string time =
         FormatDate(app_.platform.clock.Now(), "YYYY-MM-DD HH.NN.SS", app_.platform.locale.Data());
     const std::string kept =
         JoinPath(FolderOf(file), WithExtension(FileNameOf(file), " (damaged, " + time + ").xml"));
-    trap([&] {
-        const EventChanges mine = database.Unsaved();
+    try {
+        const std::string text =
+            archive.empty() ? std::string() : app_.platform.zip.ZpRead(archive, FileNameOf(file));
         app_.platform.files.Replace(file, kept);
         app_.log.LogEvent(file + " is damaged and was put aside as " + kept);
-        database.Forget();
-        database.LoadDB(file);
-        database.PutOnTop(mine);
+        if (archive.empty()) {
+            database.ExpectNoFile();
+        } else {
+            WriteWholeFile(app_.platform.files, file, text);
+            database.LoadDB(file);
+            app_.log.LogEvent("Restored " + file + " from " + archive);
+        }
         database.SaveDB();
-    });
+    } catch (...) {
+        const ErrorInfo error = CurrentError();
+        app_.log.Report(error, "Restore", kModule);
+        app_.platform.dialogs.Message("That did not work: " + Reason(app_.platform.files, file, error) + ".");
+    }
     app_.mainListIsStale = true;
     Tell();
 }

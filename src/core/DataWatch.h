@@ -59,7 +59,8 @@ private:
     std::vector<std::string> RescueFolders() const;
     void TellState(clsDbXml& database);
     void TellGone(clsDbXml& database, const std::vector<clsEvent>& gone);
-    void BeginAnew(clsDbXml& database);
+    void TellDamaged(clsDbXml& database, const std::string& key);
+    void Restore(clsDbXml& database, const std::string& archive);
     void OpenFolder(const std::string& file) const;
     void TakeOver(const std::string& file);
     void Merge(const Rescued& rescued);

@@ -86,27 +86,21 @@ void EventOperations::DeleteEvents(const std::vector<std::string>& codes) {
     }
     for (const clsEvent& event : others)
         OwnerRefuses(event, "Only ", " can delete it.");
-    Delete(context_.events, own);
+    if (!own.empty()) context_.events.DeleteRecords(own);
 }
 
 void EventOperations::DeleteExpiredEvents(const std::vector<std::string>& codes) {
-    Delete(context_.expired, codes);
+    if (!Find(context_.expired, codes).empty()) context_.expired.DeleteRecords(codes);
 }
 
 // In one walk, however many they are. Of two events with the same code the first is meant.
-std::vector<clsEvent*> EventOperations::Find(clsDbXml& database, const std::vector<std::string>& codes) {
+std::vector<const clsEvent*> EventOperations::Find(const clsDbXml& database,
+                                                   const std::vector<std::string>& codes) {
     std::unordered_set<std::string_view> wanted(codes.begin(), codes.end());
-    std::vector<clsEvent*> found;
-    for (clsEvent& event : database.AllEvents())
+    std::vector<const clsEvent*> found;
+    for (const clsEvent& event : database.AllEvents())
         if (wanted.erase(event.IDCode) > 0) found.push_back(&event);
     return found;
-}
-
-void EventOperations::Delete(clsDbXml& database, const std::vector<std::string>& codes) {
-    const std::vector<clsEvent*> found = Find(database, codes);
-    for (clsEvent* event : found)
-        event->Deleted = true;
-    if (!found.empty()) database.SaveDB();
 }
 
 bool EventOperations::IsOthers(const clsEvent& event) const {

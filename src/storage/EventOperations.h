@@ -42,8 +42,7 @@ public:
     void DeleteExpiredEvents(const std::vector<std::string>& codes);
 
 private:
-    static std::vector<clsEvent*> Find(clsDbXml& database, const std::vector<std::string>& codes);
-    static void Delete(clsDbXml& database, const std::vector<std::string>& codes);
+    static std::vector<const clsEvent*> Find(const clsDbXml& database, const std::vector<std::string>& codes);
     bool IsOthers(const clsEvent& event) const;
     clsDbXml& Source(bool fromExpired) { return fromExpired ? context_.expired : context_.events; }
     bool OwnerRefuses(const clsEvent& event, const std::string& textBefore, const std::string& textAfter);

@@ -236,6 +236,46 @@ TEST_F(Unsaved, CanBeLostOrCopiedByChoiceOnly) {
     EXPECT_THAT(story->machine.files.Files(), Contains(HasSubstr("(damaged")));
 }
 
+// A damaged file is kept, and the memory or a backup takes its place when the user wants it.
+TEST_F(Unsaved, ADamagedFileIsReplacedByTheListOrABackup) {
+    Begin();
+    FakePlatform& machine = story->machine;
+    ASSERT_NE(std::string::npos, story->Saved("Kaz.ini").find("NOAUTOBACKUPS"));
+    Main().Click(IDM_BACKUP);
+    const std::string nothing(3000, '\0');
+    for (const bool restarted : {false, true}) {
+        SCOPED_TRACE(restarted);
+        if (restarted) {
+            story->component->ShutDown();
+            story->component.reset();
+        }
+        machine.files.Put(Data("Events.xml"), nothing);
+        if (restarted)
+            Start();
+        else
+            story->Advance(31);
+        EXPECT_THAT(Bar(), HasSubstr("is damaged"));
+        EXPECT_EQ(nothing, machine.files.Text(Data("Events.xml")));
+        // While the program runs, the list is the last good copy.
+        EXPECT_THAT(Main().Text(restarted ? IDC_cmdHealth : IDC_cmdHealth + 1), HasSubstr("3 events"));
+        if (restarted) {
+            Type("Milk");
+            Main().Click(IDM_ADD);
+        }
+        Main().Click(restarted ? IDC_cmdHealth : IDC_cmdHealth + 1);
+        story->Advance(31);
+        std::set<std::string> whole{"Tea", "Walk", "Bread"};
+        if (restarted) whole.insert("Milk");
+        EXPECT_EQ(whole, Shown());
+        EXPECT_EQ(whole, OnDisk());
+        EXPECT_THAT(Bar(), Not(HasSubstr("damaged")));
+        const std::vector<std::string> files = machine.files.Files();
+        EXPECT_EQ(restarted ? 2 : 1, std::count_if(files.begin(), files.end(), [](const std::string& file) {
+                      return file.find("(damaged, ") != std::string::npos;
+                  }));
+    }
+}
+
 TEST_F(Unsaved, TheSettingsAndTheTasksHaveTheSamePromise) {
     Begin();
     FakePlatform& machine = story->machine;
