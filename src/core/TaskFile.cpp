@@ -1,5 +1,6 @@
 #include "core/TaskFile.h"
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Names.h"
 #include "platform/Files.h"
@@ -44,8 +45,8 @@ std::vector<std::string> TasksOf(std::string_view text) {
     for (const std::string& piece : pieces)
         if (cSharedHTML::cInstr(piece, kDetails) > 0)
             tasks.push_back(cSharedHTML::ExtractBetweenTags(piece, kDetails, kDetailsEnd));
-    // Of a file that was cut short, the last piece is a task too, and what lies around the tags is no part of
-    // it.
+    // In somebody's own editing the last end tag may be missing; what lies around the tags is no part of a
+    // task.
     if (!pieces.empty() && cSharedHTML::cInstr(pieces.back(), kDetails) > 0)
         tasks.back().resize(tasks.back().find_last_not_of(" \t\r\n") + 1);
     return tasks;
@@ -60,6 +61,12 @@ std::vector<std::string> LinesOf(std::string_view text) {
     // What follows the last line's end is no line.
     if (lines.back().empty()) lines.pop_back();
     return lines;
+}
+
+// Whether the end of the file is missing: whatever was in it, what is left may be some of the tasks only.
+bool IsCut(std::string_view text) {
+    const auto begin = cSharedHTML::cInstr(text, kTask);
+    return begin > 0 && cSharedHTML::cInstr(text.substr(static_cast<std::size_t>(begin)), kTaskEnd) == 0;
 }
 
 }  // namespace
@@ -83,12 +90,24 @@ std::string TaskFile::FaultOf(std::string_view task) {
 TaskFile::Content TaskFile::Read() const {
     const bool plain =
         files_->Kind(path_) == PathKind::Missing && files_->Kind(plainPath_) != PathKind::Missing;
-    return {plain, ReadFileOrEmpty(*files_, plain ? plainPath_ : path_)};
+    const std::string& path = plain ? plainPath_ : path_;
+    Content content{plain, ReadFileOrEmpty(*files_, path)};
+    const bool isEmptied =
+        content.text.empty() && known_ && !TasksIn(*known_).empty() && FileExists(*files_, path);
+    if (isEmptied || !IsText(content.text) || (!plain && IsCut(content.text)))
+        throw RuntimeError(ErrorNumber::TypeMismatch,
+                           "the file is damaged, and left as it is. To begin with an empty list, rename " +
+                               FileNameOf(path));
+    return content;
+}
+
+std::vector<std::string> TaskFile::TasksIn(const Content& content) {
+    return content.plain ? LinesOf(content.text) : TasksOf(content.text);
 }
 
 std::vector<std::string> TaskFile::Load() {
     known_ = Read();
-    return known_->plain ? LinesOf(known_->text) : TasksOf(known_->text);
+    return TasksIn(*known_);
 }
 
 bool TaskFile::Changed() const { return known_ != Read(); }

@@ -19,8 +19,8 @@ public:
     // Why a text cannot be a task, in a sentence for the user; "" when it can.
     static std::string FaultOf(std::string_view task);
 
-    // The tasks as they are on the disk now, none without a file. Throws as FileSystem does: a file that
-    // cannot be read is not an empty one.
+    // The tasks as they are on the disk now, none without a file. Throws as FileSystem does, and
+    // TypeMismatch for a damaged file: one that cannot be read is not an empty one.
     std::vector<std::string> Load();
     // Whether the file is another than at the last Load or Save, or was never read. Throws as Load does.
     bool Changed() const;
@@ -35,6 +35,7 @@ private:
         friend bool operator==(const Content&, const Content&) = default;
     };
     Content Read() const;
+    static std::vector<std::string> TasksIn(const Content& content);
 
     FileSystem* files_;
     std::string path_;

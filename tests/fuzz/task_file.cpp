@@ -1,6 +1,7 @@
 // Any bytes as the file of the tasks, or as the plain file from before it: no task that was read is lost by
 // saving, and what has been saved once stays the same.
 
+#include "base/RuntimeError.h"
 #include "core/TaskFile.h"
 #include "fakes/MemoryFileSystem.h"
 #include "fuzz/Require.h"
@@ -16,7 +17,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     files.Put(plain ? "C:\\tasklist.dat" : "C:\\tasklist.xml",
               std::string(reinterpret_cast<const char*>(data), size));
     TaskFile file(files, "C:");
-    const std::vector<std::string> tasks = file.Load();
+    std::vector<std::string> tasks;
+    try {
+        tasks = file.Load();
+    } catch (const RuntimeError&) {
+        return 0;  // damaged
+    }
     Require(!file.Changed(), "changed by nobody");
     file.Save(tasks);
     const std::string saved = files.Text("C:\\tasklist.xml");

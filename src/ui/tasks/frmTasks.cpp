@@ -52,7 +52,8 @@ void frmTasks::Form_Load() {
 }
 
 void frmTasks::ComeForward() {
-    ErrorTrap trap(errors(), "ComeForward", Name());
+    // The loading has told already, and the next change will.
+    ErrorTrap trap(app_.log, "ComeForward", Name());
     trap([&] {
         FollowFolder();
         if (list_->Refresh()) Fill(lst_tasks.Selected());

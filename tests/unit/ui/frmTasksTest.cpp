@@ -70,9 +70,9 @@ TEST_F(Tasks, TheOldPlainFileIsReadUntilThereIsAnother) {
     EXPECT_EQ(PathKind::Missing, machine.files.Kind(kFile));
     window.Click(IDC_cmd_delete);
     EXPECT_EQ(FileOf({"", "Bread", "Tea"}), OnDisk());
-    machine.files.Put(kFile, "<task><details>a<DETAILS>b</Details>junk<DETAILS>cut\r\n\t");
+    machine.files.Put(kFile, "<task><details>a<DETAILS>b</Details>junk<DETAILS>open\r\n\t</TASK>");
     ShowTasks(app);
-    EXPECT_THAT(Shown(window), ElementsAre("ab", "cut"));
+    EXPECT_THAT(Shown(window), ElementsAre("ab", "open"));
     // What was not understood of somebody's own editing is kept beside.
     window.Click(IDC_cmd_delete);
     EXPECT_THAT(machine.files.Text("C:\\KAZ\\tasklist.bak"), HasSubstr("junk"));
@@ -98,6 +98,37 @@ TEST_F(Tasks, WhatOthersWriteMeanwhileIsNeitherOverwrittenNorMistaken) {
         EXPECT_THAT(LastMessage(), HasSubstr("Somebody else"));
     }
     EXPECT_EQ(FileOf({"Changed " + std::to_string(IDC_cmd_change), "Typed"}), OnDisk());
+}
+
+TEST_F(Tasks, ADamagedFileIsToldAndLeftAlone) {
+    const std::string whole = FileOf({"Milk", "Bread"});
+    std::string wide;
+    for (const char c : whole)
+        wide.append({c, '\0'});
+    const std::string damaged[] = {std::string(whole.size(), '\0'), wide,
+                                   whole.substr(0, whole.find("</DETAILS>")),
+                                   whole.substr(0, whole.rfind("\t\t<DETAILS>")), ""};
+    for (const std::string& text : damaged)
+        for (const bool isRunning : {false, true}) {
+            // What is empty at a start may be a new file of somebody's.
+            if (text.empty() && !isRunning) continue;
+            SCOPED_TRACE(text + (isRunning ? ", running" : ", at the start"));
+            machine.files.Put(kFile, isRunning ? whole : text);
+            FakeWindow& window = Open();
+            machine.files.Put(kFile, text);
+            EXPECT_EQ(nullptr, machine.windows.Newest(IDD_ERRORREPORT));
+            EXPECT_EQ(isRunning ? 0U : 1U, machine.dialogs.messages.size());
+            machine.dialogs.inputs = {"Tea"};
+            window.Click(IDC_cmd_add);
+            EXPECT_EQ(text, OnDisk());
+            EXPECT_THAT(Shown(window), testing::Contains("Tea"));
+            EXPECT_THAT(LastMessage(), HasSubstr("the file is damaged"));
+            machine.files.Put(kFile, whole);
+            window.Click(IDC_Cmd_exit);
+            EXPECT_EQ(FileOf({"Milk", "Bread", "Tea"}), OnDisk());
+            app.openWindows.UnloadAll();
+            machine.dialogs.messages.clear();
+        }
 }
 
 // Whichever operation fails, for once or from then on: nothing that was there or typed is lost.
