@@ -114,7 +114,7 @@ TEST_F(EventEditorContract, NoDescriptionIsCutOrChangedByBeingShown) {
     EXPECT_TRUE(Edit(event, [&](Window& window) { window.SetText(IDC_txtDesc, lines + "x"); }));
     EXPECT_TRUE(lines + "x" == event.Desc());
 
-    const std::string tooLong(clsEvent::kLongestShown + 1, 'x');
+    const std::string tooLong = (lines + lines).substr(0, clsEvent::kLongestShown + 1);
     EXPECT_FALSE(Edit(event, [&](Window& window) { window.SetText(IDC_txtDesc, tooLong); }));
     EXPECT_THAT(machine.dialogs.messages, ElementsAre(HasSubstr("can have 100000 characters")));
     EXPECT_TRUE(lines + "x" == event.Desc());
