@@ -63,8 +63,6 @@ void clsComponent::RefreshDates() noexcept {
     trap([&] {
         application_.clockGuard->Look();
         application_.MakeReminder().UpdateAllEvents();
-        // In a network the save has read the files of others, so that the next look finds nothing new.
-        if (application_.Networked()) application_.mainListIsStale = true;
     });
     // It may have read what others have saved, which the next look at the files no longer sees as a change.
     if (application_.Networked()) application_.mainListIsStale = true;
