@@ -19,18 +19,36 @@ namespace {
 // A disk that takes nothing for a while, and a user who goes on.
 struct Fault {
     const char* name;
-    const char* told;  // in the bar
+    const char* told;  // in the bar; "" when the change is saved all the same
     std::function<void(FakePlatform&)> begin;
     std::function<void(FakePlatform&)> end;
+    bool another = false;  // another program has saved
 };
 
 constexpr char kData[] = "D:\\Data";
 
+constexpr int kFirstDay = 45000;  // 15 March 2023
+
 std::string Data(const std::string& name) { return std::string(kData) + "\\" + name; }
 
-void MarkFiles(FakePlatform& machine, void (*mark)(MemoryFileSystem::Node&)) {
+std::string BlockOf(const clsEvent& event) {
+    std::string text;
+    EventXml::AppendBlock(text, event);
+    return text;
+}
+
+// Another program has added something to each file.
+void WriteAsAnother(FakePlatform& machine) {
+    for (const char* name : {"Events.xml", "Expired.xml"})
+        machine.files.Put(Data(name), machine.files.Text(Data(name)) +
+                                          BlockOf(OneOff(name[1] == 'v' ? "000009" : "000008", "Other",
+                                                         machine.clock.Today().PlusDays(9))));
+    machine.files.Put(Data("tasklist.xml"), "<KAZ2><TASK><DETAILS>Other</DETAILS></TASK></KAZ2>");
+}
+
+void MarkFiles(FakePlatform& machine, const std::string& folder, void (*mark)(MemoryFileSystem::Node&)) {
     for (const std::string& file : machine.files.Files())
-        if (file.starts_with(kData)) mark(machine.files.At(file));
+        if (file.starts_with(folder)) mark(machine.files.At(file));
 }
 
 // What a stick takes along.
@@ -56,19 +74,40 @@ private:
 
 class Unsaved : public testing::Test {
 protected:
-    static std::vector<Fault> Faults() {
+    static std::vector<Fault> Faults(const std::string& folder = kData) {
         const auto stick = std::make_shared<Stick>();
-        return {
-            {"disk full", "D: is full", [](FakePlatform& machine) { machine.files.fullFolder = kData; },
-             [](FakePlatform& machine) { machine.files.fullFolder.clear(); }},
-            {"read-only file", "is read-only",
-             [](FakePlatform& machine) { MarkFiles(machine, [](auto& node) { node.readOnly = true; }); },
-             [](FakePlatform& machine) { MarkFiles(machine, [](auto& node) { node.readOnly = false; }); }},
-            {"locked", "nother program holds",
-             [](FakePlatform& machine) { MarkFiles(machine, [](auto& node) { node.locked = true; }); },
-             [](FakePlatform& machine) { MarkFiles(machine, [](auto& node) { node.locked = false; }); }},
-            {"folder gone", "is not there", [stick](FakePlatform& machine) { stick->Pull(machine); },
-             [stick](FakePlatform& machine) { stick->PutBack(machine); }}};
+        return {{"disk full", ": is full", [=](FakePlatform& machine) { machine.files.fullFolder = folder; },
+                 [](FakePlatform& machine) { machine.files.fullFolder.clear(); }},
+                {"read-only file", "is read-only",
+                 [=](FakePlatform& machine) {
+                     MarkFiles(machine, folder, [](auto& node) { node.readOnly = true; });
+                 },
+                 [=](FakePlatform& machine) {
+                     MarkFiles(machine, folder, [](auto& node) { node.readOnly = false; });
+                 }},
+                {"locked", "nother program holds",
+                 [=](FakePlatform& machine) {
+                     MarkFiles(machine, folder, [](auto& node) { node.locked = true; });
+                 },
+                 [=](FakePlatform& machine) {
+                     MarkFiles(machine, folder, [](auto& node) { node.locked = false; });
+                 }},
+                {"folder gone", "is not there", [stick](FakePlatform& machine) { stick->Pull(machine); },
+                 [stick](FakePlatform& machine) { stick->PutBack(machine); }},
+                {"damaged", "is damaged",
+                 [stick](FakePlatform& machine) {
+                     stick->Pull(machine);
+                     for (const char* name : {"Events.xml", "Expired.xml", "tasklist.xml"})
+                         machine.files.Put(Data(name), std::string(3000, '\0'));
+                 },
+                 [stick](FakePlatform& machine) { stick->PutBack(machine); }},
+                {"vanished", "",
+                 [](FakePlatform& machine) {
+                     for (const char* name : {"Events.xml", "Expired.xml", "tasklist.xml"})
+                         machine.files.Remove(Data(name));
+                 },
+                 [](FakePlatform&) {}},
+                {"newer on disk", "", WriteAsAnother, [](FakePlatform&) {}, true}};
     }
 
     // The sound that is missing would be told at every start.
@@ -76,13 +115,20 @@ protected:
         story.emplace();
         story->machine.files.CreateFolder(kData);
         story->machine.files.Put(Story::Path("Kaz.ini"),
-                                 "OWNER,Single\r\nDATAPATH,D:\\Data\r\nNOAUTOBACKUPS,-1\r\n");
-        story->machine.files.Put(Data("Events.xml"), FileOf({OneOff("000001", "Tea", story->Today(3)),
-                                                             OneOff("000002", "Walk", story->Today(4)),
-                                                             OneOff("000003", "Bread", story->Today(5))}));
+                                 "OWNER,Ann\r\nNETWORKED,-1\r\nSHAREDDATAPATH,C:\\Share\r\n"
+                                 "DATAPATH,D:\\Data\r\nNOAUTOBACKUPS,-1\r\n");
+        story->machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\n");
+        story->machine.files.Put(Data("Events.xml"),
+                                 FileOf({Anns(OneOff("000001", "Tea", story->Today())),
+                                         Anns(OneOff("000002", "Walk", story->Today(4))),
+                                         Anns(Daily("000003", "Bread", story->Today()))}));
         story->machine.files.Put(Data("Expired.xml"), FileOf({}));
         story->machine.files.Put(Data("tasklist.xml"), "");
         Start();
+    }
+    static clsEvent Anns(clsEvent event) {
+        event.Owner("Ann");
+        return event;
     }
     void Start() {
         story->Start().ShowMain();
@@ -93,14 +139,37 @@ protected:
         const auto rows = Main().Report(IDC_ListEvents).Column(kEventColumn);
         return {rows.begin(), rows.end()};
     }
+    // Each with the days until it is due, "*" when it is shared and "E" when it has expired.
     std::set<std::string> OnDisk() {
         std::set<std::string> found;
-        const std::string text = story->machine.files.Text(Data("Events.xml"));
-        for (const char* name : {"Tea", "Walk", "Bread", "Milk", "Run"})
-            if (text.find(std::string(">") + name + "<") != std::string::npos) found.insert(name);
+        FakePlatform reader;
+        Application app(reader.Services(story->machine.files));
+        for (const char* name : {"Events.xml", "Expired.xml"}) {
+            clsDbXml database(app.Storage());
+            database.LoadDB(Data(name));
+            for (const clsEvent& event : std::as_const(database).AllEvents())
+                found.insert(event.Desc() + " " + std::to_string(event.DueDate().Day() - kFirstDay) +
+                             (event.SharedEvent ? "*" : "") + (name[1] == 'x' ? "E" : ""));
+        }
         return found;
     }
+    // The current ones of them, as the list shows them.
+    static std::set<std::string> NamesOf(const std::set<std::string>& events) {
+        std::set<std::string> names;
+        for (const std::string& event : events)
+            if (!event.ends_with('E')) names.insert(event.substr(0, event.find(' ')));
+        return names;
+    }
     std::string Bar() { return Main().ControlVisible(IDC_lblHealth) ? Main().Text(IDC_lblHealth) : ""; }
+    // One notice after the other.
+    std::string Bars() {
+        std::string text = Bar();
+        for (int i = 0; i < 3; ++i) {
+            Main().Click(IDC_cmdHealthNext);
+            text += Bar();
+        }
+        return text;
+    }
     void Select(const std::string& name) {
         const auto rows = Main().Report(IDC_ListEvents).Column(kEventColumn);
         const auto at = std::find(rows.begin(), rows.end(), name);
@@ -129,27 +198,43 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
              Type("Milk");
              Main().Click(IDM_ADD);
          },
-         {"Tea", "Walk", "Bread", "Milk"}},
+         {"Tea 0", "Walk 4", "Bread 0", "Milk 0"}},
         {"edit",
          [&] {
              Select("Walk");
              Type("Run");
              Main().Click(IDM_EDIT);
          },
-         {"Tea", "Run", "Bread"}},
+         {"Tea 0", "Run 4", "Bread 0"}},
         {"delete",
          [&] {
              Select("Walk");
              story->machine.dialogs.yesNo = {true};
              Main().Click(IDM_DELETE);
          },
-         {"Tea", "Bread"}},
+         {"Tea 0", "Bread 0"}},
         {"push",
          [&] {
              Select("Walk");
              Main().Click(IDM_PUSH);
          },
-         {"Tea", "Walk", "Bread"}},
+         {"Tea 0", "Walk 5", "Bread 0"}},
+        {"share",
+         [&] {
+             Select("Walk");
+             story->machine.windows.OnModal([](FakeWindow& editor) {
+                 editor.SetChecked(IDC_chkShared, true);
+                 editor.Click(IDC_cmdSave);
+             });
+             Main().Click(IDM_SHAREWITH);
+         },
+         {"Tea 0", "Walk 4*", "Bread 0"}},
+        {"day change",
+         [&] {
+             story->Jump(1);
+             story->Advance(31);
+         },
+         {"Tea 0E", "Walk 4", "Bread 1"}},
     };
     enum class Ending { Over, Exit, Quit, SessionEnd, ShutDown };
     for (const Fault& fault : Faults())
@@ -161,42 +246,50 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
                 Begin();
                 fault.begin(story->machine);
                 deed.act();
-                EXPECT_EQ(deed.then, Shown());
-                EXPECT_THAT(Bar(), testing::AllOf(HasSubstr("not saved"), HasSubstr(fault.told)));
-                EXPECT_TRUE(Main().trayWarns);
+                const bool told = *fault.told != '\0';
+                std::set<std::string> then = deed.then;
+                if (fault.another) then.insert({"Other 9", "Other 9E"});
+                if (told) {
+                    EXPECT_THAT(Bars(), testing::AllOf(HasSubstr("not saved"), HasSubstr(fault.told)));
+                    EXPECT_TRUE(Main().trayWarns);
+                }
                 story->Advance(31);
-                EXPECT_EQ(deed.then, Shown());
+                EXPECT_THAT(Shown(), testing::IsSupersetOf(NamesOf(then)));
 
                 switch (ending) {
                 case Ending::Over: break;
                 case Ending::Exit:
+                    if (!told) break;
                     story->machine.windows.OnModal(
                         [](FakeWindow& question) { question.Click(IDC_cmdUnsavedCancel); });
                     Main().Click(IDM_EXIT);
                     EXPECT_THAT(story->host.raised, Not(Contains("ShutDownKAZ")));
                     break;
                 case Ending::Quit:
+                    if (!told) break;
                     story->machine.windows.OnModal([](FakeWindow& question) {
                         EXPECT_THAT(question.Text(IDC_lblUnsaved), HasSubstr("not saved"));
                         question.CloseBox();
                     });
                     Main().Click(IDM_QUIT);
-                    EXPECT_NE(nullptr, story->Main());
+                    ASSERT_NE(nullptr, story->Main());
                     break;
                 case Ending::SessionEnd: Main().Raise(0, Raised::SessionEnd); [[fallthrough]];
                 case Ending::ShutDown:
                     if (ending == Ending::ShutDown) story->component->ShutDown();
                     story->component.reset();
-                    EXPECT_THAT(story->Saved("KAZ rescue.txt"), HasSubstr("==="));
+                    EXPECT_EQ(told, story->Saved("KAZ rescue.txt").find("===") != std::string::npos);
                 }
                 fault.end(story->machine);
                 if (ending == Ending::SessionEnd || ending == Ending::ShutDown) {
                     Start();
-                    EXPECT_THAT(Bar(), HasSubstr("taken over"));
+                    if (told) {
+                        EXPECT_THAT(Bar(), HasSubstr("taken over"));
+                    }
                 }
                 story->Advance(70);
-                EXPECT_EQ(deed.then, Shown());
-                EXPECT_EQ(deed.then, OnDisk());
+                EXPECT_EQ(NamesOf(then), Shown());
+                EXPECT_EQ(then, OnDisk());
                 EXPECT_THAT(Bar(), Not(HasSubstr("not saved")));
                 EXPECT_EQ("", story->Saved("KAZ rescue.txt"));
             }
@@ -232,7 +325,7 @@ TEST_F(Unsaved, CanBeLostOrCopiedByChoiceOnly) {
     const std::string rescue = story->Saved("KAZ rescue.txt");
     story->machine.files.Put(Story::Path("KAZ rescue.txt"), rescue.substr(0, rescue.size() - 9));
     Start();
-    EXPECT_THAT(OnDisk(), Contains("Run"));
+    EXPECT_THAT(OnDisk(), Contains("Run 0"));
     EXPECT_THAT(story->machine.files.Files(), Contains(HasSubstr("(damaged")));
 }
 
@@ -264,9 +357,9 @@ TEST_F(Unsaved, ADamagedFileIsReplacedByTheListOrABackup) {
         }
         Main().Click(restarted ? IDC_cmdHealth : IDC_cmdHealth + 1);
         story->Advance(31);
-        std::set<std::string> whole{"Tea", "Walk", "Bread"};
-        if (restarted) whole.insert("Milk");
-        EXPECT_EQ(whole, Shown());
+        std::set<std::string> whole{"Tea 0", "Walk 4", "Bread 0"};
+        if (restarted) whole.insert("Milk 0");
+        EXPECT_EQ(NamesOf(whole), Shown());
         EXPECT_EQ(whole, OnDisk());
         EXPECT_THAT(Bar(), Not(HasSubstr("damaged")));
         const std::vector<std::string> files = machine.files.Files();
@@ -276,36 +369,97 @@ TEST_F(Unsaved, ADamagedFileIsReplacedByTheListOrABackup) {
     }
 }
 
-TEST_F(Unsaved, TheSettingsAndTheTasksHaveTheSamePromise) {
-    Begin();
-    FakePlatform& machine = story->machine;
-    machine.files.At(Story::Path("Kaz.ini")).readOnly = true;
-    machine.windows.OnModal([](FakeWindow& categories) {
-        categories.Type(IDC_txtLayer + 3, "Garden");
-        categories.Click(IDC_cmdAccept);
-    });
-    Main().Click(IDM_EDITLAYERS);
-    EXPECT_THAT(Bar(), testing::AllOf(HasSubstr("the settings"), HasSubstr("read-only")));
-    const std::size_t messages = machine.dialogs.messages.size();
-    story->Advance(65);
-    EXPECT_EQ(messages, machine.dialogs.messages.size());  // no box comes by itself
-    machine.files.At(Story::Path("Kaz.ini")).readOnly = false;
-    story->Advance(31);
-    EXPECT_THAT(story->Saved("Kaz.ini"), HasSubstr("Garden"));
-    EXPECT_EQ("", Bar());
+// What another program removes can be had back, and what it saves leaves the selection with the event.
+TEST_F(Unsaved, EventsThatAnotherRemovesCanBeTakenBack) {
+    for (const bool back : {true, false}) {
+        Begin();
+        Select("Bread");
+        const FakeReportList& list = Main().Report(IDC_ListEvents);
+        const int row = list.Selection().at(0);
+        FakePlatform& machine = story->machine;
+        machine.files.Put(Data("Events.xml"), FileOf({Anns(Daily("000003", "Bread", story->Today())),
+                                                      OneOff("000008", "Other", story->Today(9))}));
+        story->Advance(31);
+        ASSERT_EQ(1U, list.Selection().size());
+        EXPECT_NE(row, list.Selection()[0]);
+        EXPECT_EQ("Bread", list.Cell(list.Selection()[0], kEventColumn));
+        EXPECT_EQ((std::set<std::string>{"Bread", "Other"}), Shown());
+        EXPECT_THAT(Bar(), HasSubstr("2 events are gone"));
+        Main().Click(back ? IDC_cmdHealth : IDC_cmdHealth + 1);
+        story->Advance(31);
+        std::set<std::string> then{"Bread 0", "Other 9"};
+        if (back) then.insert({"Tea 0", "Walk 4"});
+        EXPECT_EQ(then, OnDisk());
+        EXPECT_EQ(NamesOf(then), Shown());
+        EXPECT_EQ("", Bar());
+    }
+}
 
-    Faults().front().begin(machine);
-    Main().Click(IDM_TASKLIST);
-    machine.dialogs.inputs = {"Paint the fence"};
-    machine.windows.Newest(IDD_TASKS)->Click(IDC_cmd_add);
-    EXPECT_THAT(Bar(), HasSubstr("the task list"));
-    story->component->ShutDown();
-    story->component.reset();
-    Faults().front().end(machine);
-    Start();
-    story->Advance(31);
-    EXPECT_THAT(machine.files.Text(Data("tasklist.xml")), HasSubstr("Paint the fence"));
-    EXPECT_EQ("", story->Saved("KAZ rescue.txt"));
+TEST_F(Unsaved, TheSettingsAndTheTasksHaveTheSamePromise) {
+    std::vector<Fault> ofSettings = Faults(Story::kFolder);
+    ofSettings.resize(3);
+    ofSettings.push_back({"vanished", "",
+                          [](FakePlatform& machine) { machine.files.Remove(Story::Path("Kaz.ini")); },
+                          [](FakePlatform&) {}});
+    const struct {
+        const char* named;
+        std::vector<Fault> faults;
+        std::string file;
+        const char* entered;
+        std::function<void()> act;
+    } deeds[] = {
+        {"the settings", ofSettings, Story::Path("Kaz.ini"), "Garden",
+         [&] {
+             story->machine.windows.OnModal([](FakeWindow& categories) {
+                 categories.Type(IDC_txtLayer + 3, "Garden");
+                 categories.Click(IDC_cmdAccept);
+             });
+             Main().Click(IDM_EDITLAYERS);
+         }},
+        {"the settings", ofSettings, Story::Path("Kaz.ini"), "NOSOUNDS,-1",
+         [&] {
+             story->machine.windows.OnModal([](FakeWindow& options) {
+                 options.SetChecked(IDC_chkNoSound, true);
+                 options.Click(IDC_cmdSaveOptions);
+             });
+             Main().Click(IDM_SETTINGS);
+         }},
+        {"the task list", Faults(), Data("tasklist.xml"), "Paint the fence",
+         [&] {
+             Main().Click(IDM_TASKLIST);
+             story->machine.dialogs.inputs = {"Paint the fence"};
+             story->machine.windows.Newest(IDD_TASKS)->Click(IDC_cmd_add);
+         }},
+    };
+    for (const auto& deed : deeds)
+        for (const Fault& fault : deed.faults)
+            for (const bool restarted : {false, true}) {
+                SCOPED_TRACE(std::string(fault.name) + ", " + deed.entered + ", ending " +
+                             std::to_string(restarted));
+                Begin();
+                FakePlatform& machine = story->machine;
+                fault.begin(machine);
+                deed.act();
+                if (*fault.told != '\0') {
+                    EXPECT_THAT(Bars(), testing::AllOf(HasSubstr(deed.named), HasSubstr(fault.told)));
+                }
+                const std::size_t messages = machine.dialogs.messages.size();
+                story->Advance(65);
+                EXPECT_EQ(messages, machine.dialogs.messages.size());  // no box comes by itself
+                if (restarted) {
+                    story->component->ShutDown();
+                    story->component.reset();
+                }
+                fault.end(machine);
+                if (restarted) Start();
+                story->Advance(65);
+                EXPECT_THAT(machine.files.Text(deed.file), HasSubstr(deed.entered));
+                if (fault.another) {
+                    EXPECT_THAT(machine.files.Text(deed.file), HasSubstr("Other"));
+                }
+                EXPECT_THAT(Bars(), Not(HasSubstr("not saved")));
+                EXPECT_EQ("", story->Saved("KAZ rescue.txt"));
+            }
 }
 
 }  // namespace

@@ -142,6 +142,7 @@ private:
     bool unloaded_ = false;
     std::optional<DateValue> lastAlarms_;  // when alarms were last looked for
     int lastDay_ = 0;  // day of the month of the last day change; 0 when the next tick is to be a new day's
+    bool expiryWaits_ = false;  // events of the day before could not be moved to the expired ones
 
     class TimerPause;
 };

@@ -113,6 +113,7 @@ void frmMain::ShowNewDay() {
     trap([&] { app_.MoveSharedOn(); });
     trap([&] { app_.MakeReminder().DisplayReminders(); });
     if (unloaded_) return;
+    expiryWaits_ = app_.expired && app_.expired->HasUnsaved();
     // The host makes its first lists when it wants them.
     if (lastAlarms_ || pauses_ > 0)
         RefillKeepingSelection();
@@ -120,7 +121,13 @@ void frmMain::ShowNewDay() {
         FillEvents(Category());
 }
 
-void frmMain::SaveAgain() { app_.dataWatch->TryAgain(); }
+void frmMain::SaveAgain() {
+    app_.dataWatch->TryAgain();
+    // While the expired events could not be saved, those of the day before stayed with the others.
+    if (!expiryWaits_ || !app_.expired || app_.expired->HasUnsaved()) return;
+    expiryWaits_ = false;
+    lastDay_ = 0;
+}
 
 void frmMain::ShowAlarms() {
     const DateValue now = app_.platform.clock.Now();
