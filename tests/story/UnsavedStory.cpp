@@ -22,7 +22,8 @@ struct Fault {
     const char* told;  // in the bar; "" when the change is saved all the same
     std::function<void(FakePlatform&)> begin;
     std::function<void(FakePlatform&)> end;
-    bool another = false;  // another program has saved
+    bool another = false;       // another program has saved
+    bool onlyInMemory = false;  // the events are nowhere else but in backups
 };
 
 constexpr char kData[] = "D:\\Data";
@@ -94,6 +95,8 @@ protected:
                  }},
                 {"folder gone", "is not there", [stick](FakePlatform& machine) { stick->Pull(machine); },
                  [stick](FakePlatform& machine) { stick->PutBack(machine); }},
+                {"folder emptied", "is not there", [](FakePlatform& machine) { Stick().Pull(machine); },
+                 [](FakePlatform& machine) { machine.files.CreateFolder(kData); }, false, true},
                 {"damaged", "is damaged",
                  [stick](FakePlatform& machine) {
                      stick->Pull(machine);
@@ -241,6 +244,7 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
         for (const auto& deed : deeds)
             for (const Ending ending :
                  {Ending::Over, Ending::Exit, Ending::Quit, Ending::SessionEnd, Ending::ShutDown}) {
+                if (fault.onlyInMemory && ending >= Ending::SessionEnd) continue;
                 SCOPED_TRACE(std::string(fault.name) + ", " + deed.name + ", ending " +
                              std::to_string(static_cast<int>(ending)));
                 Begin();
