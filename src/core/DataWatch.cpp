@@ -243,14 +243,13 @@ void DataWatch::Restore(clsDbXml& database, const std::string& archive) {
 
 void DataWatch::TellGone(clsDbXml& database, const std::vector<clsEvent>& gone) {
     const std::string key = "Gone from " + FileNameOf(database.DBFilename());
-    std::vector<clsEvent> all = gone;
     app_.health.Tell({key,
                       Health::Weight::Warning,
                       Counted(gone.size(), "event") + (gone.size() == 1 ? " is" : " are") + " gone from " +
                           database.DBFilename() + ", which another program has changed: " + NameOf(gone) +
                           ".",
                       {{gone.size() == 1 ? "Take it back" : "Take them back",
-                        [this, &database, key, all] {
+                        [this, &database, key, all = gone] {
                             database.PutOnTop({all, {}});
                             database.SaveDB();
                             app_.mainListIsStale = true;

@@ -40,6 +40,7 @@ std::vector<std::string> DueSince(const std::vector<clsEvent>& events, DateValue
     }
     std::stable_sort(due.begin(), due.end(), [](const Due& a, const Due& b) { return a.first < b.first; });
     std::vector<std::string> lines;
+    lines.reserve(due.size());
     for (Due& one : due)
         lines.push_back(std::move(one.second));
     return lines;

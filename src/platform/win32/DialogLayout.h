@@ -25,9 +25,9 @@ public:
 
 private:
     struct Item {
-        HWND control;
-        unsigned flags;
-        RECT place;     // in the window as it was made
+        HWND control = nullptr;
+        unsigned flags = 0;
+        RECT place{};   // in the window as it was made
         int above = 0;  // in units of 1/96 inch
     };
     RECT PlaceNow(const Item& item, SIZE client) const;

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kReallyDelete = "Are you sure you want to delete the selected event(s)?";
 
 // A box of a whole page would push its buttons off the screen.
-std::string Beginning(std::string text) {
+std::string Beginning(const std::string& text) {
     constexpr std::size_t kLongest = 200;
     return text.size() <= kLongest ? text : text.substr(0, kLongest).append("...");
 }

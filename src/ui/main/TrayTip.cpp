@@ -37,7 +37,7 @@ std::string DueToday(const Application& application) {
 }  // namespace
 
 std::string TrayTip(const Application& application) {
-    const std::string due = DueToday(application);
+    std::string due = DueToday(application);
     const auto& notices = application.health.Notices();
     if (notices.empty()) return due;
     const std::size_t room = kLongestTip - due.size() - kLineBreak.size();
