@@ -1,4 +1,5 @@
 #include "ComHost.h"
+#include "fakes/Sample.h"
 #include "fakes/TestFolder.h"
 
 #include <gtest/gtest.h>
@@ -68,6 +69,43 @@ TEST(Startup, NullArgumentsAreAnswered) {
     EXPECT_EQ(component->get_SettingsInitialised(nullptr), E_POINTER);
     EXPECT_EQ(component->get_DLLVersion(nullptr), E_POINTER);
     EXPECT_EQ(EventsOf(component)->Advise(nullptr, nullptr), E_POINTER);
+}
+
+// Real files that somebody holds: what the start moved on is not lost, and what cannot be read is left alone.
+TEST(Startup, WhatAFileCannotTakeWaitsForTheNextStart) {
+    const struct {
+        const char* what;
+        DWORD sharing;
+        bool readOnly, isKept;
+    } faults[] = {{"held by a reader", FILE_SHARE_READ, false, true},
+                  {"held alone", 0, false, false},
+                  {"read-only", FILE_SHARE_READ | FILE_SHARE_DELETE, true, true}};
+    for (const auto& fault : faults) {
+        SCOPED_TRACE(fault.what);
+        const TestFolder folder;
+        const std::wstring file = (folder.Path() / "Events.xml").wstring();
+        const std::string before = FileOf({Daily("000001", "Bread", DateValue::FromCivil(2020, 1, 1), 7)});
+        folder.Write("Kaz.ini", "OWNER,Ann\r\nNOAUTOBACKUPS,True\r\n");
+        folder.Write("Events.xml", before);
+        if (fault.readOnly) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
+        const HANDLE held =
+            CreateFileW(file.c_str(), GENERIC_READ, fault.sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+        const auto component = MakeComponent();
+        EXPECT_EQ(StartOn(component, folder.Path().wstring()), VARIANT_TRUE);
+        component->ShutDown();
+        CloseHandle(held);
+        SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+        EXPECT_EQ(folder.Read("Events.xml"), before);
+        EXPECT_EQ(folder.Read("KAZ rescue.txt").find("Bread") != std::string::npos, fault.isKept);
+
+        const auto next = MakeComponent();
+        StartOn(next, folder.Path().wstring());
+        next->ShutDown();
+        const std::string after = folder.Read("Events.xml");
+        EXPECT_NE(after.find("Bread"), std::string::npos);
+        EXPECT_EQ(after.find("<DueDate>2020-01-01</DueDate>"), std::string::npos);
+        EXPECT_EQ(folder.Read("KAZ rescue.txt"), "");
+    }
 }
 
 }  // namespace kaz::test
