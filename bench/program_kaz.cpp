@@ -122,7 +122,7 @@ private:
     OpenWindows openWindows_;
     const std::string folder_ = ".";
     ReminderWindows reminderWindows_{
-        {windows_, openWindows_, log_, dialogs_, files_, pump_, settings_, player_, folder_}};
+        {clock_, windows_, openWindows_, log_, dialogs_, files_, pump_, settings_, player_, folder_}};
     clsDbXml events_{{files_, clock_, random_, locale_, log_, settings_, layers_}};
     clsDbXml expired_{{files_, clock_, random_, locale_, log_, settings_, layers_}};
 };

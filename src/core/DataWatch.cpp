@@ -13,6 +13,7 @@
 #include "platform/Files.h"
 #include "platform/Shell.h"
 #include "platform/SystemInfo.h"
+#include "platform/ZipArchiver.h"
 
 #include <algorithm>
 #include <iterator>
