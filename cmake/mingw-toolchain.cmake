@@ -18,8 +18,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# The loader itself: Debian's "wine" script writes a hint about wine32 to stderr.
-set(CMAKE_CROSSCOMPILING_EMULATOR /usr/lib/wine/wine64)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/lib/run-wine)
 
 # libstdc++, libgcc and winpthread go inside, so that a program is one file that runs from anywhere.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
