@@ -5,6 +5,7 @@
 //   update FILE YYYY-MM-DD OUT   day change: loads, moves past events on, lists, saves safely
 // The month is seen from 2 March 2026.
 
+#include "base/DateText.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeLocale.h"
@@ -14,13 +15,12 @@
 #include "fakes/FakeSound.h"
 #include "fakes/FakeSystemInfo.h"
 #include "fakes/FakeWindowFactory.h"
-#include "platform/DateText.h"
+#include "model/MonthGrid.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "reminders/ReminderText.h"
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"
 #include "storage/clsDbXml.h"
-#include "ui/month/MonthGrid.h"
 
 #include <chrono>
 #include <cstdio>

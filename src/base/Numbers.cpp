@@ -12,8 +12,6 @@ namespace kaz {
 
 namespace {
 
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 struct Scanned {
     double value = 0;
     std::size_t length = 0;  // characters used; 0 when there is no number

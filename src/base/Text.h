@@ -11,6 +11,7 @@ namespace kaz {
 inline constexpr std::string_view kLineBreak = "\r\n";
 
 constexpr bool IsControl(char c) { return static_cast<unsigned char>(c) < ' '; }
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Without the blanks (space characters only) at both ends.
 std::string_view Trim(std::string_view text) noexcept;

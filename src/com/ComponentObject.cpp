@@ -2,8 +2,8 @@
 
 #include "com/Enumerator.h"
 #include "com/OwnModule.h"
-#include "platform/win32/Text.h"
 #include "ui/FormFactory.h"
+#include "win32/Text.h"
 
 #include <olectl.h>
 

@@ -5,7 +5,7 @@
 #include "com/DualObject.h"
 #include "com/EventRelay.h"
 #include "core/clsComponent.h"
-#include "platform/win32/Win32Platform.h"
+#include "forms/win32/Win32Platform.h"
 
 namespace kaz {
 

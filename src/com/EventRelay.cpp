@@ -3,7 +3,7 @@
 #include "base/RuntimeError.h"
 #include "com/LaterRelease.h"
 #include "com/StringCollection.h"
-#include "platform/win32/Text.h"
+#include "win32/Text.h"
 
 #include <array>
 #include <new>

@@ -4,11 +4,11 @@
 #include "core/ClockGuard.h"
 #include "core/DataWatch.h"
 #include "core/EventFiles.h"
-#include "core/Names.h"
 #include "platform/Files.h"
 #include "platform/SystemInfo.h"
 #include "storage/Owner.h"
 #include "storage/SharedCopy.h"
+#include "support/Names.h"
 
 namespace kaz {
 

@@ -2,7 +2,7 @@
 
 #include "core/ConflictCopies.h"
 #include "core/RunMark.h"
-#include "platform/OpenWindows.h"
+#include "forms/OpenWindows.h"
 #include "platform/Platform.h"
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"

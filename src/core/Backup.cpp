@@ -1,12 +1,12 @@
 #include "core/Backup.h"
 
+#include "base/DateText.h"
 #include "base/Text.h"
 #include "core/KeptCopies.h"
-#include "core/Names.h"
 #include "core/cSHAREDZipFiles.h"
-#include "platform/DateText.h"
 #include "platform/Files.h"
 #include "storage/EventXml.h"
+#include "support/Names.h"
 
 #include <algorithm>
 #include <utility>

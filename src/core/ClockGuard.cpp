@@ -1,11 +1,11 @@
 #include "core/ClockGuard.h"
 
+#include "base/DateText.h"
 #include "core/Application.h"
 #include "core/KeptCopies.h"
 #include "core/MovedEvents.h"
-#include "core/Names.h"
-#include "platform/DateText.h"
 #include "platform/Files.h"
+#include "support/Names.h"
 
 #include <array>
 #include <utility>

@@ -3,10 +3,10 @@
 #include "base/CaseFolding.h"
 #include "base/Text.h"
 #include "core/Application.h"
-#include "core/Names.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "storage/EventDigest.h"
+#include "support/Names.h"
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
 #include "core/Conversion.h"
 
-#include "core/Names.h"
 #include "platform/BusyPointer.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "storage/clsDB2.h"
+#include "support/Names.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,19 +1,19 @@
 #include "core/DataWatch.h"
 
+#include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Application.h"
 #include "core/AwaitedFolder.h"
 #include "core/Backup.h"
-#include "core/Names.h"
 #include "core/Reason.h"
 #include "platform/Clock.h"
-#include "platform/DateText.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Shell.h"
 #include "platform/SystemInfo.h"
 #include "platform/ZipArchiver.h"
+#include "support/Names.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/RescueFile.h"
-#include "core/TaskList.h"
+#include "storage/TaskList.h"
 
 #include <functional>
 #include <memory>

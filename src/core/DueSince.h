@@ -2,8 +2,8 @@
 
 #include "base/DateValue.h"
 #include "base/ErrorTrap.h"
+#include "base/LocaleData.h"
 #include "model/clsEvent.h"
-#include "platform/LocaleData.h"
 
 #include <string>
 #include <vector>

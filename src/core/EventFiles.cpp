@@ -3,9 +3,9 @@
 #include "core/AwaitedFolder.h"
 #include "core/Backup.h"
 #include "core/Conversion.h"
-#include "core/Names.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "support/Names.h"
 
 namespace kaz {
 

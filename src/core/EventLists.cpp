@@ -1,8 +1,8 @@
 #include "core/EventLists.h"
 
+#include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "platform/DateText.h"
 #include "platform/Locale.h"
 #include "reminders/ReminderText.h"
 

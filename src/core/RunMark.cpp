@@ -1,12 +1,12 @@
 #include "core/RunMark.h"
 
 #include "base/CaseFolding.h"
+#include "base/DateText.h"
+#include "base/LocaleData.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "core/Names.h"
-#include "platform/DateText.h"
 #include "platform/Files.h"
-#include "platform/LocaleData.h"
+#include "support/Names.h"
 
 #include <cstdint>
 #include <cstdio>

@@ -1,16 +1,16 @@
 #include "core/Startup.h"
 
+#include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "core/Backup.h"
 #include "core/ClockGuard.h"
 #include "core/DataWatch.h"
 #include "core/DueSince.h"
 #include "core/EventFiles.h"
-#include "core/Names.h"
-#include "platform/DateText.h"
 #include "platform/Files.h"
 #include "platform/SafeFileWriter.h"
 #include "storage/Owner.h"
+#include "support/Names.h"
 #include "support/SettingsText.h"
 
 #include <algorithm>

@@ -3,10 +3,10 @@
 #include "base/RuntimeError.h"
 #include "core/ClockGuard.h"
 #include "core/EventLists.h"
-#include "core/Names.h"
 #include "core/Startup.h"
 #include "platform/Files.h"
 #include "platform/MessagePump.h"
+#include "support/Names.h"
 
 namespace kaz {
 

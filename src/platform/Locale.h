@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/CaseFolding.h"
-#include "platform/LocaleData.h"
+#include "base/LocaleData.h"
 
 #include <optional>
 #include <string>

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "base/ErrorTrap.h"
+#include "forms/OpenWindows.h"
+#include "forms/WindowFactory.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/MessagePump.h"
-#include "platform/OpenWindows.h"
 #include "platform/Shell.h"
-#include "platform/WindowFactory.h"
 #include "storage/cSharedSound.h"
 #include "support/cSHAREDSettings.h"
 #include "support/cSharedLogging.h"

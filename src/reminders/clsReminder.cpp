@@ -1,6 +1,6 @@
 #include "reminders/clsReminder.h"
 
-#include "platform/DateText.h"
+#include "base/DateText.h"
 #include "reminders/AlarmFiles.h"
 #include "reminders/ExpiredShelf.h"
 #include "reminders/ReminderText.h"

@@ -1,7 +1,7 @@
 #include "storage/EventFields.h"
 
+#include "base/DateText.h"
 #include "base/Numbers.h"
-#include "platform/DateText.h"
 #include "storage/cSharedHTML.h"
 
 #include <charconv>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/DateValue.h"
+#include "base/LocaleData.h"
 #include "model/clsEvent.h"
-#include "platform/LocaleData.h"
 
 #include <array>
 #include <cstdint>

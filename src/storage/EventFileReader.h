@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/ErrorTrap.h"
+#include "base/LocaleData.h"
 #include "model/clsEvent.h"
 #include "platform/FileSystem.h"
-#include "platform/LocaleData.h"
 #include "storage/ContentHash.h"
 #include "storage/EventXml.h"
 

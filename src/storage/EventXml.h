@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/ErrorTrap.h"
+#include "base/LocaleData.h"
 #include "model/clsEvent.h"
-#include "platform/LocaleData.h"
 
 #include <string>
 #include <string_view>

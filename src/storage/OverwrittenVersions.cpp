@@ -1,8 +1,8 @@
 #include "storage/OverwrittenVersions.h"
 
+#include "base/DateText.h"
 #include "base/ErrorTrap.h"
 #include "platform/Clock.h"
-#include "platform/DateText.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/SafeFileWriter.h"

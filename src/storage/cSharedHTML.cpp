@@ -1,9 +1,9 @@
 #include "storage/cSharedHTML.h"
 
 #include "base/CaseFolding.h"
+#include "base/DateText.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "platform/DateText.h"
 
 #include <algorithm>
 #include <array>

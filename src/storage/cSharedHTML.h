@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/DateValue.h"
-#include "platform/LocaleData.h"
+#include "base/LocaleData.h"
 
 #include <cstdint>
 #include <string>

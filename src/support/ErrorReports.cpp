@@ -1,8 +1,8 @@
 #include "support/ErrorReports.h"
 
+#include "forms/OpenWindows.h"
+#include "forms/WindowFactory.h"
 #include "platform/Clock.h"
-#include "platform/OpenWindows.h"
-#include "platform/WindowFactory.h"
 #include "resources/resource.h"
 
 namespace kaz {

@@ -1,7 +1,7 @@
 #include "support/cSharedLogging.h"
 
+#include "base/DateText.h"
 #include "base/Text.h"
-#include "platform/DateText.h"
 #include "platform/Files.h"
 
 #include <utility>

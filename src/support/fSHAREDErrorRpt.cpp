@@ -2,10 +2,10 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "forms/OpenWindows.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
-#include "platform/OpenWindows.h"
 #include "platform/Shell.h"
 #include "platform/SystemInfo.h"
 #include "support/Endpoints.h"

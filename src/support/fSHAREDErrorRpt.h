@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Controls.h"
-#include "platform/Form.h"
+#include "forms/Controls.h"
+#include "forms/Form.h"
 #include "platform/Platform.h"
 #include "resources/resource.h"
 #include "support/ErrorReport.h"

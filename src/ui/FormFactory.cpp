@@ -1,7 +1,7 @@
 #include "ui/FormFactory.h"
 
 #include "core/Application.h"
-#include "platform/WindowFactory.h"
+#include "forms/WindowFactory.h"
 #include "ui/ModalForms.h"
 #include "ui/event/EventEditorDialog.h"
 #include "ui/main/frmMain.h"

@@ -1,6 +1,6 @@
 #include "ui/ModalForms.h"
 
-#include "platform/WindowFactory.h"
+#include "forms/WindowFactory.h"
 #include "resources/resource.h"
 #include "ui/frmAbout.h"
 #include "ui/frmEditLayers.h"

@@ -1,7 +1,7 @@
 #include "ui/frmAbout.h"
 
-#include "core/Names.h"
-#include "ui/Links.h"
+#include "core/Links.h"
+#include "support/Names.h"
 
 namespace kaz {
 

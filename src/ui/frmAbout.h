@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Controls.h"
+#include "forms/Controls.h"
+#include "forms/ModalForm.h"
 #include "platform/Platform.h"
 #include "resources/resource.h"
-#include "ui/ModalForm.h"
 
 #include <memory>
 

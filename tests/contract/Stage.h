@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/DayGrid.h"
+#include "forms/DayGrid.h"
+#include "forms/WindowFactory.h"
 #include "platform/MessagePump.h"
-#include "platform/WindowFactory.h"
 
 #include <functional>
 #include <memory>

@@ -1,5 +1,5 @@
 #include "Stage.h"
-#include "platform/ReportList.h"
+#include "forms/ReportList.h"
 #include "resources/resource.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/DayGrid.h"
+#include "forms/DayGrid.h"
 
 #include <string>
 #include <vector>

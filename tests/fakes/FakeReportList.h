@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ReportList.h"
+#include "forms/ReportList.h"
 
 #include <string>
 #include <vector>

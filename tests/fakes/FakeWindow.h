@@ -2,7 +2,7 @@
 
 #include "fakes/FakeDayGrid.h"
 #include "fakes/FakeReportList.h"
-#include "platform/Window.h"
+#include "forms/Window.h"
 
 #include <deque>
 #include <functional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/FakeWindow.h"
-#include "platform/WindowFactory.h"
+#include "forms/WindowFactory.h"
 
 #include <functional>
 #include <memory>

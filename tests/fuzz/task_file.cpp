@@ -2,9 +2,9 @@
 // saving, and what has been saved once stays the same.
 
 #include "base/RuntimeError.h"
-#include "core/TaskFile.h"
 #include "fakes/MemoryFileSystem.h"
 #include "fuzz/Require.h"
+#include "storage/TaskFile.h"
 
 #include <algorithm>
 #include <cstdint>

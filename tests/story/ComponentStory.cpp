@@ -1,5 +1,5 @@
-#include "core/Names.h"
 #include "story/Story.h"
+#include "support/Names.h"
 
 #include <gmock/gmock.h>
 

@@ -2,9 +2,9 @@
 
 #include "Timing.h"
 #include "platform/Files.h"
-#include "platform/win32/Text.h"
 #include "resources/resource.h"
 #include "ui/FormFactory.h"
+#include "win32/Text.h"
 
 #include <string>
 

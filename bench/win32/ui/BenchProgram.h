@@ -2,8 +2,8 @@
 
 #include "core/Application.h"
 #include "core/MainWindow.h"
-#include "platform/Form.h"
-#include "platform/win32/Win32Platform.h"
+#include "forms/Form.h"
+#include "forms/win32/Win32Platform.h"
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 #include "platform/win32/Win32File.h"
 
-#include "platform/win32/SystemError.h"
+#include "win32/SystemError.h"
 
 #include <algorithm>
 

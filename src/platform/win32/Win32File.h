@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
-#include "platform/win32/Handles.h"
+#include "win32/Handles.h"
 
 namespace kaz {
 

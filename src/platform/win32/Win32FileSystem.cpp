@@ -1,10 +1,10 @@
 #include "platform/win32/Win32FileSystem.h"
 
 #include "platform/Files.h"
-#include "platform/win32/SystemError.h"
-#include "platform/win32/Text.h"
 #include "platform/win32/Win32File.h"
 #include "platform/win32/Win32Path.h"
+#include "win32/SystemError.h"
+#include "win32/Text.h"
 
 #include <windows.h>
 

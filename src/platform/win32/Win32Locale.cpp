@@ -1,6 +1,6 @@
 #include "platform/win32/Win32Locale.h"
 
-#include "platform/win32/Text.h"
+#include "win32/Text.h"
 
 #include <windows.h>
 #include <oleauto.h>

@@ -1,8 +1,8 @@
 #include "platform/win32/Win32Path.h"
 
 #include "base/RuntimeError.h"
-#include "platform/win32/SystemError.h"
-#include "platform/win32/Text.h"
+#include "win32/SystemError.h"
+#include "win32/Text.h"
 
 #include <windows.h>
 

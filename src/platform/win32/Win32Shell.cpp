@@ -2,8 +2,8 @@
 
 #include "base/RuntimeError.h"
 #include "platform/Files.h"
-#include "platform/win32/SystemError.h"
-#include "platform/win32/Text.h"
+#include "win32/SystemError.h"
+#include "win32/Text.h"
 
 #include <windows.h>
 #include <shellapi.h>

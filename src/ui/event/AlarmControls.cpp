@@ -1,9 +1,9 @@
 #include "ui/event/AlarmControls.h"
 
+#include "base/DateText.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "platform/DateText.h"
-#include "ui/event/AlarmTime.h"
+#include "model/AlarmTime.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 

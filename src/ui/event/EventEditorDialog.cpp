@@ -1,6 +1,6 @@
 #include "ui/event/EventEditorDialog.h"
 
-#include "platform/WindowFactory.h"
+#include "forms/WindowFactory.h"
 #include "ui/event/frmEvent.h"
 
 #include <memory>

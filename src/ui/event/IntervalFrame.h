@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/LocaleData.h"
 #include "platform/Dialogs.h"
-#include "platform/LocaleData.h"
 #include "ui/event/RecurrenceFrame.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #include "ui/event/MonthlyFrame.h"
 
-#include "platform/DateText.h"
+#include "base/DateText.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 

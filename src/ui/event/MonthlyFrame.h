@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/LocaleData.h"
+#include "base/LocaleData.h"
 #include "ui/event/RecurrenceFrame.h"
 
 namespace kaz {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "forms/Controls.h"
 #include "model/clsEvent.h"
-#include "platform/Controls.h"
 #include "resources/resource.h"
 
 namespace kaz {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/LocaleData.h"
+#include "forms/Controls.h"
 #include "model/clsEvent.h"
-#include "platform/Controls.h"
-#include "platform/LocaleData.h"
 #include "resources/resource.h"
 
 #include <string>

@@ -1,10 +1,10 @@
 #include "ui/event/frmEvent.h"
 
 #include "base/Text.h"
+#include "model/RulePreview.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "storage/clsSounds.h"
-#include "ui/event/RulePreview.h"
 #include "ui/event/ShareLayout.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Controls.h"
+#include "forms/Controls.h"
 
 #include <cstdint>
 #include <string>

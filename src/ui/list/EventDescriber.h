@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/LocaleData.h"
 #include "model/clsEvent.h"
-#include "platform/LocaleData.h"
 #include "storage/clsLayers.h"
 #include "ui/list/EventRows.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/Text.h"
+#include "forms/ReportList.h"
 #include "platform/Locale.h"
-#include "platform/ReportList.h"
 #include "ui/list/EventRows.h"
 
 #include <compare>

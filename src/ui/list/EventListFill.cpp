@@ -1,8 +1,8 @@
 #include "ui/list/EventListFill.h"
 
-#include "core/Names.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
+#include "support/Names.h"
 
 namespace kaz {
 

@@ -1,8 +1,8 @@
 #include "ui/main/TrayTip.h"
 
 #include "base/Text.h"
-#include "core/Names.h"
 #include "platform/Clock.h"
+#include "support/Names.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 
 #include "core/Application.h"
 #include "core/MainWindow.h"
-#include "platform/Controls.h"
-#include "platform/Form.h"
+#include "forms/Controls.h"
+#include "forms/Form.h"
 #include "resources/resource.h"
 #include "ui/list/EventList.h"
 #include "ui/main/EventCommands.h"

@@ -1,10 +1,10 @@
 #include "core/Backup.h"
 #include "core/DataWatch.h"
-#include "core/Names.h"
+#include "core/Links.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
-#include "ui/Links.h"
+#include "support/Names.h"
 #include "ui/main/frmMain.h"
 
 namespace kaz {

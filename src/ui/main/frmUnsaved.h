@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Controls.h"
+#include "forms/Controls.h"
+#include "forms/ModalForm.h"
 #include "resources/resource.h"
-#include "ui/ModalForm.h"
 #include "ui/main/UnsavedAnswer.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "ui/month/MonthBoxes.h"
 
+#include "base/DateText.h"
 #include "base/Text.h"
-#include "platform/DateText.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/DayGrid.h"
-#include "platform/LocaleData.h"
-#include "ui/month/MonthGrid.h"
+#include "base/LocaleData.h"
+#include "forms/DayGrid.h"
+#include "model/MonthGrid.h"
 
 #include <string>
 #include <utility>

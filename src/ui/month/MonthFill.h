@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Application.h"
-#include "ui/month/MonthGrid.h"
+#include "model/MonthGrid.h"
 
 #include <cstdint>
 

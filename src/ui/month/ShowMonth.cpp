@@ -1,6 +1,6 @@
 #include "ui/month/ShowMonth.h"
 
-#include "platform/WindowFactory.h"
+#include "forms/WindowFactory.h"
 #include "ui/month/frmMonthView.h"
 #include "ui/print/CalendarPages.h"
 #include "ui/print/MonthListPages.h"

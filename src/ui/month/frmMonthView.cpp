@@ -1,17 +1,17 @@
 #include "ui/month/frmMonthView.h"
 
+#include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/Links.h"
+#include "model/MonthList.h"
 #include "platform/BusyPointer.h"
 #include "platform/Clock.h"
-#include "platform/DateText.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/SystemInfo.h"
-#include "ui/Links.h"
 #include "ui/month/MonthFill.h"
-#include "ui/month/MonthList.h"
 #include "ui/month/frmDayEvents.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Application.h"
-#include "platform/Controls.h"
-#include "platform/Form.h"
+#include "forms/Controls.h"
+#include "forms/Form.h"
 #include "resources/resource.h"
 #include "ui/month/MonthBoxes.h"
 

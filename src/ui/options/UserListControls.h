@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Application.h"
-#include "platform/Controls.h"
+#include "forms/Controls.h"
 
 namespace kaz {
 

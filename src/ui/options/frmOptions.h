@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/Application.h"
-#include "platform/Controls.h"
+#include "forms/Controls.h"
+#include "forms/ModalForm.h"
 #include "resources/resource.h"
-#include "ui/ModalForm.h"
 #include "ui/options/Options.h"
 #include "ui/options/UserListControls.h"
 

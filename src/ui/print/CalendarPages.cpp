@@ -1,7 +1,7 @@
 #include "ui/print/CalendarPages.h"
 
+#include "base/DateText.h"
 #include "base/RuntimeError.h"
-#include "platform/DateText.h"
 #include "platform/Locale.h"
 #include "ui/print/DayBoxText.h"
 #include "ui/print/PageFrame.h"

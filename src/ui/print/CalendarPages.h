@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/LocaleData.h"
 #include "core/Application.h"
-#include "platform/LocaleData.h"
+#include "model/MonthGrid.h"
 #include "platform/Paper.h"
-#include "ui/month/MonthGrid.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Application.h"
-#include "ui/month/MonthList.h"
+#include "model/MonthList.h"
 #include "ui/print/ListPages.h"
 
 #include <string>

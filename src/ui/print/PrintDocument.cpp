@@ -1,8 +1,8 @@
 #include "ui/print/PrintDocument.h"
 
+#include "base/DateText.h"
 #include "platform/BusyPointer.h"
 #include "platform/Clock.h"
-#include "platform/DateText.h"
 #include "platform/Dialogs.h"
 #include "platform/Locale.h"
 

@@ -2,8 +2,8 @@
 
 #include "base/Text.h"
 #include "core/DataWatch.h"
+#include "forms/WindowFactory.h"
 #include "platform/Dialogs.h"
-#include "platform/WindowFactory.h"
 #include "ui/print/TaskListPages.h"
 
 #include <algorithm>

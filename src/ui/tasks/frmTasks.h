@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/Application.h"
-#include "core/TaskList.h"
-#include "platform/Controls.h"
-#include "platform/Form.h"
+#include "forms/Controls.h"
+#include "forms/Form.h"
 #include "resources/resource.h"
+#include "storage/TaskList.h"
 
 #include <memory>
 #include <optional>

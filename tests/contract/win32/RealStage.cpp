@@ -1,9 +1,9 @@
 #include "../Stage.h"
-#include "platform/win32/DialogWindow.h"
-#include "platform/win32/StockControls.h"
-#include "platform/win32/Text.h"
+#include "forms/win32/DialogWindow.h"
+#include "forms/win32/StockControls.h"
+#include "forms/win32/Win32WindowFactory.h"
 #include "platform/win32/Win32MessagePump.h"
-#include "platform/win32/Win32WindowFactory.h"
+#include "win32/Text.h"
 
 #include <windows.h>
 #include <commctrl.h>

@@ -1,9 +1,9 @@
 #include "core/ClockGuard.h"
 
+#include "base/DateText.h"
 #include "core/Startup.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/Sample.h"
-#include "platform/DateText.h"
 
 #include <gmock/gmock.h>
 

@@ -3,7 +3,7 @@
 #include "fakes/RecordingErrors.h"
 #include "fakes/Sample.h"
 #include "fakes/StorageDesk.h"
-#include "platform/OpenWindows.h"
+#include "forms/OpenWindows.h"
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"
 #include "storage/cSharedSound.h"

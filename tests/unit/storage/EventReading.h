@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/LocaleData.h"
 #include "fakes/MemoryFileSystem.h"
 #include "fakes/RecordingErrors.h"
-#include "platform/LocaleData.h"
 #include "storage/EventFields.h"
 #include "storage/EventFileReader.h"
 #include "storage/EventXml.h"

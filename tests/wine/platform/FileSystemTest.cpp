@@ -1,9 +1,9 @@
 #include "fakes/ErrorOf.h"
 #include "fakes/TestFolder.h"
 #include "platform/Files.h"
-#include "platform/win32/Handles.h"
-#include "platform/win32/Text.h"
 #include "platform/win32/Win32FileSystem.h"
+#include "win32/Handles.h"
+#include "win32/Text.h"
 
 #include <gtest/gtest.h>
 

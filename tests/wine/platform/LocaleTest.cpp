@@ -1,6 +1,6 @@
 #include "base/RuntimeError.h"
-#include "platform/win32/Text.h"
 #include "platform/win32/Win32Locale.h"
+#include "win32/Text.h"
 
 #include <windows.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "ModalDriver.h"
 #include "WindowFixture.h"
-#include "platform/win32/Text.h"
-#include "platform/win32/Win32Dialogs.h"
+#include "forms/win32/Win32Dialogs.h"
 #include "resources/resource.h"
+#include "win32/Text.h"
 
 namespace kaz {
 namespace {

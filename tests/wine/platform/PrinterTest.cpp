@@ -1,7 +1,7 @@
 #include "ModalDriver.h"
 #include "TestPrinter.h"
 #include "fakes/FakeLocale.h"
-#include "platform/win32/Win32Printer.h"
+#include "forms/win32/Win32Printer.h"
 #include "ui/print/CalendarPages.h"
 #include "ui/print/MonthListPages.h"
 #include "ui/print/TaskListPages.h"

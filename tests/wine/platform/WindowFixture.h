@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TestResources.h"
-#include "platform/win32/DialogWindow.h"
+#include "forms/win32/DialogWindow.h"
 #include "platform/win32/Win32MessagePump.h"
 
 #include <gmock/gmock.h>

@@ -3,8 +3,8 @@
 #include "fakes/RecordingHost.h"
 #include "fakes/Sample.h"
 #include "fakes/TestFolder.h"
+#include "forms/win32/Win32Platform.h"
 #include "platform/Clock.h"
-#include "platform/win32/Win32Platform.h"
 #include "resources/resource.h"
 #include "ui/FormFactory.h"
 

@@ -2,8 +2,8 @@
 #include "fakes/TestFolder.h"
 #include "platform/Files.h"
 #include "platform/WaveFile.h"
-#include "platform/win32/Text.h"
 #include "platform/win32/Win32Sound.h"
+#include "win32/Text.h"
 
 #include <windows.h>
 #include <gtest/gtest.h>

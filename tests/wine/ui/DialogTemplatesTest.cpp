@@ -1,6 +1,6 @@
-#include "platform/win32/DialogWindow.h"
-#include "platform/win32/StockControls.h"
-#include "platform/win32/Text.h"
+#include "forms/win32/DialogWindow.h"
+#include "forms/win32/StockControls.h"
+#include "win32/Text.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "fakes/FakePlatform.h"
 #include "fakes/Sample.h"
+#include "forms/win32/Win32WindowFactory.h"
 #include "platform/win32/Win32MessagePump.h"
-#include "platform/win32/Win32WindowFactory.h"
 #include "ui/event/frmEvent.h"
 
 #include <windows.h>

@@ -1,9 +1,9 @@
 #include "Picture.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/Sample.h"
-#include "platform/win32/DialogWindow.h"
+#include "forms/win32/DialogWindow.h"
+#include "forms/win32/Win32WindowFactory.h"
 #include "platform/win32/Win32MessagePump.h"
-#include "platform/win32/Win32WindowFactory.h"
 #include "resources/resource.h"
 #include "ui/month/ShowMonth.h"
 

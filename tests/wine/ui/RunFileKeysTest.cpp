@@ -1,8 +1,8 @@
 #include "core/Application.h"
 #include "fakes/FakePlatform.h"
-#include "platform/win32/DialogWindow.h"
+#include "forms/win32/DialogWindow.h"
+#include "forms/win32/Win32WindowFactory.h"
 #include "platform/win32/Win32MessagePump.h"
-#include "platform/win32/Win32WindowFactory.h"
 
 #include <windows.h>
 #include <gtest/gtest.h>

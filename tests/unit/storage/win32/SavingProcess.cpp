@@ -1,6 +1,6 @@
 #include "unit/storage/SavingProcess.h"
 
-#include "platform/win32/Handles.h"
+#include "win32/Handles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,184 @@
+#include "forms/win32/DialogWindow.h"
+#include "forms/win32/ScreenPlacement.h"
+#include "forms/win32/StockControls.h"
+#include "win32/Text.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+class Quietly {
+public:
+    explicit Quietly(bool& quiet) : quiet_(quiet), before_(std::exchange(quiet, true)) {}
+    ~Quietly() { quiet_ = before_; }
+    Quietly(const Quietly&) = delete;
+    Quietly& operator=(const Quietly&) = delete;
+
+private:
+    bool& quiet_;
+    bool before_;
+};
+
+}  // namespace
+
+std::string DialogWindow::Text(int control) const { return ControlText(At(control)); }
+
+void DialogWindow::SetText(int control, const std::string& text) {
+    const Quietly quietly(quiet_);
+    SetControlText(At(control), text);
+}
+
+bool DialogWindow::Checked(int control) const {
+    return SendMessageW(At(control), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void DialogWindow::SetChecked(int control, bool checked) {
+    const Quietly quietly(quiet_);
+    SendMessageW(At(control), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+bool DialogWindow::Enabled(int control) const {
+    return (GetWindowLongPtrW(At(control), GWL_STYLE) & WS_DISABLED) == 0;
+}
+
+// A control that has the keyboard and goes away would take the keyboard with it.
+void DialogWindow::MoveFocusFrom(HWND control) {
+    if (control && control != window_ && GetFocus() == control)
+        SendMessageW(window_, WM_NEXTDLGCTL, 0, FALSE);
+}
+
+void DialogWindow::SetEnabled(int control, bool enabled) {
+    if (!enabled) MoveFocusFrom(At(control));
+    EnableWindow(At(control), enabled);
+}
+
+bool DialogWindow::ControlVisible(int control) const {
+    return (GetWindowLongPtrW(At(control), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void DialogWindow::SetControlVisible(int control, bool visible) {
+    if (!visible) MoveFocusFrom(At(control));
+    ShowWindow(At(control), visible ? SW_SHOWNA : SW_HIDE);
+}
+
+ControlPlace DialogWindow::Place(int control) const {
+    RECT place{};
+    GetWindowRect(At(control), &place);
+    MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
+    return {ToUnits(window_, place.left), ToUnits(window_, place.top),
+            ToUnits(window_, place.right - place.left), ToUnits(window_, place.bottom - place.top)};
+}
+
+void DialogWindow::SetPlace(int control, const ControlPlace& place) {
+    const HWND target = At(control);
+    if (target == window_) return;
+    SetWindowPos(target, nullptr, ToPixels(window_, place.left), ToPixels(window_, place.top),
+                 ToPixels(window_, place.width), ToPixels(window_, place.height),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    // Another width breaks its lines at other words.
+    if (notices_.contains(control)) InvalidateRect(target, nullptr, TRUE);
+}
+
+int DialogWindow::IdealWidth(int control) const {
+    const HWND target = At(control);
+    if (const auto notice = notices_.find(control); notice != notices_.end())
+        return ToUnits(window_, notice->second.IdealWidth());
+    SIZE size{};
+    if (KindOf(target) == ControlKind::AnyButton &&
+        SendMessageW(target, BCM_GETIDEALSIZE, 0, reinterpret_cast<LPARAM>(&size)))
+        return ToUnits(window_, size.cx);
+    return ToUnits(window_, TextWidth(target));
+}
+
+void DialogWindow::SetRoomAbove(int control, int height) { layout_->SetRoomAbove(At(control), height); }
+
+void DialogWindow::SetNotice(int control, const std::string& text, Tone tone) {
+    notices_.try_emplace(control, window_, At(control), module_).first->second.Show(ToWide(text), tone);
+}
+
+void DialogWindow::SetControlsEnabled(bool enabled) {
+    // The system takes the keyboard from a control that is disabled.
+    if (!enabled) focusWhenEnabled_ = IsChild(window_, GetFocus()) ? GetFocus() : nullptr;
+    for (HWND control = GetWindow(window_, GW_CHILD); !enabled && control;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+        if ((style & WS_TABSTOP) && !(style & WS_DISABLED)) resting_.push_back(control);
+    }
+    for (const HWND control : resting_)
+        EnableWindow(control, enabled);
+    if (enabled) resting_.clear();
+    if (const HWND back = enabled ? std::exchange(focusWhenEnabled_, nullptr) : nullptr;
+        back && GetActiveWindow() == window_)
+        ::SetFocus(back);
+}
+
+void DialogWindow::SetFocus(int control) {
+    const HWND target = At(control);
+    if (!target || target == window_) return;
+    // To focus a control of an inactive window would activate it.
+    if (GetActiveWindow() != window_) {
+        focusWhenActive_ = control;
+        return;
+    }
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
+    // The system selects all of a text, and the next key would put itself in the place of many lines.
+    if (KindOf(target) == ControlKind::Edit && (GetWindowLongPtrW(target, GWL_STYLE) & ES_MULTILINE))
+        SendMessageW(target, EM_SETSEL, 0, 0);
+}
+
+void DialogWindow::SelectText(int control) { SendMessageW(At(control), EM_SETSEL, 0, -1); }
+
+void DialogWindow::LimitText(int control, int characters) {
+    SendMessageW(At(control), EM_SETLIMITTEXT, static_cast<WPARAM>(characters), 0);
+}
+
+void DialogWindow::SetItems(int control, const std::vector<std::string>& items) {
+    const Quietly quietly(quiet_);
+    SetControlItems(At(control), items);
+}
+
+std::vector<std::string> DialogWindow::Items(int control) const { return ControlItems(At(control)); }
+
+int DialogWindow::Selected(int control) const {
+    const std::vector<int> selection = Selection(control);
+    return selection.empty() ? -1 : selection.front();
+}
+
+void DialogWindow::Select(int control, int position) {
+    SetSelection(control, position < 0 ? std::vector<int>{} : std::vector<int>{position});
+}
+
+std::vector<int> DialogWindow::Selection(int control) const { return ControlSelection(At(control)); }
+
+void DialogWindow::SetSelection(int control, const std::vector<int>& positions) {
+    const Quietly quietly(quiet_);
+    SetControlSelection(At(control), positions);
+}
+
+void DialogWindow::PrepareControls() {
+    for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
+        const ControlKind kind = KindOf(child);
+        // A text of several lines takes what it is given and no less from the keyboard.
+        if (kind == ControlKind::Edit && (style & ES_MULTILINE)) SendMessageW(child, EM_SETLIMITTEXT, 0, 0);
+        if (kind == ControlKind::TabStrip) tabs_.emplace(child, module_);
+        wchar_t name[32] = L"";
+        GetClassNameW(child, name, static_cast<int>(std::size(name)));
+        const bool ownsNoData = (style & LVS_OWNERDATA) != 0;
+        if (lstrcmpiW(name, WC_LISTVIEWW) == 0 && ownsNoData) Report(GetDlgCtrlID(child));
+    }
+}
+
+ReportList& DialogWindow::Report(int control) {
+    const auto raise = [this, control](Raised what, int detail) { Raise(control, what, detail); };
+    return reports_.try_emplace(control, GetDlgItem(window_, control), raise).first->second;
+}
+
+DayGrid& DialogWindow::Grid(int control) {
+    const auto raise = [this, control](Raised what, int detail) { Raise(control, what, detail); };
+    return grids_.try_emplace(control, GetDlgItem(window_, control), raise).first->second;
+}
+
+}  // namespace kaz

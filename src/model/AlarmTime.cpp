@@ -1,0 +1,34 @@
+#include "model/AlarmTime.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace kaz {
+
+namespace {
+
+// Two digits as a number; -1 when they are none.
+int TwoDigits(std::string_view text) {
+    const bool digits = text.size() == 2 &&
+                        std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return digits ? (text[0] - '0') * 10 + (text[1] - '0') : -1;
+}
+
+}  // namespace
+
+std::optional<DateValue> TypedTime(std::string_view text) {
+    const std::string_view time = Trim(text);
+    if (time.size() != 5 || (time[2] != ':' && time[2] != ';')) return std::nullopt;
+    const int hour = TwoDigits(time.substr(0, 2));
+    const int minute = TwoDigits(time.substr(3));
+    if (hour < 0 || hour > 23 || minute < 0 || minute > 59) return std::nullopt;
+    return DateValue::FromTime(hour, minute);
+}
+
+AlarmMoment AlarmBefore(DateValue dueTime, int minutes) {
+    const DateValue moment = dueTime.TimeOnly().PlusMinutes(-minutes);
+    return {moment.TimeOnly(), moment.Day() < 0};
+}
+
+}  // namespace kaz

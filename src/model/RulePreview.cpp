@@ -1,0 +1,90 @@
+#include "model/RulePreview.h"
+
+#include "base/DateText.h"
+#include "base/RuntimeError.h"
+#include "model/AlarmTime.h"
+
+#include <algorithm>
+#include <chrono>
+#include <optional>
+
+namespace kaz {
+
+namespace {
+
+// In a year that is no leap year, which is the case that surprises.
+int DaysIn(int month) {
+    using namespace std::chrono;
+    const auto last = year(2023) / std::chrono::month(static_cast<unsigned>(month)) / std::chrono::last;
+    return static_cast<int>(static_cast<unsigned>(last.day()));
+}
+
+bool IsCutShort(const clsEvent& event) {
+    const int day = event.DayOfMonth();
+    if (event.MonthNumber() == kEveryMonthByDay) return day > 28;
+    return event.MonthNumber() >= 1 && event.MonthNumber() <= 12 && day > DaysIn(event.MonthNumber());
+}
+
+// Whether the steps reach a month that does not have the day they started on. After twelve steps the months
+// repeat.
+bool Drifts(DateValue start, int period) {
+    const CivilDate civil = start.Civil();
+    for (int step = 1; step <= 12; ++step)
+        if (civil.day > DaysIn((civil.month - 1 + step * period) % 12 + 1)) return true;
+    return false;
+}
+
+// `next` is the event's next date, if it has one.
+std::string WarningOf(const clsEvent& event, std::optional<DateValue> next, DateValue now) {
+    std::string text;
+    const auto add = [&text](const std::string& sentence) {
+        text.append(text.empty() ? "" : " ").append(sentence);
+    };
+    const std::string day = std::to_string(event.DayOfMonth());
+    if (event.RecurrenceType() == RecurDayOfMonth && IsCutShort(event))
+        add("Where the month has no day " + day + ", its last day counts.");
+    if (event.RecurrenceType() == RecurEveryNMonths && event.Recurring() &&
+        Drifts(event.StartDate(), event.Period()))
+        add("Where the month has no such day, the event moves on into the next month, and stays on that "
+            "day.");
+    if (event.AlarmSet() && AlarmBefore(event.DueTime(), event.MinutesWarning()).dayBefore)
+        add("The alarm would fall on the day before; it sounds on the day itself, after the event.");
+    if (event.AlarmSet() && next == now.DateOnly() && event.AlarmTime() < now.TimeOnly().ToMinute())
+        add(event.Recurring() ? "The alarm's time has passed today; it sounds from the next date on."
+                              : "The alarm's time has passed today; it will not sound.");
+    if (event.ExecFile && !event.AlarmSet())
+        add("Without an alarm the file is never run, and the event is not listed on its day.");
+    return text;
+}
+
+}  // namespace
+
+RulePreview::RulePreview(const clsEvent& event, DateValue now) {
+    const DateValue today = now.DateOnly();
+    RecurrenceRule rule = event.Rule();
+    DateValue from = today;
+    const int most = event.Recurring() ? kDates : 1;
+    try {
+        for (int i = 0; i < most; ++i) {
+            const auto next = FirstOccurrence(rule, from, today);
+            if (!next) break;
+            dates_.push_back(next->dueDate);
+            rule.startDate = next->startDate;
+            from = next->dueDate.PlusDays(1);
+        }
+    } catch (const RuntimeError&) {
+        // A rule without a further date; those that were found are right.
+    }
+    warning_ = WarningOf(event, dates_.empty() ? std::nullopt : std::optional(dates_.front()), now);
+}
+
+std::string RulePreview::DatesLine(std::string_view pattern, const LocaleData& locale) const {
+    if (dates_.empty()) return {};
+    std::string line;
+    for (const DateValue date : dates_)
+        line.append(line.empty() ? "" : ",  ")
+            .append(FormatDate(date, std::string("DDD ").append(pattern), locale));
+    return (dates_.size() == 1 ? "Next date:  " : "Next dates:  ") + line;
+}
+
+}  // namespace kaz

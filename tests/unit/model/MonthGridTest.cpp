@@ -1,0 +1,130 @@
+#include "model/MonthGrid.h"
+
+#include "base/RuntimeError.h"
+#include "fakes/FakeLocale.h"
+#include "fakes/Sample.h"
+#include "model/MonthList.h"
+
+#include <gmock/gmock.h>
+
+#include <random>
+
+namespace kaz {
+namespace {
+
+using testing::ElementsAre;
+
+const DateValue kToday = DateValue::FromCivil(2023, 3, 15);
+
+std::vector<int> DaysOf(const MonthGrid& grid) {
+    std::vector<int> days;
+    for (int day = 1; day <= grid.Length(); ++day)
+        days.insert(days.end(), grid.Count(day), day);
+    return days;
+}
+
+TEST(MonthGrid, DaysLieUnderTheirWeekdays) {
+    for (int year : {100, 1900, 2000, 2023, 9999})
+        for (int month = 1; month <= 12; ++month) {
+            const MonthGrid grid(month, year, kToday, false);
+            int days = 0;
+            for (int box = 0; box < MonthGrid::kBoxes; ++box) {
+                const int day = grid.DayIn(box);
+                if (day == 0) continue;
+                ++days;
+                EXPECT_EQ(days, day);
+                EXPECT_EQ(box, grid.BoxOf(day));
+                const CivilDate date = grid.DateOf(day).Civil();
+                EXPECT_EQ(std::tuple(year, month, day), std::tuple(date.year, date.month, date.day));
+                EXPECT_EQ(box % MonthGrid::kColumns + 1, grid.DateOf(day).WeekdayFromSunday().number);
+            }
+            EXPECT_EQ(grid.Length(), days);
+        }
+    EXPECT_EQ(0, MonthGrid(10, 2023, kToday, false).BoxOf(1));
+    EXPECT_EQ(36, MonthGrid(7, 2023, kToday, false).BoxOf(31));
+    EXPECT_EQ(15, MonthGrid(3, 2023, kToday, false).Today());
+    EXPECT_EQ(0, MonthGrid(3, 2024, kToday, false).Today());
+    EXPECT_THROW(MonthGrid(13, 2023, kToday, false), RuntimeError);
+    EXPECT_THROW(MonthGrid(1, 99, kToday, false), RuntimeError);
+}
+
+// The months ahead as they are defined: a copy walks from occurrence to occurrence.
+std::vector<int> Walked(clsEvent event, const MonthGrid& grid) {
+    struct Silent : ErrorSink {
+        int errors = 0;
+        void Report(const ErrorInfo&, std::string_view, std::string_view) noexcept override { ++errors; }
+    } silent;
+    const DateValue last = grid.DateOf(grid.Length());
+    const auto move = [&] {
+        const DateValue before = event.DueDate();
+        event.CalcNextAfterDate(before.PlusDays(1), kToday, silent);
+        if (event.DueDate() == before) ++silent.errors;  // an unknown kind stands still without an error
+    };
+    std::vector<int> days;
+    while (event.Recurring() && event.DueDate() < grid.First() && silent.errors == 0)
+        move();
+    while (event.DueDate() >= grid.First() && event.DueDate() <= last && silent.errors == 0) {
+        days.push_back(event.DueDate().Civil().day);
+        if (!event.Recurring()) break;
+        move();
+    }
+    return days;
+}
+
+TEST(MonthGrid, TheJumpAheadFindsTheDaysOfTheWalk) {
+    std::mt19937 engine(20230315);
+    const auto between = [&](int low, int high) {
+        return static_cast<std::int16_t>(std::uniform_int_distribution<int>(low, high)(engine));
+    };
+    for (int i = 0; i < 2500 && !HasFailure(); ++i) {
+        clsEvent event = OneOff("000001", "Rent", kToday.PlusDays(between(-900, 200)));
+        event.Recurring(between(0, 9) > 0);
+        event.RecurrenceType(between(0, 6));
+        event.StartDate(event.DueDate().PlusDays(between(0, 3) == 0 ? between(-500, 500) : 0));
+        event.Period(between(0, 40));
+        event.WeekDays(between(0, 255));
+        event.DayOfMonth(between(0, 32));
+        event.MonthNumber(between(0, 13));
+        event.Daynumber(between(0, 6));
+        event.DayOfWeek(between(1, 7));
+        MonthGrid grid(between(1, 12), between(2021, i % 25 == 0 ? 2050 : 2026), kToday, false);
+        grid.Place(event);
+        SCOPED_TRACE("case " + std::to_string(i) + ", kind " + std::to_string(event.RecurrenceType()));
+        EXPECT_EQ(Walked(event, grid), DaysOf(grid));
+    }
+}
+
+TEST(MonthGrid, TheLastMonthOfTheCalendarHasAnEnd) {
+    MonthGrid grid(12, 9999, kToday, false);
+    grid.Place(Daily("000001", "Tea", kToday));
+    EXPECT_EQ(31U, DaysOf(grid).size());
+}
+
+TEST(MonthGrid, TextsAreCutInTheBoxAndWholeElsewhere) {
+    clsEvent dentist = OneOff("000001", "Dentist\r\nbring the X-ray", kToday);
+    dentist.AlarmSet(true);
+    dentist.DueTime(DateValue::FromTime(9, 5));
+    const clsEvent rent = OneOff("000002", "Rent", kToday);
+    MonthGrid alone(3, 2023, kToday, false);
+    MonthGrid shared(3, 2023, kToday, true);
+    for (MonthGrid* grid : {&alone, &shared}) {
+        grid->Place(dentist);
+        grid->Place(rent);
+        grid->Place(OneOff("000003", "", kToday.PlusDays(16)));
+    }
+    EXPECT_EQ("Dentist  bri", alone.LineInBox(15, 0));
+    EXPECT_EQ("Dentist  bri [Single]", shared.LineInBox(15, 0));
+    EXPECT_EQ("Rent [Single]", shared.LineInBox(15, 1));
+    EXPECT_EQ("09:05  Dentist  bring the X-ray", alone.FullLine(15, 0));
+    EXPECT_EQ("Rent [Single]", shared.FullLine(15, 1));
+
+    const MonthList list(shared, FakeLocale::German());
+    EXPECT_EQ("Events for M\344rz 2023\r\n"
+              "Mi\t15\tDentist  bring the X-ray\r\n"
+              "\t\tRent\r\n"
+              "Fr\t31\t\r\n",
+              list.Text());
+}
+
+}  // namespace
+}  // namespace kaz
