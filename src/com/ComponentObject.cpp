@@ -3,6 +3,7 @@
 #include "com/Enumerator.h"
 #include "com/OwnModule.h"
 #include "ui/FormFactory.h"
+#include "win32/Bstr.h"
 #include "win32/Text.h"
 
 #include <olectl.h>

@@ -1,8 +1,10 @@
 #include "com/EventRelay.h"
 
+#include "Kazlib_h.h"
 #include "base/RuntimeError.h"
 #include "com/LaterRelease.h"
 #include "com/StringCollection.h"
+#include "win32/Bstr.h"
 #include "win32/Text.h"
 
 #include <array>
@@ -11,17 +13,6 @@
 namespace kaz {
 
 namespace {
-
-// The numbers of the events in the event interface.
-enum EventNumber : DISPID {
-    kTestEvent = 1,
-    kTodaysEvents,
-    kUpcomingEvents,
-    kMailEvent,
-    kShutDownKAZ,
-    kClosed,
-    kAllEvents,
-};
 
 VARIANT Argument(const Bstr& text) {
     VARIANT argument;

@@ -1,6 +1,6 @@
 #include "com/LaterRelease.h"
 
-#include "com/Owners.h"
+#include "win32/ComPointer.h"
 
 #include <utility>
 #include <vector>

@@ -1,6 +1,7 @@
 #include "com/StringCollection.h"
 
 #include "com/Enumerator.h"
+#include "win32/Bstr.h"
 
 namespace kaz {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "com/Owners.h"
+#include "win32/ComPointer.h"
 
 #include <windows.h>
 #include <oleauto.h>

@@ -1,7 +1,7 @@
 #include "Kazlib_h.h"
 #include "com/ClassFactory.h"
-#include "com/Owners.h"
 #include "com/Registration.h"
+#include "win32/ComPointer.h"
 
 #include <new>
 #include <string_view>

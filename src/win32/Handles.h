@@ -1,7 +1,7 @@
 #pragma once
 
 #include <windows.h>
-#include <commctrl.h>
+#include <objbase.h>
 
 #include <utility>
 
@@ -30,6 +30,12 @@ public:
         if (old != Traits::None()) Traits::Close(old);
     }
 
+    // For functions that hand one out.
+    Type* Put() {
+        Reset();
+        return &handle_;
+    }
+
 private:
     Type handle_ = Traits::None();
 };
@@ -39,35 +45,27 @@ struct FileTraits {
     static Type None() { return INVALID_HANDLE_VALUE; }
     static void Close(Type handle) { CloseHandle(handle); }
 };
+// Of an event, a mutex, a process: no handle is a null pointer.
+struct KernelTraits {
+    using Type = HANDLE;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { CloseHandle(handle); }
+};
+struct ModuleTraits {
+    using Type = HMODULE;
+    static Type None() { return nullptr; }
+    static void Close(Type handle) { FreeLibrary(handle); }
+};
+// A text that the system hands over, to be freed as COM frees.
+struct TaskTextTraits {
+    using Type = wchar_t*;
+    static Type None() { return nullptr; }
+    static void Close(Type text) { CoTaskMemFree(text); }
+};
 struct FindTraits {
     using Type = HANDLE;
     static Type None() { return INVALID_HANDLE_VALUE; }
     static void Close(Type handle) { FindClose(handle); }
-};
-struct FontTraits {
-    using Type = HFONT;
-    static Type None() { return nullptr; }
-    static void Close(Type handle) { DeleteObject(handle); }
-};
-struct BrushTraits {
-    using Type = HBRUSH;
-    static Type None() { return nullptr; }
-    static void Close(Type handle) { DeleteObject(handle); }
-};
-struct BitmapTraits {
-    using Type = HBITMAP;
-    static Type None() { return nullptr; }
-    static void Close(Type handle) { DeleteObject(handle); }
-};
-struct IconTraits {
-    using Type = HICON;
-    static Type None() { return nullptr; }
-    static void Close(Type handle) { DestroyIcon(handle); }
-};
-struct ImageListTraits {
-    using Type = HIMAGELIST;
-    static Type None() { return nullptr; }
-    static void Close(Type handle) { ImageList_Destroy(handle); }
 };
 struct MenuTraits {
     using Type = HMENU;
@@ -86,34 +84,12 @@ struct ActivationTraits {
 };
 
 using FileHandle = UniqueHandle<FileTraits>;
+using KernelHandle = UniqueHandle<KernelTraits>;
+using Module = UniqueHandle<ModuleTraits>;
+using TaskText = UniqueHandle<TaskTextTraits>;
 using FindHandle = UniqueHandle<FindTraits>;
-using Font = UniqueHandle<FontTraits>;
-using Brush = UniqueHandle<BrushTraits>;
-using Bitmap = UniqueHandle<BitmapTraits>;
-using Icon = UniqueHandle<IconTraits>;
-using ImageList = UniqueHandle<ImageListTraits>;
 using Menu = UniqueHandle<MenuTraits>;
 using PowerNotification = UniqueHandle<PowerTraits>;
 using ActivationHandle = UniqueHandle<ActivationTraits>;
-
-// Keeps one reference to a COM object and gives it back.
-template <class Interface>
-class ComOwner {
-public:
-    ComOwner() = default;
-    ComOwner(const ComOwner&) = delete;
-    ComOwner& operator=(const ComOwner&) = delete;
-    ~ComOwner() {
-        if (object_) object_->Release();
-    }
-
-    Interface* operator->() const { return object_; }
-    Interface* Get() const { return object_; }
-    // For a call that hands out a reference; to be used once.
-    Interface** Put() { return &object_; }
-
-private:
-    Interface* object_ = nullptr;
-};
 
 }  // namespace kaz

@@ -23,10 +23,18 @@ unsigned FindCodePage() noexcept {
     return usable ? page : kWestern;
 }
 
-std::string Convert(std::wstring_view text, DWORD flags, BOOL* lost) {
+std::wstring Convert(std::string_view text, UINT page) {
     if (text.empty()) return {};
     const int length = static_cast<int>(text.size());
-    const UINT page = TextCodePage();
+    const int size = MultiByteToWideChar(page, 0, text.data(), length, nullptr, 0);
+    std::wstring result(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(page, 0, text.data(), length, result.data(), size);
+    return result;
+}
+
+std::string Convert(std::wstring_view text, UINT page, DWORD flags, BOOL* lost) {
+    if (text.empty()) return {};
+    const int length = static_cast<int>(text.size());
     const int size = WideCharToMultiByte(page, flags, text.data(), length, nullptr, 0, nullptr, nullptr);
     std::string result(static_cast<std::size_t>(size), '\0');
     WideCharToMultiByte(page, flags, text.data(), length, result.data(), size, nullptr, lost);
@@ -62,21 +70,18 @@ unsigned TextCodePage() noexcept {
     return page;
 }
 
-std::wstring ToWide(std::string_view text) {
-    if (text.empty()) return {};
-    const int length = static_cast<int>(text.size());
-    const int size = MultiByteToWideChar(TextCodePage(), 0, text.data(), length, nullptr, 0);
-    std::wstring result(static_cast<std::size_t>(size), L'\0');
-    MultiByteToWideChar(TextCodePage(), 0, text.data(), length, result.data(), size);
-    return result;
-}
+std::wstring ToWide(std::string_view text) { return Convert(text, TextCodePage()); }
 
-std::string ToCodePage(std::wstring_view text) { return Convert(text, 0, nullptr); }
+std::wstring FromUtf8(std::string_view text) { return Convert(text, CP_UTF8); }
+
+std::string ToUtf8(std::wstring_view text) { return Convert(text, CP_UTF8, 0, nullptr); }
+
+std::string ToCodePage(std::wstring_view text) { return Convert(text, TextCodePage(), 0, nullptr); }
 
 std::optional<std::string> ToCodePageIfExact(std::wstring_view text) {
     BOOL lost = FALSE;
     // Without this flag a letter would silently lose its accent or a sign become a look-alike.
-    std::string result = Convert(text, WC_NO_BEST_FIT_CHARS, &lost);
+    std::string result = Convert(text, TextCodePage(), WC_NO_BEST_FIT_CHARS, &lost);
     if (lost) return std::nullopt;
     return result;
 }

@@ -19,6 +19,11 @@ std::optional<std::string> ToCodePageIfExact(std::wstring_view text);
 // Throws InvalidCall with a plain message that names the first character that the code page cannot hold.
 std::string ToCodePageExactly(std::wstring_view text);
 
+// The system's texts are UTF-16; logs for other programs and mails are UTF-8. A half character becomes the
+// replacement character.
+std::string ToUtf8(std::wstring_view text);
+std::wstring FromUtf8(std::string_view text);
+
 // A path of the system's own as text: when the code page cannot hold it, the file system's short name for it.
 std::string PathToCodePage(const std::wstring& path);
 

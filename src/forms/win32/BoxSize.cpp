@@ -1,5 +1,7 @@
 #include "forms/win32/BoxSize.h"
 
+#include "win32/Gdi.h"
+
 #include <string>
 
 namespace kaz {
@@ -18,12 +20,9 @@ void GrowForLabel(HWND window, int label) {
     RECT place{};
     GetClientRect(control, &place);
     RECT needed = place;
-    const HDC device = GetDC(control);
-    const HGDIOBJ before =
-        SelectObject(device, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
-    DrawTextW(device, text.c_str(), -1, &needed, DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
-    SelectObject(device, before);
-    ReleaseDC(control, device);
+    const ControlContext device(control);
+    DrawTextW(device.Get(), text.c_str(), -1, &needed,
+              DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
     if (needed.bottom > place.bottom) GrowBy(window, 0, needed.bottom - place.bottom);
 }
 

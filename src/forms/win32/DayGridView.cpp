@@ -182,19 +182,14 @@ void DayGridView::Paint() {
     const RECT& dirty = paint.rcPaint;
     const int width = static_cast<int>(dirty.right - dirty.left);
     const int height = static_cast<int>(dirty.bottom - dirty.top);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-    const HGDIOBJ before = SelectObject(memory, bitmap);
-    SetViewportOrgEx(memory, -static_cast<int>(dirty.left), -static_cast<int>(dirty.top), nullptr);
+    const Canvas canvas(screen, width, height);
+    SetViewportOrgEx(canvas.Get(), -static_cast<int>(dirty.left), -static_cast<int>(dirty.top), nullptr);
     try {
-        PaintOn(memory, dirty);
+        PaintOn(canvas.Get(), dirty);
     } catch (...) {
         // What was painted until then is shown.
     }
-    BitBlt(screen, dirty.left, dirty.top, width, height, memory, dirty.left, dirty.top, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
+    BitBlt(screen, dirty.left, dirty.top, width, height, canvas.Get(), dirty.left, dirty.top, SRCCOPY);
     EndPaint(control_, &paint);
 }
 
@@ -218,12 +213,8 @@ void DayGridView::Measure() {
     font.lfWeight = FW_BOLD;
     boldFont_ = Font(CreateFontIndirectW(&font));
     look_.boldFont = boldFont_.Get();
-    const HDC device = GetDC(control_);
-    const HGDIOBJ before = SelectObject(device, look_.font);
     TEXTMETRICW metrics{};
-    GetTextMetricsW(device, &metrics);
-    SelectObject(device, before);
-    ReleaseDC(control_, device);
+    GetTextMetricsW(ControlContext(control_).Get(), &metrics);
     look_.lineHeight = static_cast<int>(metrics.tmHeight);
     look_.gap = ToPixels(control_, 2);
     look_.frame = ToPixels(control_, 2);

@@ -3,7 +3,7 @@
 #include "forms/DayGrid.h"
 #include "forms/Window.h"
 #include "forms/win32/DayGridPainter.h"
-#include "win32/Handles.h"
+#include "win32/Gdi.h"
 
 #include <functional>
 

@@ -1,5 +1,6 @@
 #include "forms/win32/ListContents.h"
 
+#include "win32/Gdi.h"
 #include "win32/Text.h"
 
 #include <commctrl.h>
@@ -71,12 +72,8 @@ void ListContents::FitWidth(const std::vector<std::string>& items) {
     if (kind_ != ControlKind::ListBox) return;
     // Adding up the widths of the characters is a hundred times faster than measuring each line.
     INT widths[256] = {};
-    const HDC device = GetDC(control_);
-    const HGDIOBJ before =
-        SelectObject(device, reinterpret_cast<HFONT>(SendMessageW(control_, WM_GETFONT, 0, 0)));
-    GetCharWidth32A(device, 0, 255, widths);
-    SelectObject(device, before);
-    ReleaseDC(control_, device);
+    const ControlContext device(control_);
+    GetCharWidth32A(device.Get(), 0, 255, widths);
 
     int widest = 0;
     for (const std::string& item : items) {

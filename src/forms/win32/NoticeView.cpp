@@ -55,13 +55,9 @@ int NoticeView::Margin() const { return ToPixels(window_, kMargin); }
 int NoticeView::Before() const { return Margin() + (HasSign() ? ToPixels(window_, kSign) + Margin() : 0); }
 
 int NoticeView::IdealWidth() const {
-    const HDC device = GetDC(control_);
-    const HGDIOBJ before =
-        SelectObject(device, reinterpret_cast<HFONT>(SendMessageW(control_, WM_GETFONT, 0, 0)));
+    const ControlContext device(control_);
     RECT place{};
-    DrawTextW(device, text_.c_str(), -1, &place, DT_NOPREFIX | DT_CALCRECT);
-    SelectObject(device, before);
-    ReleaseDC(control_, device);
+    DrawTextW(device.Get(), text_.c_str(), -1, &place, DT_NOPREFIX | DT_CALCRECT);
     return Before() + place.right + 2 * Margin();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "forms/Window.h"
-#include "win32/Handles.h"
+#include "win32/Gdi.h"
 
 #include <string>
 

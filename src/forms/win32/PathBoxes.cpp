@@ -1,6 +1,7 @@
 #include "forms/win32/PathBoxes.h"
 
 #include "forms/win32/ModalRun.h"
+#include "win32/ComPointer.h"
 #include "win32/Handles.h"
 #include "win32/Text.h"
 
@@ -16,11 +17,6 @@ namespace kaz {
 
 namespace {
 
-struct TaskMemory {
-    wchar_t* text = nullptr;
-    ~TaskMemory() { CoTaskMemFree(text); }
-};
-
 bool ChooseFolder(IFileOpenDialog& dialog, const std::wstring& title, std::optional<std::string>& chosen) {
     FILEOPENDIALOGOPTIONS options = 0;
     if (FAILED(dialog.GetOptions(&options))) return false;
@@ -29,11 +25,11 @@ bool ChooseFolder(IFileOpenDialog& dialog, const std::wstring& title, std::optio
     dialog.SetTitle(title.c_str());
     const HRESULT shown = dialog.Show(WorkWindow());
     if (shown == HRESULT_FROM_WIN32(ERROR_CANCELLED)) return true;
-    ComOwner<IShellItem> item;
-    TaskMemory path;
+    ComPointer<IShellItem> item;
+    TaskText path;
     if (FAILED(shown) || FAILED(dialog.GetResult(item.Put()))) return false;
-    if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path.text))) return false;
-    chosen = PathToCodePage(path.text);
+    if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, path.Put()))) return false;
+    chosen = PathToCodePage(path.Get());
     return true;
 }
 
@@ -84,7 +80,7 @@ std::optional<std::string> AskWhereToSave(const std::wstring& title, std::wstrin
 }
 
 std::optional<std::string> AskForFolder(const std::wstring& title) {
-    ComOwner<IFileOpenDialog> dialog;
+    ComPointer<IFileOpenDialog> dialog;
     const HRESULT made = CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
                                           IID_IFileOpenDialog, reinterpret_cast<void**>(dialog.Put()));
     std::optional<std::string> chosen;

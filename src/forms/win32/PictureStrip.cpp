@@ -65,10 +65,9 @@ void PictureStrip::PutIcon(int at, HICON icon) {
     const Bitmap mask(info.hbmMask);
     BITMAPINFO layout = Layout(size_, size_);
     std::vector<std::uint32_t> picture(static_cast<std::size_t>(size_) * static_cast<std::size_t>(size_));
-    const HDC screen = GetDC(nullptr);
-    const int rows = GetDIBits(screen, colours.Get(), 0, static_cast<UINT>(size_), picture.data(), &layout,
-                               DIB_RGB_COLORS);
-    ReleaseDC(nullptr, screen);
+    const WindowContext screen(nullptr);
+    const int rows = GetDIBits(screen.Get(), colours.Get(), 0, static_cast<UINT>(size_), picture.data(),
+                               &layout, DIB_RGB_COLORS);
     for (int row = 0; row < rows; ++row)
         std::copy_n(picture.data() + row * size_, size_, Row(at, row));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Handles.h"
+#include "win32/Gdi.h"
 
 #include <cstdint>
 

@@ -1,6 +1,7 @@
 #include "forms/win32/StockControls.h"
 
 #include "forms/win32/ListContents.h"
+#include "win32/Gdi.h"
 #include "win32/Text.h"
 
 #include <commctrl.h>
@@ -65,13 +66,9 @@ void SetControlText(HWND control, const std::string& text) { SetWindowTextW(cont
 int TextWidth(HWND control) {
     wchar_t text[256] = L"";
     const int length = GetWindowTextW(control, text, static_cast<int>(std::size(text)));
-    const HDC device = GetDC(control);
-    const HGDIOBJ before =
-        SelectObject(device, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    const ControlContext device(control);
     SIZE size{};
-    GetTextExtentPoint32W(device, text, length, &size);
-    SelectObject(device, before);
-    ReleaseDC(control, device);
+    GetTextExtentPoint32W(device.Get(), text, length, &size);
     return size.cx;
 }
 

@@ -32,19 +32,12 @@ HBRUSH TabStripView::BackgroundOf(HWND control, HDC device) {
 
 // The theme knows no colour for the body, so the strip is asked to paint itself.
 void TabStripView::MakeBrush(SIZE size) {
-    const HDC screen = GetDC(strip_);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, size.cx, size.cy);
-    const HGDIOBJ before = SelectObject(memory, bitmap);
+    const Canvas canvas(WindowContext(strip_).Get(), size.cx, size.cy);
     const RECT all{0, 0, size.cx, size.cy};
-    FillRect(memory, &all, GetSysColorBrush(COLOR_3DFACE));
-    SendMessageW(strip_, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory), PRF_ERASEBKGND | PRF_CLIENT);
-    SelectObject(memory, before);
-    brush_ = Brush(CreatePatternBrush(bitmap));
+    FillRect(canvas.Get(), &all, GetSysColorBrush(COLOR_3DFACE));
+    SendMessageW(strip_, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Get()), PRF_ERASEBKGND | PRF_CLIENT);
+    brush_ = Brush(CreatePatternBrush(canvas.Picture()));
     size_ = size;
-    DeleteObject(bitmap);
-    DeleteDC(memory);
-    ReleaseDC(strip_, screen);
 }
 
 bool TabStripView::OnNotify(const NMHDR& header) const {

@@ -2,7 +2,7 @@
 
 #include "forms/Window.h"
 #include "forms/win32/ControlView.h"
-#include "win32/Handles.h"
+#include "win32/Gdi.h"
 
 #include <vector>
 

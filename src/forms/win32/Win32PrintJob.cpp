@@ -52,7 +52,7 @@ private:
 
 }  // namespace
 
-Win32PrintJob::Win32PrintJob(PrinterContext context, std::wstring documentName)
+Win32PrintJob::Win32PrintJob(DeviceContext context, std::wstring documentName)
     : context_(std::move(context)),
       documentName_(std::move(documentName)) {
     if (!context_) ThrowPrinterFailure();

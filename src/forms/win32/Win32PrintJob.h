@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Printer.h"
-#include "win32/Handles.h"
+#include "win32/Gdi.h"
 
 #include <map>
 #include <string>
@@ -9,18 +9,11 @@
 
 namespace kaz {
 
-struct PrinterContextTraits {
-    using Type = HDC;
-    static Type None() { return nullptr; }
-    static void Close(Type handle) { DeleteDC(handle); }
-};
-using PrinterContext = UniqueHandle<PrinterContextTraits>;
-
 // Measures and prints with the fonts of one printer.
 class Win32PrintJob : public PrintJob {
 public:
     // Throws DeviceError when the context is none.
-    Win32PrintJob(PrinterContext context, std::wstring documentName);
+    Win32PrintJob(DeviceContext context, std::wstring documentName);
 
     int Width() const override {
         return FromPixels(GetDeviceCaps(context_.Get(), PHYSICALWIDTH), LOGPIXELSX);
@@ -44,7 +37,7 @@ private:
 
     // By points and boldness. A font cannot be deleted while a context has it, so they outlive the context.
     mutable std::map<std::pair<int, bool>, Font> fonts_;
-    PrinterContext context_;
+    DeviceContext context_;
     std::wstring documentName_;
 };
 

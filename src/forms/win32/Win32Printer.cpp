@@ -39,7 +39,7 @@ public:
         mode->dmOrientation = orientation == Orientation::Landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
         GlobalUnlock(request_.hDevMode);
     }
-    PrinterContext TakeContext() const { return PrinterContext(request_.hDC); }
+    DeviceContext TakeContext() const { return DeviceContext(request_.hDC); }
 
 private:
     PRINTDLGW request_{};

@@ -3,6 +3,7 @@
 #include "hosts/kaz2/ComponentSink.h"
 #include "hosts/kaz2/DataFolder.h"
 #include "hosts/kaz2/StartFailure.h"
+#include "win32/Bstr.h"
 
 #include <cstdio>
 #include <utility>
@@ -48,35 +49,27 @@ GetClassObject ComponentFile() {
     return reinterpret_cast<GetClassObject>(reinterpret_cast<void*>(entry));
 }
 
-Owned<IKazComponent> Create() {
-    IClassFactory* made = nullptr;
-    Require(ComponentFile()(CLSID_clsComponent, IID_IClassFactory, reinterpret_cast<void**>(&made)),
-            kMissing);
-    const Owned<IClassFactory> factory(made);
-    IKazComponent* component = nullptr;
-    Require(factory->CreateInstance(nullptr, __uuidof(IKazComponent), reinterpret_cast<void**>(&component)),
-            kMissing);
-    return Owned<IKazComponent>(component);
+ComPointer<IKazComponent> Create() {
+    ComPointer<IClassFactory> factory;
+    Require(ComponentFile()(CLSID_clsComponent, IID_IClassFactory, factory.PutVoid()), kMissing);
+    ComPointer<IKazComponent> component;
+    Require(factory->CreateInstance(nullptr, __uuidof(IKazComponent), component.PutVoid()), kMissing);
+    return component;
 }
 
-Owned<IConnectionPoint> EventsOf(IKazComponent& component) {
-    IConnectionPointContainer* found = nullptr;
-    HRESULT result =
-        component.QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(&found));
-    const Owned<IConnectionPointContainer> container(found);
-    IConnectionPoint* events = nullptr;
-    if (SUCCEEDED(result)) result = container->FindConnectionPoint(DIID_DKazEvents, &events);
-    Require(result, L"its component Kazlib.dll is of another version");
-    return Owned<IConnectionPoint>(events);
+ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component) {
+    const auto container = component.As<IConnectionPointContainer>();
+    ComPointer<IConnectionPoint> events;
+    Require(container ? container->FindConnectionPoint(DIID_DKazEvents, events.Put()) : E_NOINTERFACE,
+            L"its component Kazlib.dll is of another version");
+    return events;
 }
 
 }  // namespace
 
-Component::Component(ListsFile& lists, HostMail& mail)
-    : component_(Create()),
-      events_(EventsOf(*component_)) {
-    const Owned<ComponentSink> sink(new ComponentSink(lists, mail));
-    Require(events_->Advise(sink.get(), &connection_), L"its component Kazlib.dll does not answer");
+Component::Component(ListsFile& lists, HostMail& mail) : component_(Create()), events_(EventsOf(component_)) {
+    const auto sink = ComPointer<ComponentSink>::Adopt(new ComponentSink(lists, mail));
+    Require(events_->Advise(sink.Get(), &connection_), L"its component Kazlib.dll does not answer");
 }
 
 Component::~Component() {
@@ -95,7 +88,7 @@ void Component::Start(const std::wstring& folder) {
 }
 
 bool Component::HasStarted(const std::wstring& folder) {
-    component_->Startup(MakeText(folder).get());
+    component_->Startup(Bstr(folder).Get());
     VARIANT_BOOL initialised = VARIANT_FALSE;
     component_->get_SettingsInitialised(&initialised);
     return initialised != VARIANT_FALSE;

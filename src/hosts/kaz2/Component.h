@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Kazlib_h.h"
-#include "hosts/kaz2/Owned.h"
+#include "win32/ComPointer.h"
 
 #include <windows.h>
 #include <ocidl.h>
@@ -35,8 +35,8 @@ public:
 private:
     bool HasStarted(const std::wstring& folder);
 
-    Owned<IKazComponent> component_;
-    Owned<IConnectionPoint> events_;
+    ComPointer<IKazComponent> component_;
+    ComPointer<IConnectionPoint> events_;
     DWORD connection_ = 0;
     bool started_ = false;
 };

@@ -2,7 +2,8 @@
 
 #include "hosts/kaz2/HostMail.h"
 #include "hosts/kaz2/ListsFile.h"
-#include "hosts/kaz2/Owned.h"
+#include "win32/Bstr.h"
+#include "win32/ComPointer.h"
 
 #include <string>
 #include <vector>
@@ -14,19 +15,14 @@ namespace {
 // The list that a scan hands over, read from its first to its last item; they count from 1.
 std::vector<std::wstring> TextsOf(const VARIANT& argument) {
     std::vector<std::wstring> texts;
-    IStringCollection* found = nullptr;
-    if (argument.vt != VT_DISPATCH || !argument.pdispVal ||
-        FAILED(
-            argument.pdispVal->QueryInterface(__uuidof(IStringCollection), reinterpret_cast<void**>(&found))))
-        return texts;
-    const Owned<IStringCollection> collection(found);
+    if (argument.vt != VT_DISPATCH || !argument.pdispVal) return texts;
+    const auto collection = ComPointer<IDispatch>(argument.pdispVal).As<IStringCollection>();
+    if (!collection) return texts;
     long count = 0;
     collection->get_Count(&count);
     for (long index = 1; index <= count; ++index) {
-        BSTR text = nullptr;
-        if (FAILED(collection->get_Item(index, &text))) continue;
-        const OwnedText owner(text);
-        texts.emplace_back(View(text));
+        Bstr text;
+        if (SUCCEEDED(collection->get_Item(index, text.Put()))) texts.emplace_back(text.View());
     }
     return texts;
 }
@@ -70,23 +66,23 @@ HRESULT ComponentSink::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* argu
 void ComponentSink::On(DISPID event, const DISPPARAMS& arguments) {
     const VARIANT* const last = arguments.rgvarg;
     switch (event) {
-    case 2:  // TodaysEvents(Todays)
+    case kTodaysEvents:
         if (arguments.cArgs == 1) lists_.Today(TextsOf(last[0]));
         break;
-    case 3:  // UpcomingEvents(Upcoming)
+    case kUpcomingEvents:
         if (arguments.cArgs == 1) lists_.ComingUp(TextsOf(last[0]));
         break;
-    case 4:  // MailEvent(ToAddr, Subject, MessageText)
+    case kMailEvent:  // its arguments stand in reverse: ToAddr, Subject, MessageText
         if (arguments.cArgs != 3) break;
         lists_.Mail(TextOf(last[2]), TextOf(last[1]), TextOf(last[0]));
         mail_.Send(TextOf(last[2]), TextOf(last[1]), TextOf(last[0]));
         break;
-    case 5:  // ShutDownKAZ: the user chose to exit. Closed needs no answer: the tray icon stays.
+    case kShutDownKAZ:  // the user chose to exit. kClosed needs no answer: the tray icon stays.
         // The component is still in the call that raised this; it is shut down once the message loop has
         // ended.
         PostQuitMessage(0);
         break;
-    case 7:  // AllEvents(strAllEvents), the last of a scan
+    case kAllEvents:  // the last of a scan
         if (arguments.cArgs == 1) lists_.All(TextOf(last[0]));
         break;
     default: break;

@@ -1,6 +1,6 @@
 #include "hosts/kaz2/ConsoleSignals.h"
 
-#include "hosts/kaz2/Owned.h"
+#include "win32/Handles.h"
 
 #include <atomic>
 
@@ -12,7 +12,7 @@ constexpr DWORD kLongestEnd = 5000;  // milliseconds; the system itself does not
 
 // The system's handler takes no argument of ours, so what it needs stands here.
 std::atomic<HWND> hostWindow = nullptr;
-const OwnedHandle ended{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+const KernelHandle ended{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 
 BOOL WINAPI OnSignal(DWORD signal) {
     if (signal == CTRL_C_EVENT || signal == CTRL_BREAK_EVENT) {
@@ -20,7 +20,7 @@ BOOL WINAPI OnSignal(DWORD signal) {
         return TRUE;
     }
     PostMessageW(hostWindow, WM_ENDSESSION, TRUE, 0);
-    WaitForSingleObject(ended.get(), kLongestEnd);
+    WaitForSingleObject(ended.Get(), kLongestEnd);
     return TRUE;
 }
 
@@ -33,6 +33,6 @@ ConsoleSignals::ConsoleSignals(HWND window) {
     SetConsoleCtrlHandler(OnSignal, TRUE);
 }
 
-ConsoleSignals::~ConsoleSignals() { SetEvent(ended.get()); }
+ConsoleSignals::~ConsoleSignals() { SetEvent(ended.Get()); }
 
 }  // namespace kaz

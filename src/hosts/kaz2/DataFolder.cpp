@@ -1,6 +1,7 @@
 #include "hosts/kaz2/DataFolder.h"
 
 #include "hosts/kaz2/StartFailure.h"
+#include "win32/Handles.h"
 
 #include <windows.h>
 #include <shlobj.h>
@@ -27,12 +28,10 @@ std::wstring FullPath(const std::wstring& path) {
 }
 
 std::wstring RoamingFolder() {
-    wchar_t* path = nullptr;
-    const HRESULT result = SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_CREATE, nullptr, &path);
-    std::wstring folder = SUCCEEDED(result) ? path : L"";
-    CoTaskMemFree(path);
-    if (folder.empty()) throw StartFailure{L"KAZ cannot find the folder for application data of this user."};
-    return folder;
+    TaskText path;
+    if (FAILED(SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_CREATE, nullptr, path.Put())))
+        throw StartFailure{L"KAZ cannot find the folder for application data of this user."};
+    return path.Get();
 }
 
 bool IsFile(const std::wstring& path) {

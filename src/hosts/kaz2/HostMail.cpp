@@ -4,8 +4,8 @@
 #include "hosts/kaz2/MapiSender.h"
 #include "hosts/kaz2/SmtpPassword.h"
 #include "hosts/kaz2/TextFile.h"
-#include "hosts/kaz2/Utf8.h"
 #include "hosts/kaz2/mail/SmtpSender.h"
+#include "win32/Text.h"
 
 #include <system_error>
 #include <utility>
@@ -57,7 +57,7 @@ void HostMail::CheckSettings() {
 }
 
 void HostMail::Send(std::wstring_view to, std::wstring_view subject, std::wstring_view text) {
-    Mail mail{Utf8(to), Utf8(subject), Utf8(text)};
+    Mail mail{ToUtf8(to), ToUtf8(subject), ToUtf8(text)};
     MailNews& news = News();
     try {
         if (!postman_) postman_.emplace([file = settingsFile_] { return SenderFor(file); }, news_);
@@ -74,8 +74,9 @@ void HostMail::Finish(std::chrono::milliseconds most) {
 MailNews& HostMail::News() {
     if (!news_) {
         balloon_.emplace(log_.FileName());
-        news_ = std::make_shared<MailNews>([this](const std::string& line) { log_.Write(line); },
-                                           [this](const std::string& text) { balloon_->Show(Wide(text)); });
+        news_ =
+            std::make_shared<MailNews>([this](const std::string& line) { log_.Write(line); },
+                                       [this](const std::string& text) { balloon_->Show(FromUtf8(text)); });
     }
     return *news_;
 }

@@ -1,7 +1,7 @@
 #include "hosts/kaz2/ListsFile.h"
 
-#include "hosts/kaz2/Owned.h"
-#include "hosts/kaz2/Utf8.h"
+#include "hosts/kaz2/TextFile.h"
+#include "win32/Text.h"
 
 #include <algorithm>
 
@@ -51,20 +51,9 @@ void ListsFile::All(std::wstring_view lines) {
     AddSection(text, L"COMING UP", comingUp_);
     AddSection(text, L"ALL EVENTS", Lines(lines));
     AddSection(text, L"MAILS ASKED FOR", mails_);
-    Write(Utf8(text));
+    Write(ToUtf8(text));
 }
 
-void ListsFile::Write(const std::string& text) const {
-    // Beside and renamed: a script that waits for the file never reads a part of it.
-    const std::wstring beside = fileName_ + L".new";
-    OwnedHandle file =
-        FileHandle(CreateFileW(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    DWORD written = 0;
-    const bool complete =
-        file && WriteFile(file.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
-        written == text.size();
-    file.reset();
-    if (complete) MoveFileExW(beside.c_str(), fileName_.c_str(), MOVEFILE_REPLACE_EXISTING);
-}
+void ListsFile::Write(const std::string& text) const { ReplaceFileBy(fileName_, text); }
 
 }  // namespace kaz

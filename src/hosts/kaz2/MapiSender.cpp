@@ -1,24 +1,19 @@
 #include "hosts/kaz2/MapiSender.h"
 
 #include "hosts/kaz2/MailProgram.h"
-#include "hosts/kaz2/Utf8.h"
 #include "hosts/kaz2/mail/MailAddresses.h"
+#include "win32/Handles.h"
+#include "win32/Text.h"
 
 #include <windows.h>
 #include <mapi.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace kaz {
 
 namespace {
-
-struct FreeModule {
-    void operator()(HMODULE module) const { FreeLibrary(module); }
-};
-using Module = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeModule>;
 
 // The structures of mapi.h, which has them for the code page only.
 struct Recipient {
@@ -50,14 +45,14 @@ using SendFunction = ULONG(WINAPI*)(LHANDLE session, ULONG_PTR window, Message* 
                                     ULONG reserved);
 
 ULONG Call(SendFunction send, const Mail& mail, const std::vector<std::string>& addresses) {
-    std::wstring subject = Wide(mail.subject);
-    std::wstring text = Wide(mail.text);
+    std::wstring subject = FromUtf8(mail.subject);
+    std::wstring text = FromUtf8(mail.text);
     std::vector<std::wstring> names;
     names.reserve(addresses.size());
     std::vector<Recipient> recipients;
     recipients.reserve(addresses.size());
     for (const std::string& address : addresses)
-        names.push_back(L"SMTP:" + Wide(address));
+        names.push_back(L"SMTP:" + FromUtf8(address));
     // The name is the address without its kind.
     for (std::wstring& name : names)
         recipients.push_back({0, MAPI_TO, name.data() + 5, name.data(), 0, nullptr});
@@ -95,7 +90,7 @@ void MapiSender::Send(const Mail& mail, const std::stop_token&) {
     // From the system's folder only: the name is one that malware likes to use.
     const Module mapi(LoadLibraryExW(L"mapi32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
     // For a mail program that knows the code page only, the system itself converts.
-    const FARPROC send = mapi ? GetProcAddress(mapi.get(), "MAPISendMailW") : nullptr;
+    const FARPROC send = mapi ? GetProcAddress(mapi.Get(), "MAPISendMailW") : nullptr;
     if (!send || !MailProgramTakesMails())
         throw MailFailure{MailTrouble::NoMailProgram,
                           "There is no mail program on this computer that takes mails from other programs. "

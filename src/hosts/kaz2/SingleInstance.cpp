@@ -11,12 +11,11 @@ constexpr int kAttempts = 100;
 
 // The folder as the file system itself names it: mapped drives, links and short names fall together.
 std::wstring FinalPath(const std::wstring& folder) {
-    const OwnedHandle handle =
-        FileHandle(CreateFileW(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                               FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    const FileHandle handle(CreateFileW(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     if (!handle) return folder;
     std::wstring path(32768, L'\0');
-    const DWORD length = GetFinalPathNameByHandleW(handle.get(), path.data(), static_cast<DWORD>(path.size()),
+    const DWORD length = GetFinalPathNameByHandleW(handle.Get(), path.data(), static_cast<DWORD>(path.size()),
                                                    FILE_NAME_NORMALIZED);
     if (length == 0 || length >= path.size()) return folder;
     path.resize(length);
@@ -50,12 +49,12 @@ SingleInstance::SingleInstance(const std::wstring& folder)
       mutex_(CreateMutexW(nullptr, FALSE, (L"Local\\" + name_).c_str())) {}
 
 SingleInstance::~SingleInstance() {
-    if (owned_) ReleaseMutex(mutex_.get());
+    if (owned_) ReleaseMutex(mutex_.Get());
 }
 
 bool SingleInstance::IsOnly(bool silently) {
     for (int attempt = 0; mutex_ && attempt < kAttempts; ++attempt) {
-        const DWORD result = WaitForSingleObject(mutex_.get(), attempt == 0 ? 0 : kPause);
+        const DWORD result = WaitForSingleObject(mutex_.Get(), attempt == 0 ? 0 : kPause);
         owned_ = result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
         if (owned_) return true;
         if (OtherIsThere(silently)) return false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/kaz2/Owned.h"
+#include "win32/Handles.h"
 
 #include <string>
 
@@ -29,7 +29,7 @@ private:
     bool OtherIsThere(bool silently) const;
 
     std::wstring name_;
-    OwnedHandle mutex_;
+    KernelHandle mutex_;
     bool owned_ = false;
 };
 

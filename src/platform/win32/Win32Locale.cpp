@@ -1,5 +1,6 @@
 #include "platform/win32/Win32Locale.h"
 
+#include "win32/Bstr.h"
 #include "win32/Text.h"
 
 #include <windows.h>
@@ -52,11 +53,9 @@ void TakeSeparator(LCTYPE what, std::string& text) {
 }
 
 void TakeWord(VARIANT_BOOL value, std::string& text) {
-    BSTR word = nullptr;
-    if (FAILED(VarBstrFromBool(value, GetUserDefaultLCID(), VAR_LOCALBOOL, &word))) return;
-    if (auto exact = ToCodePageIfExact({word, SysStringLen(word)}); exact && !exact->empty())
-        text = *std::move(exact);
-    SysFreeString(word);
+    Bstr word;
+    if (FAILED(VarBstrFromBool(value, GetUserDefaultLCID(), VAR_LOCALBOOL, word.Put()))) return;
+    if (auto exact = ToCodePageIfExact(word.View()); exact && !exact->empty()) text = *std::move(exact);
 }
 
 LocaleData ReadLocale() {

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "platform/Files.h"
+#include "win32/Handles.h"
 #include "win32/SystemError.h"
 #include "win32/Text.h"
 
@@ -46,11 +47,9 @@ std::string Win32SystemInfo::ModuleFolder() const {
 std::string Win32SystemInfo::UserFolder() const {
     // The documents can be on a drive that is not there.
     for (const KNOWNFOLDERID& folder : {FOLDERID_Documents, FOLDERID_Profile}) {
-        PWSTR path = nullptr;
-        const HRESULT found = SHGetKnownFolderPath(folder, 0, nullptr, &path);
-        const std::wstring text = SUCCEEDED(found) ? path : L"";
-        CoTaskMemFree(path);
-        if (!text.empty()) return WithoutTrailingBackslash(PathToCodePage(text));
+        TaskText path;
+        if (SUCCEEDED(SHGetKnownFolderPath(folder, 0, nullptr, path.Put())))
+            return WithoutTrailingBackslash(PathToCodePage(path.Get()));
     }
     throw RuntimeError(ErrorNumber::PathNotFound);
 }

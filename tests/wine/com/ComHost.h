@@ -2,7 +2,8 @@
 
 #include "Kazlib_h.h"
 #include "com/ComObject.h"
-#include "com/Owners.h"
+#include "win32/Bstr.h"
+#include "win32/ComPointer.h"
 
 #include <functional>
 #include <string>

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <windows.h>
-#include <oleauto.h>
 #include <unknwn.h>
 
-#include <string_view>
 #include <utility>
 
 namespace kaz {
@@ -59,32 +57,6 @@ public:
 
 private:
     T* object_ = nullptr;
-};
-
-// Owns a BSTR. A null pointer is an empty text, as automation has it.
-class Bstr {
-public:
-    Bstr() = default;
-    // The text stays null when memory is short.
-    explicit Bstr(std::wstring_view text)
-        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
-    Bstr(Bstr&& other) noexcept : text_(other.Detach()) {}
-    Bstr& operator=(Bstr&& other) noexcept {
-        std::swap(text_, other.text_);
-        return *this;
-    }
-    ~Bstr() { SysFreeString(text_); }
-
-    BSTR Get() const { return text_; }
-    BSTR Detach() { return std::exchange(text_, nullptr); }
-    BSTR* Put() {
-        SysFreeString(Detach());
-        return &text_;
-    }
-    std::wstring_view View() const { return {text_ ? text_ : L"", SysStringLen(text_)}; }
-
-private:
-    BSTR text_ = nullptr;
 };
 
 }  // namespace kaz
