@@ -4,10 +4,8 @@
 # - "host" runs with a clock that it can move;
 # - a file wine/<name>/locales names locales, one a line (de_DE.UTF-8), under each of which the program runs once more.
 
-if(TARGET contract_tests)
-  file(GLOB rc CONFIGURE_DEPENDS contract/win32/*.rc)
-  kaz_test_resources(contract_tests ${rc})
-endif()
+file(GLOB rc CONFIGURE_DEPENDS forms/win32/*.rc)
+kaz_test_resources(form_tests ${rc})
 
 file(GLOB names RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}/wine CONFIGURE_DEPENDS wine/*)
 foreach(folder ${names})

@@ -11,7 +11,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 // What every form relies on, whatever it is for.
-class WindowContract : public testing::Test, public WindowListener {
+class WindowTest : public testing::Test, public WindowListener {
 protected:
     void OnRaised(int control, Raised what, int) noexcept override {
         if (control == watched) raised.push_back(what);
@@ -27,7 +27,7 @@ protected:
     std::vector<Raised> raised;
 };
 
-TEST_F(WindowContract, IsMadeHiddenAndCanBeShownAndHidden) {
+TEST_F(WindowTest, IsMadeHiddenAndCanBeShownAndHidden) {
     Make(IDD_REMINDER);
     EXPECT_FALSE(window->IsVisible());
     window->Show(Activation::KeepFocus);
@@ -41,7 +41,7 @@ TEST_F(WindowContract, IsMadeHiddenAndCanBeShownAndHidden) {
     EXPECT_FALSE(window->IsVisible());
 }
 
-TEST_F(WindowContract, TellsWhatTheUserDoesAndNotWhatTheProgramDoes) {
+TEST_F(WindowTest, TellsWhatTheUserDoesAndNotWhatTheProgramDoes) {
     Make(IDD_REMINDER);
     window->Show(Activation::TakeFocus);
     watched = IDC_txtSleep;
@@ -66,7 +66,7 @@ TEST_F(WindowContract, TellsWhatTheUserDoesAndNotWhatTheProgramDoes) {
     EXPECT_THAT(raised, testing::Not(testing::Contains(Raised::Click)));
 }
 
-TEST_F(WindowContract, ChoicesOfTheProgramAreNotTold) {
+TEST_F(WindowTest, ChoicesOfTheProgramAreNotTold) {
     Make(IDD_MAIN);
     watched = IDC_cmbCategories;
     window->SetItems(IDC_cmbCategories, {"Work", "Home", "Work"});
@@ -88,7 +88,7 @@ TEST_F(WindowContract, ChoicesOfTheProgramAreNotTold) {
     EXPECT_FALSE(window->Checked(IDC_chkExpired));
 }
 
-TEST_F(WindowContract, AControlThatIsNotThereReadsAsEmpty) {
+TEST_F(WindowTest, AControlThatIsNotThereReadsAsEmpty) {
     Make(IDD_REMINDER);
     window->SetText(IDC_chkExpired, "x");
     window->SetItems(IDC_cmbCategories, {"x"});
@@ -97,7 +97,7 @@ TEST_F(WindowContract, AControlThatIsNotThereReadsAsEmpty) {
     EXPECT_EQ(-1, window->Report(IDC_ListEvents).Current());
 }
 
-TEST_F(WindowContract, TheCloseBoxOnlyTells) {
+TEST_F(WindowTest, TheCloseBoxOnlyTells) {
     Make(IDD_REMINDER);
     window->Show(Activation::TakeFocus);
     watched = 0;
@@ -106,7 +106,7 @@ TEST_F(WindowContract, TheCloseBoxOnlyTells) {
     EXPECT_TRUE(window->IsVisible());
 }
 
-TEST_F(WindowContract, TimersTickUntilTheyAreStopped) {
+TEST_F(WindowTest, TimersTickUntilTheyAreStopped) {
     Make(IDD_REMINDER);
     watched = IDT_Timer1;
     window->StartTimer(IDT_Timer1, 60000);
@@ -119,7 +119,7 @@ TEST_F(WindowContract, TimersTickUntilTheyAreStopped) {
     EXPECT_THAT(raised, IsEmpty());
 }
 
-TEST_F(WindowContract, SizeAndState) {
+TEST_F(WindowTest, SizeAndState) {
     Make(IDD_MAIN);
     window->SetSize({640, 420});
     EXPECT_EQ(640, window->Size().width);
@@ -150,7 +150,7 @@ public:
     int count = 0;
 };
 
-TEST_F(WindowContract, AReportListShowsItsRowsAndKeepsTheSelectionInPlace) {
+TEST_F(WindowTest, AReportListShowsItsRowsAndKeepsTheSelectionInPlace) {
     Numbers rows;
     Make(IDD_MAIN);
     window->Show(Activation::TakeFocus);

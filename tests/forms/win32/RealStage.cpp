@@ -24,11 +24,11 @@ class RealStage : public Stage, private WindowFactory {
 public:
     WindowFactory& Windows() override { return *this; }
     MessagePump& Pump() override { return pump_; }
-    Window* Find(int dialog) override {
-        for (auto made = made_.rbegin(); made != made_.rend(); ++made)
-            if (made->first == dialog)
-                if (Window* living = DialogWindow::Of(made->second)) return living;
-        return nullptr;
+    std::vector<Window*> All(int dialog) override {
+        std::vector<Window*> all;
+        for (const auto& [made, handle] : made_)
+            if (Window* living = made == dialog ? DialogWindow::Of(handle) : nullptr) all.push_back(living);
+        return all;
     }
 
     void OnModal(int dialog, std::function<void(Window&)> user) override {
@@ -38,10 +38,11 @@ public:
         SetTimer(nullptr, 0, 10, PlayModal);
     }
 
-    void Click(Window& window, int control) override {
-        const HWND button = Control(window, control);
+    void Click(Window& window, int id) override {
+        const HWND button = Control(window, id);
         // The mouse reaches neither a disabled nor a hidden control; the message would.
         const bool reachable = IsWindowEnabled(button) && (GetWindowLongPtrW(button, GWL_STYLE) & WS_VISIBLE);
+        if (!button) SendMessageW(Handle(window), WM_COMMAND, MAKEWPARAM(id, 1), 0);
         if (reachable) SendMessageW(button, BM_CLICK, 0, 0);
         pump_.ProcessPending();
     }
@@ -53,19 +54,19 @@ public:
             SendMessageW(edit, WM_CHAR, c, 1);
         pump_.ProcessPending();
     }
+    void TypeForeign(Window& window, int control) override {
+        SendMessageW(Control(window, control), WM_CHAR, 0x041F, 1);
+    }
     void Choose(Window& window, int control, int position) override {
         const HWND list = Control(window, control);
-        if (KindOf(list) == ControlKind::TabStrip) {
+        const ControlKind kind = KindOf(list);
+        if (kind == ControlKind::TabStrip) {
             SendMessageW(list, TCM_SETCURFOCUS, static_cast<WPARAM>(position), 0);
         } else {
-            SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
-            SendMessageW(Handle(window), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
-                         reinterpret_cast<LPARAM>(list));
+            const bool isCombo = kind == ControlKind::ComboBox;
+            SendMessageW(list, isCombo ? CB_SETCURSEL : LB_SETCURSEL, static_cast<WPARAM>(position), 0);
+            Notify(window, control, isCombo ? CBN_SELCHANGE : LBN_SELCHANGE);
         }
-        pump_.ProcessPending();
-    }
-    void Command(Window& window, int command) override {
-        SendMessageW(Handle(window), WM_COMMAND, MAKEWPARAM(command, 1), 0);
         pump_.ProcessPending();
     }
     void ClickHeader(Window& window, int list, int column) override {
@@ -88,7 +89,12 @@ public:
         static constexpr WPARAM kKeys[] = {VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_HOME, VK_END};
         PressKey(Control(window, grid), kKeys[static_cast<int>(key)]);
     }
-    void PressEnter(Window& window, int grid) override { PressKey(Control(window, grid), VK_RETURN); }
+    void Open(Window& window, int control) override {
+        if (KindOf(Control(window, control)) == ControlKind::ListBox)
+            Notify(window, control, LBN_DBLCLK);
+        else
+            PressKey(Control(window, control), VK_RETURN);
+    }
     void TurnWheel(Window& window, int grid, int clicks) override {
         const auto halfClick = static_cast<WORD>(clicks < 0 ? -WHEEL_DELTA / 2 : WHEEL_DELTA / 2);
         for (int half = 0; half < 2 * std::abs(clicks); ++half)
@@ -97,6 +103,20 @@ public:
     }
     void CloseBox(Window& window) override {
         SendMessageW(Handle(window), WM_SYSCOMMAND, SC_CLOSE, 0);
+        pump_.ProcessPending();
+    }
+    void Tell(Window& window, Raised what) override {
+        const HWND handle = Handle(window);
+        switch (what) {
+        case Raised::Resumed: SendMessageW(handle, WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0); break;
+        case Raised::ClockChanged: SendMessageW(handle, WM_TIMECHANGE, 0, 0); break;
+        case Raised::SessionEnd: SendMessageW(handle, WM_ENDSESSION, TRUE, 0); break;
+        default: SendMessageW(handle, WM_ACTIVATE, WA_ACTIVE, 0);
+        }
+        pump_.ProcessPending();
+    }
+    void Tick(Window& window, int timer) override {
+        SendMessageW(Handle(window), WM_TIMER, static_cast<WPARAM>(timer), 0);
         pump_.ProcessPending();
     }
     void Wait(int milliseconds) override {
@@ -129,6 +149,16 @@ public:
         return {};
     }
 
+    std::string Day(Window& window, int grid) override {
+        wchar_t text[1000]{};
+        GetWindowTextW(Control(window, grid), text, 1000);
+        return ToCodePage(text);
+    }
+    int Focus(Window& window) override {
+        EXPECT_EQ(Handle(window), GetAncestor(GetFocus(), GA_ROOT));
+        return GetDlgCtrlID(GetFocus());
+    }
+
 private:
     static void CALLBACK PlayModal(HWND, UINT, UINT_PTR timer, DWORD) {
         Window* window = stage_->Find(stage_->modal_.first);
@@ -146,6 +176,10 @@ private:
     void PressKey(HWND control, WPARAM key) {
         PostMessageW(control, WM_KEYDOWN, key, 1);
         pump_.ProcessPending();
+    }
+    static void Notify(Window& window, int control, int notification) {
+        SendMessageW(Handle(window), WM_COMMAND, static_cast<WPARAM>(MAKELONG(control, notification)),
+                     reinterpret_cast<LPARAM>(Control(window, control)));
     }
     static HWND Handle(Window& window) { return dynamic_cast<DialogWindow&>(window).Handle(); }
     static HWND Control(Window& window, int control) { return GetDlgItem(Handle(window), control); }

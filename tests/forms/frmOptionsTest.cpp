@@ -1,9 +1,5 @@
-#include "DialogStage.h"
-#include "fakes/Sample.h"
-#include "resources/resource.h"
+#include "FormTest.h"
 #include "ui/ModalForms.h"
-
-#include <gmock/gmock.h>
 
 namespace kaz {
 namespace {
@@ -14,9 +10,9 @@ using testing::IsEmpty;
 using testing::Not;
 
 // Fred, who shares his events with Ann in "C:\Share".
-class OptionsContract : public DialogContract {
+class frmOptionsTest : public FormTest {
 protected:
-    OptionsContract() {
+    frmOptionsTest() {
         machine.files.Put("C:\\Share\\KAZShared.ini", "Fred\r\n\r\n Ann \r\n");
         machine.files.Put("C:\\KAZ\\Kaz.ini",
                           "OWNER,Fred\r\nNETWORKED,-1\r\nSHAREDDATAPATH,C:\\Share\r\nNOAUTOBACKUPS,0\r\n");
@@ -24,48 +20,49 @@ protected:
         tea.Owner("Fred");
         tea.SharedEvent = true;
         machine.files.Put("C:\\KAZ\\Events.xml", FileOf({tea}));
+        app.settingsInitialised = false;
         app.settings.LoadSettings(app.settingsFileName);
         app.ReopenDatabases();
         app.events->SaveDB();
     }
     // Opens the dialog, lets the user work in it, and opens the databases anew as its caller does.
-    bool Options(const std::function<void(Window&)>& user) {
-        stage->OnModal(IDD_OPTIONS, [&](Window& window) {
-            user(window);
-            if (window.IsVisible()) stage->Click(window, IDC_cmdAbortOptions);
+    bool Options(const std::function<void()>& user) {
+        InModal(IDD_OPTIONS, [&] {
+            user();
+            if (window->IsVisible()) Click(IDC_cmdAbortOptions);
         });
         const bool saved = ShowOptions(app);
         app.ReopenDatabases();
         return saved;
     }
-    void Save(Window& window) { stage->Click(window, IDC_cmdSaveOptions); }
-    std::string Saved(const std::string& name) const { return machine.files.Text("C:\\" + name); }
+    void Save() { Click(IDC_cmdSaveOptions); }
+    std::string Saved(const std::string& name) const { return FormTest::Saved("C:\\" + name); }
 };
 
-TEST_F(OptionsContract, ShowsTheSettingsAndStoresOnlyWhatIsSaved) {
+TEST_F(frmOptionsTest, ShowsTheSettingsAndStoresOnlyWhatIsSaved) {
     const std::string before = Saved("KAZ\\Kaz.ini");
-    EXPECT_FALSE(Options([&](Window& window) {
-        EXPECT_EQ(window.Text(IDC_txtDatapath), "C:\\KAZ");
-        EXPECT_EQ(window.Text(IDC_txtAlarmWav), "C:\\KAZ\\alarm.wav");
-        EXPECT_EQ(window.Text(IDC_txtOwner), "Fred");
-        EXPECT_TRUE(window.Checked(IDC_optUSDate));
-        EXPECT_TRUE(window.Checked(IDC_optNetworked));
-        EXPECT_FALSE(window.Enabled(IDC_chkPruneBackups));
-        EXPECT_THAT(window.Items(IDC_lstSharedUsers), ElementsAre("Fred", "Ann"));
-        stage->Click(window, IDC_optSingle);
-        EXPECT_FALSE(window.Enabled(IDC_txtOwner));
-        stage->Click(window, IDC_chkNoSound);
-        stage->CloseBox(window);
+    EXPECT_FALSE(Options([&] {
+        EXPECT_EQ(Text(IDC_txtDatapath), "C:\\KAZ");
+        EXPECT_EQ(Text(IDC_txtAlarmWav), "C:\\KAZ\\alarm.wav");
+        EXPECT_EQ(Text(IDC_txtOwner), "Fred");
+        EXPECT_TRUE(window->Checked(IDC_optUSDate));
+        EXPECT_TRUE(window->Checked(IDC_optNetworked));
+        EXPECT_FALSE(window->Enabled(IDC_chkPruneBackups));
+        EXPECT_THAT(window->Items(IDC_lstSharedUsers), ElementsAre("Fred", "Ann"));
+        Click(IDC_optSingle);
+        EXPECT_FALSE(window->Enabled(IDC_txtOwner));
+        Click(IDC_chkNoSound);
+        stage->CloseBox(*window);
     }));
     EXPECT_EQ(Saved("KAZ\\Kaz.ini"), before);
 
     machine.dialogs.files = {"D:\\bell.wav"};
-    EXPECT_TRUE(Options([&](Window& window) {
-        stage->Click(window, IDC_cmdPickAlarmWav);
-        stage->Click(window, IDC_optEuroDate);
-        stage->Click(window, IDC_chkSilentStart);
-        stage->Type(window, IDC_txtSecondBackup, "D:/Copies\\");
-        Save(window);
+    EXPECT_TRUE(Options([&] {
+        Click(IDC_cmdPickAlarmWav);
+        Click(IDC_optEuroDate);
+        Click(IDC_chkSilentStart);
+        Type(IDC_txtSecondBackup, "D:/Copies\\");
+        Save();
     }));
     EXPECT_THAT(Told(), ElementsAre("Cannot find specified WAV file. Sounds disabled."));
     EXPECT_THAT(Saved("KAZ\\Kaz.ini"), HasSubstr("DATESTYLE,1\r\n"));
@@ -75,11 +72,11 @@ TEST_F(OptionsContract, ShowsTheSettingsAndStoresOnlyWhatIsSaved) {
     EXPECT_TRUE(app.settingsInitialised);
 }
 
-TEST_F(OptionsContract, AnotherIdTakesTheEventsAlongAndPublishesThemAnew) {
+TEST_F(frmOptionsTest, AnotherIdTakesTheEventsAlongAndPublishesThemAnew) {
     EXPECT_THAT(Saved("Share\\Shared_Fred.xml"), HasSubstr("Tea"));
-    EXPECT_TRUE(Options([&](Window& window) {
-        stage->Type(window, IDC_txtOwner, " Dad ");
-        Save(window);
+    EXPECT_TRUE(Options([&] {
+        Type(IDC_txtOwner, " Dad ");
+        Save();
     }));
     EXPECT_THAT(Saved("KAZ\\Events.xml"), HasSubstr("<Owner>Dad</Owner>"));
     EXPECT_THAT(Saved("Share\\Shared_Fred.xml"), Not(HasSubstr("Tea")));
@@ -87,22 +84,22 @@ TEST_F(OptionsContract, AnotherIdTakesTheEventsAlongAndPublishesThemAnew) {
 
     // The old folder does not keep what the new one has.
     machine.files.CreateFolder("C:\\Other");
-    EXPECT_TRUE(Options([&](Window& window) {
-        stage->Type(window, IDC_txtSharedDBPath, "C:/Other\\");
-        Save(window);
+    EXPECT_TRUE(Options([&] {
+        Type(IDC_txtSharedDBPath, "C:/Other\\");
+        Save();
     }));
     EXPECT_THAT(Saved("Share\\Shared_Dad.xml"), Not(HasSubstr("Tea")));
     EXPECT_THAT(Saved("Other\\Shared_Dad.xml"), HasSubstr("Tea"));
 
-    EXPECT_TRUE(Options([&](Window& window) {
+    EXPECT_TRUE(Options([&] {
         // An empty ID that cannot be typed any more is no question.
-        stage->Type(window, IDC_txtOwner, "");
-        stage->Click(window, IDC_optSingle);
-        EXPECT_EQ(window.Text(IDC_txtOwner), "Single");
-        stage->Click(window, IDC_optNetworked);
-        EXPECT_EQ(window.Text(IDC_txtOwner), "");
-        stage->Click(window, IDC_optSingle);
-        Save(window);
+        Type(IDC_txtOwner, "");
+        Click(IDC_optSingle);
+        EXPECT_EQ(Text(IDC_txtOwner), "Single");
+        Click(IDC_optNetworked);
+        EXPECT_EQ(Text(IDC_txtOwner), "");
+        Click(IDC_optSingle);
+        Save();
     }));
     EXPECT_EQ(app.Owner(), "Single");
     EXPECT_THAT(Saved("KAZ\\Events.xml"), HasSubstr("<Owner>Single</Owner>"));
@@ -110,7 +107,7 @@ TEST_F(OptionsContract, AnotherIdTakesTheEventsAlongAndPublishesThemAnew) {
     EXPECT_THAT(Told(), IsEmpty());
 }
 
-TEST_F(OptionsContract, WhatCannotBeUsedIsToldAndNothingIsStored) {
+TEST_F(frmOptionsTest, WhatCannotBeUsedIsToldAndNothingIsStored) {
     machine.files.Put("C:\\file", "");
     machine.files.CreateFolder("C:\\Guarded");
     machine.files.At("C:\\Guarded").readOnly = true;
@@ -134,10 +131,10 @@ TEST_F(OptionsContract, WhatCannotBeUsedIsToldAndNothingIsStored) {
         {IDC_txtDatapath, "C:\\Guarded", "no right to write"},
     };
     for (const auto& each : cases) {
-        EXPECT_FALSE(Options([&](Window& window) {
-            stage->Type(window, each.control, each.typed);
-            Save(window);
-            EXPECT_TRUE(window.IsVisible()) << each.typed;
+        EXPECT_FALSE(Options([&] {
+            Type(each.control, each.typed);
+            Save();
+            EXPECT_TRUE(window->IsVisible()) << each.typed;
         }));
         const auto told = Told();
         if (*each.told) {
@@ -153,17 +150,17 @@ TEST_F(OptionsContract, WhatCannotBeUsedIsToldAndNothingIsStored) {
     // The usual sound is beside the settings, wherever the data are.
     machine.files.CreateFolder("C:\\Data");
     app.settings.StoreSetting("DataPath", std::string("C:\\Data"));
-    EXPECT_TRUE(Options([&](Window& window) { Save(window); }));
+    EXPECT_TRUE(Options([&] { Save(); }));
     EXPECT_THAT(Told(), IsEmpty());
     EXPECT_FALSE(app.settings.Flag("NoSounds"));
 }
 
-TEST_F(OptionsContract, AnotherDataFolderNeverLosesEvents) {
+TEST_F(frmOptionsTest, AnotherDataFolderNeverLosesEvents) {
     machine.dialogs.yesNo = {true, false, true, true};
     const auto moveTo = [&](const std::string& folder) {
-        return Options([&](Window& window) {
-            stage->Type(window, IDC_txtDatapath, folder);
-            Save(window);
+        return Options([&] {
+            Type(IDC_txtDatapath, folder);
+            Save();
         });
     };
     EXPECT_TRUE(moveTo("C:\\Empty\\"));  // created, nothing copied
@@ -190,29 +187,29 @@ TEST_F(OptionsContract, AnotherDataFolderNeverLosesEvents) {
     EXPECT_THAT(Saved("Copy\\Events.xml"), HasSubstr("New"));
 }
 
-TEST_F(OptionsContract, TheListOfUsersIsThatOfTheTypedFolder) {
+TEST_F(frmOptionsTest, TheListOfUsersIsThatOfTheTypedFolder) {
     machine.files.CreateFolder("C:\\Other");
     machine.dialogs.yesNo = {false, true};
-    Options([&](Window& window) {
-        stage->Type(window, IDC_txtSharedDBPath, "C:\\Other");
-        stage->Click(window, IDC_cmdReload);
-        EXPECT_THAT(window.Items(IDC_lstSharedUsers), IsEmpty());
-        stage->Type(window, IDC_txtOwner, "");
-        stage->Click(window, IDC_cmdAddUser);
+    Options([&] {
+        Type(IDC_txtSharedDBPath, "C:\\Other");
+        Click(IDC_cmdReload);
+        EXPECT_THAT(window->Items(IDC_lstSharedUsers), IsEmpty());
+        Type(IDC_txtOwner, "");
+        Click(IDC_cmdAddUser);
         for (const char* id : {"Dad", "Mum", "Tim", "dad ", "a/b"}) {
-            stage->Type(window, IDC_txtOwner, id);
-            stage->Click(window, IDC_cmdAddUser);
+            Type(IDC_txtOwner, id);
+            Click(IDC_cmdAddUser);
         }
-        stage->Click(window, IDC_cmdDel);  // nothing selected
+        Click(IDC_cmdDel);  // nothing selected
         EXPECT_THAT(Told(), ElementsAre("You need to enter an ID before you can add it",
                                         HasSubstr("\"a/b\" cannot be used"), HasSubstr("Select the users")));
-        window.SetSelection(IDC_lstSharedUsers, {0, 2});
-        stage->Click(window, IDC_cmdDel);  // No
-        EXPECT_THAT(window.Items(IDC_lstSharedUsers), ElementsAre("Dad", "Mum", "Tim"));
-        window.SetSelection(IDC_lstSharedUsers, {0, 2});
-        stage->Click(window, IDC_cmdDel);
+        window->SetSelection(IDC_lstSharedUsers, {0, 2});
+        Click(IDC_cmdDel);  // No
+        EXPECT_THAT(window->Items(IDC_lstSharedUsers), ElementsAre("Dad", "Mum", "Tim"));
+        window->SetSelection(IDC_lstSharedUsers, {0, 2});
+        Click(IDC_cmdDel);
         machine.files.At("C:\\Other\\KAZShared.ini").locked = true;
-        stage->Click(window, IDC_cmdReload);
+        Click(IDC_cmdReload);
         EXPECT_THAT(Told(), ElementsAre(HasSubstr("could not be read or written: Permission denied")));
     });
     EXPECT_EQ(Saved("Other\\KAZShared.ini"), "Mum\r\n");

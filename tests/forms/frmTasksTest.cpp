@@ -1,11 +1,6 @@
 #include "ui/tasks/frmTasks.h"
 
-#include "core/Application.h"
-#include "fakes/FakePlatform.h"
-
-#include <gmock/gmock.h>
-
-#include <utility>
+#include "FormTest.h"
 
 namespace kaz {
 namespace {
@@ -23,84 +18,93 @@ std::string FileOf(const std::vector<std::string>& tasks) {
     return text + "\t</TASK>\r\n</KAZ2>\r\n";
 }
 
-class Tasks : public testing::Test {
+class frmTasksTest : public FormTest {
 protected:
-    FakeWindow& Open() {
+    void Open() {
         ShowTasks(app);
-        return *machine.windows.Newest(IDD_TASKS);
+        TurnTo(IDD_TASKS);
     }
-    static std::vector<std::string> Shown(const FakeWindow& window) { return window.Items(IDC_lst_tasks); }
-    std::string OnDisk() { return machine.files.Text(kFile); }
+    std::vector<std::string> Shown() { return window->Items(IDC_lst_tasks); }
+    std::string OnDisk() { return Saved(kFile); }
     std::string LastMessage() {
         return machine.dialogs.messages.empty() ? "" : machine.dialogs.messages.back();
     }
-
-    FakePlatform machine;
-    Application app{machine.Services()};
 };
 
-TEST_F(Tasks, EachChangeIsSavedAtOnce) {
-    FakeWindow& window = Open();
+TEST_F(frmTasksTest, EachChangeIsShownAndSavedAtOnce) {
+    Open();
+    EXPECT_TRUE(window->IsVisible());
     for (const int button : {IDC_cmd_change, IDC_cmd_delete})
-        window.Click(button);
-    EXPECT_THAT(std::exchange(machine.dialogs.messages, {}), testing::Each("Please select a task first"));
+        Click(button);
+    EXPECT_THAT(Told(), testing::Each("Please select a task first"));
     machine.dialogs.inputs = {"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread", "", std::nullopt};
     for (int i = 0; i < 5; ++i)
-        window.Click(IDC_cmd_add);
+        Click(IDC_cmd_add);
     EXPECT_EQ("Enter a task|Enter a todo item:|", machine.dialogs.questions.front());
+    EXPECT_THAT(Shown(), ElementsAre("Milk", "Caf\xE9 & <b>\x81 %41", "Bread"));
+    EXPECT_EQ(2, window->Selected(IDC_lst_tasks));
     EXPECT_EQ(FileOf({"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread"}), OnDisk());
 
-    window.Choose(IDC_lst_tasks, 1);
+    Choose(IDC_lst_tasks, 1);
     machine.dialogs.inputs = {"two\r\nlines", "a</details>b", "Tea"};
-    window.Raise(IDC_lst_tasks, Raised::DoubleClick);
-    EXPECT_THAT(machine.dialogs.messages,
-                ElementsAre("A task must be a single line.", HasSubstr("\"</DETAILS>\"")));
+    stage->Open(*window, IDC_lst_tasks);
+    EXPECT_THAT(Told(), ElementsAre("A task must be a single line.", HasSubstr("\"</DETAILS>\"")));
     EXPECT_EQ("Change Task|Enter a todo item:|a</details>b", machine.dialogs.questions.back());
+    EXPECT_EQ("Tea", Text(IDC_lst_tasks));
     EXPECT_EQ(FileOf({"Milk", "Tea", "Bread"}), OnDisk());
-    for (int i = 0; i < 3; ++i)
-        window.Click(IDC_cmd_delete);
+    Click(IDC_cmd_delete);
+    EXPECT_EQ("Bread", Text(IDC_lst_tasks));
+    for (int i = 0; i < 2; ++i)
+        Click(IDC_cmd_delete);
     EXPECT_EQ(FileOf({}), OnDisk());
+
+    window->Hide();
+    ShowTasks(app);
+    EXPECT_TRUE(window->IsVisible());
+    stage->CloseBox(*window);
+    app.openWindows.UnloadAll();
+    EXPECT_EQ(nullptr, stage->Find(IDD_TASKS));
 }
 
-TEST_F(Tasks, TheOldPlainFileIsReadUntilThereIsAnother) {
+TEST_F(frmTasksTest, TheOldPlainFileIsReadUntilThereIsAnother) {
     machine.files.Put(kPlainFile, "Milk\r\n\r\nBread\nTea");
-    FakeWindow& window = Open();
-    EXPECT_THAT(Shown(window), ElementsAre("Milk", "", "Bread", "Tea"));
-    EXPECT_EQ(0, window.Selected(IDC_lst_tasks));
+    Open();
+    EXPECT_THAT(Shown(), ElementsAre("Milk", "", "Bread", "Tea"));
+    EXPECT_EQ(0, window->Selected(IDC_lst_tasks));
     EXPECT_EQ(PathKind::Missing, machine.files.Kind(kFile));
-    window.Click(IDC_cmd_delete);
+    Click(IDC_cmd_delete);
     EXPECT_EQ(FileOf({"", "Bread", "Tea"}), OnDisk());
     machine.files.Put(kFile, "<task><details>a<DETAILS>b</Details>junk<DETAILS>open\r\n\t</TASK>");
     ShowTasks(app);
-    EXPECT_THAT(Shown(window), ElementsAre("ab", "open"));
+    EXPECT_THAT(Shown(), ElementsAre("ab", "open"));
     // What was not understood of somebody's own editing is kept beside.
-    window.Click(IDC_cmd_delete);
+    Click(IDC_cmd_delete);
     EXPECT_THAT(machine.files.Text("C:\\KAZ\\tasklist.bak"), HasSubstr("junk"));
 }
 
-TEST_F(Tasks, WhatOthersWriteMeanwhileIsNeitherOverwrittenNorMistaken) {
+TEST_F(frmTasksTest, WhatOthersWriteMeanwhileIsNeitherOverwrittenNorMistaken) {
     machine.files.Put(kFile, FileOf({"Milk", "Bread"}));
-    FakeWindow& window = Open();
+    Open();
     machine.files.Put(kFile, FileOf({"Ann's", "Milk", "Bread"}));
     machine.dialogs.inputs = {"Mine"};
-    window.Click(IDC_cmd_add);
+    Click(IDC_cmd_add);
     EXPECT_EQ(FileOf({"Ann's", "Milk", "Bread", "Mine"}), OnDisk());
-    window.Choose(IDC_lst_tasks, 1);
+    Choose(IDC_lst_tasks, 1);
     machine.files.Put(kFile, FileOf({"Bread", "Milk"}));
-    window.Click(IDC_cmd_delete);  // the task that was chosen, wherever it is now
+    Click(IDC_cmd_delete);  // the task that was chosen, wherever it is now
     EXPECT_EQ(FileOf({"Bread"}), OnDisk());
     for (const int button : {IDC_cmd_delete, IDC_cmd_change}) {
         machine.dialogs.messages.clear();
-        window.Choose(IDC_lst_tasks, 0);
+        Choose(IDC_lst_tasks, 0);
         machine.files.Put(kFile, FileOf({"Changed " + std::to_string(button)}));
         machine.dialogs.inputs = {"Typed"};
-        window.Click(button);
+        Click(button);
         EXPECT_THAT(LastMessage(), HasSubstr("Somebody else"));
     }
     EXPECT_EQ(FileOf({"Changed " + std::to_string(IDC_cmd_change), "Typed"}), OnDisk());
 }
 
-TEST_F(Tasks, ADamagedFileIsToldAndLeftAlone) {
+TEST_F(frmTasksTest, ADamagedFileIsToldAndLeftAlone) {
     const std::string whole = FileOf({"Milk", "Bread"});
     std::string wide;
     for (const char c : whole)
@@ -114,17 +118,17 @@ TEST_F(Tasks, ADamagedFileIsToldAndLeftAlone) {
             if (text.empty() && !isRunning) continue;
             SCOPED_TRACE(text + (isRunning ? ", running" : ", at the start"));
             machine.files.Put(kFile, isRunning ? whole : text);
-            FakeWindow& window = Open();
+            Open();
             machine.files.Put(kFile, text);
-            EXPECT_EQ(nullptr, machine.windows.Newest(IDD_ERRORREPORT));
+            EXPECT_EQ(nullptr, stage->Find(IDD_ERRORREPORT));
             EXPECT_EQ(isRunning ? 0U : 1U, machine.dialogs.messages.size());
             machine.dialogs.inputs = {"Tea"};
-            window.Click(IDC_cmd_add);
+            Click(IDC_cmd_add);
             EXPECT_EQ(text, OnDisk());
-            EXPECT_THAT(Shown(window), testing::Contains("Tea"));
+            EXPECT_THAT(Shown(), testing::Contains("Tea"));
             EXPECT_THAT(LastMessage(), HasSubstr("the file is damaged"));
             machine.files.Put(kFile, whole);
-            window.Click(IDC_Cmd_exit);
+            Click(IDC_Cmd_exit);
             EXPECT_EQ(FileOf({"Milk", "Bread", "Tea"}), OnDisk());
             app.openWindows.UnloadAll();
             machine.dialogs.messages.clear();
@@ -132,47 +136,47 @@ TEST_F(Tasks, ADamagedFileIsToldAndLeftAlone) {
 }
 
 // Whichever operation fails, for once or from then on: nothing that was there or typed is lost.
-TEST_F(Tasks, AFailureLosesNothing) {
+TEST_F(frmTasksTest, AFailureLosesNothing) {
     for (const auto lasts : {FaultInjector::Lasts::Once, FaultInjector::Lasts::FromThenOn})
         for (int fault = 1, struck = true; struck; ++fault) {
             machine.files.Put(kFile, FileOf({"Milk"}));
             machine.files.faults.FailAt(fault, ErrorNumber::DiskFull, lasts);
-            FakeWindow& window = Open();
+            Open();
             machine.dialogs.inputs = {"Bread", "Tea"};
-            window.Click(IDC_cmd_add);
-            EXPECT_THAT(Shown(window), testing::Contains("Bread")) << fault;
+            Click(IDC_cmd_add);
+            EXPECT_THAT(Shown(), testing::Contains("Bread")) << fault;
             struck = machine.files.faults.Struck();
             if (machine.dialogs.messages.empty()) {
                 EXPECT_EQ(FileOf({"Milk", "Bread"}), OnDisk()) << fault;
             }
             if (lasts == FaultInjector::Lasts::FromThenOn && struck) {
                 EXPECT_EQ(FileOf({"Milk"}), OnDisk());
-                window.Click(IDC_Cmd_exit);  // asks, and the user stays
+                Click(IDC_Cmd_exit);  // asks, and the user stays
                 EXPECT_THAT(machine.dialogs.questions.back(), HasSubstr("without your last changes"));
             }
             machine.files.faults.FailAt(0);
-            window.Click(IDC_cmd_add);
+            Click(IDC_cmd_add);
             EXPECT_EQ(FileOf({"Milk", "Bread", "Tea"}), OnDisk()) << fault;
-            window.Click(IDC_Cmd_exit);
+            Click(IDC_Cmd_exit);
             app.openWindows.UnloadAll();
             machine.dialogs.messages.clear();
         }
 }
 
-TEST_F(Tasks, PrintingTellsWhatGoesWrong) {
+TEST_F(frmTasksTest, PrintingTellsWhatGoesWrong) {
     machine.files.Put(kFile, FileOf({"Milk", "Bread"}));
-    FakeWindow& window = Open();
+    Open();
     machine.printer.cancelled = true;
-    window.Click(IDC_cmd_printTasks);
+    Click(IDC_cmd_printTasks);
     EXPECT_THAT(machine.dialogs.messages, testing::IsEmpty());
     machine.printer.cancelled = false;
     for (bool* trouble : {&machine.printer.missing, &machine.printer.broken}) {
         *trouble = true;
-        window.Click(IDC_cmd_printTasks);
+        Click(IDC_cmd_printTasks);
         EXPECT_THAT(LastMessage(), HasSubstr("Nothing was printed. The"));
         *trouble = false;
     }
-    window.Click(IDC_cmd_printTasks);
+    Click(IDC_cmd_printTasks);
     EXPECT_EQ("Tasks", machine.printer.asked.back());
     ASSERT_EQ(1U, machine.printer.printed.size());
     std::string texts;

@@ -3,8 +3,9 @@
 #include "fakes/FakeWindowFactory.h"
 #include "resources/resource.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace kaz {
@@ -12,38 +13,53 @@ namespace kaz {
 namespace {
 
 // What the real window knows from its template.
-constexpr int kCheckBoxes[] = {IDC_chkExpired, IDC_chkNoSound, IDC_chkSilentStart,
-                               IDC_chkTimed,   IDC_chkShared,  IDC_chkSpecificShare};
-constexpr std::pair<int, int> kOptionPairs[] = {{IDC_optSingle, IDC_optNetworked},
-                                                {IDC_optUSDate, IDC_optEuroDate}};
+bool IsCheckBox(int control) {
+    static constexpr int kCheckBoxes[] = {IDC_chkExpired,       IDC_chkNoSound, IDC_chkSilentStart,
+                                          IDC_chkTimed,         IDC_chkShared,  IDC_chkEmailTo,
+                                          IDC_chkSpecificShare, IDC_chkRunFile, IDC_chkMakeNoise};
+    return (control >= IDC_chkDay && control < IDC_chkDay + 7) ||
+           std::ranges::count(kCheckBoxes, control) > 0;
+}
+constexpr std::pair<int, int> kOptionPairs[] = {
+    {IDC_optSingle, IDC_optNetworked}, {IDC_optUSDate, IDC_optEuroDate}, {IDC_optRepeat, IDC_optShowOnce}};
 
 class FakeStage : public Stage {
 public:
     WindowFactory& Windows() override { return windows_; }
     MessagePump& Pump() override { return pump_; }
-    Window* Find(int dialog) override { return windows_.Newest(dialog); }
+    std::vector<Window*> All(int dialog) override {
+        const auto all = windows_.All(dialog);
+        return {all.begin(), all.end()};
+    }
 
-    void OnModal(int, std::function<void(Window&)> user) override { windows_.OnModal(std::move(user)); }
+    void OnModal(int dialog, std::function<void(Window&)> user) override {
+        windows_.OnModal([dialog, user = std::move(user)](FakeWindow& window) {
+            EXPECT_EQ(dialog, window.Dialog());
+            user(window);
+        });
+    }
 
-    void Click(Window& window, int control) override {
+    void Click(Window& window, int id) override {
         for (const auto& [one, other] : kOptionPairs)
-            if (control == one || control == other) return Fake(window).Pick(control, {one, other});
-        const bool isCheckBox = std::ranges::find(kCheckBoxes, control) != std::end(kCheckBoxes);
-        isCheckBox ? Fake(window).Toggle(control) : Fake(window).Click(control);
+            if (id == one || id == other) return Fake(window).Pick(id, {one, other});
+        IsCheckBox(id) ? Fake(window).Toggle(id) : Fake(window).Click(id);
     }
     void Type(Window& window, int control, const std::string& text) override {
         Fake(window).Type(control, text);
     }
+    void TypeForeign(Window& window, int control) override { Fake(window).unreadable = control; }
     void Choose(Window& window, int control, int position) override {
         Fake(window).Choose(control, position);
     }
-    void Command(Window& window, int command) override { Fake(window).Click(command); }
     void ClickHeader(Window& window, int list, int column) override {
         Fake(window).Raise(list, Raised::ColumnClick, column);
     }
     void SelectRows(Window& window, int list, const std::vector<int>& rows) override {
         Fake(window).Report(list).UserSelects(rows);
         Fake(window).Raise(list, Raised::Select);
+    }
+    void Open(Window& window, int control) override {
+        Fake(window).Raise(control, Raised::DoubleClick, Fake(window).Grid(control).Selected());
     }
     void Press(Window& window, int grid, DayKey key) override {
         DayCursor& cursor = Fake(window).Grid(grid).Cursor();
@@ -53,11 +69,10 @@ public:
         else if (cursor.Selected() != before)
             Fake(window).Raise(grid, Raised::Select, cursor.Selected());
     }
-    void PressEnter(Window& window, int grid) override {
-        Fake(window).Raise(grid, Raised::DoubleClick, window.Grid(grid).Selected());
-    }
     void TurnWheel(Window& window, int, int clicks) override { Fake(window).Raise(0, Raised::Wheel, clicks); }
     void CloseBox(Window& window) override { Fake(window).CloseBox(); }
+    void Tell(Window& window, Raised what) override { Fake(window).Raise(0, what); }
+    void Tick(Window& window, int timer) override { EXPECT_TRUE(Fake(window).Tick(timer)) << timer; }
     void Wait(int milliseconds) override { windows_.Advance(milliseconds); }
 
     std::vector<std::string> Column(Window& window, int list, int column) override {
@@ -68,6 +83,11 @@ public:
         if (report.sortColumn < 0) return {};
         return std::to_string(report.sortColumn) + (report.sortAscending ? " up" : " down");
     }
+    std::string Day(Window& window, int grid) override {
+        const FakeDayGrid& days = Fake(window).Grid(grid);
+        return days.Days().WholeDay(days.Selected());
+    }
+    int Focus(Window& window) override { return Fake(window).focus; }
 
 private:
     static FakeWindow& Fake(Window& window) { return dynamic_cast<FakeWindow&>(window); }

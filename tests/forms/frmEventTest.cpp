@@ -1,0 +1,331 @@
+#include "ui/event/frmEvent.h"
+
+#include "FormTest.h"
+#include "ui/event/EventEditorDialog.h"
+
+namespace kaz {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+using User = std::function<void()>;
+
+class frmEventTest : public FormTest {
+protected:
+    frmEventTest() {
+        app.settings.StoreSetting("DateStyle", std::int16_t{1});
+        app.settings.StoreSetting("SharedDataPath", std::string("C:\\Share"));
+        machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
+    }
+    // The user works, presses Save and, should the dialog still be open, Abort.
+    bool Edit(clsEvent& event, const User& user, EditMode mode = EditMode::Whole) {
+        InModal(IDD_EVENT, [&] {
+            user();
+            Click(IDC_cmdSave);
+            Click(IDC_cmdAbort);
+        });
+        return EventEditorDialog(app).Edit(event, mode);
+    }
+};
+
+clsEvent OfKind(std::int32_t type) {
+    clsEvent event = Daily("000007", "Caf\xE9\r\nand cake", DateValue(45010), 3);
+    event.RecurrenceType(type);
+    event.Owner("Smith");
+    event.Layer(3);
+    event.DaysWarning(5);
+    event.WeekDays(2 + 128);
+    event.DayOfMonth(31);
+    event.MonthNumber(type == RecurDayOfMonth ? kEveryMonthByDay : kEveryMonthByWeekday);
+    event.Daynumber(5);
+    event.DayOfWeek(7);
+    return event;
+}
+
+TEST_F(frmEventTest, AnEventOfEachKindIsOpenedChangedAndSaved) {
+    app.settings.StoreSetting("Networked", true);
+    constexpr int kFields[] = {IDC_chkDay,          IDC_txtDayOfMonth, IDC_txtMonthlyPeriod,
+                               IDC_txtWeeklyPeriod, IDC_lstDayName,    IDC_txtDailyPeriod};
+    for (std::int32_t type = RecurWeekdays; type <= RecurEveryNDays; ++type) {
+        clsEvent event = OfKind(type);
+        event.PlayWav = event.ExecFile = event.SharedEvent = event.ShareWithSpecific = true;
+        event.WavFile = "C:\\Sounds\\bell.wav";
+        event.Filename = "C:\\list.txt";
+        event.Email = "ann@example.org;bob@example.org";
+        event.ShareNames = "Ann\r\nCid\r\n";  // one of whom is not in the list of the folder
+        clsEvent expected = event;
+        EXPECT_TRUE(Edit(event, [] {}));
+        EXPECT_EQ(FileOf({expected}), FileOf({event})) << type << " untouched";
+        EXPECT_TRUE(Edit(event, [&] {
+            EXPECT_EQ(type, window->Selected(IDC_TabStrip1));
+            for (int tab = 0; tab < 6; ++tab)
+                EXPECT_EQ(tab == type, window->ControlVisible(kFields[tab])) << tab;
+            EXPECT_NE("", Text(IDC_lblPreview));
+            EXPECT_FALSE(window->Enabled(IDC_txtTime));
+            Click(IDC_chkTimed);
+            Type(IDC_txtTime, "08;15");
+            Type(IDC_txtMinutesWarning, "20");
+            EXPECT_EQ("(Alarm will sound at 7:55am)", Text(IDC_lblAlarmAdvice));
+            Choose(IDC_cmbLayers, 4);
+        }));
+        expected.AlarmSet(true);
+        expected.DueTime(DateValue::FromTime(8, 15));
+        expected.MinutesWarning(20);
+        expected.AlarmTime(DateValue::FromTime(7, 55));
+        expected.Layer(4);
+        EXPECT_EQ(FileOf({expected}), FileOf({event})) << type;
+    }
+    clsEvent unknown = OfKind(9);
+    EXPECT_TRUE(Edit(unknown, [] {}));
+    EXPECT_EQ(9, unknown.RecurrenceType());
+    EXPECT_THAT(Told(), IsEmpty());
+}
+
+TEST_F(frmEventTest, SaysWhatIsWrongAtTheFieldInFaultAndLosesNothing) {
+    const std::string tag = ", which has a meaning in the event file.";
+    const struct {
+        std::int32_t type;
+        int control;
+        std::vector<std::string> texts;
+        std::string message;
+    } cases[] = {
+        {0,
+         IDC_txtTime,
+         {"7:30", "07.30", "24:00", "12:60", "+1:30", ""},
+         "Please specify a time in the range of 00:00 to 23:59"},
+        {0, IDC_txtMinutesWarning, {"61", "99999"}, "Maximum warning is 60 minutes"},
+        {0,
+         IDC_txtMinutesWarning,
+         {"-1", "1.5", "x"},
+         "Please enter the minutes of warning as a whole number from 0 to 60"},
+        {0,
+         IDC_txtDaysWarning,
+         {"x", "-1", "32768"},
+         "Please enter the days of warning as a whole number from 0 to 32767"},
+        {0, IDC_txtEmailAlert, {"a\r\nb"}, "The e-mail address must be a single line."},
+        {0, IDC_txtEmailAlert, {"<a</eMail>"}, "The e-mail address must not contain \"</eMail>\"" + tag},
+        {0, IDC_lblWavFile, {"a<Event>"}, "The name of the sound file must not contain \"<Event>\"" + tag},
+        {1, IDC_txtDayOfMonth, {"", "x", "0", "32"}, "Please enter a valid day of the month"},
+        {2, IDC_txtMonthlyPeriod, {"x", ""}, "Please enter a number in the repeat box"},
+        {3, IDC_txtWeeklyPeriod, {"4682"}, "Please enter a whole number from 1 to 4681 in the repeat box"},
+        {5,
+         IDC_txtDailyPeriod,
+         {"0", "-1", "1.5", "99999"},
+         "Please enter a whole number from 1 to 32767 in the repeat box"},
+    };
+    const auto expectRefused = [this](int control, const std::string& message, const std::string& text) {
+        Told();
+        Click(IDC_cmdSave);
+        EXPECT_THAT(Told(), ElementsAre(HasSubstr(message))) << text;
+        EXPECT_EQ(control, stage->Focus(*window)) << text;
+    };
+    for (const auto& bad : cases) {
+        clsEvent event = OfKind(bad.type);
+        event.AlarmSet(true);
+        const std::string before = FileOf({event});
+        EXPECT_FALSE(Edit(event, [&] {
+            for (const std::string& text : bad.texts) {
+                window->SetText(bad.control, text);
+                expectRefused(bad.control, bad.message, text);
+            }
+        }));
+        EXPECT_EQ(before, FileOf({event}));
+    }
+    clsEvent event = OfKind(RecurWeekdays);
+    machine.dialogs.files = {"C:\\KAZ"};
+    EXPECT_FALSE(Edit(event, [&] {
+        Click(IDC_cmdPickWav);
+        expectRefused(IDC_cmdPickWav, "\"C:\\KAZ\" is a folder. Please choose a sound file.", "");
+        window->SetText(IDC_lblWavFile, "");
+        Click(IDC_chkRunFile);
+        expectRefused(IDC_cmdPickFile, "Please choose the file to run", "");
+        Click(IDC_chkRunFile);
+        Click(IDC_chkDay);
+        Click(IDC_chkDay + 6);
+        expectRefused(IDC_chkDay, "Please select at least one day of the week", "");
+        Choose(IDC_TabStrip1, RecurEveryNDays);
+        window->SetText(IDC_lblDailyStartDate, "");
+        expectRefused(IDC_lblDailyStartDate, "Please enter a valid starting date", "");
+        stage->TypeForeign(*window, IDC_txtDesc);
+        expectRefused(IDC_txtDesc, "U+041F", "");
+    }));
+}
+
+TEST_F(frmEventTest, TakesTimesAndNumbersInEveryFormThatIsMeant) {
+    clsEvent event = OfKind(RecurEveryNWeeks);
+    EXPECT_TRUE(Edit(event, [&] {
+        Click(IDC_chkTimed);
+        Type(IDC_txtTime, "0");
+        EXPECT_EQ("", Text(IDC_lblAlarmAdvice));
+        Type(IDC_txtTime, "00:30");
+        Type(IDC_txtMinutesWarning, "60");
+        EXPECT_EQ("(Alarm will sound at 11:30pm)", Text(IDC_lblAlarmAdvice));
+        EXPECT_NE("", Text(IDC_lblPreviewWarning));
+        Type(IDC_txtTime, " 08;15 ");
+        EXPECT_EQ("", Text(IDC_lblPreviewWarning));
+        Type(IDC_txtWeeklyPeriod, " 4681 ");
+        Type(IDC_txtDaysWarning, "");
+    }));
+    EXPECT_EQ(DateValue::FromTime(8, 15), event.DueTime());
+    EXPECT_EQ(DateValue::FromTime(7, 15), event.AlarmTime());
+    EXPECT_EQ(4681, event.Period());
+    EXPECT_EQ(0, event.DaysWarning());
+    // Without the alarm nothing of it is looked at.
+    EXPECT_TRUE(Edit(event, [&] {
+        Click(IDC_chkTimed);
+        EXPECT_EQ("", Text(IDC_lblAlarmAdvice));
+        window->SetText(IDC_txtTime, "x");
+        window->SetText(IDC_txtMinutesWarning, "");
+    }));
+    EXPECT_FALSE(event.AlarmSet());
+    EXPECT_EQ(DateValue::FromTime(8, 15), event.DueTime());
+}
+
+TEST_F(frmEventTest, ANewEventIsOfferedWhatSuitsTheDay) {
+    clsEvent event;
+    EXPECT_TRUE(Edit(event, [&] {
+        EXPECT_EQ(20U, window->Items(IDC_cmbLayers).size());
+        EXPECT_EQ("March", Text(IDC_lstMonthNames));
+        EXPECT_EQ("15", Text(IDC_txtDayOfMonth));
+        EXPECT_EQ("3rd", Text(IDC_lstDayNumber));
+        EXPECT_EQ("Wednesday", Text(IDC_lstDayName));
+        EXPECT_EQ("10:00", Text(IDC_txtTime));
+        EXPECT_EQ("Next date:  Wed 15/03/2023", Text(IDC_lblPreview));
+        for (const int control : {IDC_txtTime, IDC_cmdPickFile, IDC_txtFrequency, IDC_chkShared})
+            EXPECT_FALSE(window->Enabled(control));
+    }));
+    EXPECT_EQ(8, event.WeekDays());
+    EXPECT_EQ(1, event.Layer());
+    EXPECT_EQ("Smith", event.Owner());
+    EXPECT_FALSE(event.Recurring() || event.AlarmSet() || event.SharedEvent);
+}
+
+TEST_F(frmEventTest, TheDateOfAFrameIsAskedFor) {
+    machine.dialogs.dates = {DateValue(45056), std::nullopt};
+    clsEvent event;
+    EXPECT_TRUE(Edit(event, [&] {
+        Choose(IDC_TabStrip1, RecurEveryNDays);
+        EXPECT_EQ("", Text(IDC_lblPreview));
+        Click(IDC_lblDailyStartDate);
+        Click(IDC_lblDailyStartDate);  // and thinks better of it
+        EXPECT_EQ("10/05/2023", Text(IDC_lblDailyStartDate));
+        Type(IDC_txtDailyPeriod, "x");
+        EXPECT_EQ("", Text(IDC_lblPreview));
+        Type(IDC_txtDailyPeriod, "10");
+        Click(IDC_optRepeat);
+        EXPECT_EQ("Next dates:  Wed 10/05/2023,  Sat 20/05/2023,  Tue 30/05/2023,  Fri 09/06/2023,  "
+                  "Mon 19/06/2023",
+                  Text(IDC_lblPreview));
+    }));
+    EXPECT_EQ(RecurEveryNDays, event.RecurrenceType());
+    EXPECT_EQ(DateValue(45056), event.StartDate());
+    EXPECT_EQ(10, event.Period());
+    EXPECT_THAT(machine.dialogs.questions, Each("Enter start date for this event"));
+    EXPECT_THAT(machine.dialogs.initialDates, ElementsAre(kToday, DateValue(45056)));
+}
+
+TEST_F(frmEventTest, TicksFillWhatTheyNeed) {
+    app.settings.StoreSetting("DefaultEmail", std::string("ann@example.org"));
+    machine.dialogs.files = {"D:\\bell.wav", "D:\\list.txt"};
+    clsEvent event;
+    EXPECT_TRUE(Edit(event, [&] {
+        Click(IDC_chkEmailTo);
+        Click(IDC_chkMakeNoise);
+        EXPECT_EQ("C:\\KAZ\\alarm.wav", Text(IDC_lblWavFile));
+        Click(IDC_chkMakeNoise);
+        EXPECT_EQ("", Text(IDC_lblWavFile));
+        Click(IDC_cmdPickWav);
+        Click(IDC_chkRunFile);
+        EXPECT_NE("", Text(IDC_lblPreviewWarning));  // a file is run by the alarm only
+        Click(IDC_cmdPickFile);
+    }));
+    EXPECT_EQ("ann@example.org", event.Email);
+    EXPECT_EQ("D:\\bell.wav", event.WavFile);
+    EXPECT_TRUE(event.PlayWav && event.ExecFile);
+    EXPECT_EQ("D:\\list.txt", event.Filename);
+
+    event.IDCode = "000001";
+    EXPECT_TRUE(Edit(event, [&] {
+        Type(IDC_txtEmailAlert, "bob@example.org");
+        Click(IDC_chkRunFile);
+    }));
+    EXPECT_EQ("bob@example.org", app.settings.TextOr("DefaultEmail", ""));
+    EXPECT_EQ("", event.Filename);
+}
+
+TEST_F(frmEventTest, NoDescriptionIsCutOrChangedByBeingShown) {
+    std::string bytes;
+    for (int byte = 1; byte < 256; ++byte)
+        bytes += static_cast<char>(byte);
+    std::string lines;
+    while (lines.size() < 60000)
+        lines += "Bring the photographs, the caf\xE9 has a new wall.\r\n";
+    clsEvent event = Daily("000001", bytes, kToday);
+    EXPECT_TRUE(Edit(event, [] {}));
+    EXPECT_TRUE(bytes == event.Desc());
+    event.Desc(lines);
+    EXPECT_TRUE(Edit(event, [&] {
+        EXPECT_TRUE(lines == Text(IDC_txtDesc));
+        window->SetText(IDC_txtDesc, lines + "x");
+    }));
+    EXPECT_TRUE(lines + "x" == event.Desc());
+
+    const std::string tooLong = (lines + lines).substr(0, clsEvent::kLongestShown + 1);
+    EXPECT_FALSE(Edit(event, [&] { window->SetText(IDC_txtDesc, tooLong); }));
+    EXPECT_THAT(Told(), ElementsAre(HasSubstr("can have 100000 characters")));
+    EXPECT_TRUE(lines + "x" == event.Desc());
+    event.Desc(tooLong);
+    EXPECT_TRUE(Edit(event, [&] {
+        EXPECT_THAT(Text(IDC_txtDesc), HasSubstr("it has 100001 characters"));
+        EXPECT_FALSE(window->Enabled(IDC_txtDesc));
+        Choose(IDC_cmbLayers, 4);
+    }));
+    EXPECT_TRUE(tooLong == event.Desc());
+    EXPECT_EQ(4, event.Layer());
+}
+
+TEST_F(frmEventTest, TheSharingModeShowsAndChangesTheSharingOnly) {
+    app.settings.StoreSetting("Networked", true);
+    clsEvent event = Daily("000001", "Rent", kToday, -1);  // what is hidden is not checked
+    event.ShareNames = "BOB\r\nCid\r\n";
+    const auto sharesWithAnnAndCid = [&] {
+        EXPECT_FALSE(window->ControlVisible(IDC_txtDesc) || window->ControlVisible(IDC_TabStrip1));
+        // Of others, one who is not in the list of the folder at the moment.
+        EXPECT_THAT(window->Items(IDC_lstUsers), ElementsAre("Ann", "Bob", "Cid"));
+        EXPECT_THAT(window->Selection(IDC_lstUsers), ElementsAre(1, 2));
+        Click(IDC_chkShared);
+        EXPECT_FALSE(window->Enabled(IDC_lstUsers));
+        Click(IDC_chkSpecificShare);
+        EXPECT_TRUE(window->Enabled(IDC_lstUsers));
+        window->SetSelection(IDC_lstUsers, {0, 2});
+    };
+    EXPECT_TRUE(Edit(event, sharesWithAnnAndCid, EditMode::SharingOnly));
+    EXPECT_TRUE(event.SharedEvent && event.ShareWithSpecific);
+    EXPECT_EQ("Ann\r\nCid\r\n", event.ShareNames);
+    EXPECT_EQ(-1, event.Period());
+
+    app.settings.StoreSetting("Networked", false);
+    EXPECT_TRUE(Edit(
+        event, [&] { EXPECT_FALSE(window->Enabled(IDC_chkShared)); }, EditMode::SharingOnly));
+    EXPECT_FALSE(event.SharedEvent || event.ShareWithSpecific);
+}
+
+TEST_F(frmEventTest, TheCloseBoxAndTheEndOfTheProgramGiveUp) {
+    clsEvent event = OfKind(RecurWeekdays);
+    for (const User& end : {User([&] { stage->CloseBox(*window); }), User([&] { app.EndProgram(); })}) {
+        InModal(IDD_EVENT, [&] {
+            Type(IDC_txtDesc, "other");
+            end();
+        });
+        EXPECT_FALSE(EventEditorDialog(app).Edit(event, EditMode::Whole));
+        EXPECT_EQ(FileOf({OfKind(RecurWeekdays)}), FileOf({event}));
+        EXPECT_EQ(nullptr, stage->Find(IDD_EVENT));
+    }
+    EXPECT_EQ(0U, app.openWindows.Count());
+}
+
+}  // namespace
+}  // namespace kaz

@@ -1,0 +1,157 @@
+#include "FormTest.h"
+
+namespace kaz {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr int kInterval = 30000;
+
+class frmMainTickTest : public FormTest {
+protected:
+    clsEvent& AddAlarm(const std::string& description, int hour, int minute) {
+        clsEvent& event = Add(*app.events, description, 0);
+        return event = WithAlarm(event, hour, minute);
+    }
+};
+
+TEST_F(frmMainTickTest, NothingIsRefilledOrSavedWhileNothingHappens) {
+    Add(*app.events, "Dentist", 3);
+    OpenMainAndTick();
+    const int written = machine.files.written;
+    machine.locale.data = FakeLocale::German();  // a list that is filled now has other names of days
+    Tick();
+    Tick();
+    EXPECT_EQ(written, machine.files.written);
+    // The same day of another month is no new day.
+    machine.clock.Set(2023, 4, 15, 9);
+    Tick();
+    EXPECT_EQ("Sat", Column(kDayColumn));
+}
+
+TEST_F(frmMainTickTest, TheFirstBringsTheReminderWhichSleepsAndIsClosed) {
+    Add(*app.events, "Dentist", 0);
+    Add(*app.events, "Rent", 0);
+    OpenMain();
+    EXPECT_EQ(nullptr, stage->Find(IDD_REMINDER));
+    stage->Wait(100);
+    ASSERT_TRUE(TurnTo(IDD_REMINDER));
+    EXPECT_EQ("TODAY!", Text(0));
+    EXPECT_EQ("TODAY!", Text(IDC_lblHeading));
+    EXPECT_THAT(window->Items(IDC_lstReminders), ElementsAre("Rent", "Dentist"));
+    EXPECT_FALSE(window->IsVisible());
+    stage->Wait(2300);
+    EXPECT_TRUE(window->IsVisible());
+    Type(IDC_txtSleep, "5");
+    Click(IDC_cmdRemindMe);
+    EXPECT_FALSE(window->IsVisible());
+    window->Show(Activation::KeepFocus);
+    Click(IDC_cmdContinue);
+    main->Unload();
+    EXPECT_EQ(nullptr, stage->Find(IDD_REMINDER));
+}
+
+TEST_F(frmMainTickTest, ALateOneMakesUpForTheMinutesThatNoneHasSeen) {
+    const auto addFile = [&](const std::string& file, int hour, int minute) {
+        machine.files.Put(file, "");
+        clsEvent& event = AddAlarm(file, hour, minute);
+        event.ExecFile = true;
+        event.Filename = file;
+    };
+    AddAlarm("Before the start", 8, 59);
+    AddAlarm("Call Ann", 9, 1);
+    AddAlarm("Bus", 11, 0);
+    AddAlarm("Last train", 23, 59);
+    addFile("C:\\night.cmd", 9, 59);
+    addFile("C:\\lunch.cmd", 10, 0);
+    OpenMainAndTick();
+    machine.clock.Set(2023, 3, 15, 11, 0, 20);
+    Tick();
+    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Bus", "Call Ann"));
+    EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\lunch.cmd"));
+
+    // Neither the ticks that follow nor a clock that is set back bring anything up again.
+    stage->CloseBox(*Reminder("ALARM!"));
+    stage->Wait(50);
+    for (const auto& [hour, minute] : {std::pair{11, 1}, {9, 30}, {23, 58}}) {
+        machine.clock.Set(2023, 3, 15, hour, minute, 50);
+        Tick();
+        EXPECT_THAT(Reminders("ALARM!"), testing::IsEmpty());
+    }
+    machine.clock.Set(2023, 3, 16, 0, 0, 30);
+    Tick();
+    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Last train"));
+    EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\lunch.cmd"));
+}
+
+TEST_F(frmMainTickTest, WhatAnotherProgramSavedIsReadBeforeAnythingIsWritten) {
+    Add(*app.events, "mine", 1);
+    ASSERT_TRUE(app.events->SaveDB());
+    OpenMainAndTick();
+    SaveElsewhere(OneOff("", "theirs", kToday.PlusDays(2)));
+    Tick();
+    EXPECT_EQ("mine|theirs", Column());
+    SaveElsewhere(OneOff("", "theirs at midnight", kToday.PlusDays(2)));
+    machine.clock.AdvanceDays(1);
+    Tick();
+    EXPECT_EQ("mine|theirs|theirs at midnight", Column());
+    EXPECT_THAT(Saved(kEventFile), HasSubstr("midnight"));
+
+    // One that cannot be read keeps the list and is tried again.
+    SaveElsewhere(OneOff("", "theirs behind a lock", kToday.PlusDays(2)));
+    machine.files.At(kEventFile).locked = true;
+    Tick();
+    EXPECT_EQ("mine|theirs|theirs at midnight", Column());
+    machine.files.At(kEventFile).locked = false;
+    Tick();
+    EXPECT_THAT(Column(), HasSubstr("behind a lock"));
+    EXPECT_FALSE(app.events->DatabaseChanged());
+}
+
+TEST_F(frmMainTickTest, AFailingStepStopsNeitherTheOthersNorTheTimer) {
+    if (!fakes) GTEST_SKIP() << "real windows cannot be made to fail";
+    AddAlarm("Call Ann", 9, 0);
+    OpenMain();
+    fakes->failures = 1;  // the window for today's events
+    Tick();
+    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Call Ann"));
+    EXPECT_EQ(kInterval, Fake().Interval(IDT_TimerRefresh));
+
+    app.events.reset();
+    app.expired.reset();
+    machine.clock.AdvanceDays(1);
+    Tick();
+    EXPECT_EQ(kInterval, Fake().Interval(IDT_TimerRefresh));
+    EXPECT_EQ("", Column());
+}
+
+TEST_F(frmMainTickTest, MessagesInTheMiddleOfOneCannotStartASecondOne) {
+    if (!fakes) GTEST_SKIP() << "a real window does not tell of its timers";
+    OpenMain();
+    machine.pump.waiting = [&] {
+        stage->Tell(*window, Raised::Resumed);
+        EXPECT_EQ(0, Fake().Interval(IDT_TimerRefresh));
+    };
+    Tick();
+    EXPECT_GT(machine.pump.processed, 0);
+    EXPECT_EQ(kInterval, Fake().Interval(IDT_TimerRefresh));
+}
+
+TEST_F(frmMainTickTest, TheEndOfTheProgramInTheMiddleOfOneEndsIt) {
+    AddAlarm("Call Ann", 9, 0);
+    OpenMain();
+    machine.pump.waiting = [&] {
+        if (const auto leaving = std::exchange(main, nullptr)) leaving->Unload();
+    };
+    Tick();
+    EXPECT_THAT(Reminders("ALARM!"), testing::IsEmpty());
+    if (fakes) {  // the form lives until its handler has ended
+        EXPECT_EQ(0, Fake().Interval(IDT_TimerRefresh));
+    }
+    app.openWindows.UnloadAll();
+    EXPECT_EQ(nullptr, stage->Find(IDD_MAIN));
+}
+
+}  // namespace
+}  // namespace kaz
