@@ -124,12 +124,13 @@ TEST_F(frmMonthViewTest, FollowsTheFilesTheFilterAndTheDay) {
     work.Layer(4);
     Save({work, of("Smith", OneOff("000002", "Dentist", kToday))});
     app.settings.StoreSetting("Networked", true);
-    ShareAsAnn({of("Ann", OneOff("000003", "Party", kToday))});
+    ShareAsAnn({of("Ann", OneOff("000003", "Caf\xE9", kToday))});
     app.layers.Layer(4, " Work ");
     Open(2, 2023);
     EXPECT_EQ(17, Grid().Selected());  // the day of the month stays
     Click(IDC_cmdNow);
-    EXPECT_EQ("Wednesday, March 15, 2023 (today)\r\nReport [Smith]\r\nDentist [Smith]\r\nParty [Ann]", Day());
+    EXPECT_EQ("Wednesday, March 15, 2023 (today)\r\nReport [Smith]\r\nDentist [Smith]\r\nCaf\xE9 [Ann]",
+              Day());
 
     SaveElsewhere(of("Smith", OneOff("", "Train", kToday)));
     app.mainListIsStale = false;

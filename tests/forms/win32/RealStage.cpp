@@ -1,5 +1,5 @@
 #include "../Stage.h"
-#include "forms/win32/DialogWindow.h"
+#include "RealWindow.h"
 #include "forms/win32/StockControls.h"
 #include "forms/win32/Win32WindowFactory.h"
 #include "platform/win32/Win32MessagePump.h"
@@ -39,15 +39,15 @@ public:
     }
 
     void Click(Window& window, int id) override {
-        const HWND button = Control(window, id);
+        const HWND button = ControlOf(window, id);
         // The mouse reaches neither a disabled nor a hidden control; the message would.
         const bool reachable = IsWindowEnabled(button) && (GetWindowLongPtrW(button, GWL_STYLE) & WS_VISIBLE);
-        if (!button) SendMessageW(Handle(window), WM_COMMAND, MAKEWPARAM(id, 1), 0);
+        if (!button) SendMessageW(HandleOf(window), WM_COMMAND, MAKEWPARAM(id, 1), 0);
         if (reachable) SendMessageW(button, BM_CLICK, 0, 0);
         pump_.ProcessPending();
     }
     void Type(Window& window, int control, const std::string& text) override {
-        const HWND edit = Control(window, control);
+        const HWND edit = ControlOf(window, control);
         SendMessageW(edit, EM_SETSEL, 0, -1);
         if (text.empty()) SendMessageW(edit, WM_CLEAR, 0, 0);
         for (const wchar_t c : ToWide(text))
@@ -55,10 +55,10 @@ public:
         pump_.ProcessPending();
     }
     void TypeForeign(Window& window, int control) override {
-        SendMessageW(Control(window, control), WM_CHAR, 0x041F, 1);
+        SendMessageW(ControlOf(window, control), WM_CHAR, 0x041F, 1);
     }
     void Choose(Window& window, int control, int position) override {
-        const HWND list = Control(window, control);
+        const HWND list = ControlOf(window, control);
         const ControlKind kind = KindOf(list);
         if (kind == ControlKind::TabStrip) {
             SendMessageW(list, TCM_SETCURFOCUS, static_cast<WPARAM>(position), 0);
@@ -70,7 +70,7 @@ public:
         pump_.ProcessPending();
     }
     void ClickHeader(Window& window, int list, int column) override {
-        const HWND header = ListView_GetHeader(Control(window, list));
+        const HWND header = ListView_GetHeader(ControlOf(window, list));
         RECT place{};
         SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&place));
         const LPARAM middle = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
@@ -79,7 +79,7 @@ public:
         pump_.ProcessPending();
     }
     void SelectRows(Window& window, int list, const std::vector<int>& rows) override {
-        const HWND view = Control(window, list);
+        const HWND view = ControlOf(window, list);
         ListView_SetItemState(view, -1, 0, LVIS_SELECTED);
         for (const int row : rows)
             ListView_SetItemState(view, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
@@ -87,26 +87,26 @@ public:
     }
     void Press(Window& window, int grid, DayKey key) override {
         static constexpr WPARAM kKeys[] = {VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_HOME, VK_END};
-        PressKey(Control(window, grid), kKeys[static_cast<int>(key)]);
+        PressKey(ControlOf(window, grid), kKeys[static_cast<int>(key)]);
     }
     void Open(Window& window, int control) override {
-        if (KindOf(Control(window, control)) == ControlKind::ListBox)
+        if (KindOf(ControlOf(window, control)) == ControlKind::ListBox)
             Notify(window, control, LBN_DBLCLK);
         else
-            PressKey(Control(window, control), VK_RETURN);
+            PressKey(ControlOf(window, control), VK_RETURN);
     }
     void TurnWheel(Window& window, int grid, int clicks) override {
         const auto halfClick = static_cast<WORD>(clicks < 0 ? -WHEEL_DELTA / 2 : WHEEL_DELTA / 2);
         for (int half = 0; half < 2 * std::abs(clicks); ++half)
-            SendMessageW(Control(window, grid), WM_MOUSEWHEEL, MAKEWPARAM(0, halfClick), 0);
+            SendMessageW(ControlOf(window, grid), WM_MOUSEWHEEL, MAKEWPARAM(0, halfClick), 0);
         pump_.ProcessPending();
     }
     void CloseBox(Window& window) override {
-        SendMessageW(Handle(window), WM_SYSCOMMAND, SC_CLOSE, 0);
+        SendMessageW(HandleOf(window), WM_SYSCOMMAND, SC_CLOSE, 0);
         pump_.ProcessPending();
     }
     void Tell(Window& window, Raised what) override {
-        const HWND handle = Handle(window);
+        const HWND handle = HandleOf(window);
         switch (what) {
         case Raised::Resumed: SendMessageW(handle, WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0); break;
         case Raised::ClockChanged: SendMessageW(handle, WM_TIMECHANGE, 0, 0); break;
@@ -116,7 +116,7 @@ public:
         pump_.ProcessPending();
     }
     void Tick(Window& window, int timer) override {
-        SendMessageW(Handle(window), WM_TIMER, static_cast<WPARAM>(timer), 0);
+        SendMessageW(HandleOf(window), WM_TIMER, static_cast<WPARAM>(timer), 0);
         pump_.ProcessPending();
     }
     void Wait(int milliseconds) override {
@@ -128,7 +128,7 @@ public:
     }
 
     std::vector<std::string> Column(Window& window, int list, int column) override {
-        const HWND view = Control(window, list);
+        const HWND view = ControlOf(window, list);
         std::vector<std::string> texts;
         for (int row = 0; row < ListView_GetItemCount(view); ++row) {
             wchar_t text[256]{};
@@ -138,7 +138,7 @@ public:
         return texts;
     }
     std::string SortMark(Window& window, int list) override {
-        const HWND header = ListView_GetHeader(Control(window, list));
+        const HWND header = ListView_GetHeader(ControlOf(window, list));
         for (int column = 0; column < Header_GetItemCount(header); ++column) {
             HDITEMW item{};
             item.mask = HDI_FORMAT;
@@ -151,11 +151,11 @@ public:
 
     std::string Day(Window& window, int grid) override {
         wchar_t text[1000]{};
-        GetWindowTextW(Control(window, grid), text, 1000);
+        GetWindowTextW(ControlOf(window, grid), text, 1000);
         return ToCodePage(text);
     }
     int Focus(Window& window) override {
-        EXPECT_EQ(Handle(window), GetAncestor(GetFocus(), GA_ROOT));
+        EXPECT_EQ(HandleOf(window), GetAncestor(GetFocus(), GA_ROOT));
         return GetDlgCtrlID(GetFocus());
     }
 
@@ -169,7 +169,7 @@ private:
 
     std::unique_ptr<Window> Create(int dialog) override {
         auto window = factory_.Create(dialog);
-        made_.emplace_back(dialog, Handle(*window));
+        made_.emplace_back(dialog, HandleOf(*window));
         return window;
     }
     // By the queue, so that the dialog sees it as it sees a real key.
@@ -178,12 +178,9 @@ private:
         pump_.ProcessPending();
     }
     static void Notify(Window& window, int control, int notification) {
-        SendMessageW(Handle(window), WM_COMMAND, static_cast<WPARAM>(MAKELONG(control, notification)),
-                     reinterpret_cast<LPARAM>(Control(window, control)));
+        SendMessageW(HandleOf(window), WM_COMMAND, static_cast<WPARAM>(MAKELONG(control, notification)),
+                     reinterpret_cast<LPARAM>(ControlOf(window, control)));
     }
-    static HWND Handle(Window& window) { return dynamic_cast<DialogWindow&>(window).Handle(); }
-    static HWND Control(Window& window, int control) { return GetDlgItem(Handle(window), control); }
-
     Win32WindowFactory factory_{GetModuleHandleW(nullptr)};
     Win32MessagePump pump_;
     std::vector<std::pair<int, HWND>> made_;
