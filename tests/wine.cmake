@@ -6,6 +6,7 @@
 
 file(GLOB rc CONFIGURE_DEPENDS forms/win32/*.rc)
 kaz_test_resources(form_tests ${rc})
+set_tests_properties(form_tests PROPERTIES TIMEOUT 120)
 
 file(GLOB names RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}/wine CONFIGURE_DEPENDS wine/*)
 foreach(folder ${names})

@@ -41,7 +41,7 @@ TEST_F(frmMainTickTest, TheFirstBringsTheReminderWhichSleepsAndIsClosed) {
     EXPECT_EQ("TODAY!", Text(IDC_lblHeading));
     EXPECT_THAT(window->Items(IDC_lstReminders), ElementsAre("Rent", "Dentist"));
     EXPECT_FALSE(window->IsVisible());
-    stage->Wait(2300);
+    stage->Tick(*window, IDT_Timer1);
     EXPECT_TRUE(window->IsVisible());
     Type(IDC_txtSleep, "5");
     Click(IDC_cmdRemindMe);
