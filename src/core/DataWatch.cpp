@@ -4,15 +4,12 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Application.h"
-#include "core/AwaitedFolder.h"
-#include "core/Backup.h"
+#include "core/NamedEvents.h"
 #include "core/Reason.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
-#include "platform/Shell.h"
 #include "platform/SystemInfo.h"
-#include "platform/ZipArchiver.h"
 #include "support/Names.h"
 
 #include <algorithm>
@@ -27,24 +24,11 @@ constexpr std::string_view kModule = "DataWatch";
 constexpr const char* kNotSaved = "Not saved";
 constexpr const char* kTakenOver = "Taken over";
 
-std::string Counted(std::size_t count, const std::string& one) {
-    return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
-}
-
 std::string Joined(const std::vector<std::string>& parts) {
     std::string text;
     for (std::size_t i = 0; i < parts.size(); ++i)
         text += (i == 0 ? "" : i + 1 == parts.size() ? " and " : ", ") + parts[i];
     return text;
-}
-
-// The one that the user knows by its words, else how many.
-std::string NameOf(const std::vector<clsEvent>& events) {
-    constexpr std::size_t kLongest = 60;
-    if (events.size() != 1) return Counted(events.size(), "event");
-    std::string text = ReplaceAll(events.front().Desc(), kLineBreak, " ");
-    if (text.size() > kLongest) text = text.substr(0, kLongest) + "...";
-    return "\"" + text + "\"";
 }
 
 void NameChanges(const EventChanges& changes, std::vector<std::string>& names) {
@@ -56,18 +40,11 @@ void NameChanges(const EventChanges& changes, std::vector<std::string>& names) {
     }
 }
 
-std::string KeyOf(const clsDbXml& database) { return "State of " + FileNameOf(database.DBFilename()); }
-
 }  // namespace
 
 void DataWatch::WatchTasks(std::shared_ptr<TaskList> tasks, std::function<void()> saved) {
     tasks_ = std::move(tasks);
     tasksSaved_ = std::move(saved);
-}
-
-void DataWatch::WatchGone() {
-    app_.events->OnGone([this](const std::vector<clsEvent>& gone) { TellGone(*app_.events, gone); });
-    app_.expired->OnGone([this](const std::vector<clsEvent>& gone) { TellGone(*app_.expired, gone); });
 }
 
 bool DataWatch::IsAllSaved() const {
@@ -125,7 +102,7 @@ void DataWatch::Tell() {
     ErrorTrap trap(app_.log, "Tell", kModule);
     trap([&] {
         for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
-            if (database) TellState(*database);
+            if (database) states_.Tell(*database);
         // What waits for the next look at the file has met no failure.
         if (IsAllSaved() || !FirstFault()) {
             app_.health.Clear(kNotSaved);
@@ -138,126 +115,6 @@ void DataWatch::Tell() {
         }
         if (IsAllSaved()) DeleteRescues();
     });
-}
-
-void DataWatch::TellState(clsDbXml& database) {
-    const std::string key = KeyOf(database);
-    const std::string& file = database.DBFilename();
-    const Health::Action look{"Open the folder", [this, file] { OpenFolder(file); }};
-    switch (database.State()) {
-    case FileState::NotRead:
-        app_.health.Tell({key,
-                          Health::Weight::Warning,
-                          "Your events in " + file + " cannot be read: " +
-                              (database.ReadFault() ? Reason(app_.platform.files, file, *database.ReadFault())
-                                                    : "the disk reports a fault") +
-                              ". KAZ tries again every half minute, and writes nothing over them.",
-                          {{"Try again", [this] { TryAgain(); }}, look}});
-        break;
-    case FileState::Damaged: TellDamaged(database, key); break;
-    case FileState::SetAside:
-        app_.health.Tell({key,
-                          Health::Weight::Note,
-                          "The file " + file +
-                              " was deleted. Your events are still here; the next start converts those of "
-                              "the older version anew.",
-                          {look}});
-        break;
-    case FileState::FolderAway:
-        // One folder is told once.
-        if (&database != app_.events.get() || app_.awaitedFolder->IsWaiting()) break;
-        app_.health.Tell({key,
-                          Health::Weight::Warning,
-                          "The folder of your events, " + FolderOf(file) +
-                              ", is not there. They stay in the list, and KAZ looks for the folder every "
-                              "half minute.",
-                          {{"Try again", [this] { TryAgain(); }}}});
-        break;
-    case FileState::Fine:
-    case FileState::NotBack:
-    case FileState::Vanished: app_.health.Clear(key); break;
-    }
-}
-
-void DataWatch::OpenFolder(const std::string& file) const {
-    try {
-        app_.platform.shell.Open(FolderOf(file));
-    } catch (const RuntimeError& error) {
-        app_.platform.dialogs.Message(FolderOf(file) + " could not be opened: " + error.Description());
-    }
-}
-
-// The memory, where the file was read once, is its last good copy; else a backup has one.
-void DataWatch::TellDamaged(clsDbXml& database, const std::string& key) {
-    const std::string text =
-        "The file " + database.DBFilename() +
-        " is damaged. KAZ leaves it as it is, and reads it as soon as it is whole again.";
-    // The backups are not read anew on each tick.
-    if (const Health::Notice* told = app_.health.Find(key); told && told->text == text) return;
-    Health::Notice notice{key, Health::Weight::Alarm, text, {}};
-    const auto events = static_cast<std::size_t>(database.RecordCount());
-    // What was only entered meanwhile is no copy of it.
-    const bool isCopy = events > database.Unsaved().stored.size();
-    const auto backup = isCopy ? std::nullopt : NewestEventBackup(app_, database.DBFilename());
-    if (backup) {
-        const std::string date = GeneralDateText(backup->made.DateOnly(), app_.platform.locale.Data());
-        notice.actions.push_back(
-            {"Restore from the backup of " + date + " (" + Counted(backup->events, "event") + ")",
-             [this, &database, archive = backup->archive] { Restore(database, archive); }});
-    }
-    notice.actions.push_back({"Open the folder", [this, &database] { OpenFolder(database.DBFilename()); }});
-    notice.actions.push_back(
-        {!isCopy ? "Begin anew" : "Save the " + Counted(events, "event") + " of the list",
-         [this, &database] { Restore(database, {}); }});
-    app_.health.Tell(std::move(notice));
-}
-
-// Without an archive, the file is made of what is in memory. The damaged one stays beside it, since somebody
-// may read more in it.
-void DataWatch::Restore(clsDbXml& database, const std::string& archive) {
-    const std::string file = database.DBFilename();
-    const std::string time =
-        FormatDate(app_.platform.clock.Now(), "YYYY-MM-DD HH.NN.SS", app_.platform.locale.Data());
-    const std::string kept =
-        JoinPath(FolderOf(file), WithExtension(FileNameOf(file), " (damaged, " + time + ").xml"));
-    try {
-        const std::string text =
-            archive.empty() ? std::string() : app_.platform.zip.ZpRead(archive, FileNameOf(file));
-        app_.platform.files.Replace(file, kept);
-        app_.log.LogEvent(file + " is damaged and was put aside as " + kept);
-        if (archive.empty()) {
-            database.ExpectNoFile();
-        } else {
-            WriteWholeFile(app_.platform.files, file, text);
-            database.LoadDB(file);
-            app_.log.LogEvent("Restored " + file + " from " + archive);
-        }
-        database.SaveDB();
-    } catch (...) {
-        const ErrorInfo error = CurrentError();
-        app_.log.Report(error, "Restore", kModule);
-        app_.platform.dialogs.Message("That did not work: " + Reason(app_.platform.files, file, error) + ".");
-    }
-    app_.mainListIsStale = true;
-    Tell();
-}
-
-void DataWatch::TellGone(clsDbXml& database, const std::vector<clsEvent>& gone) {
-    const std::string key = "Gone from " + FileNameOf(database.DBFilename());
-    app_.health.Tell({key,
-                      Health::Weight::Warning,
-                      Counted(gone.size(), "event") + (gone.size() == 1 ? " is" : " are") + " gone from " +
-                          database.DBFilename() + ", which another program has changed: " + NameOf(gone) +
-                          ".",
-                      {{gone.size() == 1 ? "Take it back" : "Take them back",
-                        [this, &database, key, all = gone] {
-                            database.PutOnTop({all, {}});
-                            database.SaveDB();
-                            app_.mainListIsStale = true;
-                            app_.health.Clear(key);
-                            Tell();
-                        }},
-                       {"Leave it so", [this, key] { app_.health.Clear(key); }}}});
 }
 
 void DataWatch::TryAgain() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FileStates.h"
 #include "core/RescueFile.h"
 #include "storage/TaskList.h"
 
@@ -13,21 +14,19 @@
 namespace kaz {
 
 class Application;
-class clsDbXml;
 
 // Whether what the user entered is on the disk. What is not is told in the bar, tried again, and at the end
 // of the program kept in a rescue file.
 class DataWatch {
 public:
     // The application outlives it.
-    explicit DataWatch(Application& application) : app_(application) {}
+    explicit DataWatch(Application& application) : app_(application), states_(application) {}
 
     // The tasks that the user works on; `saved` is called when they were saved by another than the user.
     void WatchTasks(std::shared_ptr<TaskList> tasks, std::function<void()> saved);
     // Tasks without a window that are not saved yet; null when there are none.
     std::shared_ptr<TaskList> UnsavedTasks() const { return tasks_ && tasks_->Unsaved() ? tasks_ : nullptr; }
-    // What happens when a reload has made events disappear.
-    void WatchGone();
+    FileStates& States() { return states_; }
 
     bool IsAllSaved() const;
     // Names what is not saved, or counts it.
@@ -57,16 +56,12 @@ private:
     Rescued Collect() const;
     std::optional<Fault> FirstFault() const;
     std::vector<std::string> RescueFolders() const;
-    void TellState(clsDbXml& database);
-    void TellGone(clsDbXml& database, const std::vector<clsEvent>& gone);
-    void TellDamaged(clsDbXml& database, const std::string& key);
-    void Restore(clsDbXml& database, const std::string& archive);
-    void OpenFolder(const std::string& file) const;
     void TakeOver(const std::string& file);
     void Merge(const Rescued& rescued);
     void DeleteRescues();
 
     Application& app_;
+    FileStates states_;
     std::shared_ptr<TaskList> tasks_;
     std::function<void()> tasksSaved_;
     std::string givenUp_;

@@ -45,7 +45,7 @@ void Startup::Run() {
     app_.settingsInitialised = true;
     if (app_.Owner() != kNoOwner) {
         EventFiles(app_).Open();
-        app_.dataWatch->WatchGone();
+        app_.dataWatch->States().WatchGone();
         app_.dataWatch->TakeOver();
         BackUp();
         RemoveAbandoned();
