@@ -1,7 +1,9 @@
 #include "core/AwaitedFolder.h"
 
 #include "core/Application.h"
+#include "core/DataWatch.h"
 #include "core/EventFiles.h"
+#include "core/NamedEvents.h"
 #include "platform/Files.h"
 
 namespace kaz {
@@ -39,6 +41,7 @@ void AwaitedFolder::BeginAnew() {
         database->ExpectNoFile();
         database->SaveDB();
     }
+    app_.dataWatch->Tell();
 }
 
 void AwaitedFolder::Tell(bool isThere) {
@@ -46,7 +49,11 @@ void AwaitedFolder::Tell(bool isThere) {
     if (isThere) {
         notice.text = "Your events are not in the folder " + app_.DataPath() +
                       " yet. KAZ shows them as soon as they are; until then nothing is saved there.";
-        notice.actions.push_back({"Begin with an empty list", [this] { BeginAnew(); }});
+        const std::size_t kept = app_.dataWatch->Kept(*app_.events);
+        notice.actions.push_back({kept == 0
+                                      ? "Begin with an empty list"
+                                      : "Begin with the " + Counted(kept, "event") + " that KAZ has kept",
+                                  [this] { BeginAnew(); }});
     } else {
         notice.text = "The folder of your events, " + app_.DataPath() +
                       ", is not there. KAZ looks for it and shows your events as soon as it is back.";

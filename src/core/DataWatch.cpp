@@ -9,7 +9,6 @@
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
-#include "platform/SystemInfo.h"
 #include "support/Names.h"
 
 #include <algorithm>
@@ -53,6 +52,14 @@ bool DataWatch::IsAllSaved() const {
     return events && expired && !app_.settings.SaveFault() && !(tasks_ && tasks_->Unsaved());
 }
 
+bool DataWatch::IsAllSeen() const {
+    const auto isSeen = [](const clsDbXml* database) {
+        return !database || (!database->DatabaseChanged() && database->Unseen().empty());
+    };
+    return IsAllSaved() && isSeen(app_.events.get()) && isSeen(app_.expired.get()) && keptEvents_.empty() &&
+           keptExpired_.empty();
+}
+
 Rescued DataWatch::Collect() const {
     Rescued rescued;
     if (app_.events) rescued.events = app_.events->Unsaved();
@@ -62,8 +69,9 @@ Rescued DataWatch::Collect() const {
     return rescued;
 }
 
-std::string DataWatch::Unsaved() const {
-    const Rescued rescued = Collect();
+std::string DataWatch::Unsaved() const { return NamesOf(Collect()); }
+
+std::string DataWatch::NamesOf(const Rescued& rescued) {
     std::vector<std::string> names;
     EventChanges all = rescued.events;
     all.stored.insert(all.stored.end(), rescued.expired.stored.begin(), rescued.expired.stored.end());
@@ -100,6 +108,7 @@ std::string DataWatch::Sentence() const {
 
 void DataWatch::Tell() {
     ErrorTrap trap(app_.log, "Tell", kModule);
+    trap([&] { GiveBack(); });
     trap([&] {
         for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
             if (database) states_.Tell(*database);
@@ -113,7 +122,7 @@ void DataWatch::Tell() {
                               {{"Try again", [this] { TryAgain(); }},
                                {"Save a copy elsewhere...", [this] { SaveCopy(); }}}});
         }
-        if (IsAllSaved()) DeleteRescues();
+        if (IsAllSaved() && keptEvents_.empty() && keptExpired_.empty()) rescues_.Delete();
     });
 }
 
@@ -148,106 +157,111 @@ bool DataWatch::SaveCopy() {
     }
 }
 
-std::vector<std::string> DataWatch::RescueFolders() const {
-    const std::string local = app_.platform.system.LocalFolder();
-    if (local.empty()) return {app_.runtimePath};
-    return {app_.runtimePath, JoinPath(local, kApplicationName)};
-}
-
 void DataWatch::Rescue() {
-    TryAgain();
-    if (IsAllSaved()) return;
-    const std::string text = RescueFile::TextOf(Collect());
-    if (text == givenUp_) {
-        app_.log.LogEvent("Not saved, as the user wished: " + Unsaved());
-        DeleteRescues();
-        return;
-    }
     ErrorTrap trap(app_.log, "Rescue", kModule);
-    for (const std::string& folder : RescueFolders()) {
-        const std::string file = JoinPath(folder, RescueFile::kName);
-        const bool done = trap([&] {
-            app_.platform.files.CreateFolder(folder);
-            WriteWholeFile(app_.platform.files, file, text);
-        });
-        if (!done) continue;
-        app_.log.LogEvent("Not saved: " + Unsaved() + ". Kept in " + file);
-        // An older one elsewhere held no more than this one does.
-        std::erase(takenOver_, file);
-        DeleteRescues();
+    // A file may have gone since the last tick.
+    for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
+        if (database) trap([&] { database->CatchUp(); });
+    TryAgain();
+    Rescued rescued = Collect();
+    if (!rescued.Empty() && RescueFile::TextOf(rescued) == givenUp_) {
+        app_.log.LogEvent("Not saved, as the user wished: " + NamesOf(rescued));
+        rescued = {};
+    }
+    std::string what = rescued.Empty() ? std::string() : "Not saved: " + NamesOf(rescued) + ". ";
+    rescued.eventsUnseen = app_.events && keptEvents_.empty() ? app_.events->Unseen() : keptEvents_;
+    rescued.expiredUnseen = app_.expired && keptExpired_.empty() ? app_.expired->Unseen() : keptExpired_;
+    if (rescued.Empty()) {
+        rescues_.Delete();
         return;
     }
-    app_.log.LogEvent("Not saved, and no rescue file could be written: " + Unsaved());
+    if (const std::size_t unseen = rescued.eventsUnseen.size() + rescued.expiredUnseen.size())
+        what += "Saved once, and not to be seen now: " + Counted(unseen, "event") + ". ";
+    const std::string file = rescues_.Write(std::move(rescued));
+    app_.log.LogEvent(what + (file.empty() ? "No rescue file could be written" : "Kept in " + file));
 }
 
-void DataWatch::TakeOver() {
+void DataWatch::TakeOver(const std::string& movedFrom) {
     if (!app_.events) return;
-    rescued_ = 0;
+    changesTaken_ = eventsPutBack_ = 0;
     ErrorTrap trap(app_.log, "TakeOver", kModule);
-    for (const std::string& folder : RescueFolders()) {
-        const std::string file = JoinPath(folder, RescueFile::kName);
-        trap([&] {
-            if (FileExists(app_.platform.files, file)) TakeOver(file);
+    bool any = false;
+    trap([&] {
+        rescues_.Read(movedFrom, [&](const Rescued& rescued) {
+            any = true;
+            Merge(rescued);
         });
-    }
-    if (takenOver_.empty()) return;
+    });
+    if (!any) return;
     trap([&] {
         for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
             if (database->HasUnsaved()) database->SaveDB();
     });
-    if (rescued_ > 0)
-        app_.health.Tell({kTakenOver,
-                          Health::Weight::Note,
-                          "KAZ could not save everything when it ended last time. What it had kept has been "
-                          "taken over (" +
-                              Counted(static_cast<std::size_t>(rescued_), "change") + ").",
-                          {{"OK", [this] { app_.health.Clear(kTakenOver); }}}});
+    TellTakenOver();
     Tell();
 }
 
-void DataWatch::TakeOver(const std::string& file) {
-    bool whole = false;
-    const Rescued rescued =
-        RescueFile::Read(ReadWholeFile(app_.platform.files, file), app_.platform.locale, app_.log, whole);
-    Merge(rescued);
-    app_.log.LogEvent("Took over what " + file + " had kept" + (whole ? "" : ", as far as it can be read"));
-    std::string taken = file;
-    if (!whole) {
-        const std::string time =
-            FormatDate(app_.platform.clock.Now(), "YYYY-MM-DD HH.NN.SS", app_.platform.locale.Data());
-        // Somebody may read more in it.
-        app_.platform.files.Replace(file, WithExtension(file, " (damaged, " + time + ").txt"));
-        return;
-    }
-    takenOver_.push_back(std::move(taken));
-}
-
 void DataWatch::Merge(const Rescued& rescued) {
+    keptFolder_ = app_.DataPath();
+    keptEvents_.insert(keptEvents_.end(), rescued.eventsUnseen.begin(), rescued.eventsUnseen.end());
+    keptExpired_.insert(keptExpired_.end(), rescued.expiredUnseen.begin(), rescued.expiredUnseen.end());
+    GiveBack();
     app_.events->PutOnTop(rescued.events);
     app_.expired->PutOnTop(rescued.expired);
-    rescued_ += static_cast<int>(rescued.events.stored.size() + rescued.events.removed.size() +
-                                 rescued.expired.stored.size() + rescued.expired.removed.size());
+    changesTaken_ += rescued.events.stored.size() + rescued.events.removed.size() +
+                     rescued.expired.stored.size() + rescued.expired.removed.size();
     if (!rescued.settings.empty()) {
         app_.settings.TakeLines(rescued.settings);
         app_.layers.LoadLayers();
         app_.settings.SaveSettings(app_.settingsFileName, cSHAREDSettings::Failure::Quiet);
-        ++rescued_;
+        ++changesTaken_;
     }
     if (rescued.tasks.empty()) return;
     const auto tasks = std::make_shared<TaskList>(TaskFile(app_.platform.files, app_.DataPath()));
     tasks->AddMissing(rescued.tasks);
     tasks_ = tasks;
-    ++rescued_;
+    ++changesTaken_;
     ErrorTrap trap(app_.log, "Merge", kModule);
     trap([&] { tasks->Save(); });
 }
 
-// Only once what they held is on the disk.
-void DataWatch::DeleteRescues() {
-    for (const std::string& file : std::exchange(takenOver_, {})) {
-        ErrorTrap trap(app_.log, "DeleteRescues", kModule);
-        trap([&] { app_.platform.files.Delete(file); });
+std::size_t DataWatch::Kept(const clsDbXml& database) const {
+    return (&database == app_.events.get() ? keptEvents_ : keptExpired_).size();
+}
+
+// As soon as it is known what is in the file.
+void DataWatch::GiveBack() {
+    if (keptEvents_.empty() && keptExpired_.empty()) return;
+    if (keptFolder_ != app_.DataPath()) {
+        // The user has chosen another folder. They wait for the next start in theirs.
+        keptEvents_.clear();
+        keptExpired_.clear();
+        rescues_.Leave();
+        return;
     }
+    const std::size_t before = eventsPutBack_;
+    for (const auto& [database, kept] :
+         {std::pair{app_.events.get(), &keptEvents_}, std::pair{app_.expired.get(), &keptExpired_}}) {
+        if (!database->WasRead()) continue;
+        eventsPutBack_ += database->GiveBack(std::exchange(*kept, {}));
+        if (database->HasUnsaved()) database->SaveDB();
+    }
+    if (eventsPutBack_ == before) return;
+    app_.mainListIsStale = true;
+    TellTakenOver();
+}
+
+void DataWatch::TellTakenOver() {
+    std::vector<std::string> what;
+    if (changesTaken_ > 0) what.push_back(Counted(changesTaken_, "change"));
+    if (eventsPutBack_ > 0) what.push_back(Counted(eventsPutBack_, "event") + " of a file that is empty now");
+    if (what.empty()) return;
+    app_.health.Tell({kTakenOver,
+                      Health::Weight::Note,
+                      "KAZ could not save everything when it ended last time. What it had kept has been "
+                      "taken over (" +
+                          Joined(what) + ").",
+                      {{"OK", [this] { app_.health.Clear(kTakenOver); }}}});
 }
 
 }  // namespace kaz

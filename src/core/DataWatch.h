@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/FileStates.h"
-#include "core/RescueFile.h"
+#include "core/Rescues.h"
 #include "storage/TaskList.h"
 
 #include <functional>
@@ -15,12 +15,17 @@ namespace kaz {
 
 class Application;
 
+class clsDbXml;
+
 // Whether what the user entered is on the disk. What is not is told in the bar, tried again, and at the end
 // of the program kept in a rescue file.
 class DataWatch {
 public:
     // The application outlives it.
-    explicit DataWatch(Application& application) : app_(application), states_(application) {}
+    explicit DataWatch(Application& application)
+        : app_(application),
+          states_(application),
+          rescues_(application) {}
 
     // The tasks that the user works on; `saved` is called when they were saved by another than the user.
     void WatchTasks(std::shared_ptr<TaskList> tasks, std::function<void()> saved);
@@ -29,6 +34,8 @@ public:
     FileStates& States() { return states_; }
 
     bool IsAllSaved() const;
+    // Whether the files hold it now, too. This looks at them.
+    bool IsAllSeen() const;
     // Names what is not saved, or counts it.
     std::string Unsaved() const;
     // The whole of it: what, why and what KAZ does about it.
@@ -43,10 +50,13 @@ public:
     // The user wants what is not saved now to be lost.
     void GiveUp() { givenUp_ = RescueFile::TextOf(Collect()); }
 
-    // At the end of the program: keeps what is not saved, without a question.
+    // At the end of the program: keeps what is not on the disk, without a question.
     void Rescue();
-    // At the start: takes over what the last end kept.
-    void TakeOver();
+    // At the start: takes over what the last end kept. `movedFrom` is where the data folder was before, if it
+    // has moved.
+    void TakeOver(const std::string& movedFrom);
+    // Of a file that could not be read yet, the events that a rescue has.
+    std::size_t Kept(const clsDbXml& database) const;
 
 private:
     struct Fault {
@@ -55,18 +65,23 @@ private:
     };
     Rescued Collect() const;
     std::optional<Fault> FirstFault() const;
-    std::vector<std::string> RescueFolders() const;
-    void TakeOver(const std::string& file);
+    static std::string NamesOf(const Rescued& rescued);
     void Merge(const Rescued& rescued);
-    void DeleteRescues();
+    void GiveBack();
+    void TellTakenOver();
 
     Application& app_;
     FileStates states_;
     std::shared_ptr<TaskList> tasks_;
     std::function<void()> tasksSaved_;
     std::string givenUp_;
-    std::vector<std::string> takenOver_;  // rescue files whose content is not all on the disk yet
-    int rescued_ = 0;
+    Rescues rescues_;
+    // What waits for its file to be read, and the folder of that.
+    std::vector<clsEvent> keptEvents_;
+    std::vector<clsEvent> keptExpired_;
+    std::string keptFolder_;
+    std::size_t changesTaken_ = 0;
+    std::size_t eventsPutBack_ = 0;
 };
 
 }  // namespace kaz

@@ -88,7 +88,8 @@ void FileStates::TellDamaged(clsDbXml& database, const std::string& key) {
     const auto events = static_cast<std::size_t>(database.RecordCount());
     // What was only entered meanwhile is no copy of it.
     const bool isCopy = events > database.Unsaved().stored.size();
-    const auto backup = isCopy ? std::nullopt : NewestEventBackup(app_, database.DBFilename());
+    const std::size_t kept = app_.dataWatch->Kept(database);
+    const auto backup = isCopy || kept > 0 ? std::nullopt : NewestEventBackup(app_, database.DBFilename());
     if (backup) {
         const std::string date = GeneralDateText(backup->made.DateOnly(), app_.platform.locale.Data());
         notice.actions.push_back(
@@ -96,9 +97,10 @@ void FileStates::TellDamaged(clsDbXml& database, const std::string& key) {
              [this, &database, archive = backup->archive] { Restore(database, archive); }});
     }
     notice.actions.push_back({"Open the folder", [this, &database] { OpenFolder(database.DBFilename()); }});
-    notice.actions.push_back(
-        {!isCopy ? "Begin anew" : "Save the " + Counted(events, "event") + " of the list",
-         [this, &database] { Restore(database, {}); }});
+    notice.actions.push_back({isCopy     ? "Save the " + Counted(events, "event") + " of the list"
+                              : kept > 0 ? "Save the " + Counted(kept, "event") + " that KAZ has kept"
+                                         : "Begin anew",
+                              [this, &database] { Restore(database, {}); }});
     app_.health.Tell(std::move(notice));
 }
 

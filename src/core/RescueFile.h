@@ -10,22 +10,28 @@
 
 namespace kaz {
 
-// What no disk has taken when the program ends.
+// What no disk has when the program ends, as far as it can see.
 struct Rescued {
+    std::string dataFolder;     // to whose files it belongs
+    std::string programFolder;  // to whose settings
     EventChanges events;
     EventChanges expired;
+    // The rest of a file that was saved once, and could not be seen at the end.
+    std::vector<clsEvent> eventsUnseen;
+    std::vector<clsEvent> expiredUnseen;
     std::string settings;  // the lines of the settings file, none when they are saved
     std::vector<std::string> tasks;
 
-    bool Empty() const { return events.Empty() && expired.Empty() && settings.empty() && tasks.empty(); }
+    bool Empty() const {
+        return events.Empty() && expired.Empty() && eventsUnseen.empty() && expiredUnseen.empty() &&
+               settings.empty() && tasks.empty();
+    }
 };
 
 // The file that keeps it until the next start: a plain text with a heading for each part, the events in the
 // blocks of the event file.
 class RescueFile {
 public:
-    static constexpr std::string_view kName = "KAZ rescue.txt";
-
     static std::string TextOf(const Rescued& rescued);
     // Of a file that is cut short or foreign, what can be read; `whole` says whether it was all.
     static Rescued Read(std::string_view text, const Locale& locale, ErrorSink& errors, bool& whole);

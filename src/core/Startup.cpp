@@ -46,7 +46,7 @@ void Startup::Run() {
     if (app_.Owner() != kNoOwner) {
         EventFiles(app_).Open();
         app_.dataWatch->States().WatchGone();
-        app_.dataWatch->TakeOver();
+        app_.dataWatch->TakeOver(movedFrom_);
         BackUp();
         RemoveAbandoned();
         TellOfDeath();
@@ -109,6 +109,7 @@ void Startup::FollowFolder() {
     if (moved && !same(path, app_.runtimePath)) {
         app_.log.LogEvent("The data folder has moved from " + path + " to " + app_.runtimePath);
         app_.settings.StoreSetting("DataPath", app_.runtimePath);
+        movedFrom_ = path;
     }
     const bool own = same(app_.DataPath(), app_.runtimePath);
     const std::string noted = own ? app_.DataPath() : std::string();

@@ -3,6 +3,7 @@
 #include "core/Application.h"
 
 #include <optional>
+#include <string>
 
 namespace kaz {
 
@@ -26,6 +27,7 @@ private:
 
     Application& app_;
     std::optional<RunMark::Died> died_;  // the run before, when it has had no end
+    std::string movedFrom_;              // where the data folder was before, when it has moved
 };
 
 }  // namespace kaz

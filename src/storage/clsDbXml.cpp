@@ -126,6 +126,26 @@ void clsDbXml::PutOnTop(const EventChanges& changes) {
     }
 }
 
+std::vector<clsEvent> clsDbXml::Unseen() const {
+    std::vector<clsEvent> unseen;
+    if (state_ != FileState::FolderAway && state_ != FileState::Damaged) return unseen;
+    for (const clsEvent& event : events_)
+        if (!event.Deleted && known_.saved.Find(event.IDCode)) unseen.push_back(event);
+    return unseen;
+}
+
+std::size_t clsDbXml::GiveBack(const std::vector<clsEvent>& unseen) {
+    if (known_.confirmed.Entries().empty()) {
+        PutOnTop({unseen, {}});
+        return unseen.size();
+    }
+    std::vector<clsEvent> gone;
+    for (const clsEvent& event : unseen)
+        if (Find(event.IDCode) == events_.end()) gone.push_back(event);
+    if (!gone.empty()) TellGone(std::move(gone), unseen);
+    return 0;
+}
+
 bool clsDbXml::SaveDB() {
     if (watched_.Empty() && isKnown_ && (FileDate() != lastKnownDate_ || !WasRead())) Reload(false);
     const bool saved = MayWrite() && KeepsUnknown() && Write();

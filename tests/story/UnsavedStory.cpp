@@ -22,8 +22,7 @@ struct Fault {
     const char* told;  // in the bar; "" when the change is saved all the same
     std::function<void(FakePlatform&)> begin;
     std::function<void(FakePlatform&)> end;
-    bool another = false;       // another program has saved
-    bool onlyInMemory = false;  // the events are nowhere else but in backups
+    bool another = false;  // another program has saved
 };
 
 constexpr char kData[] = "D:\\Data";
@@ -63,6 +62,10 @@ public:
             }
         machine.files.Remove(kData);
     }
+    void Copy(FakePlatform& machine) {
+        for (const std::string& file : machine.files.Files())
+            if (file.starts_with(kData)) texts_[file] = machine.files.Text(file);
+    }
     void PutBack(FakePlatform& machine) {
         for (const auto& [file, text] : texts_)
             machine.files.Put(file, text);
@@ -96,7 +99,7 @@ protected:
                 {"folder gone", "is not there", [stick](FakePlatform& machine) { stick->Pull(machine); },
                  [stick](FakePlatform& machine) { stick->PutBack(machine); }},
                 {"folder emptied", "is not there", [](FakePlatform& machine) { Stick().Pull(machine); },
-                 [](FakePlatform& machine) { machine.files.CreateFolder(kData); }, false, true},
+                 [](FakePlatform& machine) { machine.files.CreateFolder(kData); }},
                 {"damaged", "is damaged",
                  [stick](FakePlatform& machine) {
                      stick->Pull(machine);
@@ -244,7 +247,6 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
         for (const auto& deed : deeds)
             for (const Ending ending :
                  {Ending::Over, Ending::Exit, Ending::Quit, Ending::SessionEnd, Ending::ShutDown}) {
-                if (fault.onlyInMemory && ending >= Ending::SessionEnd) continue;
                 SCOPED_TRACE(std::string(fault.name) + ", " + deed.name + ", ending " +
                              std::to_string(static_cast<int>(ending)));
                 Begin();
@@ -297,6 +299,115 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
                 EXPECT_THAT(Bar(), Not(HasSubstr("not saved")));
                 EXPECT_EQ("", story->Saved("KAZ rescue.txt"));
             }
+}
+
+// What only the memory has at the end is not lost either, although nothing of it was left to save.
+TEST_F(Unsaved, WhatTheFileNoLongerHoldsAtTheEndComesBack) {
+    const std::set<std::string> all{"Tea 0", "Walk 4", "Bread 0"};
+    Stick stick;
+    const auto pull = [&](FakePlatform& machine) { stick.Pull(machine); };
+    const auto empty = [](FakePlatform& machine) { machine.files.CreateFolder(kData); };
+    const auto zeros = [](FakePlatform& machine) {
+        machine.files.Put(Data("Events.xml"), std::string(3000, '\0'));
+    };
+    const auto nothing = [](FakePlatform&) {};
+    const auto shorter = [&](FakePlatform& machine) {
+        stick.PutBack(machine);
+        machine.files.Put(Data("Events.xml"), FileOf({Anns(Daily("000003", "Bread", DateValue(kFirstDay)))}));
+    };
+    const struct {
+        const char* name;
+        std::function<void(FakePlatform&)> begin;  // after the last tick
+        std::function<void(FakePlatform&)> end;    // before the next start
+        std::function<void(FakePlatform&)> later;  // before a tick of that
+        const char* told;
+        const char* button;  // that the user presses then
+        bool rescued;
+        std::set<std::string> then;
+    } cases[] = {
+        {"emptied", [&](FakePlatform& machine) { pull(machine), empty(machine); }, nothing, nothing, "", "",
+         false, all},
+        {"away, and empty when it is back", pull, empty, nothing, "3 events of a file", "OK", true, all},
+        {"away, and whole when it is back", pull, [&](FakePlatform& machine) { stick.PutBack(machine); },
+         nothing, "", "", true, all},
+        {"away, and shorter when it is back",
+         pull,
+         shorter,
+         nothing,
+         "2 events are gone",
+         "Leave it so",
+         true,
+         {"Bread 0"}},
+        {"away for longer, and whole", pull, nothing, [&](FakePlatform& machine) { stick.PutBack(machine); },
+         "", "", true, all},
+        {"away for longer, and empty", pull, nothing, empty, "not in the folder", "Begin with the 3 events",
+         true, all},
+        {"without a byte", [](FakePlatform& machine) { machine.files.Put(Data("Events.xml"), ""); }, nothing,
+         nothing, "3 events of a file", "OK", true, all},
+        {"damaged", zeros, nothing, nothing, "is damaged", "Save the 3 events", true, all},
+        {"damaged, and repaired", zeros, shorter, nothing, "2 events are gone", "Take them back", true, all},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        Begin();
+        stick.Copy(story->machine);
+        row.begin(story->machine);
+        story->component->ShutDown();
+        story->component.reset();
+        EXPECT_EQ(row.rescued, story->Saved("KAZ rescue.txt").find("Bread") != std::string::npos);
+        row.end(story->machine);
+        Start();
+        row.later(story->machine);
+        story->Advance(31);
+        EXPECT_THAT(Bars(), HasSubstr(row.told));
+        for (int button = 0; button < 3 && *row.button != '\0'; ++button)
+            if (Main().Text(IDC_cmdHealth + button).find(row.button) != std::string::npos)
+                Main().Click(IDC_cmdHealth + button);
+        story->Advance(61);
+        EXPECT_EQ(row.then, OnDisk());
+        EXPECT_EQ(NamesOf(row.then), Shown());
+        EXPECT_EQ("", story->Saved("KAZ rescue.txt"));
+        EXPECT_THAT(Bars(), testing::AnyOf("", HasSubstr("taken over")));
+    }
+}
+
+// A rescue in the folder that all programs of the user share belongs to one data folder.
+TEST_F(Unsaved, ARescueWaitsForItsOwnDataFolder) {
+    Begin();
+    FakePlatform& machine = story->machine;
+    const std::string local = "C:\\Local\\KAZ\\KAZ rescue";
+    machine.files.fullFolder = kData;
+    machine.files.At(Story::kFolder).readOnly = true;
+    Type("Milk");
+    Main().Click(IDM_ADD);
+    story->component->ShutDown();
+    story->component.reset();
+    machine.files.fullFolder.clear();
+    const std::string rescue = machine.files.Text(local + ".txt");
+    ASSERT_THAT(rescue, HasSubstr("Milk"));
+
+    machine.files.At(Story::kFolder).readOnly = false;
+    const std::string settings = story->Saved("Kaz.ini");
+    story->Settings(ReplaceAll(settings, kData, "D:\\Other"));
+    Start();
+    EXPECT_EQ(std::set<std::string>(), Shown());
+    EXPECT_THAT(story->Log(), HasSubstr("belongs to the data folder D:\\Data"));
+    // What this one cannot save stands beside it.
+    machine.files.fullFolder = "D:\\Other";
+    machine.files.At(Story::kFolder).readOnly = true;
+    Type("Jam");
+    Main().Click(IDM_ADD);
+    story->component->ShutDown();
+    story->component.reset();
+    EXPECT_EQ(rescue, machine.files.Text(local + ".txt"));
+    EXPECT_THAT(machine.files.Text(local + " 2.txt"), HasSubstr("Jam"));
+
+    machine.files.At(Story::kFolder).readOnly = false;
+    story->Settings(settings);
+    Start();
+    EXPECT_EQ((std::set<std::string>{"Tea 0", "Walk 4", "Bread 0", "Milk 0"}), OnDisk());
+    EXPECT_EQ("", machine.files.Text(local + ".txt"));
+    EXPECT_THAT(machine.files.Text(local + " 2.txt"), HasSubstr("Jam"));
 }
 
 TEST_F(Unsaved, CanBeLostOrCopiedByChoiceOnly) {

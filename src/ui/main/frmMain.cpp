@@ -284,7 +284,7 @@ void frmMain::Form_SessionEnd() {
     size_.Save();
     // Nothing is asked, since the system waits only for a few seconds.
     app_.settings.SaveSettings(app_.settingsFileName, cSHAREDSettings::Failure::Quiet);
-    if (!app_.dataWatch->IsAllSaved()) {
+    if (!app_.dataWatch->IsAllSeen()) {
         ErrorTrap trap(app_.log, "Form_SessionEnd", Name());
         trap([&] { window().SayWhySaving("KAZ is saving your events"); });
         trap([&] { app_.dataWatch->Rescue(); });
