@@ -64,7 +64,7 @@ Rescued DataWatch::Collect() const {
     Rescued rescued;
     if (app_.events) rescued.events = app_.events->Unsaved();
     if (app_.expired) rescued.expired = app_.expired->Unsaved();
-    if (app_.settings.SaveFault()) rescued.settings = app_.settings.FileText();
+    if (app_.settings.SaveFault()) rescued.settings = app_.settings.UnsavedText();
     if (tasks_ && tasks_->Unsaved()) rescued.tasks = tasks_->Tasks();
     return rescued;
 }
@@ -109,6 +109,7 @@ std::string DataWatch::Sentence() const {
 void DataWatch::Tell() {
     ErrorTrap trap(app_.log, "Tell", kModule);
     trap([&] { GiveBack(); });
+    trap([&] { states_.TellDamagedSettings(); });
     trap([&] {
         for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
             if (database) states_.Tell(*database);

@@ -69,6 +69,18 @@ void FileStates::Tell(clsDbXml& database) {
     }
 }
 
+void FileStates::TellDamagedSettings() {
+    const std::string kept = app_.settings.TakeDamagedCopy();
+    if (kept.empty()) return;
+    const std::string key = "State of the settings";
+    app_.health.Tell({key,
+                      Health::Weight::Note,
+                      "Another program has damaged the settings file " + app_.settingsFileName +
+                          ". KAZ has written yours anew, and keeps the damaged file as " + kept + ".",
+                      {{"Open the folder", [this, kept] { OpenFolder(kept); }},
+                       {"OK", [this, key] { app_.health.Clear(key); }}}});
+}
+
 void FileStates::OpenFolder(const std::string& file) const {
     try {
         app_.platform.shell.Open(FolderOf(file));

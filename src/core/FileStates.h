@@ -20,6 +20,9 @@ public:
     // Tells how it stands with the file now.
     void Tell(clsDbXml& database);
 
+    // Tells of a settings file that was damaged while the program ran.
+    void TellDamagedSettings();
+
 private:
     void TellGone(clsDbXml& database, const std::vector<clsEvent>& gone);
     void TellDamaged(clsDbXml& database, const std::string& key);

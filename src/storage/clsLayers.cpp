@@ -37,8 +37,10 @@ void clsLayers::SaveLayers() {
 }
 
 void clsLayers::LoadLayers() {
-    for (std::int16_t slot = 1; slot < kAll; ++slot)
+    for (std::int16_t slot = 1; slot < kAll; ++slot) {
+        settings_.Assume(SettingName(slot), DefaultName(slot));
         Layer(slot, settings_.TextOr(SettingName(slot), DefaultName(slot)));
+    }
     Layer(kShared, "Shared");
     Layer(kAll, "All Categories");
 }

@@ -7,6 +7,7 @@
 #include "support/SettingsText.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace kaz {
@@ -76,6 +77,10 @@ void cSHAREDSettings::StoreSetting(std::string_view name, SettingValue value) {
     });
 }
 
+void cSHAREDSettings::Assume(std::string_view name, const SettingValue& value) {
+    assumed_[KeyOf(name)] = LineOf({CleanName(name), value});
+}
+
 SettingValue cSHAREDSettings::RetrieveWithDefault(std::string_view name, const SettingValue& fallback) const {
     SettingValue value = RetrieveSetting(name, fallback);
     // Kept on purpose: here a stored number 0 or False is as good as absent, so an option whose default is
@@ -119,7 +124,10 @@ bool cSHAREDSettings::SaveSettings(const std::string& fileName, Failure failure)
             Tell(kNeverRead);
             return false;
         }
-        WriteWholeFile(files_, fileName, FileText());
+        const std::string text = TextFor(fileName);
+        WriteWholeFile(files_, fileName, text);
+        fileName_ = fileName;
+        Remember(text == FileText() ? std::optional(text) : std::nullopt);
         saveFault_.reset();
         return true;
     } catch (...) {
@@ -145,18 +153,91 @@ void cSHAREDSettings::SaveOnly(const std::string& fileName, std::span<const std:
     trap([&] {
         // Without the others it would be a file of somebody who has chosen nothing.
         if (!neverRead_.empty() || !FileExists(files_, fileName)) return;
+        const auto wanted = [&](const std::string& key) {
+            return std::any_of(names.begin(), names.end(),
+                               [&](std::string_view name) { return KeyOf(name) == key; });
+        };
         const std::string before = ReadSettingsText(files_, locale_, fileName);
-        std::string text;
-        for (std::string_view rest = before; !rest.empty();) {
-            const std::string_view line = TakeLine(rest);
-            const std::string key = KeyOf(line.substr(0, line.find(',')));
-            const auto same = [&](std::string_view name) { return KeyOf(name) == key; };
-            if (std::none_of(names.begin(), names.end(), same)) text.append(line).append(kLineBreak);
-        }
-        for (const std::string_view name : names)
-            if (const auto place = Find(name)) text += LineOf(settings_[*place]);
+        const std::string text = MergedInto(before, wanted);
         if (text != before) WriteWholeFile(files_, fileName, text);
+        if (text_ == before) text_ = text;
+        for (const std::string_view name : names) {
+            lines_.erase(KeyOf(name));
+            if (const auto place = Find(name)) lines_[KeyOf(name)] = LineOf(settings_[*place]);
+        }
     });
+}
+
+std::string cSHAREDSettings::TextFor(const std::string& fileName) {
+    if (!locale_.Folding().Equal(fileName_, fileName)) return FileText();
+    try {
+        const std::string file = ReadSettingsText(files_, locale_, fileName);
+        // Of one that has vanished, the memory is the last good copy.
+        if (file.empty() || file == text_) return FileText();
+        return MergedInto(file, [](const std::string&) { return true; });
+    } catch (const DamagedSettings&) {
+        damagedCopy_ = KeepDamaged(fileName);
+        return FileText();
+    }
+}
+
+std::string cSHAREDSettings::KeepDamaged(const std::string& fileName) {
+    std::string kept = WithExtension(fileName, " (damaged).ini");
+    WriteWholeFile(files_, kept, ReadWholeFile(files_, fileName));
+    log_.LogEvent(fileName + " is damaged and was kept as " + kept);
+    return kept;
+}
+
+bool cSHAREDSettings::IsChanged(const std::string& key, const std::string& line) const {
+    if (const auto known = lines_.find(key); known != lines_.end()) return known->second != line;
+    const auto assumed = assumed_.find(key);
+    return assumed == assumed_.end() || assumed->second != line;
+}
+
+// What was changed here goes into the lines of the file; a line that the file has lost comes back, since
+// there is hardly a reason to remove one.
+std::string cSHAREDSettings::MergedInto(std::string_view file,
+                                        const std::function<bool(const std::string& key)>& wanted) const {
+    std::unordered_map<std::string, std::string> ours;
+    for (const cSHAREDSetting& setting : settings_)
+        if (const std::string key = KeyOf(setting.Name); wanted(key)) ours[key] = LineOf(setting);
+    std::string text;
+    std::unordered_set<std::string> written;
+    while (!file.empty()) {
+        const bool isLast = file.find(kLineBreak) == std::string_view::npos;
+        const std::string_view line = TakeLine(file);
+        const std::string key = KeyOf(line.substr(0, line.find(',')));
+        const auto found = ours.find(key);
+        const bool isCut = isLast && found != ours.end() && found->second.starts_with(line);
+        const bool isDeleted = found == ours.end() && wanted(key) && lines_.contains(key);
+        if (isDeleted) continue;
+        if (found == ours.end() || !(isCut || IsChanged(key, found->second)))
+            text.append(line).append(kLineBreak);
+        else if (!written.contains(key))
+            text += found->second;
+        written.insert(key);
+    }
+    for (const cSHAREDSetting& setting : settings_)
+        if (const std::string key = KeyOf(setting.Name); wanted(key) && !written.contains(key))
+            text += LineOf(setting);
+    return text;
+}
+
+void cSHAREDSettings::Remember(std::optional<std::string> text) {
+    text_ = std::move(text);
+    lines_.clear();
+    for (const cSHAREDSetting& setting : settings_)
+        lines_[KeyOf(setting.Name)] = LineOf(setting);
+}
+
+// All of it, where there is no file that has the rest.
+std::string cSHAREDSettings::UnsavedText() const {
+    std::string text;
+    for (const cSHAREDSetting& setting : settings_)
+        if (const std::string line = LineOf(setting); IsChanged(KeyOf(setting.Name), line)) text += line;
+    const bool isWhole =
+        text.empty() || (FolderExists(files_, FolderOf(fileName_)) && !FileExists(files_, fileName_));
+    return isWhole ? FileText() : text;
 }
 
 std::string cSHAREDSettings::FileText() const {
@@ -179,8 +260,11 @@ void cSHAREDSettings::LoadSettings(const std::string& fileName) {
     trap([&] {
         DeleteAllSettings();
         neverRead_ = fileName;
-        TakeLines(ReadSettingsText(files_, locale_, fileName));
+        const std::string text = ReadSettingsText(files_, locale_, fileName);
+        TakeLines(text);
         neverRead_.clear();
+        fileName_ = fileName;
+        Remember(text);
     });
 }
 

@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -30,6 +31,8 @@ public:
 
     void sSet(std::string_view name, SettingValue value) { StoreSetting(name, std::move(value)); }
     void StoreSetting(std::string_view name, SettingValue value);
+    // What an absent setting stands for: to store that is no change.
+    void Assume(std::string_view name, const SettingValue& value);
 
     SettingValue sGetWD(std::string_view name, const SettingValue& fallback) const {
         return RetrieveWithDefault(name, fallback);
@@ -43,18 +46,22 @@ public:
     bool IsSettingPresent(std::string_view name) const;
 
     // False when nothing was written; the old file is then as it was, and the user has been told when it may
-    // not be written. A file that LoadSettings could not read is not written over.
+    // not be written. A file that LoadSettings could not read is not written over. When another program has
+    // changed the file since it was last read or written here, only what was changed here goes into it; this
+    // memory takes over nothing of theirs before the next load.
     // What the user has not asked for is not told.
     enum class Failure { Told, Quiet };
     bool SaveSettings(const std::string& fileName, Failure failure = Failure::Told);
     // Why the last save failed; nothing after one that did not.
     const std::optional<ErrorInfo>& SaveFault() const { return saveFault_; }
-    // What a save writes.
-    std::string FileText() const;
+    // What a save has to bring into the file.
+    std::string UnsavedText() const;
+    // Where a damaged file was kept before the last save took its place; told once.
+    std::string TakeDamagedCopy() { return std::exchange(damagedCopy_, {}); }
     // Stores what the lines of a settings file say.
     void TakeLines(std::string_view text);
-    // Writes these settings alone into the file, which keeps what else stands in it. Without a word to the
-    // user: for what the program remembers by itself.
+    // Writes these settings alone into the file, where they were changed here. Without a word to the user:
+    // for what the program remembers by itself.
     void SaveOnly(const std::string& fileName, std::span<const std::string_view> names);
     void LoadSettings(const std::string& fileName);
 
@@ -88,6 +95,13 @@ private:
     // The value as it is after a save and a load, for comparisons.
     std::string SavedForm(const SettingValue& value) const;
     static std::string LineOf(const cSHAREDSetting& setting);
+    std::string FileText() const;
+    bool IsChanged(const std::string& key, const std::string& line) const;
+    std::string TextFor(const std::string& fileName);
+    std::string KeepDamaged(const std::string& fileName);
+    std::string MergedInto(std::string_view file,
+                           const std::function<bool(const std::string& key)>& wanted) const;
+    void Remember(std::optional<std::string> text);
     void Tell(const char* text) noexcept;
     // Whether a setting is a member of the set.
     std::function<bool(const cSHAREDSetting&)> MemberOf(std::string_view setName) const;
@@ -101,6 +115,13 @@ private:
     std::unordered_map<std::string, std::size_t> positions_;  // upper-cased name -> place in settings_
     std::optional<ErrorInfo> saveFault_;
     std::string neverRead_;  // a file that is there but could not be read
+    // When the file was last read or written: its name, its text if all of it is in this memory, and the
+    // lines of this memory by their keys.
+    std::string fileName_;
+    std::optional<std::string> text_;
+    std::unordered_map<std::string, std::string> lines_;
+    std::unordered_map<std::string, std::string> assumed_;  // of those that are absent
+    std::string damagedCopy_;
 };
 
 }  // namespace kaz

@@ -54,17 +54,19 @@ void MarkFiles(FakePlatform& machine, const std::string& folder, void (*mark)(Me
 // What a stick takes along.
 class Stick {
 public:
+    explicit Stick(std::string folder = kData) : folder_(std::move(folder)) {}
+
     void Pull(FakePlatform& machine) {
         for (const std::string& file : machine.files.Files())
-            if (file.starts_with(kData)) {
+            if (file.starts_with(folder_)) {
                 texts_[file] = machine.files.Text(file);
                 machine.files.Remove(file);
             }
-        machine.files.Remove(kData);
+        machine.files.Remove(folder_);
     }
     void Copy(FakePlatform& machine) {
         for (const std::string& file : machine.files.Files())
-            if (file.starts_with(kData)) texts_[file] = machine.files.Text(file);
+            if (file.starts_with(folder_)) texts_[file] = machine.files.Text(file);
     }
     void PutBack(FakePlatform& machine) {
         for (const auto& [file, text] : texts_)
@@ -73,6 +75,7 @@ public:
     }
 
 private:
+    std::string folder_;
     std::map<std::string, std::string> texts_;
 };
 
@@ -513,17 +516,36 @@ TEST_F(Unsaved, EventsThatAnotherRemovesCanBeTakenBack) {
 TEST_F(Unsaved, TheSettingsAndTheTasksHaveTheSamePromise) {
     std::vector<Fault> ofSettings = Faults(Story::kFolder);
     ofSettings.resize(3);
-    ofSettings.push_back({"vanished", "",
-                          [](FakePlatform& machine) { machine.files.Remove(Story::Path("Kaz.ini")); },
-                          [](FakePlatform&) {}});
+    const std::string ini = Story::Path("Kaz.ini");
+    const auto nothing = [](FakePlatform&) {};
+    const auto stick = std::make_shared<Stick>(Story::kFolder);
+    ofSettings.insert(
+        ofSettings.end(),
+        {{"folder gone", "is not there", [stick](FakePlatform& machine) { stick->Pull(machine); },
+          [stick](FakePlatform& machine) { stick->PutBack(machine); }},
+         {"vanished", "", [=](FakePlatform& machine) { machine.files.Remove(ini); }, nothing},
+         {"damaged", "damaged",
+          [=](FakePlatform& machine) { machine.files.Put(ini, std::string(3000, '\0')); }, nothing},
+         {"cut", "",
+          [=](FakePlatform& machine) {
+              const std::string text = machine.files.Text(ini);
+              machine.files.Put(ini, text.substr(0, text.find("\\Data") + 2));
+          },
+          nothing},
+         {"newer on disk", "",
+          [=](FakePlatform& machine) {
+              machine.files.Put(ini, ReplaceAll(machine.files.Text(ini), "OWNER,", "LAYER7,Other\r\nOWNER,"));
+          },
+          nothing, true}});
     const struct {
         const char* named;
         std::vector<Fault> faults;
         std::string file;
         const char* entered;
+        const char* rest;  // of the file
         std::function<void()> act;
     } deeds[] = {
-        {"the settings", ofSettings, Story::Path("Kaz.ini"), "Garden",
+        {"the settings", ofSettings, ini, "Garden", "DATAPATH,D:\\Data\r\n",
          [&] {
              story->machine.windows.OnModal([](FakeWindow& categories) {
                  categories.Type(IDC_txtLayer + 3, "Garden");
@@ -531,7 +553,7 @@ TEST_F(Unsaved, TheSettingsAndTheTasksHaveTheSamePromise) {
              });
              Main().Click(IDM_EDITLAYERS);
          }},
-        {"the settings", ofSettings, Story::Path("Kaz.ini"), "NOSOUNDS,-1",
+        {"the settings", ofSettings, ini, "NOSOUNDS,-1", "DATAPATH,D:\\Data\r\n",
          [&] {
              story->machine.windows.OnModal([](FakeWindow& options) {
                  options.SetChecked(IDC_chkNoSound, true);
@@ -539,7 +561,7 @@ TEST_F(Unsaved, TheSettingsAndTheTasksHaveTheSamePromise) {
              });
              Main().Click(IDM_SETTINGS);
          }},
-        {"the task list", Faults(), Data("tasklist.xml"), "Paint the fence",
+        {"the task list", Faults(), Data("tasklist.xml"), "Paint the fence", "",
          [&] {
              Main().Click(IDM_TASKLIST);
              story->machine.dialogs.inputs = {"Paint the fence"};
@@ -568,7 +590,8 @@ TEST_F(Unsaved, TheSettingsAndTheTasksHaveTheSamePromise) {
                 fault.end(machine);
                 if (restarted) Start();
                 story->Advance(65);
-                EXPECT_THAT(machine.files.Text(deed.file), HasSubstr(deed.entered));
+                EXPECT_THAT(machine.files.Text(deed.file),
+                            testing::AllOf(HasSubstr(deed.entered), HasSubstr(deed.rest)));
                 if (fault.another) {
                     EXPECT_THAT(machine.files.Text(deed.file), HasSubstr("Other"));
                 }
