@@ -18,6 +18,9 @@ namespace {
 constexpr std::string_view kLastTick = "LastTick";
 constexpr std::string_view kDoubtSince = "ClockDoubtSince";
 constexpr std::string_view kDoubtTick = "ClockDoubtTick";
+// The last good tick of the machine that is in doubt, which names the files as they were. Another machine on
+// the same folder goes on writing its own as the last tick.
+constexpr std::string_view kDoubtAfter = "ClockDoubtAfter";
 constexpr std::string_view kDateNotice = "Date of this computer";
 constexpr std::string_view kPutBack = "Events put back";
 
@@ -73,7 +76,10 @@ void ClockGuard::Load() {
     lastGood_ = time(kLastTick);
     const auto since = time(kDoubtSince);
     const auto last = time(kDoubtTick);
-    if (lastGood_ && since && last) doubt_ = {*since, *last};
+    if (lastGood_ && since && last) {
+        doubt_ = {*since, *last};
+        if (const auto after = time(kDoubtAfter)) lastGood_ = after;
+    }
     written_ = doubt_ ? doubt_->last : lastGood_.value_or(DateValue());
     if (doubt_) Tell();
 }
@@ -208,15 +214,18 @@ void ClockGuard::Store() {
     if (doubt_) {
         app_.settings.StoreSetting(kDoubtSince, text(doubt_->since));
         app_.settings.StoreSetting(kDoubtTick, text(doubt_->last));
+        app_.settings.StoreSetting(kDoubtAfter, text(*lastGood_));
     } else {
         app_.settings.DeleteSetting(kDoubtSince);
         app_.settings.DeleteSetting(kDoubtTick);
+        app_.settings.DeleteSetting(kDoubtAfter);
     }
 }
 
 // Not with every tick, which would be thousands of writes a day to a stick or a synchronised folder.
 void ClockGuard::Write() {
-    app_.settings.SaveOnly(app_.settingsFileName, std::array{kLastTick, kDoubtSince, kDoubtTick});
+    app_.settings.SaveOnly(app_.settingsFileName,
+                           std::array{kLastTick, kDoubtSince, kDoubtTick, kDoubtAfter});
     app_.runMark.Sign();
     written_ = app_.platform.clock.Now();
     shownWhenWritten_ = app_.reminderWindows.TimesShown();

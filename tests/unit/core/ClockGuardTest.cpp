@@ -151,6 +151,22 @@ TEST(ClockGuard, PutsBackWhatAWrongDateMovedAndKeepsWhatTheUserDid) {
          false,
          untouched,
          {}},
+        {"another machine saves meanwhile",
+         [=](Days& d) {
+             d.Add(Daily("4", "Far", DateValue(45061), 7));
+             FakePlatform there;
+             Application another(there.Services(d.machine.files));
+             Startup(another).Run();
+             d.Off(kTo2099), d.Tick();
+             there.clock.AdvanceDays(1);
+             another.clockGuard->Look();
+             another.clockGuard->NoteTick();
+             another.settings.SaveSettings(kIni);
+             d.Off(1 - kTo2099);
+         },
+         false,
+         {"Swim 2023-03-17", "Pill 2023-03-16", "Dentist 2023-03-20", "Far 2023-05-15"},
+         {}},
         {"really away, and the user says so",
          [](Days& d) { d.Off(60), d.Press(1), d.Running(0, 1); },
          false,
