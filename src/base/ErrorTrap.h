@@ -54,4 +54,14 @@ private:
     std::string_view module_;
 };
 
+// For a step whose failure nobody can be told of, as the log's own, or need be told of.
+template <class Step>
+void Quietly(Step&& step) noexcept {
+    try {
+        step();
+    } catch (...) {
+        static_cast<void>(0);
+    }
+}
+
 }  // namespace kaz

@@ -1,5 +1,7 @@
 #include "base/Text.h"
 
+#include <cstdint>
+
 namespace kaz {
 
 std::string_view Trim(std::string_view text) noexcept {
@@ -52,6 +54,16 @@ std::string UpperAscii(std::string_view text) {
     for (char& c : result)
         if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
     return result;
+}
+
+std::string HashDigits(std::string_view bytes) {
+    std::uint64_t hash = 0xcbf29ce484222325U;
+    for (const char byte : bytes)
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3U;
+    std::string digits(16, '0');
+    for (std::size_t place = digits.size(); place-- > 0; hash >>= 4U)
+        digits[place] = "0123456789abcdef"[hash & 15U];
+    return digits;
 }
 
 }  // namespace kaz

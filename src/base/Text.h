@@ -31,4 +31,7 @@ bool StringsEqual(std::string_view a, std::string_view b,
 
 std::string UpperAscii(std::string_view text);
 
+// 16 hexadecimal digits that stand for bytes of any length (64-bit FNV-1a), for the name of something.
+std::string HashDigits(std::string_view bytes);
+
 }  // namespace kaz

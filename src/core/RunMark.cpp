@@ -2,14 +2,12 @@
 
 #include "base/CaseFolding.h"
 #include "base/DateText.h"
+#include "base/ErrorTrap.h"
 #include "base/LocaleData.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/Files.h"
 #include "support/Names.h"
-
-#include <cstdint>
-#include <cstdio>
 
 namespace kaz {
 
@@ -17,24 +15,9 @@ namespace {
 
 constexpr std::string_view kSignPattern = "YYYY-MM-DD HH:NN:SS";
 
-// The mark is no part of what users rely on: without it everything else works.
-template <class Step>
-void Quietly(Step step) noexcept {
-    try {
-        step();
-    } catch (...) {
-        static_cast<void>(0);
-    }
-}
-
 // Paths are long and full of what a file name cannot hold.
 std::string ShortNameOf(const std::string& folder) {
-    std::uint64_t hash = 14695981039346656037U;
-    for (const char c : CaseFolding::Western().Lower(folder))
-        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
-    char text[17];
-    std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(hash));
-    return text;
+    return HashDigits(CaseFolding::Western().Lower(folder));
 }
 
 std::optional<DateValue> LastSignIn(std::string_view text) {

@@ -29,16 +29,6 @@ void AppendLine(std::string& lines, DateValue time, std::string_view text) {
     lines.append(line).append(fits ? "" : kCut).append(kLineBreak);
 }
 
-// The log is where failures are told, so its own have nowhere to go.
-template <class Step>
-void Quietly(Step step) noexcept {
-    try {
-        step();
-    } catch (...) {
-        static_cast<void>(0);
-    }
-}
-
 }  // namespace
 
 cSharedLogging::cSharedLogging(FileSystem& files, const Clock& clock, const SystemInfo& system, About about)

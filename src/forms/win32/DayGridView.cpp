@@ -81,40 +81,40 @@ void DayGridView::Select(int box) {
     TellScreenReader();
 }
 
-LRESULT CALLBACK DayGridView::Procedure(HWND control, UINT message, WPARAM wide, LPARAM narrow, UINT_PTR,
+LRESULT CALLBACK DayGridView::Procedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                         DWORD_PTR self) {
     auto& view = *reinterpret_cast<DayGridView*>(self);
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(control, Procedure, kSubclass);
         view.control_ = nullptr;
-        return DefSubclassProc(control, message, wide, narrow);
+        return DefSubclassProc(control, message, wParam, lParam);
     }
     try {
         LRESULT result = 0;
-        if (view.OnMessage(message, wide, narrow, result)) return result;
+        if (view.OnMessage(message, wParam, lParam, result)) return result;
     } catch (...) {
         // Short of memory while painting: the next painting may succeed.
         ValidateRect(control, nullptr);
         return 0;
     }
-    return DefSubclassProc(control, message, wide, narrow);
+    return DefSubclassProc(control, message, wParam, lParam);
 }
 
-bool DayGridView::OnMessage(UINT message, WPARAM wide, LPARAM narrow, LRESULT& result) {
+bool DayGridView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
     case WM_PAINT: Paint(); return true;
     case WM_PRINTCLIENT: {
         RECT client{};
         GetClientRect(control_, &client);
-        PaintOn(reinterpret_cast<HDC>(wide), client);
+        PaintOn(reinterpret_cast<HDC>(wParam), client);
         return true;
     }
     case WM_ERASEBKGND: result = TRUE; return true;
-    case WM_NCHITTEST: result = DefWindowProcW(control_, message, wide, narrow); return true;
+    case WM_NCHITTEST: result = DefWindowProcW(control_, message, wParam, lParam); return true;
     // The static control would paint its text at once.
-    case WM_SETTEXT: result = DefWindowProcW(control_, message, wide, narrow); return true;
+    case WM_SETTEXT: result = DefWindowProcW(control_, message, wParam, lParam); return true;
     case WM_ENABLE: return true;
-    case WM_GETDLGCODE: result = WantedKeys(reinterpret_cast<const MSG*>(narrow)); return true;
+    case WM_GETDLGCODE: result = WantedKeys(reinterpret_cast<const MSG*>(lParam)); return true;
     case WM_SETFONT: measured_ = false; return false;
     case WM_SIZE: InvalidateRect(control_, nullptr, FALSE); return false;
     case WM_SETFOCUS:
@@ -123,10 +123,10 @@ bool DayGridView::OnMessage(UINT message, WPARAM wide, LPARAM narrow, LRESULT& r
         RepaintBox(cursor_.Selected());
         if (look_.focused) raise_(Raised::Focus, 0);
         return true;
-    case WM_KEYDOWN: return OnKey(wide);
-    case WM_LBUTTONDOWN: OnClick(narrow, false); return true;
-    case WM_LBUTTONDBLCLK: OnClick(narrow, true); return true;
-    case WM_MOUSEMOVE: OnMouseMove(narrow); return true;
+    case WM_KEYDOWN: return OnKey(wParam);
+    case WM_LBUTTONDOWN: OnClick(lParam, false); return true;
+    case WM_LBUTTONDBLCLK: OnClick(lParam, true); return true;
+    case WM_MOUSEMOVE: OnMouseMove(lParam); return true;
     default: return false;
     }
 }

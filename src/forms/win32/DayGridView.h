@@ -28,10 +28,10 @@ public:
     void Select(int box) override;
 
 private:
-    static LRESULT CALLBACK Procedure(HWND control, UINT message, WPARAM wide, LPARAM narrow, UINT_PTR id,
+    static LRESULT CALLBACK Procedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                       DWORD_PTR self);
     // False when the system shall see to the message.
-    bool OnMessage(UINT message, WPARAM wide, LPARAM narrow, LRESULT& result);
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     static LRESULT WantedKeys(const MSG* message);
     void OnClick(LPARAM point, bool twice);
     bool OnKey(WPARAM key);

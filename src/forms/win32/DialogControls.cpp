@@ -1,4 +1,6 @@
-#include "forms/win32/DialogWindow.h"
+#include "forms/win32/DialogControls.h"
+
+#include "forms/win32/ListContents.h"
 #include "forms/win32/ScreenPlacement.h"
 #include "forms/win32/StockControls.h"
 #include "win32/Text.h"
@@ -9,12 +11,12 @@ namespace kaz {
 
 namespace {
 
-class Quietly {
+class NotRaising {
 public:
-    explicit Quietly(bool& quiet) : quiet_(quiet), before_(std::exchange(quiet, true)) {}
-    ~Quietly() { quiet_ = before_; }
-    Quietly(const Quietly&) = delete;
-    Quietly& operator=(const Quietly&) = delete;
+    explicit NotRaising(bool& quiet) : quiet_(quiet), before_(std::exchange(quiet, true)) {}
+    ~NotRaising() { quiet_ = before_; }
+    NotRaising(const NotRaising&) = delete;
+    NotRaising& operator=(const NotRaising&) = delete;
 
 private:
     bool& quiet_;
@@ -23,47 +25,47 @@ private:
 
 }  // namespace
 
-std::string DialogWindow::Text(int control) const { return ControlText(At(control)); }
+std::string DialogControls::Text(int control) const { return ControlText(At(control)); }
 
-void DialogWindow::SetText(int control, const std::string& text) {
-    const Quietly quietly(quiet_);
+void DialogControls::SetText(int control, const std::string& text) {
+    const NotRaising notRaising(quiet_);
     SetControlText(At(control), text);
 }
 
-bool DialogWindow::Checked(int control) const {
+bool DialogControls::Checked(int control) const {
     return SendMessageW(At(control), BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-void DialogWindow::SetChecked(int control, bool checked) {
-    const Quietly quietly(quiet_);
+void DialogControls::SetChecked(int control, bool checked) {
+    const NotRaising notRaising(quiet_);
     SendMessageW(At(control), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
-bool DialogWindow::Enabled(int control) const {
+bool DialogControls::Enabled(int control) const {
     return (GetWindowLongPtrW(At(control), GWL_STYLE) & WS_DISABLED) == 0;
 }
 
 // A control that has the keyboard and goes away would take the keyboard with it.
-void DialogWindow::MoveFocusFrom(HWND control) {
+void DialogControls::MoveFocusFrom(HWND control) {
     if (control && control != window_ && GetFocus() == control)
         SendMessageW(window_, WM_NEXTDLGCTL, 0, FALSE);
 }
 
-void DialogWindow::SetEnabled(int control, bool enabled) {
+void DialogControls::SetEnabled(int control, bool enabled) {
     if (!enabled) MoveFocusFrom(At(control));
     EnableWindow(At(control), enabled);
 }
 
-bool DialogWindow::ControlVisible(int control) const {
+bool DialogControls::ControlVisible(int control) const {
     return (GetWindowLongPtrW(At(control), GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
-void DialogWindow::SetControlVisible(int control, bool visible) {
+void DialogControls::SetControlVisible(int control, bool visible) {
     if (!visible) MoveFocusFrom(At(control));
     ShowWindow(At(control), visible ? SW_SHOWNA : SW_HIDE);
 }
 
-ControlPlace DialogWindow::Place(int control) const {
+ControlPlace DialogControls::Place(int control) const {
     RECT place{};
     GetWindowRect(At(control), &place);
     MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
@@ -71,7 +73,7 @@ ControlPlace DialogWindow::Place(int control) const {
             ToUnits(window_, place.right - place.left), ToUnits(window_, place.bottom - place.top)};
 }
 
-void DialogWindow::SetPlace(int control, const ControlPlace& place) {
+void DialogControls::SetPlace(int control, const ControlPlace& place) {
     const HWND target = At(control);
     if (target == window_) return;
     SetWindowPos(target, nullptr, ToPixels(window_, place.left), ToPixels(window_, place.top),
@@ -81,7 +83,7 @@ void DialogWindow::SetPlace(int control, const ControlPlace& place) {
     if (notices_.contains(control)) InvalidateRect(target, nullptr, TRUE);
 }
 
-int DialogWindow::IdealWidth(int control) const {
+int DialogControls::IdealWidth(int control) const {
     const HWND target = At(control);
     if (const auto notice = notices_.find(control); notice != notices_.end())
         return ToUnits(window_, notice->second.IdealWidth());
@@ -92,13 +94,13 @@ int DialogWindow::IdealWidth(int control) const {
     return ToUnits(window_, TextWidth(target));
 }
 
-void DialogWindow::SetRoomAbove(int control, int height) { layout_->SetRoomAbove(At(control), height); }
+void DialogControls::SetRoomAbove(int control, int height) { layout_->SetRoomAbove(At(control), height); }
 
-void DialogWindow::SetNotice(int control, const std::string& text, Tone tone) {
+void DialogControls::SetNotice(int control, const std::string& text, Tone tone) {
     notices_.try_emplace(control, window_, At(control), module_).first->second.Show(ToWide(text), tone);
 }
 
-void DialogWindow::SetControlsEnabled(bool enabled) {
+void DialogControls::SetControlsEnabled(bool enabled) {
     // The system takes the keyboard from a control that is disabled.
     if (!enabled) focusWhenEnabled_ = IsChild(window_, GetFocus()) ? GetFocus() : nullptr;
     for (HWND control = GetWindow(window_, GW_CHILD); !enabled && control;
@@ -114,7 +116,7 @@ void DialogWindow::SetControlsEnabled(bool enabled) {
         ::SetFocus(back);
 }
 
-void DialogWindow::SetFocus(int control) {
+void DialogControls::SetFocus(int control) {
     const HWND target = At(control);
     if (!target || target == window_) return;
     // To focus a control of an inactive window would activate it.
@@ -128,36 +130,41 @@ void DialogWindow::SetFocus(int control) {
         SendMessageW(target, EM_SETSEL, 0, 0);
 }
 
-void DialogWindow::SelectText(int control) { SendMessageW(At(control), EM_SETSEL, 0, -1); }
+void DialogControls::SelectText(int control) { SendMessageW(At(control), EM_SETSEL, 0, -1); }
 
-void DialogWindow::LimitText(int control, int characters) {
+void DialogControls::LimitText(int control, int characters) {
     SendMessageW(At(control), EM_SETLIMITTEXT, static_cast<WPARAM>(characters), 0);
 }
 
-void DialogWindow::SetItems(int control, const std::vector<std::string>& items) {
-    const Quietly quietly(quiet_);
-    SetControlItems(At(control), items);
+void DialogControls::SetItems(int control, const std::vector<std::string>& items) {
+    const NotRaising notRaising(quiet_);
+    ListContents(At(control)).SetItems(items);
 }
 
-std::vector<std::string> DialogWindow::Items(int control) const { return ControlItems(At(control)); }
+std::vector<std::string> DialogControls::Items(int control) const {
+    return ListContents(At(control)).Items();
+}
 
-int DialogWindow::Selected(int control) const {
+int DialogControls::Selected(int control) const {
     const std::vector<int> selection = Selection(control);
     return selection.empty() ? -1 : selection.front();
 }
 
-void DialogWindow::Select(int control, int position) {
+void DialogControls::Select(int control, int position) {
     SetSelection(control, position < 0 ? std::vector<int>{} : std::vector<int>{position});
 }
 
-std::vector<int> DialogWindow::Selection(int control) const { return ControlSelection(At(control)); }
-
-void DialogWindow::SetSelection(int control, const std::vector<int>& positions) {
-    const Quietly quietly(quiet_);
-    SetControlSelection(At(control), positions);
+std::vector<int> DialogControls::Selection(int control) const {
+    return ListContents(At(control)).Selection();
 }
 
-void DialogWindow::PrepareControls() {
+void DialogControls::SetSelection(int control, const std::vector<int>& positions) {
+    const NotRaising notRaising(quiet_);
+    ListContents(At(control)).Select(positions);
+}
+
+void DialogControls::PrepareControls(int dialog) {
+    layout_.emplace(window_, module_, dialog);
     for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
         const ControlKind kind = KindOf(child);
@@ -171,14 +178,81 @@ void DialogWindow::PrepareControls() {
     }
 }
 
-ReportList& DialogWindow::Report(int control) {
+ReportList& DialogControls::Report(int control) {
     const auto raise = [this, control](Raised what, int detail) { Raise(control, what, detail); };
     return reports_.try_emplace(control, GetDlgItem(window_, control), raise).first->second;
 }
 
-DayGrid& DialogWindow::Grid(int control) {
+DayGrid& DialogControls::Grid(int control) {
     const auto raise = [this, control](Raised what, int detail) { Raise(control, what, detail); };
     return grids_.try_emplace(control, GetDlgItem(window_, control), raise).first->second;
+}
+
+POINT DialogControls::MenuPointOf(HWND control) const {
+    if (const auto report = reports_.find(GetDlgCtrlID(control)); report != reports_.end())
+        return report->second.MenuPoint();
+    RECT place{};
+    GetWindowRect(control, &place);
+    return {place.left, place.top};
+}
+
+INT_PTR DialogControls::OnNotify(const NMHDR& header) {
+    const int id = static_cast<int>(header.idFrom);
+    if (const auto report = reports_.find(id); report != reports_.end()) {
+        const auto answer = report->second.OnNotify(header);
+        return answer ? Answer(*answer) : FALSE;
+    }
+    if (const auto toolbar = toolbars_.find(id); toolbar != toolbars_.end()) {
+        const auto answer = toolbar->second.OnNotify(header);
+        return answer ? Answer(*answer) : FALSE;
+    }
+    if (tabs_ && tabs_->OnNotify(header)) return TRUE;
+    if (header.code == TCN_SELCHANGE && !quiet_) Raise(id, Raised::Select);
+    return FALSE;
+}
+
+INT_PTR DialogControls::OnControlColour(UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto control = reinterpret_cast<HWND>(lParam);
+    const ControlKind kind = KindOf(control);
+    if (!tabs_ || (kind != ControlKind::Static && kind != ControlKind::AnyButton)) return FALSE;
+    // For the colours of the text.
+    DefWindowProcW(window_, message, wParam, lParam);
+    return reinterpret_cast<INT_PTR>(tabs_->BackgroundOf(control, reinterpret_cast<HDC>(wParam)));
+}
+
+void DialogControls::SetToolbar(int control, const std::vector<ToolButton>& buttons) {
+    toolbars_.try_emplace(control, GetDlgItem(window_, control), module_).first->second.SetButtons(buttons);
+}
+
+INT_PTR DialogControls::Answer(LRESULT result) {
+    SetWindowLongPtrW(window_, DWLP_MSGRESULT, result);
+    return TRUE;
+}
+
+INT_PTR DialogControls::OnDrawItem(int control, const DRAWITEMSTRUCT& item) {
+    const auto notice = notices_.find(control);
+    if (notice == notices_.end()) return FALSE;
+    notice->second.Paint(item);
+    return TRUE;
+}
+
+void DialogControls::OnSize() {
+    if (layout_) layout_->Apply();
+    for (auto& [id, report] : reports_)
+        report.FitColumns();
+    Raise(0, Raised::Resize);
+}
+
+void DialogControls::OnDpiChanged() {
+    layout_->MakeHeadings();
+    layout_->Apply();
+    for (auto& [id, report] : reports_)
+        report.OnDpiChanged();
+    for (auto& [id, toolbar] : toolbars_)
+        toolbar.OnDpiChanged();
+    for (auto& [id, notice] : notices_)
+        notice.OnDpiChanged();
+    Raise(0, Raised::DpiChanged);
 }
 
 }  // namespace kaz

@@ -3,6 +3,8 @@
 #include "base/RuntimeError.h"
 #include "forms/win32/ModalRun.h"
 #include "forms/win32/ScreenPlacement.h"
+#include "forms/win32/StockControls.h"
+#include "forms/win32/Tooltips.h"
 #include "resources/resource.h"
 #include "win32/ActivationContext.h"
 #include "win32/Text.h"
@@ -12,6 +14,15 @@
 namespace kaz {
 
 namespace {
+
+constexpr wchar_t kProperty[] = L"kaz.DialogWindow";
+
+// Private messages: what was raised while a key was translated; what waits for the window's activation; what
+// the system must have rescaled before.
+constexpr UINT kRaiseLater = WM_APP + 1;
+constexpr UINT kFocusNow = WM_APP + 2;
+constexpr UINT kDpiHasChanged = WM_APP + 3;
+constexpr UINT kTrayMouse = WM_APP + 4;
 
 // The icon belongs to the module and is not destroyed.
 void SetIcon(HWND window, HINSTANCE module, WPARAM kind, int width, int height) {
@@ -38,15 +49,14 @@ BOOL CALLBACK ReleaseOwned(HWND window, LPARAM owner) {
 
 }  // namespace
 
-DialogWindow::DialogWindow(HINSTANCE module, int dialog) : module_(module) {
+DialogWindow::DialogWindow(HINSTANCE module, int dialog) : DialogControls(module) {
     const ActivationContext context(module);
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES | ICC_DATE_CLASSES};
     InitCommonControlsEx(&classes);
     CreateDialogParamW(module, MAKEINTRESOURCEW(dialog), nullptr, Procedure, reinterpret_cast<LPARAM>(this));
     if (!window_) throw RuntimeError(ErrorNumber::InternalError);
-    accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(dialog));
-    layout_.emplace(window_, module, dialog);
-    PrepareControls();
+    keys_.Load(module, dialog);
+    PrepareControls(dialog);
     // The small one first: with only the big one set, Wine makes a small one of it for the window manager.
     SetIcon(window_, module, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
     SetIcon(window_, module, ICON_BIG, SM_CXICON, SM_CYICON);
@@ -173,5 +183,164 @@ void DialogWindow::AskForResumes() {
 }
 
 void DialogWindow::StopTimer(int timer) { KillTimer(window_, static_cast<UINT_PTR>(timer)); }
+
+DialogWindow* DialogWindow::Of(HWND window) {
+    return static_cast<DialogWindow*>(GetPropW(window, kProperty));
+}
+
+INT_PTR CALLBACK DialogWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        auto* self = reinterpret_cast<DialogWindow*>(lParam);
+        self->window_ = window;
+        SetPropW(window, kProperty, self);
+        SetWindowLongPtrW(window, DWLP_USER, lParam);
+        return FALSE;  // a window that is made hidden must not take the focus
+    }
+    if (message == WM_NCDESTROY) {
+        RemovePropW(window, kProperty);
+        SetWindowLongPtrW(window, DWLP_USER, 0);
+    }
+    // Not by the property: a list asks hundreds of times for each page that it paints.
+    auto* self = reinterpret_cast<DialogWindow*>(GetWindowLongPtrW(window, DWLP_USER));
+    return self ? self->OnMessage(message, wParam, lParam) : FALSE;
+}
+
+INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam)); return TRUE;
+    case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+    case WM_DRAWITEM:
+        return OnDrawItem(static_cast<int>(wParam), *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN: return OnControlColour(message, wParam, lParam);
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+        if (tabs_) tabs_->Repaint();
+        return FALSE;
+    case WM_TIMER: Raise(static_cast<int>(wParam), Raised::Timer); return TRUE;
+    case WM_SIZE: OnSize(); return TRUE;
+    case WM_GETMINMAXINFO: {
+        if (!layout_) return FALSE;
+        const SIZE least = layout_->Minimum();
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+        return TRUE;
+    }
+    case WM_SETCURSOR: EnsureTooltips(); return FALSE;
+    case WM_CONTEXTMENU: OnContextMenu(reinterpret_cast<HWND>(wParam), lParam); return TRUE;
+    case WM_CLOSE: Raise(0, Raised::CloseBox); return TRUE;
+    case WM_QUERYENDSESSION: return Answer(TRUE);
+    case WM_ENDSESSION:
+        if (wParam) Raise(0, Raised::SessionEnd);
+        return Answer(0);
+    case WM_POWERBROADCAST:
+        if (wParam == PBT_APMRESUMEAUTOMATIC) Raise(0, Raised::Resumed);
+        return Answer(TRUE);
+    case WM_TIMECHANGE: Raise(0, Raised::ClockChanged); return TRUE;
+    case WM_DPICHANGED: PostMessageW(window_, kDpiHasChanged, 0, 0); return FALSE;
+    case kDpiHasChanged: OnDpiChanged(); return TRUE;
+    case WM_ACTIVATE:
+        if (LOWORD(wParam) == WA_INACTIVE) return FALSE;
+        if (focusWhenActive_) PostMessageW(window_, kFocusNow, 0, 0);
+        Raise(0, Raised::Activated, LOWORD(wParam) == WA_CLICKACTIVE ? kByMouse : 0);
+        return FALSE;
+    case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wParam)); return TRUE;
+    case kFocusNow: {
+        // A button under the mouse that activated the window would be let go of, and the click lost.
+        const int control = std::exchange(focusWhenActive_, 0);
+        if (!GetCapture()) SetFocus(control);
+        return TRUE;
+    }
+    case kRaiseLater:
+        Raise(LOWORD(wParam), static_cast<Raised>(HIWORD(wParam)), static_cast<int>(lParam));
+        return TRUE;
+    case kTrayMouse: OnTray(LOWORD(lParam)); return TRUE;
+    default:
+        if (!tray_ || message != TrayIcon::ShellStarted()) return FALSE;
+        tray_->Forget();
+        Raise(0, Raised::TrayLost);
+        return TRUE;
+    }
+}
+
+void DialogWindow::Raise(int control, Raised what, int detail) {
+    if (keys_.IsTranslating())
+        PostMessageW(window_, kRaiseLater, MAKEWPARAM(control, static_cast<int>(what)), detail);
+    else if (listener_)
+        listener_->OnRaised(control, what, detail);
+}
+
+void DialogWindow::OnCommand(int id, unsigned notification, HWND control) {
+    // A toolbar's button speaks through the toolbar, under the id of its command.
+    if (!control || IsToolbar(control)) {
+        // Escape comes as IDCANCEL without a button, Enter as IDOK.
+        if (id == IDCANCEL)
+            Raise(0, Raised::CloseBox, kByEscape);
+        else if (id != IDOK)
+            Raise(id, Raised::Click);
+        return;
+    }
+    if (quiet_) return;
+    if (const auto what = RaisedByCommand(control, notification)) Raise(id, *what);
+}
+
+void DialogWindow::OnContextMenu(HWND control, LPARAM point) {
+    menuPoint_ = {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))};
+    const bool byKeyboard = menuPoint_.x == -1 && menuPoint_.y == -1;
+    if (byKeyboard) menuPoint_ = MenuPointOf(control);
+    // The header of a list is a child of the list and has no menu.
+    if (control == window_ || GetParent(control) == window_)
+        Raise(control == window_ ? 0 : GetDlgCtrlID(control), Raised::RightClick);
+}
+
+// A touchpad turns the wheel by less than a click at a time.
+void DialogWindow::OnWheel(int delta) {
+    wheel_ += delta;
+    const int clicks = wheel_ / WHEEL_DELTA;
+    wheel_ -= clicks * WHEEL_DELTA;
+    if (clicks != 0) Raise(0, Raised::Wheel, clicks);
+}
+
+void DialogWindow::OnTray(UINT mouseMessage) {
+    GetCursorPos(&menuPoint_);
+    Raise(0, Raised::TrayMouse, static_cast<int>(mouseMessage));
+}
+
+// Not before the pointer is there: while controls have tooltips, each message to them takes a detour, and a
+// window that opens sends hundreds.
+void DialogWindow::EnsureTooltips() {
+    if (!std::exchange(hasTooltips_, true)) AddTooltips(window_, module_);
+}
+
+void DialogWindow::ShowMenu(int menu) {
+    const Menu whole(LoadMenuW(module_, MAKEINTRESOURCEW(menu)));
+    if (!whole) return;
+    // The menu of a window that is not in front, as that of the tray icon, would stay open after a click
+    // beside it.
+    SetForegroundWindow(window_);
+    const UINT side = GetSystemMetrics(SM_MENUDROPALIGNMENT) ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
+    const int chosen = TrackPopupMenuEx(GetSubMenu(whole.Get(), 0), TPM_RETURNCMD | TPM_RIGHTBUTTON | side,
+                                        menuPoint_.x, menuPoint_.y, window_, nullptr);
+    PostMessageW(window_, WM_NULL, 0, 0);
+    if (chosen) Raise(chosen, Raised::Click);
+}
+
+void DialogWindow::ShowMenuUnder(int toolbar, int command, int menu) {
+    if (const auto found = toolbars_.find(toolbar); found != toolbars_.end())
+        menuPoint_ = found->second.MenuPointOf(command);
+    ShowMenu(menu);
+}
+
+void DialogWindow::ShowTrayIcon(const std::string& tip, bool warns) {
+    if (!tray_) tray_.emplace(window_, module_, kTrayMouse);
+    if (!tray_->Show(ToWide(tip), warns))
+        throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
+}
+
+// The dialog's default button would get the Enter key, and a row could not be opened by it.
+bool DialogWindow::TranslateKey(MSG& message) {
+    const bool isEnter = message.message == WM_KEYDOWN && message.wParam == VK_RETURN;
+    return IsWindowEnabled(window_) && !(isEnter && IsReport(message.hwnd)) &&
+           keys_.Translate(window_, message);
+}
 
 }  // namespace kaz

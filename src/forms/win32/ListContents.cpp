@@ -11,17 +11,40 @@ namespace kaz {
 
 ListContents::ListContents(HWND control) : control_(control), kind_(KindOf(control)) {}
 
-LRESULT ListContents::Send(const Messages& messages, WPARAM wide, LPARAM narrow) const {
+LRESULT ListContents::Send(const Messages& messages, WPARAM wParam, LPARAM lParam) const {
     UINT message = 0;
     if (kind_ == ControlKind::ListBox) message = messages.list;
     if (kind_ == ControlKind::ComboBox) message = messages.combo;
     if (kind_ == ControlKind::TabStrip) message = messages.tab;
-    return message ? SendMessageW(control_, message, wide, narrow) : 0;
+    return message ? SendMessageW(control_, message, wParam, lParam) : 0;
 }
 
 bool ListContents::IsMultiple() const {
     return kind_ == ControlKind::ListBox &&
            (GetWindowLongPtrW(control_, GWL_STYLE) & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) != 0;
+}
+
+void ListContents::SetItems(const std::vector<std::string>& items) {
+    // Each line would otherwise repaint the whole list.
+    SendMessageW(control_, WM_SETREDRAW, FALSE, 0);
+    const int top = static_cast<int>(Send({LB_GETTOPINDEX, 0, 0}));
+    Clear(items.size());
+    for (const std::string& item : items)
+        Append(ToWide(item));
+    FitWidth(items);
+    const int last = std::max(Count() - 1, 0);
+    Send({LB_SETTOPINDEX, 0, 0}, static_cast<WPARAM>(std::min(top, last)));
+    SendMessageW(control_, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(control_, nullptr, TRUE);
+}
+
+std::vector<std::string> ListContents::Items() const {
+    const int count = Count();
+    std::vector<std::string> items;
+    items.reserve(static_cast<std::size_t>(std::max(count, 0)));
+    for (int position = 0; position < count; ++position)
+        items.push_back(Item(position));
+    return items;
 }
 
 int ListContents::Count() const {
@@ -84,13 +107,6 @@ void ListContents::FitWidth(const std::vector<std::string>& items) {
     }
     constexpr WPARAM kMargin = 8;
     SendMessageW(control_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest) + kMargin, 0);
-}
-
-int ListContents::Top() const { return static_cast<int>(Send({LB_GETTOPINDEX, 0, 0})); }
-
-void ListContents::ScrollTo(int top) {
-    const int last = std::max(Count() - 1, 0);
-    Send({LB_SETTOPINDEX, 0, 0}, static_cast<WPARAM>(std::min(top, last)));
 }
 
 std::vector<int> ListContents::Selection() const {

@@ -10,15 +10,11 @@ class ListContents {
 public:
     explicit ListContents(HWND control);
 
+    // As far down as before, as far as there are lines.
+    void SetItems(const std::vector<std::string>& items);
+    std::vector<std::string> Items() const;
     int Count() const;
     std::string Item(int position) const;
-    // `expected` lines will follow.
-    void Clear(std::size_t expected);
-    void Append(const std::wstring& text);
-    // Lets a list box scroll sideways to the end of its longest line, where it can scroll at all.
-    void FitWidth(const std::vector<std::string>& items);
-    int Top() const;
-    void ScrollTo(int top);
     std::vector<int> Selection() const;
     void Select(const std::vector<int>& positions);
 
@@ -27,8 +23,13 @@ private:
     struct Messages {
         UINT list, combo, tab;
     };
-    LRESULT Send(const Messages& messages, WPARAM wide = 0, LPARAM narrow = 0) const;
+    LRESULT Send(const Messages& messages, WPARAM wParam = 0, LPARAM lParam = 0) const;
     bool IsMultiple() const;
+    // `expected` lines will follow.
+    void Clear(std::size_t expected);
+    void Append(const std::wstring& text);
+    // Lets a list box scroll sideways to the end of its longest line, where it can scroll at all.
+    void FitWidth(const std::vector<std::string>& items);
 
     HWND control_;
     ControlKind kind_;

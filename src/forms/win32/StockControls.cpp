@@ -6,7 +6,6 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
 #include <iterator>
 
 namespace kaz {
@@ -52,8 +51,9 @@ std::optional<Raised> RaisedByCommand(HWND control, unsigned notification) {
 
 std::string ControlText(HWND control) {
     if (KindOf(control) == ControlKind::ListBox) {
-        const std::vector<int> selection = ControlSelection(control);
-        return selection.size() == 1 ? ListContents(control).Item(selection.front()) : std::string();
+        const ListContents list(control);
+        const std::vector<int> selection = list.Selection();
+        return selection.size() == 1 ? list.Item(selection.front()) : std::string();
     }
     const int length = GetWindowTextLengthW(control);
     std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
@@ -70,35 +70,6 @@ int TextWidth(HWND control) {
     SIZE size{};
     GetTextExtentPoint32W(device.Get(), text, length, &size);
     return size.cx;
-}
-
-void SetControlItems(HWND control, const std::vector<std::string>& items) {
-    ListContents contents(control);
-    // Each line would otherwise repaint the whole list.
-    SendMessageW(control, WM_SETREDRAW, FALSE, 0);
-    const int top = contents.Top();
-    contents.Clear(items.size());
-    for (const std::string& item : items)
-        contents.Append(ToWide(item));
-    contents.FitWidth(items);
-    contents.ScrollTo(top);
-    SendMessageW(control, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(control, nullptr, TRUE);
-}
-
-std::vector<std::string> ControlItems(HWND control) {
-    const ListContents contents(control);
-    std::vector<std::string> items;
-    items.reserve(static_cast<std::size_t>(std::max(contents.Count(), 0)));
-    for (int position = 0; position < contents.Count(); ++position)
-        items.push_back(contents.Item(position));
-    return items;
-}
-
-std::vector<int> ControlSelection(HWND control) { return ListContents(control).Selection(); }
-
-void SetControlSelection(HWND control, const std::vector<int>& positions) {
-    ListContents(control).Select(positions);
 }
 
 }  // namespace kaz

@@ -22,10 +22,4 @@ void SetControlText(HWND control, const std::string& text);
 // Of the text in one line, in pixels.
 int TextWidth(HWND control);
 
-// For list boxes, combo boxes and tab strips.
-void SetControlItems(HWND control, const std::vector<std::string>& items);
-std::vector<std::string> ControlItems(HWND control);
-std::vector<int> ControlSelection(HWND control);
-void SetControlSelection(HWND control, const std::vector<int>& positions);
-
 }  // namespace kaz

@@ -1,6 +1,9 @@
 #include "hosts/kaz2/SingleInstance.h"
 
-#include <cstdint>
+#include "base/Text.h"
+#include "win32/Text.h"
+
+#include <string_view>
 
 namespace kaz {
 
@@ -22,24 +25,12 @@ std::wstring FinalPath(const std::wstring& folder) {
     return path;
 }
 
-// FNV-1a: a path may be longer than the name of a mutex, and holds backslashes, which such a name may not.
-std::wstring Hash(const std::wstring& text) {
-    std::uint64_t hash = 0xcbf29ce484222325;
-    for (const wchar_t character : text) {
-        hash = (hash ^ (character & 0xffu)) * 0x100000001b3;
-        hash = (hash ^ (character >> 8)) * 0x100000001b3;
-    }
-    wchar_t digits[17];
-    for (int place = 15; place >= 0; --place, hash >>= 4)
-        digits[place] = L"0123456789abcdef"[hash & 0xf];
-    digits[16] = L'\0';
-    return digits;
-}
-
 std::wstring NameFor(const std::wstring& folder) {
     std::wstring path = FinalPath(folder);
     CharUpperBuffW(path.data(), static_cast<DWORD>(path.size()));
-    return L"KAZ2-" + Hash(path);
+    // A path may be longer than the name of a mutex, and holds backslashes, which such a name may not.
+    const std::string_view bytes(reinterpret_cast<const char*>(path.data()), path.size() * sizeof path[0]);
+    return L"KAZ2-" + FromUtf8(HashDigits(bytes));
 }
 
 }  // namespace

@@ -197,7 +197,7 @@ TEST_F(DialogWindowTest, AnAlarmStaysOnTopOfAWindowThatComesToTheFront) {
     ClientToScreen(alarm.Handle(), &seen);
     const HDC screen = GetDC(nullptr);
     // A slow screen can still be painting over it.
-    for (int look = 0; look < 20 && GetPixel(screen, seen.x, seen.y) != own; ++look) {
+    for (int look = 0; look < 100 && GetPixel(screen, seen.x, seen.y) != own; ++look) {
         const HDC device = GetDC(alarm.Handle());
         SetPixel(device, point.x, point.y, own);
         ReleaseDC(alarm.Handle(), device);
