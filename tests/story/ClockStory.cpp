@@ -1,145 +1,43 @@
-#include "story/Story.h"
+#include "story/Clockwork.h"
 #include "ui/list/EventRows.h"
 
 #include <gmock/gmock.h>
 
-#include <cstdio>
-#include <functional>
-#include <vector>
-
 using namespace kaz;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
-// A moment of March 2023, "15 09:00:00"; its 36th is 5 April.
-DateValue At(const char* text) {
-    int day = 0, hour = 0, minute = 0, second = 0;
-    EXPECT_EQ(std::sscanf(text, "%d %d:%d:%d", &day, &hour, &minute, &second), 4) << text;
-    return DateValue(DateValue::FromCivil(2023, 3, day).Day(),
-                     DateValue::FromTime(hour, minute, second).SecondOfDay());
-}
-
-class Clockwork : public Story {
-public:
-    using Act = std::function<void(Clockwork&)>;
-    // At that moment this is on the screen; then the user or the computer does something. A window that came
-    // to the front since the scene before stands as "TODAY! Tea", one that is only still there in brackets.
-    struct Scene {
-        const char* at;
-        const char* screen;
-        Act act;
-    };
-
-    void Play(const std::vector<Scene>& scenes) {
-        scenes_ = scenes;
-        PlayOn();
-        EXPECT_EQ(next_, scenes_.size());
-    }
-    // Inside a dialog, until it is left.
-    void PlayOn() {
-        for (left_ = false; !left_ && next_ < scenes_.size();) {
-            const Scene& scene = scenes_[next_++];
-            while (machine.clock.now < At(scene.at))
-                Advance(1);
-            EXPECT_EQ(Screen(), scene.screen) << scene.at;
-            if (scene.act) scene.act(*this);
-        }
-        left_ = false;
-    }
-    void Leave() { left_ = true; }
-    FakeWindow* editor = nullptr;
-
-private:
-    std::string Screen() {
-        std::string screen;
-        for (const char* heading : {"COMING UP", "TODAY!", "ALARM!"}) {
-            FakeWindow* window = Reminder(heading);
-            if (!window || !window->IsVisible()) continue;
-            std::string text = heading;
-            for (const std::string& line : Lines(heading))
-                text += " " + line;
-            const bool came = std::exchange(window->broughtToFront, 0) > 0;
-            screen += (screen.empty() ? "" : ", ") + (came ? text : "(" + text + ")");
-        }
-        return screen;
-    }
-
-    std::vector<Scene> scenes_;
-    std::size_t next_ = 0;
-    bool left_ = false;
-};
-
-using Act = Clockwork::Act;
-
-Act Closes(const char* heading) {
-    return [=](Clockwork& story) { story.Reminder(heading)->Click(IDC_cmdContinue); };
-}
-Act LetsSleep(const char* heading, const char* minutes) {
-    return [=](Clockwork& story) {
-        story.Reminder(heading)->Type(IDC_txtSleep, minutes);
-        story.Reminder(heading)->Click(IDC_cmdRemindMe);
-    };
-}
-// No timer ticks meanwhile.
-Act ComputerSleepsUntil(const char* moment) {
-    return [=](Clockwork& story) {
-        story.machine.clock.now = At(moment);
-        if (story.Main()->asksForResumes) story.Main()->Raise(0, Raised::Resumed);
-    };
-}
-Act ClockIsSetTo(const char* moment) {
-    return [=](Clockwork& story) {
-        story.machine.clock.now = At(moment);
-        story.Main()->Raise(0, Raised::ClockChanged);
-    };
-}
-Act Opens(int command, int row = 0) {
-    return [=](Clockwork& story) {
-        story.machine.windows.OnModal([&](FakeWindow& window) {
-            story.editor = &window;
-            story.PlayOn();
-        });
-        if (story.Main()->Report(IDC_ListEvents).RowCount() > row)
-            story.Main()->Report(IDC_ListEvents).UserSelects({row});
-        story.Main()->Click(command);
-    };
-}
-Act Saves(const char* description, const char* alarm = nullptr) {
-    return [=](Clockwork& story) {
-        story.editor->Type(IDC_txtDesc, description);
-        if (alarm) {
-            story.editor->Toggle(IDC_chkTimed);
-            story.editor->Type(IDC_txtTime, alarm);
-            if (!story.editor->Checked(IDC_chkDay + 2)) story.editor->Toggle(IDC_chkDay + 2);  // Wednesday
-        }
-        story.editor->Click(IDC_cmdSave);
-        story.Leave();
-    };
-}
-Act Shows(const char* category) {
-    return [=](Clockwork& story) {
-        const auto names = story.Main()->Items(IDC_cmbCategories);
-        for (int i = 0; std::cmp_less(i, names.size()); ++i)
-            if (names[static_cast<std::size_t>(i)] == category) story.Main()->Choose(IDC_cmbCategories, i);
-    };
-}
-
 struct Tale {
     const char* name;
-    const char* starts;
     std::vector<clsEvent> events;
     std::vector<Clockwork::Scene> scenes;
     std::vector<clsEvent> ofBob = {};
+    Act before = {};
 };
 
 const DateValue kYesterday(44999), kToday(45000), kTomorrow(45001);
 
 clsEvent Single(const char* name, DateValue due = kToday) { return OneOff(name, name, due); }
 clsEvent Pills(DateValue due = kToday) { return Daily("pills", "Pills", due); }
-clsEvent Weekly(DateValue due, int hour) {
-    clsEvent event = WithAlarm(Daily("weekly", "Weekly", due, 7), hour, 0);
+clsEvent Warned(const char* name, int inDays, std::int16_t days) {
+    clsEvent event = Single(name, kToday.PlusDays(inDays));
+    event.DaysWarning(days);
+    return event;
+}
+clsEvent Loud(clsEvent event, const char* sound, bool plays = true) {
+    event.PlayWav = plays;
+    event.WavFile = sound;
+    return event;
+}
+clsEvent Running(clsEvent event, const char* file) {
+    event.ExecFile = true;
+    event.Filename = file;
+    return event;
+}
+clsEvent Bobs(clsEvent event) {
     event.Owner("Bob");
     event.SharedEvent = true;
     return event;
@@ -147,18 +45,15 @@ clsEvent Weekly(DateValue due, int hour) {
 
 const Tale kTales[] = {
     {"Behind single events that expired in a row, at a start",
-     "15 09:00:17",
      {Single("A", kYesterday), Single("B", kYesterday), Single("C", kYesterday),
       WithAlarm(Pills(kYesterday), 9, 2)},
      {{"15 09:00:21", "TODAY! Pills", {}}, {"15 09:02:01", "TODAY! Pills, ALARM! Pills", {}}}},
     {"and at midnight, with an alarm in the first minute",
-     "15 23:59:17",
      {Single("A"), Single("B"), Single("C"), WithAlarm(Pills(), 0, 0)},
      {{"15 23:59:30", "TODAY! Pills C B A", {}},
       {"16 00:00:01", "TODAY! Pills, ALARM! Pills", {}},
       {"16 00:00:03", "TODAY! Pills, (ALARM! Pills)", {}}}},
     {"A daily reminder that slept and was left open",
-     "15 09:00:00",
      {Pills()},
      {{"15 09:00:05", "TODAY! Pills", LetsSleep("TODAY!", "10")},
       {"15 09:10:00", "", {}},
@@ -172,13 +67,11 @@ const Tale kTales[] = {
       {"16 09:00:00", "", {}},
       {"17 00:00:03", "TODAY! Pills", {}}}},
     {"A sleep of a window while the computer sleeps",
-     "15 09:00:00",
      {Pills()},
      {{"15 09:00:05", "TODAY! Pills", LetsSleep("TODAY!", "90")},
       {"15 09:01:00", "", ComputerSleepsUntil("15 11:00:00")},
       {"15 11:00:01", "TODAY! Pills", {}}}},
     {"An editor open over midnight",
-     "15 23:58:00",
      {WithAlarm(Pills(), 0, 1), WithAlarm(Daily("bus", "Bus", kToday), 9, 0), Single("Tea", kTomorrow)},
      {{"15 23:58:10", "TODAY! Bus Pills", Opens(IDM_EDIT)},
       {"16 00:00:03", "TODAY! Tea Bus Pills", {}},
@@ -188,28 +81,24 @@ const Tale kTales[] = {
       {"17 00:00:03", "TODAY! Bus Pills, ALARM! Bus", Saves("Pills, two")},
       {"17 00:01:01", "TODAY! Bus Pills, ALARM! Pills, two Bus", {}}}},
     {"A single event that expires while it is edited",
-     "15 23:58:00",
      {Single("Tea")},
      {{"15 23:58:10", "TODAY! Tea", Opens(IDM_EDIT)},
       {"16 00:00:03", "", Saves("Late tea")},
       {"16 00:10:00", "", {}}}},
     {"Asleep for a month to the day, and a clock that is set",
-     "5 09:00:00",
      {Single("Tea", DateValue::FromCivil(2023, 4, 5)), Single("Exam", DateValue::FromCivil(2023, 5, 5))},
      {{"5 09:00:05", "", ComputerSleepsUntil("36 09:00:00")},
       {"36 09:00:03", "TODAY! Tea", ClockIsSetTo("66 09:00:00")},
       {"66 09:00:03", "TODAY! Exam", {}}}},
     {"An alarm that is closed is over",
-     "15 09:01:17",
-     {WithAlarm(Single("Tea", kToday), 9, 2), WithAlarm(Single("Bread", kToday), 9, 4)},
+     {WithAlarm(Single("Tea"), 9, 2), WithAlarm(Single("Bread"), 9, 4)},
      {{"15 09:01:22", "TODAY! Bread Tea", Closes("TODAY!")},
       {"15 09:02:01", "ALARM! Tea", Closes("ALARM!")},
       {"15 09:03:59", "", {}},
       {"15 09:04:01", "ALARM! Bread", ClockIsSetTo("15 09:01:30")},
       {"15 09:02:30", "ALARM! Bread", {}}}},
     {"An alarm that is entered seconds before its minute, in an editor that stays open over another",
-     "15 09:00:17",
-     {WithAlarm(Single("Bread", kToday), 9, 1)},
+     {WithAlarm(Single("Bread"), 9, 1)},
      {{"15 09:00:20", "TODAY! Bread", Closes("TODAY!")},
       {"15 09:00:30", "", Opens(IDM_EDIT)},
       {"15 09:01:01", "ALARM! Bread", Closes("ALARM!")},
@@ -218,12 +107,109 @@ const Tale kTales[] = {
       {"15 09:01:40", "", Saves("Tea", "09:02")},
       {"15 09:02:01", "ALARM! Tea", {}}}},
     {"Another user's weekly event that is stale, while the list shows another category",
-     "15 09:00:00",
      {},
      {{"15 09:00:05", "", Shows("Layer 5")},
       {"15 10:00:01", "ALARM! Weekly", Closes("ALARM!")},
-      {"22 10:00:01", "ALARM! Weekly", {}}},
-     {Weekly(kToday.PlusDays(-14), 10)}},
+      {"22 10:00:01", "ALARM! Weekly", TrayTells("KAZ - 1 event due today")}},
+     {Bobs(WithAlarm(Daily("weekly", "Weekly", kToday.PlusDays(-14), 7), 10, 0))}},
+    {"Another's alarm with the code and the minute of an own one, and one that he saves while an editor is open",
+     {WithAlarm(OneOff("1", "Mine", kToday), 9, 2)},
+     {{"15 09:00:03", "TODAY! Mine", Closes("TODAY!")},
+      {"15 09:02:01", "ALARM! His Mine", Opens(IDM_ADD)},
+      {"15 09:02:31", "ALARM! His Mine", BobSaves(Bobs(WithAlarm(Single("Party"), 9, 4)))},
+      {"15 09:04:01", "ALARM! Party His Mine", Saves("Milk")}},
+     {Bobs(WithAlarm(OneOff("1", "His", kToday), 9, 2))}},
+    {"What comes up stands the nearest first, then it is today, then it is over",
+     {Warned("Far", 5, 5), Warned("Trip", 2, 30), Warned("Club", 2, 2), Warned("Walk", 1, 1),
+      Warned("Too far", 3, 2), Warned("Never before its day", 1, 0)},
+     {{"15 09:00:03", "COMING UP In 1 day: Walk In 2 days: Club In 2 days: Trip In 5 days: Far", Hears("")},
+      {"15 09:01:01", "COMING UP In 1 day: Walk In 2 days: Club In 2 days: Trip In 5 days: Far",
+       LetsSleep("COMING UP", "9000")},
+      {"15 23:59:59", "", {}},
+      {"16 00:00:03",
+       "COMING UP In 1 day: Club In 1 day: Trip In 2 days: Too far In 4 days: Far, TODAY! Never before its day Walk",
+       ComputerSleepsUntil("20 09:00:00")},
+      {"20 09:00:03", "TODAY! Far", ComputerSleepsUntil("21 09:00:00")},
+      {"21 09:00:03", "", {}}}},
+    {"What is deleted neither rings nor comes up again",
+     {WithAlarm(Daily("pills", "Pills", kToday), 9, 2), Warned("Trip", 2, 5), Single("Tea", kTomorrow)},
+     {{"15 09:00:05", "COMING UP In 2 days: Trip, TODAY! Pills", Deletes(0)},
+      {"15 09:01:00", "COMING UP In 2 days: Trip, TODAY! Pills", Deletes(1)},
+      {"15 09:03:00", "COMING UP In 2 days: Trip, TODAY! Pills", ComputerSleepsUntil("16 09:00:00")},
+      {"16 09:00:03", "TODAY! Tea", {}}}},
+    {"Alarms that are off, of another day or with a date do not ring",
+     {WithAlarm(Single("Tomorrow", kTomorrow), 9, 2), [] {
+          clsEvent off = WithAlarm(Single("Off"), 9, 2);
+          off.AlarmSet(false);
+          return off;
+      }(), [] {
+          clsEvent dated = WithAlarm(Single("Dated"), 9, 2);
+          dated.AlarmTime(kToday.PlusMinutes(542));
+          return dated;
+      }()},
+     {{"15 09:00:03", "TODAY! Dated Off", Closes("TODAY!")}, {"15 09:02:31", "", {}}}},
+    {"An alarm that sleeps is woken by the next one, with its sound",
+     {WithAlarm(Single("Dentist"), 9, 2), Loud(WithAlarm(Single("Bus"), 9, 4), "C:\\gong.wav")},
+     {{"15 09:00:03", "TODAY! Bus Dentist", Closes("TODAY!")},
+      {"15 09:01:59", "", Hears("gong.wav ")},
+      {"15 09:02:01", "ALARM! Dentist", Hears("alarm.wav ")},
+      {"15 09:02:10", "(ALARM! Dentist)", LetsSleep("ALARM!", "10")},
+      {"15 09:03:59", "", Hears("")},
+      {"15 09:04:01", "ALARM! Bus Dentist", Hears("gong.wav ")},
+      {"15 09:04:33", "ALARM! Bus Dentist", Hears("gong.wav ")},
+      {"15 09:04:40", "(ALARM! Bus Dentist)", LetsSleep("ALARM!", "99999")},
+      {"15 09:04:50", "", ComputerSleepsUntil("22 07:42:50")},
+      {"22 07:43:39", "", {}},
+      {"22 07:43:41", "ALARM! Bus Dentist", Hears("gong.wav ")}}},
+    {"The sound of today's window is that of the last one that has one, and the usual one when it is gone",
+     {Loud(Single("Plain"), "C:\\gong.wav", false), Loud(Single("Loud"), "C:\\gone.wav"),
+      Running(Single("Runs a file"), "C:\\backup.cmd")},
+     {{"15 09:00:03", "TODAY! Loud Plain", Hears("alarm.wav ")},
+      {"15 09:00:20", "(TODAY! Loud Plain)",
+       [](Clockwork& story) { story.machine.files.Remove("C:\\KAZ\\alarm.wav"); }},
+      {"15 09:00:40", "TODAY! Loud Plain", Hears("(beep) ")},
+      {"15 09:00:50", "(TODAY! Loud Plain)", WantsNoSounds},
+      {"15 09:01:10", "TODAY! Loud Plain", Hears("")}}},
+    {"On a machine without sound",
+     {Loud(Single("Tea"), "C:\\gong.wav")},
+     {{"15 09:00:04", "TODAY! Tea", Hears("")}},
+     {},
+     [](Clockwork& story) { story.machine.sound.devices = 0; }},
+    {"A reminder that is closed as it appears",
+     {Loud(Single("Tea"), "C:\\gong.wav")},
+     {{"15 09:00:04", "", {}}, {"15 09:05:00", "", Hears("")}},
+     {},
+     AsItAppears(Closes("TODAY!"))},
+    {"or put to sleep",
+     {Single("Tea")},
+     {{"15 09:00:04", "", {}}, {"15 09:01:01", "", {}}, {"15 09:01:03", "TODAY! Tea", {}}},
+     {},
+     AsItAppears(LetsSleep("TODAY!", "1"))},
+    {"A sleep of no minutes lasts one",
+     {Single("Tea")},
+     {{"15 09:00:10", "TODAY! Tea", LetsSleep("TODAY!", "soon")},
+      {"15 09:01:09", "", {}},
+      {"15 09:01:10", "TODAY! Tea", LetsSleep("TODAY!", "-5")},
+      {"15 09:02:09", "", {}},
+      {"15 09:02:10", "TODAY! Tea", LetsSleep("TODAY!", "0.5")},
+      {"15 09:03:09", "", {}},
+      {"15 09:03:10", "TODAY! Tea", {}}}},
+    {"A file is run once a day and shows no window; what cannot be run stops nothing",
+     {Running(WithAlarm(Pills(), 9, 2), "  C:\\backup.cmd "),
+      Running(WithAlarm(Daily("2", "Missing", kToday), 9, 2), " C:\\gone.exe"),
+      WithAlarm(Single("Tea", kTomorrow), 9, 2)},
+     {{"15 09:03:00", "", Finds("C:\\backup.cmd", "Can't run C:\\gone.exe - file not found")},
+      {"15 09:04:00", "", ComputerSleepsUntil("16 08:59:00")},
+      {"16 09:00:00", "TODAY! Tea",
+       [](Clockwork& story) { story.machine.shell.refusal = ErrorNumber::PermissionDenied; }},
+      {"16 09:03:00", "TODAY! Tea, ALARM! Tea", [](Clockwork& story) {
+           EXPECT_THAT(story.Log(),
+                       HasSubstr("Error 70 (Permission denied) in DisplayAlarms of clsReminder"));
+       }}}},
+    {"A window that cannot be made",
+     {Warned("Trip", 2, 1), Single("Tea", kTomorrow)},
+     {{"15 23:59:50", "", [](Clockwork& story) { story.machine.windows.failures = 1; }},
+      {"16 00:00:03", "TODAY! Tea", {}}}},
 };
 
 }  // namespace
@@ -232,23 +218,16 @@ TEST(Clock, WhatIsOnTheScreenAtWhichMinute) {
     for (const Tale& tale : kTales) {
         SCOPED_TRACE(tale.name);
         Clockwork story;
-        story.machine.clock.now = At(tale.starts);
         story.Settings("OWNER,Single\r\n");
         story.machine.files.Put(Story::Path("Events.xml"), FileOf(tale.events));
-        if (!tale.ofBob.empty()) {
-            story.Settings("OWNER,Ann\r\nNETWORKED,-1\r\nSHAREDDATAPATH,C:\\Share\r\n");
-            story.machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
-            story.machine.files.Put("C:\\Share\\Shared_Bob.xml", FileOf(tale.ofBob));
-        }
-        story.Start().ShowMain();
+        for (const char* sound : {"C:\\KAZ\\alarm.wav", "C:\\gong.wav", "C:\\backup.cmd"})
+            story.machine.files.Put(sound, SampleWave());
+        if (!tale.ofBob.empty()) story.ShareWithBob(tale.ofBob);
+        if (tale.before) tale.before(story);
         story.Play(tale.scenes);
         EXPECT_TRUE(story.machine.windows.AllModalsShown());
         EXPECT_THAT(story.machine.dialogs.messages, testing::IsEmpty());
         EXPECT_THAT(story.machine.dialogs.questions, testing::IsEmpty());
-        if (!tale.ofBob.empty()) {
-            EXPECT_EQ(*story.Main()->trayTip, "KAZ - 1 event due today");
-            EXPECT_EQ(story.machine.files.Text("C:\\Share\\Shared_Bob.xml"), FileOf(tale.ofBob));
-        }
     }
 }
 
@@ -256,9 +235,7 @@ TEST(Clock, WhatIsOnTheScreenAtWhichMinute) {
 // meanwhile.
 TEST(Clock, TheListBehindADialogIsFilledWhenTheDialogIsLeft) {
     Clockwork story;
-    story.machine.clock.now = At("15 23:59:00");
     story.Events({Single("Dentist"), Pills()});
-    story.Start().ShowMain();
     const auto left = [&] { return story.Main()->Report(IDC_ListEvents).Column(kLeftColumn); };
     story.Play({{"15 23:59:05", "TODAY! Pills Dentist", Opens(IDM_EDIT)},
                 {"16 00:00:03", "TODAY! Pills",

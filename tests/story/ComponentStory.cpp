@@ -129,6 +129,23 @@ TEST(Component, AHostThatThrowsEndsTheScanButNotTheProgram) {
     EXPECT_TRUE(story.Main()->IsVisible());
 }
 
+TEST(Component, ClosingTheMainWindowHidesItTellsTheHostAndKeepsTheAlarms) {
+    Story story;
+    story.Settings("OWNER,Ann\r\n");
+    story.Events({WithAlarm(OneOff("000001", "Tea", story.Today()), 9, 2)});
+    story.Start().ShowMain();
+    story.Main()->Raise(0, Raised::CloseBox, kByEscape);
+    EXPECT_TRUE(story.Main()->IsVisible());
+    story.Main()->CloseBox();
+    EXPECT_THAT(story.host.raised, ElementsAre("Closed"));
+    EXPECT_FALSE(story.Main()->IsVisible());
+    story.Advance(180);
+    EXPECT_THAT(story.Lines("ALARM!"), ElementsAre("Tea"));
+    story.component->ShutDown();
+    EXPECT_EQ(story.Main(), nullptr);
+    EXPECT_EQ(story.Reminder("ALARM!"), nullptr);
+}
+
 TEST(Component, AnUnreadableEventFileIsNotWrittenOver) {
     Story story;
     story.Settings("OWNER,Ann\r\n");

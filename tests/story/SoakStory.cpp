@@ -35,10 +35,7 @@ class Soak : public testing::Test {
 protected:
     Soak() {
         story.machine.clock.Set(2023, 3, 15, 20, 0);
-        story.Settings("OWNER,Ann\r\nNETWORKED,-1\r\nSHAREDDATAPATH,C:\\Share\r\n");
-        story.machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
-        clsEvent pills = Alarm("000001", 20, 10), cat = Alarm("000002", 0, 20), oven = Alarm("000003", 3, 10);
-        story.Events({pills, cat, oven});
+        story.Events({Alarm("000001", 20, 10), Alarm("000002", 0, 20), Alarm("000003", 3, 10)});
         BobSaves();
         story.Start().ShowMain();
     }
@@ -53,7 +50,7 @@ protected:
                                 story.Today(1));
         party.Owner("Bob");
         party.SharedEvent = true;
-        story.machine.files.Put("C:\\Share\\Shared_Bob.xml", FileOf({party}));
+        story.ShareWithBob({party});
     }
     void Hour() {
         FakeWindow& main = *story.Main();

@@ -21,6 +21,12 @@ public:
         machine.files.Put(Path("Events.xml"), FileOf(events));
     }
     void Settings(const std::string& text) { machine.files.Put(Path("Kaz.ini"), text); }
+    // The user is Ann and shares with Bob, whose events these are.
+    void ShareWithBob(const std::vector<clsEvent>& events) {
+        Settings("OWNER,Ann\r\nNETWORKED,-1\r\nSHAREDDATAPATH,C:\\Share\r\n");
+        machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
+        machine.files.Put("C:\\Share\\Shared_Bob.xml", FileOf(events));
+    }
     static std::string Path(const std::string& name) { return std::string(kFolder) + "\\" + name; }
 
     clsComponent& Start(const std::string& folder = kFolder) {

@@ -5,8 +5,6 @@
 
 using namespace kaz;
 using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
 
 namespace {
 
@@ -97,51 +95,6 @@ TEST_F(UserStory, ANewUserFindsEverythingAsItWasLeft) {
     Start();
     EXPECT_EQ(left, Shown());
     EXPECT_EQ(events, story.Saved("Events.xml"));
-}
-
-TEST_F(UserStory, AlarmsANewDayAndOthersSavesComeThroughWhileTheEditorIsOpen) {
-    story.Settings("OWNER,Smith\r\nNETWORKED,TRUE\r\nSHAREDDATAPATH,C:\\Share\r\n");
-    story.machine.files.Put("C:\\Share\\KAZShared.ini", "Smith\r\nAnn\r\n");
-    clsEvent tea = WithAlarm(OneOff("000001", "Tea", story.Today()), 9, 1);
-    const clsEvent walk = OneOff("000002", "Walk", story.Today(1));
-    clsEvent bread = WithAlarm(Daily("000003", "Bread", story.Today()), 9, 4);
-    for (clsEvent* event : {&tea, &bread})
-        event->Owner("Smith");
-    story.Events({tea, walk, bread});
-    Start();
-
-    InEditor([&](FakeWindow& editor) {
-        editor.Type(IDC_txtDesc, "New");
-        story.Advance(90);
-        EXPECT_THAT(story.Lines("ALARM!"), ElementsAre("Tea"));
-        clsEvent anns = OneOff("000009", "Party", story.Today(1));
-        anns.Owner("Ann");
-        anns.SharedEvent = true;
-        story.machine.files.Put("C:\\Share\\Shared_Ann.xml", FileOf({anns}));
-        story.Jump(1);
-        story.Advance(35);
-        EXPECT_THAT(story.Lines("TODAY!"), testing::Contains("Walk"));
-        EXPECT_THAT(Shown(), testing::Contains("Party"));
-        EXPECT_EQ("New", editor.Text(IDC_txtDesc));
-    });
-    Main().Click(IDM_ADD);
-    EXPECT_THAT(Shown(), testing::Contains("New"));
-    EXPECT_THAT(story.Saved("Events.xml"), HasSubstr("New"));
-    EXPECT_THAT(story.Saved("Expired.xml"), HasSubstr("Tea"));
-
-    // The event that is being edited is deleted by another program.
-    Select({0});
-    story.machine.dialogs.yesNo = {false};
-    InEditor([&](FakeWindow& editor) {
-        editor.Type(IDC_txtDesc, "Gone");
-        story.Events({});
-        story.Advance(130);
-        EXPECT_THAT(story.Lines("ALARM!"), testing::Contains("Bread"));
-    });
-    Main().Click(IDM_EDIT);
-    story.Advance(35);
-    EXPECT_THAT(story.machine.dialogs.questions.back(), HasSubstr("was deleted or moved"));
-    EXPECT_THAT(story.Saved("Events.xml"), Not(HasSubstr("Gone")));
 }
 
 }  // namespace

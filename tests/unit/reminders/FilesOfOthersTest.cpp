@@ -22,7 +22,7 @@ protected:
     }
     static clsEvent Runs(const std::string& file, const std::string& claimedOwner) {
         clsEvent event =
-            WithAlarm(OneOff("000001", "Run\r\nme " + std::string(5000, 'x'), DateValue()), 9, 30);
+            WithAlarm(OneOff("000001", "Run\r\nme " + std::string(5000, 'x'), DateValue()), 9, 0);
         event.Owner(claimedOwner);
         event.ExecFile = true;
         event.Filename = file;
@@ -37,8 +37,8 @@ protected:
         desk.machine.clock.AdvanceDays(1);
         for (clsEvent& event : desk.shared.AllEvents())
             event.DueDate(desk.machine.clock.Today());
-        for (const char* time : {"09:30:00", "09:30:30"})
-            desk.Alarms(time, &desk.shared);
+        for (int pass = 0; pass < 2; ++pass)
+            desk.Engine().DisplayAlarms(desk.shared);
     }
     FakeWindow* Question() { return desk.machine.windows.Newest(IDD_RUNFILE); }
     void Answer(int button) {

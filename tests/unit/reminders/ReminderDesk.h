@@ -13,25 +13,42 @@
 
 namespace kaz {
 
-// Everything that a reminder needs, on fakes. It is 15 March 2023, nine o'clock.
+// The engine of the user Ann, on fakes. It is 15 March 2023, nine o'clock.
 class ReminderDesk : public StorageDesk {
 public:
-    ReminderDesk();
+    ReminderDesk() : StorageDesk("Ann") {
+        events.SetDBFilename("C:\\KAZ\\Events.xml");
+        expired.SetDBFilename("C:\\KAZ\\Expired.xml");
+        shared.SetDBFilename("C:\\KAZ\\Shared_Ann.xml");
+    }
 
-    // A one-off event in so many days, in the events database or another.
-    clsEvent& Add(const std::string& description, int inDays, clsDbXml* database = nullptr);
-    // An alarm today at "HH:MM".
-    clsEvent& AddAlarm(const std::string& description, const std::string& time, clsDbXml* database = nullptr);
-
-    clsReminder Engine();
-    void Alarms(const std::string& time, clsDbXml* database = nullptr);  // one pass at "HH:MM:SS"
-    // The newest living window with that heading; null when there is none.
-    FakeWindow* Window(const std::string& heading) { return machine.windows.WithCaption(heading); }
-    std::vector<std::string> List(const std::string& heading);
+    // An event that is due in so many days: each one of them, or once.
+    clsEvent& Add(const std::string& description, int inDays, bool recurring = false) {
+        clsEvent event =
+            OneOff(std::to_string(1000 + codes_++), description, machine.clock.Today().PlusDays(inDays));
+        event.Recurring(recurring);
+        return events.AllEvents().emplace_back(event);
+    }
+    clsReminder Engine() {
+        return clsReminder({machine.clock, machine.locale, machine.files, machine.pump, machine.shell, log,
+                            settings, windows, &events, &expired});
+    }
     // The texts of the log without their numbers and times, and forgets them.
-    std::vector<std::string> TakeLog();
-    // What a program that starts now would find in the two files.
-    std::vector<std::string> OnDisk(const std::string& file);
+    std::vector<std::string> TakeLog() {
+        const std::string file = Log();
+        std::vector<std::string> texts;
+        for (const auto line : Split(file, kLineBreak))
+            if (const auto comma = line.find(", "); comma != std::string_view::npos)
+                texts.emplace_back(line.substr(comma + 2));
+        machine.files.Remove(log.CurrentLogFilename());
+        return texts;
+    }
+    // What a program that starts now would find in the file.
+    std::vector<std::string> OnDisk(const std::string& file) {
+        clsDbXml database(storage);
+        database.LoadDB(folder + "\\" + file);
+        return DescriptionsOf(database.AllEvents());
+    }
 
     RecordingErrors errors;
     cSharedSound player{machine.sound, machine.files, log};

@@ -6,7 +6,6 @@ namespace kaz {
 namespace {
 
 using ::testing::AnyOf;
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -14,7 +13,7 @@ TEST(UpdateAllEvents, MovesRecurringEventsOnAndOthersOut) {
     ReminderDesk desk;
     desk.Add("Past", -1);
     desk.Add("Today", 0);
-    desk.Add("Daily", -3).Recurring(true);
+    desk.Add("Daily", -3, true);
     desk.events.AllEvents().back().MailSent = true;
     desk.Engine().UpdateAllEvents();
 
@@ -33,7 +32,7 @@ TEST(UpdateAllEvents, TheEventAfterARemovedOneWaitsForTheNextPass) {
     ReminderDesk desk;
     for (const char* name : {"A", "B", "C"})
         desk.Add(name, -1);
-    desk.Add("R", -1).Recurring(true);
+    desk.Add("R", -1, true);
     desk.Engine().UpdateAllEvents();
     EXPECT_THAT(DescriptionsOf(desk.events.AllEvents()), ElementsAre("B", "R"));
     desk.Engine().UpdateAllEvents();
@@ -44,29 +43,10 @@ TEST(UpdateAllEvents, TheEventAfterARemovedOneWaitsForTheNextPass) {
     EXPECT_THAT(DescriptionsOf(desk.expired.AllEvents()), ElementsAre("A", "C", "B"));
 }
 
-TEST(UpdateAllEvents, BeforeRemindersAreShownNothingWaitsForAnotherPass) {
-    ReminderDesk desk;
-    for (const char* name : {"A", "B", "C", "D", "E"})
-        desk.Add(name, -1);
-    desk.Add("R", -1).Recurring(true);
-    clsEvent& bad = desk.Add("Bad", -1);
-    bad.Recurring(true);
-    bad.RecurrenceType(RecurWeekdays);
-    const int before = desk.machine.files.written;
-    desk.Engine().DisplayReminders();
-    EXPECT_THAT(desk.OnDisk("Events.xml"), ElementsAre("R", "Bad"));
-    EXPECT_THAT(desk.OnDisk("Expired.xml"), ElementsAre("A", "C", "E", "B", "D"));
-    EXPECT_THAT(desk.List("TODAY!"), ElementsAre("R"));
-    // The two files, and the log with the one error, with what expired and with what is shown.
-    EXPECT_EQ(desk.machine.files.written - before, 5);
-}
-
 TEST(UpdateAllEvents, ABadRuleIsOneErrorAndStopsNothing) {
     ReminderDesk desk;
-    clsEvent& bad = desk.Add("Bad", -1);
-    bad.Recurring(true);
-    bad.RecurrenceType(RecurWeekdays);
-    desk.Add("Good", -1).Recurring(true);
+    desk.Add("Bad", -1, true).RecurrenceType(RecurWeekdays);
+    desk.Add("Good", -1, true);
     desk.Engine().UpdateAllEvents();
     EXPECT_THAT(desk.TakeLog(),
                 ElementsAre("Error 5 (Invalid procedure call or argument) in CalcDueDate of clsEvent",
@@ -74,25 +54,6 @@ TEST(UpdateAllEvents, ABadRuleIsOneErrorAndStopsNothing) {
                             "Event expired and updated: 3/14/2023 Good"));
     EXPECT_EQ(desk.events.AllEvents()[0].DueDate(), desk.machine.clock.Today().PlusDays(-1));
     EXPECT_EQ(desk.events.AllEvents()[1].DueDate(), desk.machine.clock.Today());
-}
-
-TEST(UpdateAllEvents, NothingIsLostWhileTheExpiredFileCannotBeWritten) {
-    ReminderDesk desk;
-    desk.Add("Past", -1);
-    desk.events.SaveDB();
-    desk.machine.files.Put("C:\\KAZ\\Expired.xml", "");
-    desk.machine.files.At("C:\\KAZ\\Expired.xml").readOnly = true;
-    for (int pass = 0; pass < 2; ++pass) {
-        desk.Engine().UpdateAllEvents();
-        EXPECT_THAT(desk.OnDisk("Events.xml"), ElementsAre("Past"));
-        EXPECT_THAT(DescriptionsOf(desk.events.AllEvents()), ElementsAre("Past"));
-    }
-    EXPECT_THAT(desk.TakeLog(), Contains("Expired events could not be saved and stay with the others"));
-
-    desk.machine.files.At("C:\\KAZ\\Expired.xml").readOnly = false;
-    desk.Engine().UpdateAllEvents();
-    EXPECT_THAT(desk.OnDisk("Events.xml"), IsEmpty());
-    EXPECT_THAT(desk.OnDisk("Expired.xml"), ElementsAre("Past"));
 }
 
 // False when the pass was over before the n-th operation.
@@ -125,9 +86,9 @@ TEST(UpdateAllEvents, AFaultAtAnyPlaceLeavesTheEventInOneOfTheFiles) {
 
 TEST(UpdateAllEvents, AnExpiredEventKeepsItsPlaceBesideAnotherWithItsCode) {
     ReminderDesk desk;
-    clsEvent& past = desk.Add("Past", -1);
-    clsEvent& other = desk.Add("Older", -9, &desk.expired);
-    other.IDCode = past.IDCode;
+    clsEvent older = desk.Add("Past", -1);
+    older.Desc("Older");
+    desk.expired.AllEvents() = {older};
     desk.Engine().UpdateAllEvents();
     ASSERT_THAT(DescriptionsOf(desk.expired.AllEvents()), ElementsAre("Older", "Past"));
     EXPECT_NE(desk.expired.AllEvents()[0].IDCode, desk.expired.AllEvents()[1].IDCode);
@@ -136,7 +97,7 @@ TEST(UpdateAllEvents, AnExpiredEventKeepsItsPlaceBesideAnotherWithItsCode) {
 TEST(UpdateAllEvents, ALongAbsenceIsToldInOneWriting) {
     ReminderDesk desk;
     for (int i = 0; i < 6800; ++i)
-        desk.Add("Event " + std::to_string(i), -400).Recurring(true);
+        desk.Add("Event " + std::to_string(i), -400, true);
     desk.Add("Past", -400);
     const int before = desk.machine.files.written;
     desk.Engine().UpdateAllEvents();
