@@ -8,4 +8,7 @@ namespace kaz {
 // which names it as the running system does, else the folder that the tests were built from.
 std::string TestData();
 
+// The bytes of a file of tests/golden.
+std::string GoldenFile(const std::string& name);
+
 }  // namespace kaz

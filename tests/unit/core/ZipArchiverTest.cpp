@@ -1,3 +1,4 @@
+#include "core/cSHAREDZipFiles.h"
 #include "fakes/MemoryFileSystem.h"
 #include "fakes/TestFolder.h"
 #include "platform/zip/LibzipArchiver.h"
@@ -80,25 +81,49 @@ TEST_F(ZipArchiverTest, WithoutAnyFileTheOldArchiveStays) {
 }
 
 TEST_F(ZipArchiverTest, NumbersFilesOfOneName) {
-    files.Put("C:\\a\\log.txt", "1");
-    files.Put("C:\\b\\LOG.TXT", "2");
-    files.Put("C:\\c\\log.txt", "3");
-    files.Put("C:\\a\\noext", "4");
-    files.Put("C:\\b\\noext", "5");
-    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\a\\log.txt", "C:\\b\\LOG.TXT", "C:\\c\\log.txt", "C:\\a\\noext",
-                                        "C:\\b\\noext"}),
-              0);
-    EXPECT_THAT(Archived(), ElementsAre(Pair("LOG (2).TXT", "2"), Pair("log (3).txt", "3"),
-                                        Pair("log.txt", "1"), Pair("noext", "4"), Pair("noext (2)", "5")));
+    const std::vector<std::string> names{"C:\\a\\log.txt", "C:\\b\\LOG.TXT", "C:\\c\\log.txt", "C:\\a\\noext",
+                                         "C:\\b\\noext"};
+    for (const std::string& name : names)
+        files.Put(name, name.substr(3, 1));
+    EXPECT_EQ(archiver.ZpArchive(kZip, names), 0);
+    EXPECT_THAT(Archived(), ElementsAre(Pair("LOG (2).TXT", "b"), Pair("log (3).txt", "c"),
+                                        Pair("log.txt", "a"), Pair("noext", "a"), Pair("noext (2)", "b")));
 }
 
-TEST_F(ZipArchiverTest, RefusesOptionsThatItDoesNotOffer) {
-    files.Put("C:\\KAZ\\Events.xml", "events");
-    EXPECT_FALSE(archiver.ZpSetOptions({.encrypted = true}));
-    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml"}), kZipBadOptions);
+// The list begins with an entry that is no file and never counts.
+TEST_F(ZipArchiverTest, OfAListTakesEachFileOnceAndNoOptionThatItDoesNotOffer) {
+    const auto refusal = [](const auto& action) -> std::string {
+        try {
+            action();
+        } catch (const ZipListError& error) {
+            return error.Source() + ": " + error.Description();
+        }
+        return "";
+    };
+    files.Put("C:\\KAZ\\one.xml", "1");
+    cSHAREDZipFiles zip(archiver);
+    zip.ZipFileName(kZip);
+    EXPECT_FALSE(zip.Zip());
+    zip.AddFile("C:\\KAZ\\one.xml");
+    for (const char* held : {"C:\\KAZ\\ONE.XML", "querty"})
+        EXPECT_EQ(refusal([&] { zip.AddFile(held); }), "CGZip::AddFile: File is already in Zip List");
+    for (const char* strange : {"C:\\two.xml", "querty"})
+        EXPECT_EQ(refusal([&] { zip.RemoveFile(strange); }), "CGZip::RemoveFile: File is not in Zip List");
+    EXPECT_EQ(zip.ZipFileCount(), 1);
+    zip.Encrypted = true;
+    EXPECT_EQ(zip.MakeZipFile(), kZipBadOptions);
     EXPECT_EQ(files.Kind(kZip), PathKind::Missing);
-    archiver.ZpInit();
-    EXPECT_EQ(archiver.ZpArchive(kZip, {"C:\\KAZ\\Events.xml"}), 0);
+    zip.Encrypted = false;
+    EXPECT_TRUE(zip.Zip());
+    EXPECT_THAT(Archived(), ElementsAre(Pair("one.xml", "1")));
+    files.At("C:\\KAZ\\one.xml").locked = true;
+    EXPECT_EQ(zip.MakeZipFile(), kZipReadFailed);
+    EXPECT_NE(zip.GetLastMessage(), "");
+    zip.RemoveFile("c:\\kaz\\ONE.xml");
+    EXPECT_EQ(zip.MakeZipFile(), kZipNothingToDo);
+    EXPECT_EQ(zip.GetLastMessage(), "");
+    zip.Setup();
+    EXPECT_EQ(zip.ZipFileName(), "");
 }
 
 TEST_F(ZipArchiverTest, EveryFailureLeavesTheOldArchiveOrTheNewOneWhole) {

@@ -8,20 +8,12 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
-
 namespace kaz {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-std::string Golden(const std::string& name) {
-    std::ifstream file(TestData() + "/golden/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 // Every field different from its default and from its neighbours.
 clsEvent FullEvent() {
@@ -76,12 +68,12 @@ TEST(EventXml, WritesTheFileByteForByte) {
     // A pure time stands with the date of day zero; a time with a date keeps it; seconds are lost.
     clsEvent dated;
     dated.AlarmTime(DateValue(DateValue::FromCivil(2023, 3, 15).Day(), 8 * 3600 + 59));
-    EXPECT_EQ(FileOf({FullEvent(), clsEvent(), dated}), Golden("events.xml"));
-    EXPECT_EQ(FileOf({}), Golden("events_none.xml"));
+    EXPECT_EQ(FileOf({FullEvent(), clsEvent(), dated}), GoldenFile("events.xml"));
+    EXPECT_EQ(FileOf({}), GoldenFile("events_none.xml"));
 }
 
 TEST(EventXml, ReadsWhatItWroteInEveryLocale) {
-    const std::string file = Golden("events.xml");
+    const std::string file = GoldenFile("events.xml");
     for (const LocaleData& locale : Locales()) {
         const EventReading reading = ReadAlike(file, locale);
         EXPECT_THAT(reading.errors, IsEmpty());

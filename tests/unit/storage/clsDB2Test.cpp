@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "fakes/Sample.h"
 #include "fakes/StorageDesk.h"
+#include "fakes/TestData.h"
 #include "storage/LegacyRecord.h"
 
 #include <gmock/gmock.h>
@@ -17,50 +18,16 @@ using testing::Not;
 using testing::SizeIs;
 
 const std::string kEventsDat = "C:\\KAZ\\events.dat";
-const std::string kYes = "\xFF\xFF", kNo = "\0\0"s;
-const std::string k45000 = "\x00\x00\x00\x00\x00\xF9\xE5\x40"s;  // 15 March 2023
-const std::string k45001 = "\x00\x00\x00\x00\x20\xF9\xE5\x40"s;
-const std::string kNoon = "\x00\x00\x00\x00\x00\x00\xE0\x3F"s;
-const std::string kQuarterToNoon = "\x55\x55\x55\x55\x55\x55\xDF\x3F"s;
 const std::string kNoNumber = "\x00\x00\x00\x00\x00\x00\xF8\x7F"s;
 
 std::string Padded(std::string text, std::size_t width) { return text.append(width - text.size(), ' '); }
 
-// Built field by field, with the place of each checked as it goes.
+// The golden record, every field different from its default and from its neighbours, with these texts.
 std::string Record(const std::string& code, const std::string& owner, const std::string& desc) {
-    std::string record;
-    const auto add = [&](std::size_t offset, const std::string& bytes) {
-        EXPECT_EQ(record.size(), offset);
-        record += bytes;
-    };
-    add(0, kNo);
-    add(2, k45000);
-    add(10, kNoon);
-    add(18, Padded(desc, 200));
-    add(218, kYes);
-    add(220, "\x07\x00"s);
-    add(222, "\x0F\x00"s);
-    add(224, std::string(8, '\0'));
-    add(232, Padded(code, 12));
-    add(244, "\x04\x00"s);
-    add(246, kYes);
-    add(248, "\x82\x00"s);
-    add(250, "\x1F\x00"s);
-    add(252, "\x0D\x00"s);
-    add(254, "\x05\x00"s);
-    add(256, "\x06\x00"s);
-    add(258, k45001);
-    add(266, "\x2C\x01"s);
-    add(268, "\xFE\xFF\xFF\xFF"s);
-    add(272, "\x13\x00"s);
-    add(274, Padded(owner, 14));
-    add(288, kYes);
-    add(290, kQuarterToNoon);
-    add(298, kYes);
-    add(300, Padded("C:\\tools\\run.exe", 150));
-    add(450, Padded("a@b.example", 48));
-    EXPECT_EQ(record.size(), 498U);
-    return record;
+    std::string record = GoldenFile("event.dat");
+    return record.replace(18, 200, Padded(desc, 200))
+        .replace(232, 12, Padded(code, 12))
+        .replace(274, 14, Padded(owner, 14));
 }
 
 class OldDatabase : public testing::Test, protected StorageDesk {
@@ -72,39 +39,11 @@ protected:
 };
 
 TEST_F(OldDatabase, ReadsAndWritesEveryFieldAtItsPlace) {
-    const std::string record = Record("048213", "Ann", "Dentist");
+    const std::string record = GoldenFile("event.dat");
     machine.files.Put(kEventsDat, record);
     ASSERT_TRUE(old.LoadDB(kEventsDat));
-    ASSERT_EQ(old.RecordCount(), 1);
-    const clsEvent& event = old.AllEvents()[0];
-    EXPECT_FALSE(event.Deleted);
-    EXPECT_EQ(event.DueDate(), DateValue(45000));
-    EXPECT_EQ(event.DueTime(), DateValue::FromTime(12, 0));
-    EXPECT_EQ(event.Desc(), "Dentist");
-    EXPECT_TRUE(event.Recurring());
-    EXPECT_EQ(event.DaysWarning(), 7);
-    EXPECT_EQ(event.MinutesWarning(), 15);
-    EXPECT_EQ(event.IDCode, "048213");
-    EXPECT_EQ(event.RecurrenceType(), RecurNthWeekday);
-    EXPECT_TRUE(event.AlarmSet());
-    EXPECT_EQ(event.WeekDays(), 130);
-    EXPECT_EQ(event.DayOfMonth(), 31);
-    EXPECT_EQ(event.MonthNumber(), 13);
-    EXPECT_EQ(event.Daynumber(), 5);
-    EXPECT_EQ(event.DayOfWeek(), 6);
-    EXPECT_EQ(event.StartDate(), DateValue(45001));
-    EXPECT_EQ(event.Period(), 300);
-    EXPECT_EQ(event.DaysLeft(), -2);
-    EXPECT_EQ(event.Layer(), 19);
-    EXPECT_EQ(event.Owner(), "Ann");
-    EXPECT_TRUE(event.SharedEvent);
-    EXPECT_EQ(event.AlarmTime(), DateValue::FromTime(11, 45));
-    EXPECT_TRUE(event.ExecFile);
-    EXPECT_EQ(event.Filename, "C:\\tools\\run.exe");
-    EXPECT_EQ(event.Email, "a@b.example");
-    EXPECT_FALSE(event.PlayWav);
+    EXPECT_EQ(FileOf(old.AllEvents()), GoldenFile("event_of_dat.xml"));
     EXPECT_EQ(Log(), "");
-
     EXPECT_TRUE(old.SaveDB());
     EXPECT_EQ(machine.files.Text(kEventsDat), record);
 }
@@ -126,7 +65,7 @@ TEST_F(OldDatabase, TakesOwnersTextsAndSoundsAsTheyAreMeant) {
     std::string zeros = Record("", "", "");
     zeros.replace(274, 14, 14, '\0').replace(450, 48, 48, '\0').replace(232, 12, "7\0garbage   "s);
     std::string marked = Record("8", "Singleton", "  both ends  ");
-    marked.replace(0, 2, kYes);
+    marked.replace(0, 2, "\xFF\xFF");
     machine.files.Put(kEventsDat,
                       Record("5", "Single", std::string(200, 'x')) + Record("6", "Bob", "") + zeros + marked);
     machine.files.Put("C:\\KAZ\\EventWavs.ini", "6,C:\\bell.wav\r\n");
