@@ -88,7 +88,11 @@ const Tale kTales[] = {
     {"Asleep for a month to the day, and a clock that is set",
      {Single("Tea", DateValue::FromCivil(2023, 4, 5)), Single("Exam", DateValue::FromCivil(2023, 5, 5))},
      {{"5 09:00:05", "", ComputerSleepsUntil("36 09:00:00")},
-      {"36 09:00:03", "TODAY! Tea", ClockIsSetTo("66 09:00:00")},
+      {"36 09:00:03", "TODAY! Tea",
+       [](Clockwork& story) {
+           Closes("TODAY!")(story);
+           ClockIsSetTo("66 09:00:00")(story);
+       }},
       {"66 09:00:03", "TODAY! Exam", {}}}},
     {"An alarm that is closed is over",
      {WithAlarm(Single("Tea"), 9, 2), WithAlarm(Single("Bread"), 9, 4)},
@@ -181,8 +185,8 @@ const Tale kTales[] = {
      {},
      AsItAppears(Closes("TODAY!"))},
     {"or put to sleep",
-     {Single("Tea")},
-     {{"15 09:00:04", "", {}}, {"15 09:01:01", "", {}}, {"15 09:01:03", "TODAY! Tea", {}}},
+     {OneOff("1", "Tea\r\nwith Ann", kToday)},
+     {{"15 09:00:04", "", {}}, {"15 09:01:01", "", {}}, {"15 09:01:03", "TODAY! Tea with Ann", {}}},
      {},
      AsItAppears(LetsSleep("TODAY!", "1"))},
     {"A sleep of no minutes lasts one",

@@ -1,12 +1,15 @@
 #include "base/DateText.h"
 
-#include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "fakes/ErrorOf.h"
 #include "fakes/FakeLocale.h"
+#include "fakes/TestData.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <random>
+#include <vector>
 
 namespace kaz {
 namespace {
@@ -17,10 +20,6 @@ DateValue At(int year, int month, int day, int hour = 0, int minute = 0, int sec
 
 std::string Show(const std::optional<DateValue>& date) {
     return date ? FormatDate(*date, "YYYY-MM-DD HH:NN:SS", {}) : "nothing";
-}
-
-void ExpectRead(const LocaleData& locale, std::string_view text, const char* expected) {
-    EXPECT_EQ(Show(RecogniseDate(text, locale)), expected) << '"' << text << '"';
 }
 
 TEST(FormatDate, LettersOfThePattern) {
@@ -70,58 +69,42 @@ TEST(GeneralDateText, ZeroPartsAreLeftOut) {
     EXPECT_EQ(GeneralDateText(At(1850, 3, 5), odd), "d'a Tuesday 5. Mar '1850");
 }
 
-TEST(RecogniseDate, FormsOfTheFilesInEveryLocale) {
-    const LocaleData locales[] = {FakeLocale::English(), FakeLocale::German(), FakeLocale::French(),
-                                  FakeLocale::Polish(), FakeLocale::Hungarian()};
-    for (const LocaleData& locale : locales) {
-        ExpectRead(locale, "2023-03-05", "2023-03-05 00:00:00");
-        ExpectRead(locale, " 2023-03-05 07:08 ", "2023-03-05 07:08:00");
-        ExpectRead(locale, "2023-03-05 07:08:09", "2023-03-05 07:08:09");
-        ExpectRead(locale, "1899-12-30 23:59", "1899-12-30 23:59:00");
-        ExpectRead(locale, "0100-01-01", "0100-01-01 00:00:00");
-        ExpectRead(locale, "9999-12-31 23:59:59", "9999-12-31 23:59:59");
-        ExpectRead(locale, "2024-02-29", "2024-02-29 00:00:00");
-        ExpectRead(locale, "2023-3-5", "2023-03-05 00:00:00");
-        for (const char* bad :
-             {"2023-02-29", "1900-02-29", "2023-13-01", "2023-00-10", "2023-01-00", "2023-01-32",
-              "0099-12-31", "0000-00-00", "2023-03-05 24:00", "2023-03-05 23:60", "2023-03-05 23:59:60",
-              "2023-03-05 7:", "2023-03-05T07:08", "2023-03-0x", "2023-03-05 07:08 x", "2023-03-",
-              "-2023-03-05", "20230-3-5"})
-            ExpectRead(locale, bad, "nothing");
+TEST(RecogniseDate, FollowsTheTable) {
+    const std::map<std::string_view, std::vector<LocaleData>> locales{
+        {"every",
+         {FakeLocale::English(), FakeLocale::German(), FakeLocale::French(), FakeLocale::Polish(),
+          FakeLocale::Hungarian()}},
+        {"English", {FakeLocale::English()}},
+        {"British", {FakeLocale::British()}},
+        {"German", {FakeLocale::German()}},
+        {"French", {FakeLocale::French()}},
+        {"Polish", {FakeLocale::Polish()}},
+        {"Hungarian", {FakeLocale::Hungarian()}}};
+    const std::string table = GoldenFile("dates.txt");
+    int rows = 0;
+    for (const std::string_view line : Split(table, "\n")) {
+        if (line.empty() || line.starts_with('#')) continue;
+        const auto columns = Split(line, "|");
+        std::string text(Trim(columns.at(1)));
+        for (std::size_t at = 0; (at = text.find("\\x", at)) != std::string::npos; ++at)
+            text.replace(at, 4, 1, static_cast<char>(std::stoi(text.substr(at + 2, 2), nullptr, 16)));
+        for (const LocaleData& locale : locales.at(Trim(columns[0])))
+            EXPECT_EQ(Show(RecogniseDate(text, locale)), Trim(columns.at(2))) << line;
+        ++rows;
     }
+    EXPECT_GT(rows, 90);
+    EXPECT_EQ(ErrorOf([] { TextToDate("soon", {}); }), 13);
 }
 
-TEST(RecogniseDate, OrderAndNamesOfTheLocale) {
-    const LocaleData english;
-    ExpectRead(english, "3/5/2023", "2023-03-05 00:00:00");
-    ExpectRead(english, "3-5-29", "2029-03-05 00:00:00");
-    ExpectRead(english, "3.5.30", "1930-03-05 00:00:00");
-    ExpectRead(english, "3 5 0", "2000-03-05 00:00:00");
-    ExpectRead(english, "3/5/123", "0123-03-05 00:00:00");
-    ExpectRead(english, "Sunday, March 5, 2023", "2023-03-05 00:00:00");
-    ExpectRead(english, "5 MAR 2023", "2023-03-05 00:00:00");
-    ExpectRead(english, "mar. 5 23 11:15 pm", "2023-03-05 23:15:00");
-    ExpectRead(english, "2023 march 5", "2023-03-05 00:00:00");
-    ExpectRead(english, "13/5/2023", "nothing");
-    ExpectRead(FakeLocale::British(), "13/5/2023", "2023-05-13 00:00:00");
-    ExpectRead(FakeLocale::German(), "5. M\304RZ 2023", "2023-03-05 00:00:00");
-    ExpectRead(FakeLocale::German(), "So 5. Mrz. 2023, 7:08", "2023-03-05 07:08:00");
-    ExpectRead(FakeLocale::French(), "mar 7 mars 2023", "2023-03-07 00:00:00");
-    ExpectRead(FakeLocale::French(), "1 f\351vr. 2023", "2023-02-01 00:00:00");
-    ExpectRead(FakeLocale::Polish(), "\234roda 15 marzec 2023", "2023-03-15 00:00:00");
-    ExpectRead(FakeLocale::Hungarian(), "2023. 03. 05.", "2023-03-05 00:00:00");
-    ExpectRead(FakeLocale::Hungarian(), "23.3.5", "2023-03-05 00:00:00");
-    ExpectRead(FakeLocale::Hungarian(), "23. m\341rc. 5.", "2023-03-05 00:00:00");
-    ExpectRead(FakeLocale::Hungarian(), "2023. m\341rc. 5. du. 7:08", "nothing");
-    ExpectRead(english, "5\240Mar\2402023", "2023-03-05 00:00:00");
+TEST(RecogniseDate, TakesTheWordsForMorningAndAfternoonFromTheLocale) {
     LocaleData lettered;
     lettered.morning = "a";
-    ExpectRead(lettered, "5 April 2023 7 A", "2023-04-05 07:00:00");
+    EXPECT_EQ(Show(RecogniseDate("5 April 2023 7 A", lettered)), "2023-04-05 07:00:00");
     LocaleData spanish = FakeLocale::British();
     spanish.shortDayNames[2] = spanish.shortMonthNames[2] = "mar.";
     spanish.morning = "a.\240m.";
     spanish.afternoon = "p.\240m.";
-    ExpectRead(spanish, "mar. 7 mar. 2023 9:15 p.\240m.", "2023-03-07 21:15:00");
+    EXPECT_EQ(Show(RecogniseDate("mar. 7 mar. 2023 9:15 p.\240m.", spanish)), "2023-03-07 21:15:00");
 }
 
 TEST(RecogniseDate, TheOrderComesFromThePattern) {
@@ -135,39 +118,6 @@ TEST(RecogniseDate, TheOrderComesFromThePattern) {
         LocaleData locale;
         locale.shortDatePattern = pattern;
         EXPECT_EQ(locale.Order(), order) << pattern;
-    }
-}
-
-TEST(RecogniseDate, Times) {
-    const LocaleData english;
-    ExpectRead(english, "7:08", "1899-12-30 07:08:00");
-    ExpectRead(english, "23:59:59", "1899-12-30 23:59:59");
-    ExpectRead(english, "12:00 am", "1899-12-30 00:00:00");
-    ExpectRead(english, "12pm", "1899-12-30 12:00:00");
-    ExpectRead(english, "7:08 3/5/2023", "2023-03-05 07:08:00");
-    ExpectRead(FakeLocale::Hungarian(), "7:08 du.", "1899-12-30 19:08:00");
-    ExpectRead(FakeLocale::Hungarian(), "7 DE", "1899-12-30 07:00:00");
-    for (const char* bad :
-         {"24:00", "7:60", "7:08:60", "13 pm", "7:", ":08", "7:8:9:1", "7:08 pm am", "100:00", "7:008",
-          "3/5 7:08 2023", "7:08 8:09", "7:08 3/5", "3/5/2023/7:08", "3/5/2023 7:08 9", "7 pmx"})
-        ExpectRead(english, bad, "nothing");
-}
-
-TEST(RecogniseDate, AnythingElseIsNothing) {
-    const LocaleData english;
-    constexpr std::string_view kBad =
-        "| |0|45000|2.29|3/5|3//5/2023|/3/5/2023|3/5/2023/|3/5/2023-|3/5/6/7|March|Sunday|"
-        "March 2023|March March 2023|5 Marchy 2023|5/0/2023|0/5/2023|3/-5/2023|3/5/20233|"
-        "003/5/2023|3/005/2023|3:5:2023|true|3/5/99999999999999|Mar 005 2023|3/5/2023\n|"
-        "(3/5/2023)";
-    for (const std::string_view bad : Split(kBad, "|"))
-        ExpectRead(english, bad, "nothing");
-    EXPECT_FALSE(RecogniseDate(std::string_view("2023-03-05\0", 11), english));
-    try {
-        TextToDate("soon", english);
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::TypeMismatch);
     }
 }
 

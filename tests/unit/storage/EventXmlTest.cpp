@@ -153,23 +153,5 @@ TEST(EventXml, TakesAnEarlierTextForTheFieldWhoseTagItHolds) {
     EXPECT_EQ(reading, expected);
 }
 
-TEST(EventXml, ReadsEveryDamageAsTheSearchDoes) {
-    clsEvent small;
-    small.IDCode = "1";
-    const std::string good = FileOf({small, FullEvent()});
-    // At each place the bit of letter case and one more.
-    for (std::size_t place = 0; place < good.size() * 2; ++place) {
-        std::string file = good;
-        char& damaged = file[place / 2];
-        damaged = static_cast<char>(damaged ^ (place % 2 == 0 ? 0x20 : 1 << place / 2 % 8));
-        const EventReading expected = EventReading::BySearch(file, {});
-        ASSERT_EQ(EventReading::Streamed(file, {}), expected) << place;
-    }
-    for (std::size_t length = 0; length < good.size(); length += 3) {
-        const std::string file = good.substr(0, length);
-        ASSERT_EQ(EventReading::Streamed(file, {}, 64), EventReading::BySearch(file, {})) << length;
-    }
-}
-
 }  // namespace
 }  // namespace kaz

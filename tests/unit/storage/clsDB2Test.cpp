@@ -34,6 +34,13 @@ class OldDatabase : public testing::Test, protected StorageDesk {
 protected:
     OldDatabase() : StorageDesk("Ann") {}
 
+    static clsEvent Owned(const std::string& code, const std::string& owner) {
+        clsEvent event;
+        event.IDCode = code;
+        event.Owner(owner);
+        return event;
+    }
+
     clsSounds sounds{machine.files, settings, log, [] { return "C:\\KAZ"s; }};
     clsDB2 old{Services(), sounds};
 };
@@ -156,25 +163,51 @@ TEST_F(OldDatabase, FindsAndReplacesRecordsOnDisk) {
     EXPECT_EQ(machine.files.Text(kEventsDat).size(), 3 * kLegacyRecordSize);
 }
 
-TEST_F(OldDatabase, ChangesOwnersAndNoticesOthersChanges) {
-    machine.files.Put(kEventsDat, Record("1", "Ann", "") + Record("2", "bob", "") + Record("3", "Cy", ""));
+// As the database of today does.
+TEST_F(OldDatabase, ChangesOwnersInBulk) {
+    const auto after = [&](const auto& act) {
+        const std::string xml = "C:\\KAZ\\Events.xml";
+        machine.files.Put(kEventsDat,
+                          Record("1", "Bob", "") + Record("2", "BOB", "") + Record("3", "Carl", ""));
+        machine.files.Put(xml, FileOf({Owned("1", "Bob"), Owned("2", "BOB"), Owned("3", "Carl")}));
+        clsDbXml today(Services());
+        old.LoadDB(kEventsDat);
+        today.LoadDB(xml);
+        act(old);
+        act(today);
+        std::vector<std::string> owners = OwnersOf(today.AllEvents());
+        EXPECT_EQ(OwnersOf(old.AllEvents()), owners);
+        old.LoadDB(kEventsDat);
+        today.LoadDB(xml);
+        EXPECT_EQ(OwnersOf(old.AllEvents()), OwnersOf(today.AllEvents()));
+        owners.emplace_back("on disk");
+        for (const std::string& owner : OwnersOf(today.AllEvents()))
+            owners.push_back(owner);
+        return owners;
+    };
+    EXPECT_THAT(after([](auto& database) { database.RenameOwner("bob", "Dora"); }),
+                ElementsAre("Dora", "Dora", "Carl", "on disk", "Dora", "Dora", "Carl"));
+    EXPECT_THAT(after([](auto& database) { database.WipeAllButThisOwner(""); }),
+                ElementsAre("Bob", "BOB", "Carl", "on disk", "Bob", "BOB", "Carl"));
+    EXPECT_THAT(after([](auto& database) { database.WipeAllButThisOwner("bob"); }),
+                ElementsAre("Bob", "BOB", "Carl deleted", "on disk", "Bob", "BOB"));
+    EXPECT_THAT(after([](auto& database) { database.WipeRecordsByOwner("bob"); }),
+                ElementsAre("Bob deleted", "BOB deleted", "Carl", "on disk", "Carl"));
+    // Single's events are the user's as soon as they are read.
+    EXPECT_THAT(after([](auto& database) { database.SetAllToSingleUser(); }),
+                ElementsAre("Single", "Single", "Single", "on disk", "Ann", "Ann", "Ann"));
+}
+
+TEST_F(OldDatabase, NoticesOthersChanges) {
+    machine.files.Put(kEventsDat, Record("1", "Ann", ""));
     old.LoadDB(kEventsDat);
     EXPECT_FALSE(old.DatabaseChanged());
-    old.RenameOwner("BOB", "Bob");
-    old.WipeAllButThisOwner("");
-    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann", "Bob", "Cy"));
-    EXPECT_FALSE(old.DatabaseChanged());
-    old.WipeRecordsByOwner("cy");
-    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann", "Bob", "Cy deleted"));
-    old.WipeAllButThisOwner("Ann");
-    old.LoadDB(kEventsDat);
-    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann"));
     machine.files.Put(kEventsDat, Record("1", "Ann", "") + Record("4", "Dee", ""));
     EXPECT_TRUE(old.DatabaseChanged());
     old.LoadDBIfChanged(kEventsDat);
-    old.SetAllToSingleUser();
     old.DeleteRecord("1");
-    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Single deleted", "Single"));
+    EXPECT_FALSE(old.DatabaseChanged());
+    EXPECT_THAT(OwnersOf(old.AllEvents()), ElementsAre("Ann deleted", "Dee"));
     old.WipeDiskFile();
     EXPECT_EQ(machine.files.Kind(kEventsDat), PathKind::Missing);
 }
