@@ -5,6 +5,7 @@
 #include "storage/EventXml.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -35,6 +36,40 @@ inline clsEvent WithAlarm(clsEvent event, int hour, int minute) {
     event.AlarmSet(true);
     event.DueTime(DateValue::FromTime(hour, minute));
     event.AlarmTime(event.DueTime());
+    return event;
+}
+
+inline clsEvent Of(const std::string& owner, clsEvent event) {
+    event.Owner(owner);
+    return event;
+}
+
+inline clsEvent SharedBy(const std::string& owner, clsEvent event, const std::string& with = "") {
+    event.SharedEvent = true;
+    event.ShareWithSpecific = !with.empty();
+    event.ShareNames = with;
+    return Of(owner, std::move(event));
+}
+
+inline clsEvent Warned(clsEvent event, std::int16_t days) {
+    event.DaysWarning(days);
+    return event;
+}
+
+inline clsEvent Mailed(clsEvent event, const std::string& address) {
+    event.Email = address;
+    return event;
+}
+
+inline clsEvent Loud(clsEvent event, const std::string& sound) {
+    event.PlayWav = true;
+    event.WavFile = sound;
+    return event;
+}
+
+inline clsEvent Running(clsEvent event, const std::string& file) {
+    event.ExecFile = true;
+    event.Filename = file;
     return event;
 }
 

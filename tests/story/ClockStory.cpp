@@ -22,25 +22,8 @@ const DateValue kYesterday(44999), kToday(45000), kTomorrow(45001);
 
 clsEvent Single(const char* name, DateValue due = kToday) { return OneOff(name, name, due); }
 clsEvent Pills(DateValue due = kToday) { return Daily("pills", "Pills", due); }
-clsEvent Warned(const char* name, int inDays, std::int16_t days) {
-    clsEvent event = Single(name, kToday.PlusDays(inDays));
-    event.DaysWarning(days);
-    return event;
-}
-clsEvent Loud(clsEvent event, const char* sound, bool plays = true) {
-    event.PlayWav = plays;
-    event.WavFile = sound;
-    return event;
-}
-clsEvent Running(clsEvent event, const char* file) {
-    event.ExecFile = true;
-    event.Filename = file;
-    return event;
-}
-clsEvent Bobs(clsEvent event) {
-    event.Owner("Bob");
-    event.SharedEvent = true;
-    return event;
+clsEvent Soon(const char* name, int inDays, std::int16_t days) {
+    return Warned(Single(name, kToday.PlusDays(inDays)), days);
 }
 
 const Tale kTales[] = {
@@ -115,17 +98,17 @@ const Tale kTales[] = {
      {{"15 09:00:05", "", Shows("Layer 5")},
       {"15 10:00:01", "ALARM! Weekly", Closes("ALARM!")},
       {"22 10:00:01", "ALARM! Weekly", TrayTells("KAZ - 1 event due today")}},
-     {Bobs(WithAlarm(Daily("weekly", "Weekly", kToday.PlusDays(-14), 7), 10, 0))}},
+     {SharedBy("Bob", WithAlarm(Daily("weekly", "Weekly", kToday.PlusDays(-14), 7), 10, 0))}},
     {"Another's alarm with the code and the minute of an own one, and one that he saves while an editor is open",
      {WithAlarm(OneOff("1", "Mine", kToday), 9, 2)},
      {{"15 09:00:03", "TODAY! Mine", Closes("TODAY!")},
       {"15 09:02:01", "ALARM! His Mine", Opens(IDM_ADD)},
-      {"15 09:02:31", "ALARM! His Mine", BobSaves(Bobs(WithAlarm(Single("Party"), 9, 4)))},
+      {"15 09:02:31", "ALARM! His Mine", BobSaves(SharedBy("Bob", WithAlarm(Single("Party"), 9, 4)))},
       {"15 09:04:01", "ALARM! Party His Mine", Saves("Milk")}},
-     {Bobs(WithAlarm(OneOff("1", "His", kToday), 9, 2))}},
+     {SharedBy("Bob", WithAlarm(OneOff("1", "His", kToday), 9, 2))}},
     {"What comes up stands the nearest first, then it is today, then it is over",
-     {Warned("Far", 5, 5), Warned("Trip", 2, 30), Warned("Club", 2, 2), Warned("Walk", 1, 1),
-      Warned("Too far", 3, 2), Warned("Never before its day", 1, 0)},
+     {Soon("Far", 5, 5), Soon("Trip", 2, 30), Soon("Club", 2, 2), Soon("Walk", 1, 1),
+      Soon("Too far", 3, 2), Soon("Never before its day", 1, 0)},
      {{"15 09:00:03", "COMING UP In 1 day: Walk In 2 days: Club In 2 days: Trip In 5 days: Far", Hears("")},
       {"15 09:01:01", "COMING UP In 1 day: Walk In 2 days: Club In 2 days: Trip In 5 days: Far",
        LetsSleep("COMING UP", "9000")},
@@ -136,7 +119,7 @@ const Tale kTales[] = {
       {"20 09:00:03", "TODAY! Far", ComputerSleepsUntil("21 09:00:00")},
       {"21 09:00:03", "", {}}}},
     {"What is deleted neither rings nor comes up again",
-     {WithAlarm(Daily("pills", "Pills", kToday), 9, 2), Warned("Trip", 2, 5), Single("Tea", kTomorrow)},
+     {WithAlarm(Daily("pills", "Pills", kToday), 9, 2), Soon("Trip", 2, 5), Single("Tea", kTomorrow)},
      {{"15 09:00:05", "COMING UP In 2 days: Trip, TODAY! Pills", Deletes(0)},
       {"15 09:01:00", "COMING UP In 2 days: Trip, TODAY! Pills", Deletes(1)},
       {"15 09:03:00", "COMING UP In 2 days: Trip, TODAY! Pills", ComputerSleepsUntil("16 09:00:00")},
@@ -166,7 +149,7 @@ const Tale kTales[] = {
       {"22 07:43:39", "", {}},
       {"22 07:43:41", "ALARM! Bus Dentist", Hears("gong.wav ")}}},
     {"The sound of today's window is that of the last one that has one, and the usual one when it is gone",
-     {Loud(Single("Plain"), "C:\\gong.wav", false), Loud(Single("Loud"), "C:\\gone.wav"),
+     {Loud(Single("Plain"), ""), Loud(Single("Loud"), "C:\\gone.wav"),
       Running(Single("Runs a file"), "C:\\backup.cmd")},
      {{"15 09:00:03", "TODAY! Loud Plain", Hears("alarm.wav ")},
       {"15 09:00:20", "(TODAY! Loud Plain)",
@@ -211,7 +194,7 @@ const Tale kTales[] = {
                        HasSubstr("Error 70 (Permission denied) in DisplayAlarms of clsReminder"));
        }}}},
     {"A window that cannot be made",
-     {Warned("Trip", 2, 1), Single("Tea", kTomorrow)},
+     {Soon("Trip", 2, 1), Single("Tea", kTomorrow)},
      {{"15 23:59:50", "", [](Clockwork& story) { story.machine.windows.failures = 1; }},
       {"16 00:00:03", "TODAY! Tea", {}}}},
 };

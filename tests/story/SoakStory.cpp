@@ -41,16 +41,11 @@ protected:
     }
 
     static clsEvent Alarm(const std::string& code, int hour, int minute) {
-        clsEvent event = Daily(code, "Alarm " + code, DateValue(45000));
-        event.Owner("Ann");
-        return WithAlarm(event, hour, minute);
+        return WithAlarm(Of("Ann", Daily(code, "Alarm " + code, DateValue(45000))), hour, minute);
     }
     void BobSaves() {
-        clsEvent party = OneOff("000009", "Party " + std::string(1, static_cast<char>('A' + saves_++ % 26)),
-                                story.Today(1));
-        party.Owner("Bob");
-        party.SharedEvent = true;
-        story.ShareWithBob({party});
+        const std::string party = "Party " + std::string(1, static_cast<char>('A' + saves_++ % 26));
+        story.ShareWithBob({SharedBy("Bob", OneOff("000009", party, story.Today(1)))});
     }
     void Hour() {
         FakeWindow& main = *story.Main();

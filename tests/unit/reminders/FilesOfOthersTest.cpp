@@ -21,12 +21,8 @@ protected:
         desk.machine.files.looked = [this](const std::string& path) { looks += path == kPath; };
     }
     static clsEvent Runs(const std::string& file, const std::string& claimedOwner) {
-        clsEvent event =
-            WithAlarm(OneOff("000001", "Run\r\nme " + std::string(5000, 'x'), DateValue()), 9, 0);
-        event.Owner(claimedOwner);
-        event.ExecFile = true;
-        event.Filename = file;
-        return event;
+        const clsEvent event = OneOff("000001", "Run\r\nme " + std::string(5000, 'x'), DateValue());
+        return Running(Of(claimedOwner, WithAlarm(event, 9, 0)), file);
     }
     void Share(const std::string& user, const std::vector<clsEvent>& events) {
         desk.machine.files.Put("C:\\Share\\Shared_" + user + ".xml", FileOf(events));
@@ -129,11 +125,7 @@ TEST_F(FilesOfOthers, AreRefusedUnaskedWhenTheirNameIsNotWhatItLooksLike) {
 
 TEST_F(FilesOfOthers, TheSoundOfTheirAlarmIsTheDefaultOne) {
     desk.machine.files.Put("C:\\KAZ\\alarm.wav", SampleWave());
-    clsEvent loud = Runs("", "Bob");
-    loud.ExecFile = false;
-    loud.PlayWav = true;
-    loud.WavFile = kPath;
-    Share("Bob", {loud});
+    Share("Bob", {Of("Bob", Loud(WithAlarm(OneOff("000001", "Loud", {}), 9, 0), kPath))});
     Ring();
     desk.machine.windows.Advance(2000);
     EXPECT_EQ(desk.machine.sound.calls.back().file, "C:\\KAZ\\alarm.wav");
