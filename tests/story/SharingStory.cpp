@@ -48,18 +48,20 @@ private:
     std::optional<clsComponent> component_;
 };
 
-clsEvent Shared(clsEvent event, const std::string& owner, const std::string& with = "") {
-    event.Owner(owner);
-    event.SharedEvent = true;
-    event.ShareWithSpecific = !with.empty();
-    event.ShareNames = with;
+// All of them in the category "Family".
+clsEvent Family(const char* code, const char* description, int inDays) {
+    clsEvent event = OneOff(code, description, DateValue(45000 + inDays));
     event.Layer(3);
     return event;
 }
 
 struct Office {
-    Office() { disk.Put(std::string(kShare) + "\\KAZShared.ini", "  Ann \r\n\r\nBob\r\nCleo\r\n"); }
-    static DateValue Day(int plus) { return DateValue(45000 + plus); }
+    Office() { disk.Put(Shared("KAZShared.ini"), "  Ann \r\n\r\nBob\r\nCleo\r\n"); }
+    static std::string Shared(const std::string& name) { return std::string(kShare) + "\\" + name; }
+    // What another program of that user has published.
+    void Publish(const std::string& user, const clsEvent& event) {
+        disk.Put(Shared("Shared_" + user + ".xml"), FileOf({SharedBy(user, event)}));
+    }
     MemoryFileSystem disk;
 };
 
@@ -69,12 +71,11 @@ TEST(Sharing, EachUserSeesWhatIsMeantForHimInHisOwnCategory) {
     Office office;
     User ann(office.disk, "Ann"), bob(office.disk, "Bob"), cleo(office.disk, "Cleo");
     office.disk.Put(ann.Folder() + "\\Events.xml",
-                    FileOf({Shared(OneOff("000001", "For all", Office::Day(1)), "Ann"),
-                            Shared(OneOff("000002", "For Bob", Office::Day(2)), "Ann", "Bob\r\n"),
-                            OneOff("000003", "Mine", Office::Day(3))}));
+                    FileOf({SharedBy("Ann", Family("000001", "For all", 1)),
+                            SharedBy("Ann", Family("000002", "For Bob", 2), "Bob\r\n"),
+                            OneOff("000003", "Mine", DateValue(45003))}));
     // Bob has the category under another number.
-    office.disk.Put(bob.Folder() + "\\Kaz.ini",
-                    office.disk.Text(bob.Folder() + "\\Kaz.ini") + "LAYER3,Work\r\nLAYER7,family\r\n");
+    office.disk.At(bob.Folder() + "\\Kaz.ini").text += "LAYER3,Work\r\nLAYER7,family\r\n";
     bob.Start();
     EXPECT_THAT(bob.List(), IsEmpty());
     ann.Start();
@@ -93,13 +94,11 @@ TEST(Sharing, AUserWhoJoinsAndAFileThatComesUpAreSeenAtTheNextTick) {
     User ann(office.disk, "Ann");
     ann.Start();
     EXPECT_THAT(ann.List(), IsEmpty());
-    office.disk.Put("C:\\Share\\Shared_Bob.xml",
-                    FileOf({Shared(OneOff("000001", "Party", Office::Day(1)), "Bob")}));
+    office.Publish("Bob", Family("000001", "Party", 1));
     ann.Tick();
     EXPECT_THAT(ann.List(), ElementsAre("S|Party|Family"));
-    office.disk.Put("C:\\Share\\Shared_Dora.xml",
-                    FileOf({Shared(OneOff("000001", "Trip", Office::Day(2)), "Dora")}));
-    office.disk.Put("C:\\Share\\KAZShared.ini", "Bob\r\nDora\r\n");
+    office.Publish("Dora", Family("000001", "Trip", 2));
+    office.disk.Put(Office::Shared("KAZShared.ini"), "Bob\r\nDora\r\n");
     ann.Tick();
     EXPECT_THAT(ann.List(), ElementsAre("S|Party|Family", "S|Trip|Family"));
 }
@@ -107,17 +106,17 @@ TEST(Sharing, AUserWhoJoinsAndAFileThatComesUpAreSeenAtTheNextTick) {
 TEST(Sharing, WhatOthersWroteIsNotTrusted) {
     Office office;
     User ann(office.disk, "Ann");
-    office.disk.Put("C:\\Share\\KAZShared.ini",
-                    "..\\Secret\r\nC:\\x\r\nNUL\r\ncom1.txt\r\n\\\\srv\\share\r\nBob\r\n");
-    office.disk.Put("C:\\Shared_x.xml", FileOf({Shared(OneOff("000009", "Outside", Office::Day(1)), "Eve")}));
-    clsEvent evil = Shared(OneOff("000001", "Party", Office::Day(0)), "Bob");
+    const std::vector<std::string> refused{"..\\Secret", "C:\\x", "NUL", "com1.txt", "\\\\srv\\share"};
+    std::string users = "Bob\r\n";
+    for (const std::string& name : refused)
+        users += name + "\r\n";
+    office.disk.Put(Office::Shared("KAZShared.ini"), users);
+    office.disk.Put("C:\\Shared_x.xml", FileOf({SharedBy("Eve", Family("000009", "Outside", 1))}));
+    clsEvent evil = Running(WithAlarm(Family("000001", "Party", 0), 9, 0), "C:\\evil.exe");
     evil.SharedLayerName = "New\r\nOWNER,Eve";
-    evil.ExecFile = true;
-    evil.Filename = "C:\\evil.exe";
-    evil.AlarmSet(true);
-    evil.AlarmTime(DateValue::FromTime(9, 0));
     office.disk.Put("C:\\evil.exe", "MZ");
-    office.disk.Put("C:\\Share\\Shared_Bob.xml", FileOf({evil}) + "\x01<EVENT><Owner>Bob</Owner></EVENT>");
+    office.Publish("Bob", evil);
+    office.disk.At(Office::Shared("Shared_Bob.xml")).text += "\x01<EVENT><Owner>Bob</Owner></EVENT>";
     ann.Start();
     ann.Tick();
     EXPECT_THAT(ann.Machine().shell.opened, IsEmpty());
@@ -127,19 +126,17 @@ TEST(Sharing, WhatOthersWroteIsNotTrusted) {
     EXPECT_THAT(ann.Machine().shell.opened, ElementsAre("C:\\evil.exe"));
     EXPECT_THAT(office.disk.Text(ann.Folder() + "\\Kaz.ini"),
                 testing::AllOf(HasSubstr("Bob|C:\\evil.exe"), Not(HasSubstr("Eve"))));
-    const std::string log = office.disk.Text(ann.Folder() + "\\Log_KAZ.txt");
-    for (const char* name : {"..\\Secret", "C:\\x", "NUL", "com1.txt", "\\\\srv\\share"})
-        EXPECT_THAT(log, HasSubstr("Shared user \"" + std::string(name) + "\" refused"));
+    for (const std::string& name : refused)
+        EXPECT_THAT(office.disk.Text(ann.Folder() + "\\Log_KAZ.txt"),
+                    HasSubstr("Shared user \"" + name + "\" refused"));
 }
 
 TEST(Sharing, AnEventOfAnotherWithTheSameCodeStaysOutOfOnesOwnFile) {
     Office office;
     User ann(office.disk, "Ann");
     const std::string own = "C:\\Share\\Shared_Ann.xml";
-    office.disk.Put(ann.Folder() + "\\Events.xml",
-                    FileOf({Shared(OneOff("000001", "Dinner", Office::Day(0)), "Ann")}));
-    office.disk.Put("C:\\Share\\Shared_Bob.xml",
-                    FileOf({Shared(OneOff("000001", "Party", Office::Day(5)), "Bob")}));
+    office.disk.Put(ann.Folder() + "\\Events.xml", FileOf({SharedBy("Ann", Family("000001", "Dinner", 0))}));
+    office.Publish("Bob", Family("000001", "Party", 5));
     office.disk.Put(own, FileOf({}));
     office.disk.At(own).locked = true;
     ann.Start();
@@ -149,23 +146,6 @@ TEST(Sharing, AnEventOfAnotherWithTheSameCodeStaysOutOfOnesOwnFile) {
     EXPECT_EQ(office.disk.Text(own), FileOf({}));
 }
 
-TEST(Sharing, TwoWhoJoinAtOnceAreBothInTheList) {
-    struct Disk : MemoryFileSystem {
-        std::unique_ptr<OutputFile> Create(const std::string& path) override {
-            if (const auto other = std::exchange(meanwhile, {})) other();
-            return MemoryFileSystem::Create(path);
-        }
-        std::function<void()> meanwhile;
-    } disk;
-    disk.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
-    FakePlatform machine;
-    Application app(machine.Services());
-    SharedFolder folder(disk, kShare, app.log);
-    disk.meanwhile = [&] { folder.RemoveUsers({"Ann"}); };
-    folder.AddUser("Cleo");
-    EXPECT_THAT(folder.Users(), ElementsAre("Bob", "Cleo"));
-}
-
 TEST(Sharing, ACategoryThatWasRenamedDoesNotComeBack) {
     Office office;
     for (const char* category : {"Family", "Kin"}) {
@@ -173,7 +153,7 @@ TEST(Sharing, ACategoryThatWasRenamedDoesNotComeBack) {
         std::string& settings = office.disk.At(ann.Folder() + "\\Kaz.ini").text;
         settings = ReplaceAll(settings, "LAYER3,Family", "LAYER3," + std::string(category));
         office.disk.Put(ann.Folder() + "\\Events.xml",
-                        FileOf({Shared(OneOff("000001", "For all", Office::Day(1)), "Ann")}));
+                        FileOf({SharedBy("Ann", Family("000001", "For all", 1))}));
         ann.Start();
         ann.Tick();
         EXPECT_THAT(office.disk.Text("C:\\Share\\Shared_Ann.xml"), HasSubstr(category));
@@ -186,30 +166,28 @@ TEST(Sharing, ACategoryThatWasRenamedDoesNotComeBack) {
 TEST(Sharing, ALostShareLosesNothingAndIsTriedAgain) {
     Office office;
     User ann(office.disk, "Ann");
-    office.disk.Put(ann.Folder() + "\\Events.xml",
-                    FileOf({Shared(OneOff("000001", "For all", Office::Day(1)), "Ann")}));
-    office.disk.Put("C:\\Share\\Shared_Bob.xml",
-                    FileOf({Shared(OneOff("000002", "Party", Office::Day(1)), "Bob")}));
-    office.disk.At("C:\\Share\\Shared_Bob.xml").locked = true;
+    office.disk.Put(ann.Folder() + "\\Events.xml", FileOf({SharedBy("Ann", Family("000001", "For all", 1))}));
+    office.Publish("Bob", Family("000002", "Party", 1));
+    office.disk.At(Office::Shared("Shared_Bob.xml")).locked = true;
     ann.Start();
     EXPECT_THAT(ann.List(), ElementsAre("*|For all|Family"));
-    office.disk.At("C:\\Share\\Shared_Bob.xml").locked = false;
+    office.disk.At(Office::Shared("Shared_Bob.xml")).locked = false;
     ann.Tick();
     EXPECT_THAT(ann.List(), testing::UnorderedElementsAre("*|For all|Family", "S|Party|Family"));
 
     // What cannot be read for a while keeps what it was, and what could not be published is, once it can.
     const std::string own = "C:\\Share\\Shared_Ann.xml";
-    const std::string published = office.disk.Text(own);
-    office.disk.At("C:\\Share\\KAZShared.ini").locked = true;
-    office.disk.At("C:\\Share\\KAZShared.ini").time += 50;
+    MemoryFileSystem::Node& users = office.disk.At(Office::Shared("KAZShared.ini"));
+    users.locked = true;
+    users.time += 50;
     office.disk.Put(own, FileOf({}));
     office.disk.At(own).readOnly = true;
     ann.Machine().clock.AdvanceDays(1);
     ann.Tick();
-    EXPECT_THAT(ann.List(), testing::Contains("S|Party|Family"));
-    office.disk.At("C:\\Share\\KAZShared.ini").locked = false;
+    EXPECT_THAT(ann.List(), Contains("S|Party|Family"));
+    users.locked = false;
     office.disk.At(own).readOnly = false;
     ann.Tick();
     EXPECT_THAT(office.disk.Text(own), HasSubstr("For%20all"));
-    EXPECT_THAT(ann.List(), testing::Contains("S|Party|Family"));
+    EXPECT_THAT(ann.List(), Contains("S|Party|Family"));
 }

@@ -18,14 +18,18 @@ namespace {
 constexpr const char* kFile = "C:\\KAZ\\Events.xml";
 
 // One disk for both programs, on which one can save in the middle of a save of the other: after that has
-// looked at the file, and before it puts its own in the place.
+// looked at the file, and before it writes its own or before it puts that in the place.
 class SharedDisk : public MemoryFileSystem {
 public:
     void Replace(const std::string& from, const std::string& to) override {
         if (const auto other = std::exchange(meanwhile, {})) other();
         MemoryFileSystem::Replace(from, to);
     }
-    std::function<void()> meanwhile;
+    std::unique_ptr<OutputFile> Create(const std::string& path) override {
+        if (const auto other = std::exchange(before, {})) other();
+        return MemoryFileSystem::Create(path);
+    }
+    std::function<void()> before, meanwhile;
 };
 
 // One of two programs on the same data folder.
@@ -145,6 +149,17 @@ TEST(TwoWriters, ComeToAnEndWhenTheyDisagree) {
     EXPECT_LT(saves, 12);
     EXPECT_EQ(first.Seen(), (std::vector<std::string>{"Other"}));
     EXPECT_EQ(second.Seen(), first.Seen());
+}
+
+TEST(TwoWriters, WhoJoinAtOnceAreBothInTheListOfUsers) {
+    SharedDisk disk;
+    disk.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
+    FakePlatform machine;
+    Application app(machine.Services());
+    SharedFolder folder(disk, "C:\\Share", app.log);
+    disk.before = [&] { folder.RemoveUsers({"Ann"}); };
+    folder.AddUser("Cleo");
+    EXPECT_THAT(folder.Users(), testing::ElementsAre("Bob", "Cleo"));
 }
 
 // Of a copy that a synchronising program leaves, the user is offered what is only there, once.

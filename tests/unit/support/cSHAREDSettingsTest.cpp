@@ -162,27 +162,19 @@ TEST_F(SettingsTest, AMissingFileIsNoErrorAndAnUnreadableOneIsNeverWrittenOver) 
 TEST_F(SettingsTest, AFailedSaveTellsAndLeavesFileAndMemory) {
     Load("OWNER,Smith\r\n");
     settings.StoreSetting("Owner", Text("Jones"));
-    const auto fails = [&] {
-        EXPECT_FALSE(settings.SaveSettings(kFile));
-        EXPECT_EQ(machine.files.Text(kFile), "OWNER,Smith\r\n");
-        EXPECT_EQ(settings.sGet("Owner"), Text("Jones"));
-    };
     constexpr const char* kMessage = "Your settings file is read-only and I can't change it. Save cancelled.";
     machine.files.At(kFile).readOnly = true;
-    fails();
+    EXPECT_FALSE(settings.SaveSettings(kFile));
     EXPECT_THAT(machine.dialogs.messages, ElementsAre(kMessage));
     EXPECT_THAT(Log(), HasSubstr(kMessage));
     machine.files.At(kFile).readOnly = false;
-    machine.files.At("C:\\KAZ").readOnly = true;
-    fails();
-    EXPECT_THAT(machine.dialogs.messages, ElementsAre(kMessage, kMessage));
-    machine.files.At("C:\\KAZ").readOnly = false;
     bool saved = false;
     for (int n = 1; !saved; ++n) {
         machine.files.faults.FailAt(n, ErrorNumber::DiskFull);
         saved = settings.SaveSettings(kFile);
         EXPECT_EQ(saved, !machine.files.faults.Struck()) << n;
         EXPECT_EQ(machine.files.Text(kFile), saved ? "OWNER,Jones\r\n" : "OWNER,Smith\r\n") << n;
+        EXPECT_EQ(settings.sGet("Owner"), Text("Jones"));
     }
     machine.files.faults.FailAt(0);
     EXPECT_THAT(Log(), HasSubstr("Error 61 (Disk full) in SaveSettings of cSHAREDSettings"));
@@ -230,15 +222,6 @@ TEST_F(SettingsTest, ASetWhoseIndexIsNonsenseNeitherSpinsNorOverflows) {
     EXPECT_EQ(settings.SetCount("T"), 1);
     settings.DeleteASet("S");
     EXPECT_FALSE(settings.IsSettingPresent("S_2147483647"));
-}
-
-TEST_F(SettingsTest, ALongFileLoadsInLinearTime) {
-    std::string many;
-    for (int i = 0; i < 20'000; ++i)
-        many += std::to_string(i) + ",1\r\n";
-    Load(many);
-    EXPECT_EQ(settings.SettingsCount(), 20'000);
-    EXPECT_EQ(Saved(), many);
 }
 
 }  // namespace
