@@ -3,7 +3,7 @@
 # called and slow to load, and for all that the system does not keep ready: it would look for those beside the program first.
 function(kaz_delay_import name)
   add_library(${name} INTERFACE)
-  if(NOT MINGW OR NOT CMAKE_SYSTEM_PROCESSOR STREQUAL x86_64) # elsewhere the functions have decorated names
+  if(NOT CMAKE_SYSTEM_PROCESSOR STREQUAL x86_64) # elsewhere the functions have decorated names
     target_link_libraries(${name} INTERFACE ${ARGN})
     return()
   endif()

@@ -1,12 +1,9 @@
-# kaz_libzip: the ZIP library that the backups are written with. Linux has it as a package, Visual C++ from vcpkg
-# (vcpkg.json); for MinGW-w64 it is built once into build/deps.
+# kaz_libzip: the ZIP library that the backups are written with. Linux has it as a package; for MinGW-w64 it is built
+# once into build/deps.
 add_library(kaz_libzip INTERFACE)
 
-if(MINGW AND CMAKE_HOST_UNIX)
+if(MINGW)
   kaz_library_for_mingw(libzip z advapi32)
-elseif(WIN32)
-  find_package(libzip CONFIG REQUIRED)
-  target_link_libraries(kaz_libzip INTERFACE libzip::zip)
 else()
   # Debian's own CMake package of libzip asks for its command-line tools too, so it is looked for by hand.
   find_path(KAZ_LIBZIP_INCLUDE zip.h REQUIRED)

@@ -7,24 +7,14 @@ function(kaz_add_type_library target idl folder)
   set(tlb ${folder}/${name}.tlb)
   file(MAKE_DIRECTORY ${folder})
 
-  if(MSVC)
-    # Written for a Windows developer's convenience; only the widl branch below is part of the regular tests.
-    math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
-    string(REPLACE "32" "win32" environment "${bits}")
-    string(REPLACE "64" "x64" environment "${environment}")
-    add_custom_command(OUTPUT ${header} ${ids} ${tlb}
-      COMMAND midl /nologo /env ${environment} /h ${header} /iid ${ids} /tlb ${tlb} ${idl}
-      DEPENDS ${idl} VERBATIM)
-  else()
-    # Debian's MinGW-w64 has no IDL files of its own; Wine's are used for the import and for nothing else.
-    math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
-    find_program(KAZ_WIDL NAMES ${KAZ_MINGW_TARGET}-widl widl REQUIRED)
-    set(script ${PROJECT_SOURCE_DIR}/cmake/RunWidl.cmake)
-    add_custom_command(OUTPUT ${header} ${ids} ${tlb}
-      COMMAND ${CMAKE_COMMAND} -D WIDL=${KAZ_WIDL} -D BITS=${bits} -D IDL=${idl}
-              -D HEADER=${header} -D IDS=${ids} -D TLB=${tlb} -P ${script}
-      DEPENDS ${idl} ${script} VERBATIM)
-  endif()
+  # Debian's MinGW-w64 has no IDL files of its own; Wine's are used for the import and for nothing else.
+  math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
+  find_program(KAZ_WIDL NAMES ${KAZ_MINGW_TARGET}-widl widl REQUIRED)
+  set(script ${PROJECT_SOURCE_DIR}/cmake/RunWidl.cmake)
+  add_custom_command(OUTPUT ${header} ${ids} ${tlb}
+    COMMAND ${CMAKE_COMMAND} -D WIDL=${KAZ_WIDL} -D BITS=${bits} -D IDL=${idl}
+            -D HEADER=${header} -D IDS=${ids} -D TLB=${tlb} -P ${script}
+    DEPENDS ${idl} ${script} VERBATIM)
 
   add_library(${target} STATIC ${ids} ${header} ${tlb})
   # SYSTEM: the generated header is not written to our warnings.
