@@ -2,6 +2,8 @@
 
 #include "base/DateText.h"
 #include "base/Text.h"
+#include "model/AlarmTime.h"
+#include "model/Occurrences.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,25 +19,21 @@ using Due = std::pair<DateValue, std::string>;
 }  // namespace
 
 std::vector<std::string> DueSince(const std::vector<clsEvent>& events, DateValue since, DateValue now,
-                                  const LocaleData& locale, ErrorSink& errors) {
+                                  const LocaleData& locale) {
     const DateValue today = now.DateOnly();
     since = std::max(since, today.PlusDays(-kMostDays));
+    // With tomorrow's, whose alarm may have been today.
+    const DaySpan span{since.DateOnly(), today.PlusDays(1)};
     std::vector<Due> due;
-    for (clsEvent event : events) {
+    for (const clsEvent& event : events) {
         if (event.Deleted) continue;
-        if (event.Recurring() && event.DueDate() < since.DateOnly())
-            event.CalcNextAfterDate(since.DateOnly(), since.DateOnly(), errors);
-        for (int steps = 0; steps <= kMostDays && event.DueDate() <= today; ++steps) {
-            const DateValue day = event.DueDate();
-            const DateValue minute(day.Day(), event.AlarmTime().SecondOfDay());
-            const std::string text = ReplaceAll(event.DescShown(), kLineBreak, " ");
-            if (!event.AlarmSet() && day > since && day < today)
+        const std::string text = ReplaceAll(event.DescShown(), kLineBreak, " ");
+        for (const DateValue day : Occurrences(event, span, span.first)) {
+            const auto minute = AlarmMinute(event, day);
+            if (!minute && day > since && day < today)
                 due.emplace_back(day, FormatDate(day, "DDD ", locale) + text);
-            if (event.AlarmSet() && minute > since && minute < now.ToMinute())
-                due.emplace_back(minute, FormatDate(minute, "DDD HH:NN ", locale) + text);
-            if (!event.Recurring()) break;
-            event.CalcNextAfterDate(day.PlusDays(1), day.PlusDays(1), errors);
-            if (event.DueDate() <= day) break;
+            if (minute && *minute > since && *minute < now.ToMinute())
+                due.emplace_back(*minute, FormatDate(*minute, "DDD HH:NN ", locale) + text);
         }
     }
     std::stable_sort(due.begin(), due.end(), [](const Due& a, const Due& b) { return a.first < b.first; });

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/DateValue.h"
-#include "base/ErrorTrap.h"
 #include "base/LocaleData.h"
 #include "model/clsEvent.h"
 
@@ -14,6 +13,6 @@ namespace kaz {
 // minute lies between the two times, and events without an alarm of the days between. What is due today
 // without an alarm is shown today anyway. No further back than a month.
 std::vector<std::string> DueSince(const std::vector<clsEvent>& events, DateValue since, DateValue now,
-                                  const LocaleData& locale, ErrorSink& errors);
+                                  const LocaleData& locale);
 
 }  // namespace kaz

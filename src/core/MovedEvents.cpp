@@ -1,5 +1,7 @@
 #include "core/MovedEvents.h"
 
+#include "model/Occurrences.h"
+
 #include <algorithm>
 #include <map>
 #include <string_view>
@@ -39,9 +41,7 @@ int MovedEvents::PutBack(const std::vector<clsEvent>& eventsBefore,
 // Only when the program itself can have moved it on: to a later day of the same series.
 bool MovedEvents::SetBack(clsEvent& event, const clsEvent& before) const {
     if (event.DueDate() <= before.DueDate() || !SameSeries(event, before)) return false;
-    clsEvent moved = before;
-    moved.CalcNextAfterDate(event.DueDate(), event.DueDate(), errors_);
-    if (moved.DueDate() != event.DueDate()) return false;
+    if (Occurrences(before, {event.DueDate(), event.DueDate()}, event.DueDate()).Empty()) return false;
     event.DueDate(before.DueDate());
     event.StartDate(before.StartDate());
     event.MailSent = before.MailSent;

@@ -1,6 +1,7 @@
 #include "model/AlarmTime.h"
 
 #include "base/Text.h"
+#include "model/Occurrences.h"
 
 #include <algorithm>
 
@@ -28,7 +29,27 @@ std::optional<DateValue> TypedTime(std::string_view text) {
 
 AlarmMoment AlarmBefore(DateValue dueTime, int minutes) {
     const DateValue moment = dueTime.TimeOnly().PlusMinutes(-minutes);
-    return {moment.TimeOnly(), moment.Day() < 0};
+    return {moment.TimeOnly(), std::max(-moment.Day(), 0)};
+}
+
+std::optional<DateValue> AlarmMinute(const clsEvent& event, DateValue day) {
+    const DateValue time = event.AlarmTime();
+    if (!event.AlarmSet() || time != time.TimeOnly().ToMinute()) return std::nullopt;
+    const AlarmMoment moment = AlarmBefore(event.DueTime(), event.MinutesWarning());
+    return DateValue(day.Day() - (moment.time == time ? moment.daysBefore : 0), time.SecondOfDay());
+}
+
+std::optional<DateValue> LastAlarm(const clsEvent& event, DateValue first, DateValue last) {
+    const std::optional<DateValue> minute = AlarmMinute(event, event.DueDate());
+    if (!minute || *minute > last) return std::nullopt;
+    const int before = event.DueDate().Day() - minute->Day();
+    const DaySpan days{DateValue(first.Day() + before), DateValue(last.Day() + before)};
+    std::optional<DateValue> found;
+    for (const DateValue day : Occurrences(event, days, first.DateOnly())) {
+        const DateValue rings(day.Day() - before, minute->SecondOfDay());
+        if (first <= rings && rings <= last) found = rings;
+    }
+    return found;
 }
 
 }  // namespace kaz

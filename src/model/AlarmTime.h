@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/DateValue.h"
+#include "model/clsEvent.h"
 
 #include <optional>
 #include <string_view>
@@ -16,9 +16,17 @@ std::optional<DateValue> TypedTime(std::string_view text);
 
 // When the alarm of an event sounds.
 struct AlarmMoment {
-    DateValue time;          // without a date, as alarms are compared with the clock
-    bool dayBefore = false;  // the minutes reach over midnight
+    DateValue time;      // without a date, as alarms are compared with the clock
+    int daysBefore = 0;  // the minutes reach over midnight
 };
 AlarmMoment AlarmBefore(DateValue dueTime, int minutes);
+
+// The minute in which the alarm rings of an event that falls on `day`. Where the time of the alarm is not
+// that of the event less its minutes of warning, it is a time of the day itself. None without an alarm, or
+// when its time has a date or seconds.
+std::optional<DateValue> AlarmMinute(const clsEvent& event, DateValue day);
+
+// The last minute in which the alarm rings from `first` to `last`, both included.
+std::optional<DateValue> LastAlarm(const clsEvent& event, DateValue first, DateValue last);
 
 }  // namespace kaz

@@ -2,8 +2,10 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "model/Occurrences.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace kaz {
 
@@ -36,37 +38,10 @@ int MonthGrid::Today() const {
 }
 
 void MonthGrid::Place(const clsEvent& event) {
-    const DateValue due = event.DueDate();
-    if (due > last_) return;
-    if (!event.Recurring()) {
-        if (due >= first_) Enter(due, Keep(event));
-        return;
-    }
-    try {
-        PlaceOccurrences(event);
-    } catch (const RuntimeError&) {
-        // The rule goes no further; the days that were entered are right.
-    }
-}
-
-// A due date before the month leads to its first occurrence there in one step: the rules give the same days
-// from wherever one sets out.
-void MonthGrid::PlaceOccurrences(const clsEvent& event) {
-    RecurrenceRule rule = event.Rule();
-    DateValue due = event.DueDate();
-    const auto moveTo = [&](DateValue reference) {
-        const auto next = FirstOccurrence(rule, reference, today_);
-        if (!next) throw RuntimeError(ErrorNumber::InvalidCall);
-        due = next->dueDate;
-        rule.startDate = next->startDate;
-    };
-    if (due < first_) moveTo(first_);
-    if (due > last_) return;
-    const std::uint32_t kept = Keep(event);
-    // Each occurrence is a later day, so there are at most as many as days.
-    while (due <= last_) {
-        Enter(due, kept);
-        moveTo(due.PlusDays(1));
+    std::optional<std::uint32_t> kept;
+    for (const DateValue day : Occurrences(event, {first_, last_}, today_)) {
+        if (!kept) kept = Keep(event);
+        Enter(day, *kept);
     }
 }
 

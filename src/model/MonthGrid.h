@@ -64,7 +64,6 @@ private:
         std::uint32_t owner = 0;
         int minute = -1;
     };
-    void PlaceOccurrences(const clsEvent& event);
     std::uint32_t Keep(const clsEvent& event);
     void Enter(DateValue date, std::uint32_t event);
     std::string OwnerMark(const Entry& entry) const;

@@ -1,8 +1,8 @@
 #include "model/RulePreview.h"
 
 #include "base/DateText.h"
-#include "base/RuntimeError.h"
 #include "model/AlarmTime.h"
+#include "model/Occurrences.h"
 
 #include <algorithm>
 #include <chrono>
@@ -47,11 +47,11 @@ std::string WarningOf(const clsEvent& event, std::optional<DateValue> next, Date
         Drifts(event.StartDate(), event.Period()))
         add("Where the month has no such day, the event moves on into the next month, and stays on that "
             "day.");
-    if (event.AlarmSet() && AlarmBefore(event.DueTime(), event.MinutesWarning()).dayBefore)
-        add("The alarm would fall on the day before; it sounds on the day itself, after the event.");
-    if (event.AlarmSet() && next == now.DateOnly() && event.AlarmTime() < now.TimeOnly().ToMinute())
-        add(event.Recurring() ? "The alarm's time has passed today; it sounds from the next date on."
-                              : "The alarm's time has passed today; it will not sound.");
+    const std::optional<DateValue> alarm = next ? AlarmMinute(event, *next) : std::nullopt;
+    if (alarm && *alarm < *next) add("The alarm sounds on the day before.");
+    if (alarm && *alarm < now.ToMinute())
+        add(std::string("The alarm's time has passed") + (alarm->Day() == now.Day() ? " today" : "") +
+            (event.Recurring() ? "; it sounds from the next date on." : "; it will not sound."));
     if (event.ExecFile && !event.AlarmSet())
         add("Without an alarm the file is never run, and the event is not listed on its day.");
     return text;
@@ -61,19 +61,9 @@ std::string WarningOf(const clsEvent& event, std::optional<DateValue> next, Date
 
 RulePreview::RulePreview(const clsEvent& event, DateValue now) {
     const DateValue today = now.DateOnly();
-    RecurrenceRule rule = event.Rule();
-    DateValue from = today;
-    const int most = event.Recurring() ? kDates : 1;
-    try {
-        for (int i = 0; i < most; ++i) {
-            const auto next = FirstOccurrence(rule, from, today);
-            if (!next) break;
-            dates_.push_back(next->dueDate);
-            rule.startDate = next->startDate;
-            from = next->dueDate.PlusDays(1);
-        }
-    } catch (const RuntimeError&) {
-        // A rule without a further date; those that were found are right.
+    for (const DateValue day : Occurrences::OfRule(event, {today, DateValue(kLastDay)}, today)) {
+        dates_.push_back(day);
+        if (dates_.size() == kDates) break;
     }
     warning_ = WarningOf(event, dates_.empty() ? std::nullopt : std::optional(dates_.front()), now);
 }

@@ -1,6 +1,7 @@
 #include "reminders/clsReminder.h"
 
 #include "base/DateText.h"
+#include "model/AlarmTime.h"
 #include "reminders/AlarmFiles.h"
 #include "reminders/ExpiredShelf.h"
 #include "reminders/ReminderText.h"
@@ -20,13 +21,6 @@ constexpr int kLatestRun = 60;
 
 // Each pass takes at least half of those that wait, so these leave none out of any database.
 constexpr int kAllPasses = 32;
-
-// The minute in which the event's alarm rings. An alarm time with a date or seconds never does.
-std::optional<DateValue> AlarmMinute(const clsEvent& event) {
-    const DateValue time = event.AlarmTime();
-    if (!event.AlarmSet() || event.Deleted || time != time.TimeOnly().ToMinute()) return std::nullopt;
-    return DateValue(event.DueDate().Day(), time.SecondOfDay());
-}
 
 // The first minute that rings: this one, or the first that the pass before has not seen. After a clock was
 // set back it is this one.
@@ -187,8 +181,9 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
 
     trap([&] {
         for (const clsEvent& event : database.AllEvents()) {
-            const std::optional<DateValue> minute = AlarmMinute(event);
-            if (!minute || *minute < since || now < *minute) continue;
+            if (event.Deleted) continue;
+            const std::optional<DateValue> minute = LastAlarm(event, since, now);
+            if (!minute) continue;
             const AlarmRinging ringing{&database, database.SourceOf(event), event.Owner(), event.IDCode,
                                        *minute};
             if (services_.windows.HasRung(ringing)) continue;
@@ -231,10 +226,14 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
 
 std::optional<DateValue> clsReminder::NextAlarm(const clsDbXml& database) const {
     const DateValue now = services_.clock.Now().ToMinute();
+    const DateValue first(now.Day(), now.SecondOfDay() + 60);
+    const DateValue last(now.Day(), DateValue::kSecondsPerDay - 60);
     std::optional<DateValue> next;
-    for (const clsEvent& event : database.AllEvents())
-        if (const auto minute = AlarmMinute(event); minute && *minute > now && (!next || *minute < *next))
-            next = minute;
+    for (const clsEvent& event : database.AllEvents()) {
+        if (event.Deleted) continue;
+        const auto minute = LastAlarm(event, first, last);
+        if (minute && (!next || *minute < *next)) next = minute;
+    }
     return next;
 }
 

@@ -27,7 +27,7 @@ public:
     // Shows the events of the database whose alarm minute is now and runs the files of those that have one.
     // With the time of the pass before, also those whose minute has come and gone since then, a day at most.
     void DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass = {});
-    // The first minute after this one in which an alarm of the database rings, as its events stand now.
+    // The first minute after this one in which an alarm of the database rings today, as its events stand now.
     std::optional<DateValue> NextAlarm(const clsDbXml& database) const;
 
 private:

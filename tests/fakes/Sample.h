@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Text.h"
-#include "model/clsEvent.h"
+#include "model/AlarmTime.h"
 #include "storage/EventXml.h"
 
 #include <string>
@@ -32,10 +32,11 @@ inline clsEvent Daily(const std::string& code, const std::string& description, D
     return event;
 }
 
-inline clsEvent WithAlarm(clsEvent event, int hour, int minute) {
+inline clsEvent WithAlarm(clsEvent event, int hour, int minute, std::int16_t warning = 0) {
     event.AlarmSet(true);
     event.DueTime(DateValue::FromTime(hour, minute));
-    event.AlarmTime(event.DueTime());
+    event.MinutesWarning(warning);
+    event.AlarmTime(AlarmBefore(event.DueTime(), warning).time);
     return event;
 }
 

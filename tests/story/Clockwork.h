@@ -89,6 +89,12 @@ using Act = Clockwork::Act;
 inline Act Closes(const char* heading) {
     return [=](Clockwork& story) { story.Reminder(heading)->Click(IDC_cmdContinue); };
 }
+inline Act Both(const Act& first, const Act& second) {
+    return [=](Clockwork& story) {
+        first(story);
+        second(story);
+    };
+}
 inline Act LetsSleep(const char* heading, const char* minutes) {
     return [=](Clockwork& story) {
         story.Reminder(heading)->Type(IDC_txtSleep, minutes);
@@ -119,12 +125,13 @@ inline Act Opens(int command, int row = 0) {
         story.Main()->Click(command);
     };
 }
-inline Act Saves(const char* description, const char* alarm = nullptr) {
+inline Act Saves(const char* description, const char* alarm = nullptr, const char* warning = "0") {
     return [=](Clockwork& story) {
         story.editor->Type(IDC_txtDesc, description);
         if (alarm) {
             story.editor->Toggle(IDC_chkTimed);
             story.editor->Type(IDC_txtTime, alarm);
+            story.editor->Type(IDC_txtMinutesWarning, warning);
             if (!story.editor->Checked(IDC_chkDay + 2)) story.editor->Toggle(IDC_chkDay + 2);  // Wednesday
         }
         story.editor->Click(IDC_cmdSave);

@@ -79,6 +79,8 @@ TEST(Death, TellsWhatWasDueSinceAndKeepsTheLogOfItsRun) {
     story.Events({WithAlarm(Daily("1", "Pill", today), 9, 0),
                   WithAlarm(OneOff("2", "Tea\r\nwith Bob", today), 9, 30),
                   WithAlarm(OneOff("3", "Late", today.PlusDays(2)), 11, 0),
+                  WithAlarm(OneOff("6", "Night train", today.PlusDays(2)), 0, 10, 20),
+                  WithAlarm(OneOff("7", "Next train", today.PlusDays(3)), 0, 10, 20),
                   Daily("4", "Swim", today.PlusDays(1), 7), OneOff("5", "Far", today.PlusDays(3))});
     Begin(story);
     story.component.reset();
@@ -86,7 +88,7 @@ TEST(Death, TellsWhatWasDueSinceAndKeepsTheLogOfItsRun) {
     story.Start();
     EXPECT_THAT(story.Log(),
                 HasSubstr("KAZ ended unexpectedly on Wed at 09:00; alarms since then: Wed 09:30 Tea with "
-                          "Bob; Thu Swim; Thu 09:00 Pill; Fri 09:00 Pill\r\n"));
+                          "Bob; Thu Swim; Thu 09:00 Pill; Thu 23:50 Night train; Fri 09:00 Pill\r\n"));
     EXPECT_THAT(story.Log(), Not(HasSubstr("Showing")));
     EXPECT_THAT(story.Saved(kKeptLog), HasSubstr("Showing today's reminders"));
 }

@@ -7,8 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include <random>
-
 namespace kaz {
 namespace {
 
@@ -46,52 +44,6 @@ TEST(MonthGrid, DaysLieUnderTheirWeekdays) {
     EXPECT_EQ(0, MonthGrid(3, 2024, kToday, false).Today());
     EXPECT_THROW(MonthGrid(13, 2023, kToday, false), RuntimeError);
     EXPECT_THROW(MonthGrid(1, 99, kToday, false), RuntimeError);
-}
-
-// The months ahead as they are defined: a copy walks from occurrence to occurrence.
-std::vector<int> Walked(clsEvent event, const MonthGrid& grid) {
-    struct Silent : ErrorSink {
-        int errors = 0;
-        void Report(const ErrorInfo&, std::string_view, std::string_view) noexcept override { ++errors; }
-    } silent;
-    const DateValue last = grid.DateOf(grid.Length());
-    const auto move = [&] {
-        const DateValue before = event.DueDate();
-        event.CalcNextAfterDate(before.PlusDays(1), kToday, silent);
-        if (event.DueDate() == before) ++silent.errors;  // an unknown kind stands still without an error
-    };
-    std::vector<int> days;
-    while (event.Recurring() && event.DueDate() < grid.First() && silent.errors == 0)
-        move();
-    while (event.DueDate() >= grid.First() && event.DueDate() <= last && silent.errors == 0) {
-        days.push_back(event.DueDate().Civil().day);
-        if (!event.Recurring()) break;
-        move();
-    }
-    return days;
-}
-
-TEST(MonthGrid, TheJumpAheadFindsTheDaysOfTheWalk) {
-    std::mt19937 engine(20230315);
-    const auto between = [&](int low, int high) {
-        return static_cast<std::int16_t>(std::uniform_int_distribution<int>(low, high)(engine));
-    };
-    for (int i = 0; i < 2500 && !HasFailure(); ++i) {
-        clsEvent event = OneOff("000001", "Rent", kToday.PlusDays(between(-900, 200)));
-        event.Recurring(between(0, 9) > 0);
-        event.RecurrenceType(between(0, 6));
-        event.StartDate(event.DueDate().PlusDays(between(0, 3) == 0 ? between(-500, 500) : 0));
-        event.Period(between(0, 40));
-        event.WeekDays(between(0, 255));
-        event.DayOfMonth(between(0, 32));
-        event.MonthNumber(between(0, 13));
-        event.Daynumber(between(0, 6));
-        event.DayOfWeek(between(1, 7));
-        MonthGrid grid(between(1, 12), between(2021, i % 25 == 0 ? 2050 : 2026), kToday, false);
-        grid.Place(event);
-        SCOPED_TRACE("case " + std::to_string(i) + ", kind " + std::to_string(event.RecurrenceType()));
-        EXPECT_EQ(Walked(event, grid), DaysOf(grid));
-    }
 }
 
 TEST(MonthGrid, TheLastMonthOfTheCalendarHasAnEnd) {

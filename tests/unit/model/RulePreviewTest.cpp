@@ -36,9 +36,10 @@ TEST(RulePreview, ShowsTheNextDatesAndWarnsOfSurprises) {
         };
     };
     const DateValue endOfJanuary = DateValue::FromCivil(2023, 1, 31);
-    const auto alarm = [](int hour, bool daily) {
+    const auto alarm = [](int hour, bool daily, int inDays = 0, std::int16_t warning = 0) {
         return [=](clsEvent& event) {
-            event = WithAlarm(daily ? Daily("", "", kWednesday) : OneOff("", "", kWednesday), hour, 0);
+            const DateValue day = kWednesday.PlusDays(inDays);
+            event = WithAlarm(daily ? Daily("", "", day) : OneOff("", "", day), hour, 0, warning);
         };
     };
     const Case cases[] = {
@@ -58,6 +59,9 @@ TEST(RulePreview, ShowsTheNextDatesAndWarnsOfSurprises) {
          "The alarm's time has passed today; it sounds from the next date on."},
         {alarm(8, false), "15/03", "The alarm's time has passed today; it will not sound."},
         {alarm(9, false), "15/03", ""},
+        {alarm(0, false, 1, 20), "16/03", "The alarm sounds on the day before."},
+        {alarm(0, true, 0, 20), "15/03 16/03 17/03 18/03 19/03",
+         "The alarm sounds on the day before. The alarm's time has passed; it sounds from the next date on."},
         {from(RecurEveryNDays, 0, endOfJanuary), "", ""},
         {from(RecurEveryNDays, 1, DateValue(kLastDay - 1)), "30/12 31/12", ""},
     };
