@@ -54,31 +54,45 @@ void Application::ApplySharing() {
     events->CopyToShared([this] { Publish(); });
 }
 
-void Application::Publish() {
-    publishAgain_ = !SharedCopy({*events, *shared, Storage()}).Run();
-    MoveSharedOn();
-}
+void Application::Publish() { publishAgain_ = !SharedCopy({*events, *shared, Storage()}).Run(); }
 
 void Application::ReopenDatabases() { EventFiles(*this).Reopen(); }
 
-bool Application::LoadShared() {
-    if (!shared || !Networked()) return false;
-    if (publishAgain_ && FolderExists(platform.files, Folder().Path())) {
-        Publish();
-        return true;
+void Application::MakeDatabases() {
+    for (std::unique_ptr<clsDbXml>* database : {&events, &shared, &expired}) {
+        *database = std::make_unique<clsDbXml>(Storage());
+        (*database)->OnLoad([this, database](bool changed) {
+            Complete(**database);
+            mainListIsStale = mainListIsStale || changed;
+        });
     }
-    const bool neverRead = shared->DBFilename().empty();
-    if (!neverRead && !shared->DatabaseChanged()) return false;
-    shared->LoadMultiple(Folder().ListFile());
-    MoveSharedOn();
-    return true;
+}
+
+void Application::Complete(clsDbXml& database) {
+    for (clsEvent& event : database.AllEvents())
+        event.Layer(clsLayers::OwnOr(event.Layer()));
+    if (&database == shared.get()) MoveSharedOn();
+}
+
+void Application::LoadShared() {
+    if (!shared || !Networked()) return;
+    if (publishAgain_ && FolderExists(platform.files, Folder().Path()))
+        Publish();
+    else if (shared->DBFilename().empty() || shared->DatabaseChanged())
+        shared->LoadMultiple(Folder().ListFile());
+}
+
+void Application::CatchUp() {
+    for (clsDbXml* database : {events.get(), expired.get()})
+        if (database) database->CatchUp();
+    LoadShared();
 }
 
 void Application::MoveSharedOn() {
     if (!shared || !Networked()) return;
     const DateValue today = platform.clock.Today();
     for (clsEvent& event : shared->AllEvents())
-        if (!event.Deleted && event.Recurring() && event.DueDate() < today) event.CalcNextDueDate(today, log);
+        if (event.Recurring() && event.DueDate() < today) event.CalcNextDueDate(today, log);
 }
 
 StorageServices Application::Storage() {

@@ -52,7 +52,7 @@ public:
     std::string settingsFileName;
     std::string sharedFileName;  // a bare name; the shared folder is put before it where it is used
     bool settingsInitialised = false;
-    // Events have been read anew since the main list was filled.
+    // Events have come in since the main list was filled.
     bool mainListIsStale = false;
 
     clsSounds sounds;
@@ -91,10 +91,15 @@ public:
     // While the old files cannot take the latest changes, the data folder stays what it was, and the user is
     // told.
     void ReopenDatabases();
+    // Makes the three databases, without their files. What they read from then on is told to the main list,
+    // and gets what every event has: a category, and of other users, dates that have not passed.
+    void MakeDatabases();
     // Loads the other users' shared events anew when one of their files has changed since, or was never read,
-    // after this user's own have been published if the shared folder could not take them before. True when it
-    // did; false without sharing too.
-    bool LoadShared();
+    // after this user's own have been published if the shared folder could not take them before. Nothing
+    // without sharing.
+    void LoadShared();
+    // Reads what others have saved meanwhile, in whichever file.
+    void CatchUp();
     // Moves the other users' recurring events whose day has passed on to their next day, in memory alone:
     // their owner's program may not have run for days. A single event that is past stays past.
     void MoveSharedOn();
@@ -110,6 +115,7 @@ public:
 
 private:
     void Publish();
+    void Complete(clsDbXml& database);
 
     bool publishAgain_ = false;  // this user's shared events did not reach the shared folder
 };

@@ -97,7 +97,6 @@ void ConflictCopies::TakeOver(std::vector<clsEvent> missing) {
         if (app_.events->ReadEvent(event.IDCode)) event.IDCode.clear();
     app_.events->PutOnTop({std::move(missing), {}});
     app_.events->SaveDB();
-    app_.mainListIsStale = true;
 }
 
 void ConflictCopies::Answered(const std::string& name) {

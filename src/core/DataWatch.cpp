@@ -248,7 +248,6 @@ void DataWatch::GiveBack() {
         if (database->HasUnsaved()) database->SaveDB();
     }
     if (eventsPutBack_ == before) return;
-    app_.mainListIsStale = true;
     TellTakenOver();
 }
 

@@ -25,12 +25,9 @@ bool IsSaved(clsDbXml& database) { return !database.HasUnsaved() || database.Sav
 
 void EventFiles::Open() {
     NameSharedFile();
-    app_.events = std::make_unique<clsDbXml>(app_.Storage());
-    app_.shared = std::make_unique<clsDbXml>(app_.Storage());
-    app_.expired = std::make_unique<clsDbXml>(app_.Storage());
+    app_.MakeDatabases();
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
         database->KeepOverwrittenIn(JoinPath(app_.runtimePath, kBackupFolder));
-        database->OnReload([app = &app_] { app->mainListIsStale = true; });
         database->AskForBackup(
             [app = &app_, database] { return BackupHasEvents(*app, database->DBFilename()); });
     }

@@ -39,9 +39,10 @@ std::string FourDigits(std::int32_t number) {
 EventLists::EventLists(Application& application, ComponentEvents& host)
     : app_(application),
       host_(host),
+      visible_(application.settings),
       today_(application.platform.clock.Today()) {
     if (app_.events) AddLocal();
-    if (app_.shared && app_.Networked()) AddShared();
+    AddShared();
     // Kept on purpose: an empty day stays an empty list, while an empty outlook is the one line "None".
     if (upcoming.empty()) upcoming.emplace_back("None");
     // A mail that has been asked for must not be asked for again after a crash.
@@ -51,13 +52,15 @@ EventLists::EventLists(Application& application, ComponentEvents& host)
 void EventLists::AddLocal() {
     // By position and with the count read anew, since the host may change the collection while it handles a
     // mail.
-    for (std::size_t position = 0; position < app_.events->AllEvents().size(); ++position) {
-        clsEvent& event = app_.events->AllEvents()[position];
-        if (event.Deleted || event.ExecFile) continue;
-        const std::int32_t daysLeft = event.DueDate().Day() - today_.Day();
+    const clsDbXml& events = *app_.events;
+    for (std::size_t position = 0; position < events.AllEvents().size(); ++position) {
+        const clsEvent& event = events.AllEvents()[position];
+        const auto seen = visible_.See(event, EventSource::Local);
+        if (!seen || event.ExecFile) continue;
+        const std::int32_t daysLeft = seen->DaysLeft(today_);
         if (daysLeft >= 1 && daysLeft <= event.DaysWarning())
             upcoming.push_back(UpcomingLine(daysLeft, event.Desc()));
-        AppendLine(event, daysLeft, event.Desc());
+        AppendLine(*seen, event.Desc());
         if (daysLeft == 0) AddTodays(event, position);
     }
 }
@@ -98,20 +101,17 @@ void EventLists::Mark(const std::string& code, DateValue day, const std::string&
 }
 
 void EventLists::AddShared() {
-    app_.MoveSharedOn();
-    const std::string owner = app_.Owner();
-    for (clsEvent& event : app_.shared->AllEvents()) {
-        if (event.Deleted || event.ExecFile || event.Owner() == owner) continue;
-        const std::int32_t daysLeft = event.DueDate().Day() - today_.Day();
-        if (daysLeft == 0) todays.push_back(event.Desc());
-        AppendLine(event, daysLeft, event.Desc() + " [Shared]");
-    }
+    visible_.ForEach(app_.shared.get(), EventSource::Shared, [this](const VisibleEvent& seen) {
+        if (seen.event.ExecFile) return;
+        if (seen.due == today_) todays.push_back(seen.event.Desc());
+        AppendLine(seen, seen.event.Desc() + " [Shared]");
+    });
 }
 
-void EventLists::AppendLine(const clsEvent& event, std::int32_t daysLeft, const std::string& description) {
-    all += FourDigits(daysLeft);
+void EventLists::AppendLine(const VisibleEvent& seen, const std::string& description) {
+    all += FourDigits(seen.DaysLeft(today_));
     all += ',';
-    all += GeneralDateText(event.DueDate(), app_.platform.locale.Data());
+    all += GeneralDateText(seen.due, app_.platform.locale.Data());
     all += ',';
     all += ReplaceAll(description, kLineBreak, " ");
     all += kLineBreak;

@@ -2,6 +2,7 @@
 
 #include "core/Application.h"
 #include "core/ComponentEvents.h"
+#include "storage/VisibleEvents.h"
 
 #include <string>
 #include <vector>
@@ -24,12 +25,13 @@ private:
     void AddLocal();
     void AddShared();
     void AddTodays(const clsEvent& event, std::size_t position);
-    void AppendLine(const clsEvent& event, std::int32_t daysLeft, const std::string& description);
+    void AppendLine(const VisibleEvent& seen, const std::string& description);
     void SendMail(const clsEvent& event, std::size_t position);
     void Mark(const std::string& code, DateValue day, const std::string& email);
 
     Application& app_;
     ComponentEvents& host_;
+    VisibleEvents visible_;
     DateValue today_;
     bool mailed_ = false;
 };

@@ -142,7 +142,6 @@ void FileStates::Restore(clsDbXml& database, const std::string& archive) {
         app_.log.Report(error, "Restore", "FileStates");
         app_.platform.dialogs.Message("That did not work: " + Reason(app_.platform.files, file, error) + ".");
     }
-    app_.mainListIsStale = true;
     app_.dataWatch->Tell();
 }
 
@@ -157,7 +156,6 @@ void FileStates::TellGone(clsDbXml& database, const std::vector<clsEvent>& gone)
                         [this, &database, key, all = gone] {
                             database.PutOnTop({all, {}});
                             database.SaveDB();
-                            app_.mainListIsStale = true;
                             app_.health.Clear(key);
                             app_.dataWatch->Tell();
                         }},

@@ -163,7 +163,8 @@ void Startup::TellOfDeath() {
         text += " on " + FormatDate(end, "DDD", locale) +
                 (daysAgo ? " " + GeneralDateText(end.DateOnly(), locale) : "") + " at " +
                 FormatDate(end, "HH:NN", locale);
-    const std::vector<std::string> due = DueSince(std::as_const(*app_.events).AllEvents(), end, now, locale);
+    const std::vector<std::string> due =
+        DueSince(*app_.events, VisibleEvents(app_.settings), end, now, locale);
     text += due.empty() ? "; no alarms since then." : "; alarms since then: ";
     for (std::size_t i = 0; i < std::min(due.size(), kMostDueTold); ++i)
         text += (i ? "; " : "") + due[i];

@@ -64,8 +64,6 @@ void clsComponent::RefreshDates() noexcept {
         application_.clockGuard->Look();
         application_.MakeReminder().UpdateAllEvents();
     });
-    // It may have read what others have saved, which the next look at the files no longer sees as a change.
-    if (application_.Networked()) application_.mainListIsStale = true;
 }
 
 void clsComponent::ScanEvents() noexcept {
@@ -73,6 +71,7 @@ void clsComponent::ScanEvents() noexcept {
     ErrorTrap trap(application_.errors, "ScanEvents", kModule);
     trap([&] {
         if (fMain_.expired()) EnsureMainWindow()->FillEvents(clsLayers::kAll);
+        application_.MoveSharedOn();
         const EventLists lists(application_, host_);
         host_.TodaysEvents(lists.todays);
         host_.UpcomingEvents(lists.upcoming);

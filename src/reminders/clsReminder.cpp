@@ -126,12 +126,11 @@ void clsReminder::DisplayReminders() {
 
 void clsReminder::ShowUpcoming(DateValue today) {
     std::vector<std::string> lines;
-    if (services_.events)
-        for (const clsEvent& event : services_.events->AllEvents()) {
-            const std::int32_t daysLeft = event.DueDate().Day() - today.Day();
-            if (!event.Deleted && daysLeft >= 1 && daysLeft <= event.DaysWarning())
-                lines.push_back(UpcomingLine(daysLeft, event.DescShown()));
-        }
+    visible_.ForEach(services_.events, EventSource::Local, [&](const VisibleEvent& seen) {
+        const std::int32_t daysLeft = seen.DaysLeft(today);
+        if (daysLeft >= 1 && daysLeft <= seen.event.DaysWarning())
+            lines.push_back(UpcomingLine(daysLeft, seen.event.DescShown()));
+    });
     if (lines.empty()) {
         services_.windows.Close(ReminderKind::ComingUp);
         return;
@@ -148,12 +147,12 @@ void clsReminder::ShowUpcoming(DateValue today) {
 void clsReminder::ShowTodays(DateValue today) {
     std::vector<std::string> lines;
     std::string sound;
-    if (services_.events)
-        for (const clsEvent& event : services_.events->AllEvents()) {
-            if (event.Deleted || event.ExecFile || event.DueDate() != today) continue;
-            lines.emplace_back(event.DescShown());
-            if (event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
-        }
+    visible_.ForEach(services_.events, EventSource::Local, [&](const VisibleEvent& seen) {
+        const clsEvent& event = seen.event;
+        if (event.ExecFile || seen.due != today) return;
+        lines.emplace_back(event.DescShown());
+        if (event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
+    });
     if (lines.empty()) {
         services_.windows.Close(ReminderKind::Today);
         return;
@@ -173,20 +172,20 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
     ErrorTrap trap(services_.log, "DisplayAlarms", kModule);
     const DateValue now = services_.clock.Now().ToMinute();
     const DateValue since = FirstMinute(lastPass, now);
-    const bool ofOthers = &database != services_.events;
+    const bool ofOthers = PlaceOf(database) == EventSource::Shared;
     std::vector<std::string> lines;
     std::vector<AlarmRinging> listed;
     std::vector<clsEvent> toRun;
     std::string sound;
 
     trap([&] {
-        for (const clsEvent& event : database.AllEvents()) {
-            if (event.Deleted) continue;
+        visible_.ForEach(&database, PlaceOf(database), [&](const VisibleEvent& seen) {
+            const clsEvent& event = seen.event;
             const std::optional<DateValue> minute = LastAlarm(event, since, now);
-            if (!minute) continue;
+            if (!minute) return;
             const AlarmRinging ringing{&database, database.SourceOf(event), event.Owner(), event.IDCode,
                                        *minute};
-            if (services_.windows.HasRung(ringing)) continue;
+            if (services_.windows.HasRung(ringing)) return;
             if (event.ExecFile) {
                 services_.windows.SetRung(ringing);
                 if (*minute >= now.PlusMinutes(-kLatestRun))
@@ -199,7 +198,7 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
                 // A sound of somebody else's choice would be looked for on his computer.
                 if (!ofOthers && event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
             }
-        }
+        });
     });
 
     // An alarm stays until the user closes it, and then it is over: a later pass adds what is new, and
@@ -229,11 +228,10 @@ std::optional<DateValue> clsReminder::NextAlarm(const clsDbXml& database) const 
     const DateValue first(now.Day(), now.SecondOfDay() + 60);
     const DateValue last(now.Day(), DateValue::kSecondsPerDay - 60);
     std::optional<DateValue> next;
-    for (const clsEvent& event : database.AllEvents()) {
-        if (event.Deleted) continue;
-        const auto minute = LastAlarm(event, first, last);
+    visible_.ForEach(&database, PlaceOf(database), [&](const VisibleEvent& seen) {
+        const auto minute = LastAlarm(seen.event, first, last);
         if (minute && (!next || *minute < *next)) next = minute;
-    }
+    });
     return next;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reminders/ReminderServices.h"
-#include "storage/clsDbXml.h"
+#include "storage/VisibleEvents.h"
 
 #include <optional>
 #include <string>
@@ -14,7 +14,9 @@ namespace kaz {
 // holds no events; failures are logged.
 class clsReminder {
 public:
-    explicit clsReminder(const ReminderServices& services) : services_(services) {}
+    explicit clsReminder(const ReminderServices& services)
+        : services_(services),
+          visible_(services.settings) {}
 
     // Moves recurring events whose day has passed on to their next day and the others to the expired
     // database, then saves both. It is one pass, which leaves out some. Without an events database it does
@@ -39,8 +41,12 @@ private:
     void RemoveRetired(std::vector<std::size_t> positions);
     void ShowUpcoming(DateValue today);
     void ShowTodays(DateValue today);
+    EventSource PlaceOf(const clsDbXml& database) const {
+        return &database == services_.events ? EventSource::Local : EventSource::Shared;
+    }
 
     ReminderServices services_;
+    VisibleEvents visible_;
 };
 
 }  // namespace kaz

@@ -1,6 +1,7 @@
 #include "storage/EventOperations.h"
 
 #include "storage/Owner.h"
+#include "storage/clsLayers.h"
 
 #include <string_view>
 #include <unordered_set>
@@ -132,6 +133,7 @@ clsEvent EventOperations::Updated(clsEvent event) {
     const DateValue today = context_.clock.Today();
     event.CalcNextDueDate(today, context_.log);
     event.CalcDaysLeft(today);
+    event.Layer(clsLayers::OwnOr(event.Layer()));
     return event;
 }
 

@@ -124,6 +124,7 @@ void clsDbXml::PutOnTop(const EventChanges& changes) {
         const auto there = Find(event.IDCode);
         if (there != events_.end() && EventDigest(*there) == EventDigest(event)) there->Deleted = true;
     }
+    if (!changes.Empty()) TellLoad(true);
 }
 
 std::vector<clsEvent> clsDbXml::Unseen() const {

@@ -84,8 +84,9 @@ public:
     void AskForBackup(std::function<bool()> hasEvents) { backupHasEvents_ = std::move(hasEvents); }
     // Called with the events that a reload made disappear although no command of this program removed them.
     void OnGone(std::function<void(const std::vector<clsEvent>&)> gone) { onGone_ = std::move(gone); }
-    // Called after each time that the memory was changed by what somebody else had saved.
-    void OnReload(std::function<void()> reloaded) { onReload_ = std::move(reloaded); }
+    // Called each time that events have come into the memory from a file or another memory; `changed` when
+    // that was more than the first filling: somebody else has changed what was here.
+    void OnLoad(std::function<void(bool changed)> loaded) { onLoad_ = std::move(loaded); }
 
     // Empties the memory and forgets the file, before another one takes its place.
     void Forget();
@@ -151,6 +152,9 @@ private:
 
     void Reload(bool fresh);
     void Append();
+    void TellLoad(bool changed) const {
+        if (onLoad_) onLoad_(changed);
+    }
     void LookForMissing(bool fresh);
     void TakeIn(std::vector<clsEvent> file, bool fresh);
     void KeepWhatGivesWay(const EventMerge::Result& merged) const;
@@ -201,7 +205,7 @@ private:
     clsDbXml* other_ = nullptr;
     std::function<bool()> backupHasEvents_;
     std::function<void(const std::vector<clsEvent>&)> onGone_;
-    std::function<void()> onReload_;
+    std::function<void(bool)> onLoad_;
 };
 
 }  // namespace kaz

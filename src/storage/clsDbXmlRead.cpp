@@ -33,6 +33,7 @@ void clsDbXml::Append() {
         known_.confirmed = known_.saved = KnownEvents(events_);
         eventsPrint_.reset();
         state_ = FileState::Fine;
+        TellLoad(true);
     } catch (...) {
         CouldNotRead(FileState::NotRead, CurrentError());
     }
@@ -115,7 +116,7 @@ void clsDbXml::TakeIn(std::vector<clsEvent> file, bool fresh) {
     for (clsEvent& event : merged.newCodes)
         StoreRecord(std::move(event), true);
     if (!merged.gone.empty()) TellGone(std::move(merged.gone), before);
-    if (!fresh && onReload_) onReload_();
+    TellLoad(!fresh);
 }
 
 void clsDbXml::KeepWhatGivesWay(const EventMerge::Result& merged) const {

@@ -13,6 +13,7 @@
 namespace kaz {
 
 void clsDbXml::LoadMultiple(const std::string& listFile) {
+    const bool changed = watched_.Changed();
     // Watched like the files that it names: a user who joins is seen at the next look.
     watched_.Clear();
     watched_.Add(listFile);
@@ -45,7 +46,7 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
     services_.log.LogEvent("Setting Database filename to " + own);
     fileName_ = own;
     lastKnownDate_ = FileDate();
-    if (onReload_) onReload_();
+    TellLoad(changed);
 }
 
 // A list that cannot be read now is that of the last time.

@@ -13,8 +13,15 @@ namespace kaz {
 class clsLayers {
 public:
     static constexpr std::int16_t kShared = 0;
+    static constexpr std::int16_t kFirstOwn = 1;
     static constexpr std::int16_t kAll = 20;  // as a filter it lets every event pass
     static constexpr std::int16_t kCount = 21;
+
+    static bool Passes(std::int16_t category, std::int16_t filter) {
+        return filter == kAll || category == filter;
+    }
+    // An event without a category of its own is in the first one.
+    static std::int16_t OwnOr(std::int16_t category) { return category == kShared ? kFirstOwn : category; }
 
     // The slots have their default names until LoadLayers. Both outlive the object.
     clsLayers(cSHAREDSettings& settings, const Locale& locale);

@@ -24,9 +24,7 @@ FormTest::FormTest() : app(Services()) {
     app.settings.StoreSetting("Owner", std::string("Smith"));
     app.layers.LoadLayers();
     machine.files.Put("C:\\KAZ\\alarm.wav", SampleWave());
-    app.events = std::make_unique<clsDbXml>(app.Storage());
-    app.shared = std::make_unique<clsDbXml>(app.Storage());
-    app.expired = std::make_unique<clsDbXml>(app.Storage());
+    app.MakeDatabases();
     app.events->LoadDB(kEventFile);
     app.expired->LoadDB("C:\\KAZ\\Expired.xml");
 }

@@ -17,6 +17,8 @@ TEST_F(frmMainTest, ListsTheEventsOfTheChosenCategoryAndTheExpiredOnesWhileTicke
     Add(*app.events, "home", 2, 3);
     Add(*app.events, "gone", 3).Deleted = true;
     Add(*app.events, "unset", 4, 0);
+    ASSERT_TRUE(app.events->SaveDB());
+    app.events->LoadDB(kEventFile);
     Add(*app.expired, "old", -3, 3);
     Add(*app.expired, "older", -400);
     Add(*app.expired, "removed", -1).Deleted = true;
@@ -24,7 +26,7 @@ TEST_F(frmMainTest, ListsTheEventsOfTheChosenCategoryAndTheExpiredOnesWhileTicke
     EXPECT_EQ("All Categories", Text(IDC_cmbCategories));
     EXPECT_EQ("0001|0002|0004", Column(kLeftColumn));
     EXPECT_EQ("0 up", stage->SortMark(*window, IDC_ListEvents));
-    EXPECT_EQ(1, app.events->AllEvents()[3].Layer());
+    EXPECT_EQ(1, app.events->AllEvents().back().Layer());
     const struct {
         int category;
         const char *plain, *ticked, *types;

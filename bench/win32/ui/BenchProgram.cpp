@@ -26,8 +26,7 @@ BenchProgram::BenchProgram() {
     app_.settings.StoreSetting("Owner", std::string("Smith"));
     app_.settings.StoreSetting("DataPath", app_.runtimePath);
     app_.layers.LoadLayers();
-    app_.events = std::make_unique<clsDbXml>(app_.Storage());
-    app_.expired = std::make_unique<clsDbXml>(app_.Storage());
+    app_.MakeDatabases();
     app_.events->LoadDB(JoinPath(app_.runtimePath, "Events.xml"));
     app_.expired->LoadDB(JoinPath(app_.runtimePath, "Expired.xml"));
     main_ = MakeMainWindow(app_, *this);

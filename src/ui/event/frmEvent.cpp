@@ -18,7 +18,6 @@ namespace {
 
 constexpr int kSaved = 1;
 constexpr int kAborted = 2;
-constexpr std::int16_t kFirstOwnLayer = 1;  // where a list puts an event without a category
 
 }  // namespace
 
@@ -92,7 +91,7 @@ void frmEvent::ShowNew() {
     for (std::int16_t slot = 0; slot < clsLayers::kAll; ++slot)
         names.push_back(app_.layers.Layer(slot));
     cmbLayers.Items(names);
-    cmbLayers.Select(kFirstOwnLayer);
+    cmbLayers.Select(clsLayers::kFirstOwn);
     txtDaysWarning.Text("0");
     optRepeat.Checked(event_.Recurring());
     optShowOnce.Checked(!event_.Recurring());

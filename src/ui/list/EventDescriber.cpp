@@ -15,8 +15,9 @@ bool IsLineBreak(char c) { return c == '\r' || c == '\n'; }
 
 }  // namespace
 
-const EventCells& EventDescriber::Describe(const clsEvent& event) {
-    DescribeDate(event.DueDate());
+const EventCells& EventDescriber::Describe(const VisibleEvent& seen) {
+    const clsEvent& event = seen.event;
+    DescribeDate(seen.due);
     std::string& description = cells_[kEventColumn];
     description = event.DescShown();
     std::replace_if(description.begin(), description.end(), IsLineBreak, ' ');
@@ -28,7 +29,7 @@ const EventCells& EventDescriber::Describe(const clsEvent& event) {
 
     cells_[kOwnerColumn].clear();
     if (viewpoint_.networked) cells_[kOwnerColumn] = event.Owner();
-    DescribeType(event);
+    DescribeType(seen);
     DescribeSharing(event);
     return cells_;
 }
@@ -48,13 +49,12 @@ void EventDescriber::DescribeDate(DateValue due) {
 }
 
 // The later rule wins.
-void EventDescriber::DescribeType(const clsEvent& event) {
+void EventDescriber::DescribeType(const VisibleEvent& seen) {
     std::string& type = cells_[kTypeColumn];
     type.clear();
-    if (event.SharedEvent) type = "*";
-    // Who works alone has nobody to share with: whatever owner an event names, it is his.
-    if (viewpoint_.networked && event.Owner() != viewpoint_.user) type = "S";
-    if (event.DueDate().Day() < viewpoint_.today.Day()) type = "E";
+    if (seen.event.SharedEvent) type = "*";
+    if (seen.isForeign) type = "S";
+    if (seen.due < viewpoint_.today) type = "E";
 }
 
 void EventDescriber::DescribeSharing(const clsEvent& event) {

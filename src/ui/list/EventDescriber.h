@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/LocaleData.h"
-#include "model/clsEvent.h"
+#include "storage/VisibleEvents.h"
 #include "storage/clsLayers.h"
 #include "ui/list/EventRows.h"
 
@@ -11,8 +11,7 @@ namespace kaz {
 
 // What the texts of an event depend on beside the event itself.
 struct EventViewpoint {
-    DateValue today;   // date only
-    std::string user;  // the current user, compared to owners exactly
+    DateValue today;  // date only
     bool networked = false;
     bool dayBeforeMonth = false;
 };
@@ -26,11 +25,11 @@ public:
           viewpoint_(std::move(viewpoint)) {}
 
     // The cells are valid until the next call.
-    const EventCells& Describe(const clsEvent& event);
+    const EventCells& Describe(const VisibleEvent& seen);
 
 private:
     void DescribeDate(DateValue due);
-    void DescribeType(const clsEvent& event);
+    void DescribeType(const VisibleEvent& seen);
     void DescribeSharing(const clsEvent& event);
 
     const clsLayers& layers_;

@@ -22,10 +22,10 @@ public:
     EventRows TakeRows() { return std::move(rows_); }
 
 private:
-    void Add(clsEvent& event, EventSource source);
+    void Add(const clsDbXml* database, EventSource source, std::int16_t category);
 
     Application& app_;
-    EventViewpoint viewpoint_;
+    VisibleEvents visible_;
     EventDescriber describer_;
     EventRows rows_;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "storage/VisibleEvents.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -24,9 +26,6 @@ enum EventColumn {
 };
 
 using EventCells = std::array<std::string, kEventColumns>;
-
-// Which database an event is in.
-enum class EventSource : std::uint8_t { Local, Shared, Expired };
 
 // The texts of many rows, one behind the other in a single block: ten thousand rows are two allocations and
 // less than two megabytes. Rows keep the order of their adding and hold no reference to the events they came

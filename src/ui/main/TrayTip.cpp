@@ -2,9 +2,8 @@
 
 #include "base/Text.h"
 #include "platform/Clock.h"
+#include "storage/VisibleEvents.h"
 #include "support/Names.h"
-
-#include <algorithm>
 
 namespace kaz {
 
@@ -13,22 +12,13 @@ namespace {
 constexpr std::size_t kLongestTip = 127;
 constexpr std::string_view kDots = "...";
 
-template <class IsMeant>
-std::ptrdiff_t Count(const clsDbXml* database, DateValue today, IsMeant isMeant) {
-    if (!database) return 0;
-    const std::vector<clsEvent>& events = database->AllEvents();
-    return std::count_if(events.begin(), events.end(), [&](const clsEvent& event) {
-        return !event.Deleted && event.DueDate() == today && isMeant(event);
-    });
-}
-
 std::string DueToday(const Application& application) {
     const DateValue today = application.platform.clock.Today();
-    std::ptrdiff_t count = Count(application.events.get(), today, [](const clsEvent&) { return true; });
-    if (application.Networked())
-        count += Count(application.shared.get(), today, [owner = application.Owner()](const clsEvent& event) {
-            return event.Owner() != owner;
-        });
+    const VisibleEvents visible(application.settings);
+    int count = 0;
+    const auto look = [&](const VisibleEvent& seen) { count += seen.due == today ? 1 : 0; };
+    visible.ForEach(application.events.get(), EventSource::Local, look);
+    visible.ForEach(application.shared.get(), EventSource::Shared, look);
     const std::string name(kApplicationName);
     if (count == 0) return name + " - nothing due today";
     return name + " - " + std::to_string(count) + (count == 1 ? " event" : " events") + " due today";

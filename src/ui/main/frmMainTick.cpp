@@ -81,23 +81,16 @@ void frmMain::WaitForAlarms() {
 
 // Comes first: what another program has saved must be in memory before a new day makes this one save.
 void frmMain::ReloadChangedFiles() {
-    bool changed = false;
     if (app_.awaitedFolder->Look()) {
-        changed = true;
+        app_.mainListIsStale = true;
         lastDay_ = 0;  // its events have not had their day yet
     }
-    for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
-        if (!database) continue;
-        const bool isNew = database->DatabaseChanged();
-        // Also when it has not: a change counts as saved once a look has found it.
-        database->LoadDBIfChanged(database->DBFilename());
-        // A file that could not be read still counts as changed: it is tried again on the next tick.
-        changed = changed || (isNew && !database->DatabaseChanged());
-    }
+    // Not CatchUp: a change of this program counts as saved once a look has found it.
+    for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
+        if (database) database->LoadDBIfChanged(database->DBFilename());
     app_.conflictCopies.Look();
-    if (app_.LoadShared()) changed = true;
-    if (std::exchange(app_.mainListIsStale, false)) changed = true;
-    if (changed) RefillKeepingSelection();
+    app_.LoadShared();
+    if (app_.mainListIsStale) RefillKeepingSelection();
 }
 
 // Kept on purpose: only the day of the month is compared.

@@ -11,7 +11,7 @@
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/SystemInfo.h"
-#include "ui/month/MonthFill.h"
+#include "storage/VisibleEvents.h"
 #include "ui/month/frmDayEvents.h"
 
 #include <algorithm>
@@ -28,6 +28,18 @@ MonthGrid ThisMonth(const Application& app) {
     const DateValue today = app.platform.clock.Today();
     const CivilDate civil = today.Civil();
     return {civil.month, civil.year, today, false};
+}
+
+// With the events that others share, in a network.
+MonthGrid FillMonth(const Application& application, int month, int year, std::int16_t category) {
+    MonthGrid grid(month, year, application.platform.clock.Today(), application.Networked());
+    const VisibleEvents visible(application.settings);
+    const auto place = [&](const VisibleEvent& seen) {
+        if (clsLayers::Passes(seen.event.Layer(), category)) grid.Place(seen.event);
+    };
+    visible.ForEach(application.events.get(), EventSource::Local, place);
+    visible.ForEach(application.shared.get(), EventSource::Shared, place);
+    return grid;
 }
 
 }  // namespace
@@ -97,7 +109,7 @@ void frmMonthView::LoadMonth(std::int16_t month, std::int16_t year) {
     window().SetControlsEnabled(false);
     trap([&] {
         const BusyPointer busy(app_.platform.pump);
-        ReloadForMonth(app_);
+        app_.CatchUp();
     });
     trap([&] { ShowMonth(); });
     window().SetControlsEnabled(true);

@@ -16,6 +16,7 @@ constexpr const char* kPath = "\\\\evil\\share\\run.bat";
 class FilesOfOthers : public ::testing::Test {
 protected:
     FilesOfOthers() {
+        desk.settings.StoreSetting("Networked", true);
         desk.settings.StoreSetting("SharedDataPath", std::string("C:\\Share"));
         desk.machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\nEve\r\n");
         desk.machine.files.looked = [this](const std::string& path) { looks += path == kPath; };
@@ -95,8 +96,9 @@ TEST_F(FilesOfOthers, AreAskedForOneAfterTheOtherUntilTheProgramEnds) {
     for (std::size_t at = 0; at < many.size(); ++at)
         many[at].IDCode = std::to_string(100000 + at);
     Share("Bob", many);
-    // With the owner and the code of another's event.
-    Share("Eve", {many[0]});
+    // With the owner and the code of another's event; and one that would be Ann's own, which she does not
+    // see.
+    Share("Eve", {many[0], Runs("C:\\own", "Ann")});
     Ring();
     EXPECT_THAT(desk.TakeLog(), ElementsAre("Not running C:\\22 of Bob - too many questions are open",
                                             "Not running C:\\1 of Eve - too many questions are open"));

@@ -10,6 +10,7 @@ namespace {
 class EventDescriberTest : public testing::Test {
 protected:
     EventDescriberTest() {
+        settings.StoreSetting("Owner", std::string("Smith"));
         layers.LoadLayers();
         event.Desc("Dentist");
         event.Owner("Smith");
@@ -19,14 +20,14 @@ protected:
 
     std::string Cell(EventColumn column) const {
         EventDescriber describer(layers, machine.locale.data, viewpoint);
-        return describer.Describe(event)[column];
+        return describer.Describe(VisibleEvents(settings).See(event, EventSource::Local).value())[column];
     }
 
     FakePlatform machine;
     cSharedLogging log{machine.files, machine.clock, machine.system, {"KAZ", "1"}};
     cSHAREDSettings settings{machine.files, machine.locale, machine.dialogs, log};
     clsLayers layers{settings, machine.locale};
-    EventViewpoint viewpoint{DateValue(45000), "Smith", false, false};
+    EventViewpoint viewpoint{DateValue(45000), false, false};
     clsEvent event;
 };
 
@@ -64,11 +65,11 @@ TEST_F(EventDescriberTest, CategoryIsNamedAndAnImpossibleOneIsNot) {
 }
 
 TEST_F(EventDescriberTest, OwnerInANetworkAndTheLaterRuleOfTheType) {
-    viewpoint.user = "Jones";  // alone, he owns whatever another name stands on
+    settings.StoreSetting("Owner", std::string("Jones"));  // alone, he owns whatever another name stands on
     EXPECT_EQ("", Cell(kTypeColumn));
     EXPECT_EQ("", Cell(kOwnerColumn));
-    viewpoint.user = "Smith";
-    viewpoint.networked = true;
+    settings.StoreSetting("Owner", std::string("Smith"));
+    settings.StoreSetting("Networked", viewpoint.networked = true);
     EXPECT_EQ("Smith", Cell(kOwnerColumn));
     event.SharedEvent = true;
     EXPECT_EQ("*", Cell(kTypeColumn));

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "storage/clsDbXml.h"
+#include "support/cSHAREDSettings.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace kaz {
+
+// Which database an event is in.
+enum class EventSource : std::uint8_t { Local, Shared, Expired };
+
+struct VisibleEvent {
+    const clsEvent& event;
+    EventSource source;
+    bool isForeign;  // somebody else's: in a network, whatever another name stands on
+    DateValue due;
+
+    std::int32_t DaysLeft(DateValue today) const { return due.Day() - today.Day(); }
+};
+
+// The one rule of which events this user sees: all that are not deleted, and of those that others share, only
+// in a network, the ones that are not his own and so are in his list already. The list, the month, the tray,
+// the host's lists and the reminders show these and no others. It only looks; category and "runs a file" are
+// filters of those who show.
+class VisibleEvents {
+public:
+    // The user and the network as the settings name them now.
+    explicit VisibleEvents(const cSHAREDSettings& settings);
+
+    // Nothing for an event that this user does not see.
+    std::optional<VisibleEvent> See(const clsEvent& event, EventSource source) const {
+        const bool isForeign = networked_ && event.Owner() != user_;
+        if (event.Deleted || (source == EventSource::Shared && !isForeign)) return std::nullopt;
+        return VisibleEvent{event, source, isForeign, event.DueDate()};
+    }
+    // Calls `use` with each that this user sees, in the order of the collection; a missing database has none.
+    template <class Use>
+    void ForEach(const clsDbXml* database, EventSource source, Use use) const {
+        if (!database) return;
+        for (const clsEvent& event : database->AllEvents())
+            if (const auto seen = See(event, source)) use(*seen);
+    }
+
+private:
+    std::string user_;
+    bool networked_;
+};
+
+}  // namespace kaz
