@@ -138,8 +138,7 @@ void DeleteMany(benchmark::State& state) {
             codes.push_back(event.IDCode);
         codes.pop_back();
         state.ResumeTiming();
-        EventOperations({events, expired, bench.settings, bench.clock, bench.dialogs, bench.log})
-            .DeleteEvents(codes);
+        EventOperations({events, expired, bench.settings, bench.clock, bench.log}).DeleteEvents(codes);
     }
 }
 

@@ -1,6 +1,6 @@
 #include "storage/EventOperations.h"
 
-#include "storage/Owner.h"
+#include "storage/VisibleEvents.h"
 #include "storage/clsLayers.h"
 
 #include <string_view>
@@ -18,46 +18,34 @@ clsEvent SharedLike(clsEvent event, const clsEvent& other) {
 
 }  // namespace
 
-std::optional<std::string> EventOperations::AddEvent(EventEditor& editor) {
-    clsEvent event;
-    if (!editor.Edit(event, EditMode::Whole)) return std::nullopt;
+std::string EventOperations::AddEvent(clsEvent event) {
     CatchUp();
     context_.events.StoreRecord(Updated(std::move(event)), true);
-    const std::string code = context_.events.AllEvents().back().IDCode;
+    std::string code = context_.events.AllEvents().back().IDCode;
     context_.events.SaveDB();
     return code;
 }
 
-bool EventOperations::EditEvent(const std::string& code, bool fromExpired, EditMode mode,
-                                EventEditor& editor) {
-    const clsEvent* found = Source(fromExpired).ReadEvent(code);
-    if (!found || OwnerRefuses(*found, "Only ", " can edit it")) return false;
-
-    const clsEvent before = *found;
-    clsEvent copy = before;
-    if (!editor.Edit(copy, mode)) return false;
+EditResult EventOperations::EditEvent(const EventEdit& edit, bool keepWhenGone) {
     CatchUp();
+    const std::string& code = edit.before.IDCode;
     // Its day may have passed while the dialog was open.
-    fromExpired = fromExpired || HasExpired(before);
-
-    // A deleted event stays in memory with its mark until the file is read again.
+    const bool fromExpired = edit.fromExpired || HasExpired(edit.before);
     const clsEvent* still = Source(fromExpired).ReadEvent(code);
+    clsEvent copy = edit.after;
     // A change of sharing alone moves no date, neither on nor back, and must not make a mail go out again.
-    if (mode == EditMode::Whole)
+    if (edit.mode == EditMode::Whole)
         copy = Updated(std::move(copy));
     else if (still && !still->Deleted)
         copy = SharedLike(*still, copy);
-    if (!still || (still->Deleted && !copy.Deleted)) {
-        const bool keep =
-            context_.dialogs.AskYesNo("This event was deleted or moved while you were editing it.\r\nDo you "
-                                      "want to keep your version as a new event?");
-        if (!keep) return false;
-        copy.IDCode.clear();
-        fromExpired = false;
-    }
+    // A deleted event stays in memory with its mark until the file is read again.
+    const bool isGone = !still || (still->Deleted && !copy.Deleted);
+    if (isGone && !keepWhenGone) return EditResult::Gone;
+    if (isGone) copy.IDCode.clear();
     copy.Deleted = false;
     const clsEvent stored = still ? *still : copy;
-    return StoreBack(std::move(copy), stored, fromExpired);
+    StoreBack(std::move(copy), stored, fromExpired && !isGone);
+    return EditResult::Stored;
 }
 
 void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
@@ -75,8 +63,7 @@ void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
     context_.expired.SaveDB();
 }
 
-void EventOperations::DeleteEvents(const std::vector<std::string>& codes) {
-    // All are looked at before the first message, behind which the events may be read anew.
+std::vector<clsEvent> EventOperations::DeleteEvents(const std::vector<std::string>& codes) {
     std::vector<clsEvent> others;
     std::vector<std::string> own;
     for (const clsEvent* event : Find(context_.events, codes)) {
@@ -85,9 +72,8 @@ void EventOperations::DeleteEvents(const std::vector<std::string>& codes) {
         else
             own.push_back(event->IDCode);
     }
-    for (const clsEvent& event : others)
-        OwnerRefuses(event, "Only ", " can delete it.");
     if (!own.empty()) context_.events.DeleteRecords(own);
+    return others;
 }
 
 void EventOperations::DeleteExpiredEvents(const std::vector<std::string>& codes) {
@@ -105,15 +91,7 @@ std::vector<const clsEvent*> EventOperations::Find(const clsDbXml& database,
 }
 
 bool EventOperations::IsOthers(const clsEvent& event) const {
-    return context_.settings.Flag("Networked") && event.Owner() != CurrentOwner(context_.settings);
-}
-
-bool EventOperations::OwnerRefuses(const clsEvent& event, const std::string& textBefore,
-                                   const std::string& textAfter) {
-    if (!IsOthers(event)) return false;
-    context_.dialogs.Message("You're not the owner of this event.  " + textBefore + event.Owner() +
-                             textAfter);
-    return true;
+    return VisibleEvents(context_.settings).IsForeign(event);
 }
 
 bool EventOperations::HasExpired(const clsEvent& event) {
@@ -137,7 +115,7 @@ clsEvent EventOperations::Updated(clsEvent event) {
     return event;
 }
 
-bool EventOperations::StoreBack(clsEvent event, const clsEvent& before, bool fromExpired) {
+void EventOperations::StoreBack(clsEvent event, const clsEvent& before, bool fromExpired) {
     const std::string code = event.IDCode;
     const auto holder = [&](clsDbXml& database) {
         const clsEvent* found = database.ReadEvent(code);
@@ -149,11 +127,10 @@ bool EventOperations::StoreBack(clsEvent event, const clsEvent& before, bool fro
     };
     const clsEvent* current = fromExpired ? holder(context_.events) : nullptr;
     context_.events.StoreRecord(std::move(event), current && !isSame(*current));
-    if (!context_.events.SaveDB()) return true;
+    if (!context_.events.SaveDB()) return;
     // An event leaves the expired file only once it is safe in the other.
     const clsEvent* expired = holder(context_.expired);
     if (expired && isSame(*expired)) context_.expired.DeleteRecord(code);
-    return true;
 }
 
 }  // namespace kaz

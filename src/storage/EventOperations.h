@@ -1,8 +1,7 @@
 #pragma once
 
+#include "model/clsEvent.h"
 #include "platform/Clock.h"
-#include "platform/Dialogs.h"
-#include "storage/EventEditor.h"
 #include "storage/clsDbXml.h"
 #include "support/cSHAREDSettings.h"
 #include "support/cSharedLogging.h"
@@ -13,9 +12,21 @@
 
 namespace kaz {
 
-// What the user does to events: add, edit, push and delete, with the rule of ownership. A refusal is told in
-// a message box and changes nothing. The databases are looked into anew after every dialog, since alarms, a
-// new day or another user's save may have changed them while it was open.
+enum class EditMode { Whole, SharingOnly };
+
+// An event as it was, and as its user has changed it since.
+struct EventEdit {
+    clsEvent before;
+    clsEvent after;
+    bool fromExpired;
+    EditMode mode;
+};
+// Gone: it was deleted or has moved meanwhile.
+enum class EditResult { Stored, Gone };
+
+// The operations on events: add, edit, push and delete, with the rule of ownership. Nothing is asked and
+// nothing is shown here. The databases are looked into anew each time, since alarms, a new day or another
+// user's save may have changed them while a dialog was open.
 class EventOperations {
 public:
     struct Context {
@@ -23,29 +34,33 @@ public:
         clsDbXml& expired;
         const cSHAREDSettings& settings;
         const Clock& clock;
-        Dialogs& dialogs;
         cSharedLogging& log;
     };
 
     explicit EventOperations(const Context& context) : context_(context) {}
 
-    // The code of the stored event; nothing when the user gave up.
-    std::optional<std::string> AddEvent(EventEditor& editor);
-    // Edits an event of the events database or, with `fromExpired`, of the expired one, from where it moves
-    // back to the current events. True when it was stored.
-    bool EditEvent(const std::string& code, bool fromExpired, EditMode mode, EventEditor& editor);
+    // The event of the events database or, with `fromExpired`, of the expired one; null when there is none.
+    const clsEvent* Read(const std::string& code, bool fromExpired) {
+        return Source(fromExpired).ReadEvent(code);
+    }
+    // Whether it belongs to another user, who alone may edit and delete it.
+    bool IsOthers(const clsEvent& event) const;
+
+    // Stores the event under a new code, which is returned.
+    std::string AddEvent(clsEvent event);
+    // Stores the edited event; an expired one moves back to the current events. One that is gone is stored as
+    // a new event only with `keepWhenGone`.
+    EditResult EditEvent(const EventEdit& edit, bool keepWhenGone = false);
     // Puts the due date off by one day; an expired event becomes current again.
     void PushEvent(const std::string& code, bool fromExpired);
-    // Deletes the events with one save; those of another owner are refused, each with a message.
-    void DeleteEvents(const std::vector<std::string>& codes);
+    // Deletes the events with one save, but for those of other users, which are returned.
+    std::vector<clsEvent> DeleteEvents(const std::vector<std::string>& codes);
     // Has no regard to ownership.
     void DeleteExpiredEvents(const std::vector<std::string>& codes);
 
 private:
     static std::vector<const clsEvent*> Find(const clsDbXml& database, const std::vector<std::string>& codes);
-    bool IsOthers(const clsEvent& event) const;
     clsDbXml& Source(bool fromExpired) { return fromExpired ? context_.expired : context_.events; }
-    bool OwnerRefuses(const clsEvent& event, const std::string& textBefore, const std::string& textAfter);
     // Whether that event is in the expired database now, and no longer among the current ones.
     bool HasExpired(const clsEvent& event);
     // Reads what another program has saved while a dialog was open.
@@ -54,7 +69,7 @@ private:
     clsEvent Updated(clsEvent event);
     // `before` is what it was. An event whose code another one has by now gets a new one, or else it would
     // take that one's place.
-    bool StoreBack(clsEvent event, const clsEvent& before, bool fromExpired);
+    void StoreBack(clsEvent event, const clsEvent& before, bool fromExpired);
 
     Context context_;
 };

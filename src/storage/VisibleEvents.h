@@ -12,12 +12,20 @@ namespace kaz {
 // Which database an event is in.
 enum class EventSource : std::uint8_t { Local, Shared, Expired };
 
+// What the list's Type column says of an event: nothing, "*", "S", "E".
+enum class EventType : std::uint8_t { Own, Offered, Foreign, Past };
+
 struct VisibleEvent {
     const clsEvent& event;
     EventSource source;
     bool isForeign;  // somebody else's: in a network, whatever another name stands on
     DateValue due;
 
+    EventType Type(DateValue today) const {
+        if (due < today) return EventType::Past;
+        if (isForeign) return EventType::Foreign;
+        return event.SharedEvent ? EventType::Offered : EventType::Own;
+    }
     std::int32_t DaysLeft(DateValue today) const { return due.Day() - today.Day(); }
 };
 
@@ -30,9 +38,10 @@ public:
     // The user and the network as the settings name them now.
     explicit VisibleEvents(const cSHAREDSettings& settings);
 
+    bool IsForeign(const clsEvent& event) const { return networked_ && event.Owner() != user_; }
     // Nothing for an event that this user does not see.
     std::optional<VisibleEvent> See(const clsEvent& event, EventSource source) const {
-        const bool isForeign = networked_ && event.Owner() != user_;
+        const bool isForeign = IsForeign(event);
         if (event.Deleted || (source == EventSource::Shared && !isForeign)) return std::nullopt;
         return VisibleEvent{event, source, isForeign, event.DueDate()};
     }

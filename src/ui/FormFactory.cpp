@@ -3,7 +3,7 @@
 #include "core/Application.h"
 #include "forms/WindowFactory.h"
 #include "ui/ModalForms.h"
-#include "ui/event/EventEditorDialog.h"
+#include "ui/event/EditEvent.h"
 #include "ui/main/frmMain.h"
 #include "ui/month/ShowMonth.h"
 #include "ui/tasks/frmTasks.h"
@@ -13,7 +13,7 @@ namespace kaz {
 namespace {
 
 MainDialogs DialogsOf(Application& application) {
-    return {[&application] { return std::make_unique<EventEditorDialog>(application); },
+    return {[&application](clsEvent& event, EditMode mode) { return EditEvent(application, event, mode); },
             [&application] { ShowOptions(application); },
             [&application] { ShowCategories(application); },
             [&application] { ShowAbout(application); },

@@ -1,7 +1,7 @@
 #include "ui/event/frmEvent.h"
 
 #include "FormTest.h"
-#include "ui/event/EventEditorDialog.h"
+#include "ui/event/EditEvent.h"
 
 namespace kaz {
 namespace {
@@ -27,7 +27,7 @@ protected:
             Click(IDC_cmdSave);
             Click(IDC_cmdAbort);
         });
-        return EventEditorDialog(app).Edit(event, mode);
+        return EditEvent(app, event, mode);
     }
 };
 
@@ -320,7 +320,7 @@ TEST_F(frmEventTest, TheCloseBoxAndTheEndOfTheProgramGiveUp) {
             Type(IDC_txtDesc, "other");
             end();
         });
-        EXPECT_FALSE(EventEditorDialog(app).Edit(event, EditMode::Whole));
+        EXPECT_FALSE(EditEvent(app, event, EditMode::Whole));
         EXPECT_EQ(FileOf({OfKind(RecurWeekdays)}), FileOf({event}));
         EXPECT_EQ(nullptr, stage->Find(IDD_EVENT));
     }

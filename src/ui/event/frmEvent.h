@@ -4,7 +4,7 @@
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "resources/resource.h"
-#include "storage/EventEditor.h"
+#include "storage/EventOperations.h"
 #include "ui/event/ActionControls.h"
 #include "ui/event/AlarmControls.h"
 #include "ui/event/RecurrenceTabs.h"

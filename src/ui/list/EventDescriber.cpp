@@ -29,7 +29,8 @@ const EventCells& EventDescriber::Describe(const VisibleEvent& seen) {
 
     cells_[kOwnerColumn].clear();
     if (viewpoint_.networked) cells_[kOwnerColumn] = event.Owner();
-    DescribeType(seen);
+    static constexpr std::string_view kTypes[] = {"", "*", "S", "E"};
+    cells_[kTypeColumn] = kTypes[static_cast<std::size_t>(seen.Type(viewpoint_.today))];
     DescribeSharing(event);
     return cells_;
 }
@@ -46,15 +47,6 @@ void EventDescriber::DescribeDate(DateValue due) {
     cells_[kDayColumn] = FormatDate(due, "DDD", locale_);
     cells_[kDateColumn] = FormatDate(due, viewpoint_.dayBeforeMonth ? "DD/MM" : "MM/DD", locale_);
     cells_[kYearColumn] = FormatDate(due, "YYYY", locale_);
-}
-
-// The later rule wins.
-void EventDescriber::DescribeType(const VisibleEvent& seen) {
-    std::string& type = cells_[kTypeColumn];
-    type.clear();
-    if (seen.event.SharedEvent) type = "*";
-    if (seen.isForeign) type = "S";
-    if (seen.due < viewpoint_.today) type = "E";
 }
 
 void EventDescriber::DescribeSharing(const clsEvent& event) {

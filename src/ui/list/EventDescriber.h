@@ -24,12 +24,12 @@ public:
           locale_(locale),
           viewpoint_(std::move(viewpoint)) {}
 
+    DateValue Today() const { return viewpoint_.today; }
     // The cells are valid until the next call.
     const EventCells& Describe(const VisibleEvent& seen);
 
 private:
     void DescribeDate(DateValue due);
-    void DescribeType(const VisibleEvent& seen);
     void DescribeSharing(const clsEvent& event);
 
     const clsLayers& layers_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Text.h"
+#include "commands/EventCommands.h"
 #include "forms/ReportList.h"
 #include "platform/Locale.h"
 #include "ui/list/EventRows.h"
@@ -39,6 +40,10 @@ public:
         auto operator<=>(const Key&) const = default;
     };
     Key KeyOf(int row) const { return {std::string(Trim(Code(row))), Source(row)}; }
+    // The event behind the row, for a command.
+    EventRef RefOf(int row) const {
+        return {std::string(Trim(Code(row))), Source(row), rows_.Type(order_[static_cast<std::size_t>(row)])};
+    }
     // The row of the event with that identity code.
     std::optional<int> RowOf(std::string_view code, EventSource source) const noexcept;
     std::string_view Code(int row) const noexcept {

@@ -50,7 +50,8 @@ void EventListFill::AddExpired(std::int16_t category) {
 void EventListFill::Add(const clsDbXml* database, EventSource source, std::int16_t category) {
     visible_.ForEach(database, source, [&](const VisibleEvent& seen) {
         if (clsLayers::Passes(seen.event.Layer(), category))
-            rows_.Add(describer_.Describe(seen), seen.event.IDCode, seen.source);
+            rows_.Add(describer_.Describe(seen), seen.event.IDCode, seen.source,
+                      seen.Type(describer_.Today()));
     });
 }
 

@@ -2,8 +2,8 @@
 
 namespace kaz {
 
-void EventRows::Add(const EventCells& cells, std::string_view code, EventSource source) {
-    Row row{texts_.size(), {}, source};
+void EventRows::Add(const EventCells& cells, std::string_view code, EventSource source, EventType type) {
+    Row row{texts_.size(), {}, source, type};
     for (std::size_t column = 0; column < cells.size(); ++column) {
         texts_ += cells[column];
         row.lengths[column] = static_cast<std::uint32_t>(texts_.size() - row.start);

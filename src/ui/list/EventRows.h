@@ -32,7 +32,7 @@ using EventCells = std::array<std::string, kEventColumns>;
 // from.
 class EventRows {
 public:
-    void Add(const EventCells& cells, std::string_view code, EventSource source);
+    void Add(const EventCells& cells, std::string_view code, EventSource source, EventType type);
 
     std::size_t Count() const noexcept { return rows_.size(); }
     // `row` must be less than Count().
@@ -40,12 +40,14 @@ public:
     // The identity code of the row's event.
     std::string_view Code(std::size_t row) const noexcept { return Cell(row, kEventColumns); }
     EventSource Source(std::size_t row) const noexcept { return rows_[row].source; }
+    EventType Type(std::size_t row) const noexcept { return rows_[row].type; }
 
 private:
     struct Row {
         std::size_t start;                                     // of the first cell in texts_
         std::array<std::uint32_t, kEventColumns + 1> lengths;  // of the cells, then of the code, summed up
         EventSource source;
+        EventType type;
     };
     std::vector<Row> rows_;
     std::string texts_;

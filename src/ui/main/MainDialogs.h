@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/main/EventCommands.h"
+#include "commands/EventCommands.h"
 #include "ui/main/UnsavedAnswer.h"
 
 #include <functional>
@@ -10,7 +10,7 @@ namespace kaz {
 
 // The windows that the main window opens; it does not know how they are made.
 struct MainDialogs {
-    EventCommands::EditorFactory editor;
+    EventCommands::Editor editor;
     // Modal; they return when the window is closed.
     std::function<void()> options;
     std::function<void()> categories;

@@ -25,7 +25,7 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
       owner_(owner),
       dialogs_(std::move(dialogs)),
       list_(application.platform.locale),
-      commands_(application, list_, dialogs_.editor),
+      commands_(application, dialogs_.editor),
       size_(this->window(), application.settings),
       bar_(this->window(), application.health) {
     On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
@@ -167,6 +167,18 @@ int frmMain::CommandRow() const {
     const bool isSelected = std::find(rows.begin(), rows.end(), current) != rows.end();
     if (isSelected) return current;
     return rows.empty() ? -1 : rows.front();
+}
+
+std::optional<EventRef> frmMain::CommandEvent() const {
+    const int row = CommandRow();
+    return row < 0 ? std::nullopt : std::optional(list_.RefOf(row));
+}
+
+std::vector<EventRef> frmMain::SelectedEvents() const {
+    std::vector<EventRef> events;
+    for (const int row : ListEvents().Selection())
+        events.push_back(list_.RefOf(row));
+    return events;
 }
 
 void frmMain::Refill(const std::optional<std::string>& code) {

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "commands/EventCommands.h"
 #include "core/Application.h"
 #include "core/MainWindow.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "resources/resource.h"
 #include "ui/list/EventList.h"
-#include "ui/main/EventCommands.h"
 #include "ui/main/HealthBar.h"
 #include "ui/main/MainDialogs.h"
 #include "ui/main/WindowSizeSetting.h"
@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kaz {
 
@@ -109,6 +110,8 @@ private:
     int SelectedRow() const;
     // The row that a command for one event is about, -1 when there is none.
     int CommandRow() const;
+    std::optional<EventRef> CommandEvent() const;
+    std::vector<EventRef> SelectedEvents() const;
     // After events have changed: fills the list, selects the row of that event, if there is one, and has the
     // host's lists made anew. Behind an open dialog the list stays as it is until the next tick.
     void Refill(const std::optional<std::string>& code);

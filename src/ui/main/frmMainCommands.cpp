@@ -71,35 +71,38 @@ void frmMain::cmdAdd_Click() {
 }
 
 void frmMain::cmdEdit_Click() {
-    const int row = CommandRow();
-    if (row < 0) return;
+    const auto event = CommandEvent();
+    if (!event) return;
     const auto code = [&] {
         const TimerPause pause(*this);
-        return commands_.Edit(row);
+        return commands_.Edit(*event);
     }();
     if (code) Refill(code);
 }
 
 void frmMain::cmdPush_Click() {
-    const int row = CommandRow();
-    if (row < 0) return;
-    if (const auto code = commands_.Push(row)) Refill(code);
+    const auto event = CommandEvent();
+    if (!event) return;
+    if (const auto code = commands_.Push(*event)) Refill(code);
 }
 
 void frmMain::cmdDelete_Click() {
+    const std::vector<EventRef> events = SelectedEvents();
+    if (events.empty()) return;
     const int row = NeighbourOfSelection();
     const std::optional<EventList::Key> neighbour = row < 0 ? std::nullopt : std::optional(list_.KeyOf(row));
-    if (!commands_.Delete(ListEvents().Selection())) return;
+    if (!commands_.Delete(events, list_.CellText(SelectedRow(), kEventColumn))) return;
     Refill(std::nullopt);
     if (neighbour && !unloaded_) SelectOnly({*neighbour}, neighbour);
 }
 
 void frmMain::mnuShareWith_Click() {
-    const int row = CommandRow();
-    if (row < 0) return;
+    const auto event = CommandEvent();
+    if (!event) return;
+    const std::vector<EventRef> others = SelectedEvents();
     const auto code = [&] {
         const TimerPause pause(*this);
-        return commands_.ShareWith(row, ListEvents().Selection());
+        return commands_.ShareWith(*event, others);
     }();
     if (code) Refill(code);
 }

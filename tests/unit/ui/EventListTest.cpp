@@ -21,7 +21,7 @@ EventRows Rows(const std::vector<Sample>& samples) {
         cells[kLeftColumn] = samples[i].left;
         cells[kEventColumn] = samples[i].event;
         cells[kTypeColumn] = samples[i].type;
-        rows.Add(cells, "10000" + std::to_string(i), EventSource::Local);
+        rows.Add(cells, "10000" + std::to_string(i), EventSource::Local, EventType::Own);
     }
     return rows;
 }

@@ -1,0 +1,119 @@
+#include "commands/EventCommands.h"
+
+#include "base/RuntimeError.h"
+#include "platform/Dialogs.h"
+
+namespace kaz {
+
+namespace {
+
+constexpr std::string_view kReallyDelete = "Are you sure you want to delete the selected event(s)?";
+
+// A box of a whole page would push its buttons off the screen.
+std::string Beginning(std::string_view text) {
+    constexpr std::size_t kLongest = 200;
+    std::string beginning(text.substr(0, kLongest));
+    return text.size() <= kLongest ? beginning : beginning + "...";
+}
+
+}  // namespace
+
+std::optional<std::string> EventCommands::Add() {
+    clsEvent event;
+    if (!editor_(event, EditMode::Whole)) return std::nullopt;
+    return Operations().AddEvent(std::move(event));
+}
+
+std::optional<std::string> EventCommands::Edit(const EventRef& event, EditMode mode) {
+    if (Refuses(event, "edit") || event.code.empty()) return std::nullopt;
+    EventOperations operations = Operations();
+    const bool expired = event.source == EventSource::Expired;
+    const clsEvent* found = operations.Read(event.code, expired);
+    if (!found) return std::nullopt;
+    if (operations.IsOthers(*found)) {
+        RefuseOwners(*found, " can edit it");
+        return std::nullopt;
+    }
+    EventEdit edit{*found, *found, expired, mode};
+    if (!editor_(edit.after, mode)) return std::nullopt;
+    if (operations.EditEvent(edit) == EditResult::Stored) return event.code;
+    const bool keep = app_.platform.dialogs.AskYesNo(
+        "This event was deleted or moved while you were editing it.\r\nDo you want to keep your version as a "
+        "new event?");
+    if (!keep) return std::nullopt;
+    operations.EditEvent(edit, true);
+    return event.code;
+}
+
+std::optional<std::string> EventCommands::Push(const EventRef& event) {
+    if (Refuses(event, "push") || event.type == EventType::Past) return std::nullopt;
+    Operations().PushEvent(event.code, false);
+    return event.code;
+}
+
+bool EventCommands::Delete(const std::vector<EventRef>& events, std::string_view what) {
+    if (events.empty()) return false;
+    // What is deleted by a key pressed too much, or because another row is selected than the user thinks, is
+    // seen here.
+    const bool several = events.size() > 1;
+    const std::string named = several ? std::to_string(events.size()) + " events" : Beginning(what);
+    Dialogs& dialogs = app_.platform.dialogs;
+    if (!dialogs.AskYesNo(std::string(kReallyDelete) + "\r\n" + named,
+                          several ? Dialogs::Default::No : Dialogs::Default::Yes))
+        return false;
+
+    std::vector<std::string> current;
+    std::vector<std::string> expired;
+    bool refused = false;
+    for (const EventRef& event : events) {
+        if (event.IsForeign())
+            refused = true;
+        else
+            (event.source == EventSource::Expired ? expired : current).push_back(event.code);
+    }
+    EventOperations operations = Operations();
+    for (const clsEvent& event : operations.DeleteEvents(current))
+        RefuseOwners(event, " can delete it.");
+    operations.DeleteExpiredEvents(expired);
+    if (refused) dialogs.Message("You can't delete events belonging to another user");
+    return true;
+}
+
+std::optional<std::string> EventCommands::ShareWith(const EventRef& event,
+                                                    const std::vector<EventRef>& others) {
+    auto edited = Edit(event, EditMode::SharingOnly);
+    const clsEvent* found = edited ? app_.events->ReadEvent(*edited) : nullptr;
+    if (!found) return edited;
+    const clsEvent model = *found;
+    bool changed = false;
+    for (const EventRef& other : others) {
+        if (other.source != EventSource::Local || other.IsForeign() || other.code == event.code) continue;
+        const clsEvent* shared = app_.events->ReadEvent(other.code);
+        if (!shared) continue;
+        clsEvent copy = *shared;
+        copy.ShareLike(model);
+        app_.events->StoreRecord(std::move(copy));
+        changed = true;
+    }
+    if (changed) app_.events->SaveDB();
+    return edited;
+}
+
+bool EventCommands::Refuses(const EventRef& event, const char* what) {
+    if (!event.IsForeign()) return false;
+    app_.platform.dialogs.Message("You can't " + std::string(what) +
+                                  " a shared item belonging to someone else");
+    return true;
+}
+
+void EventCommands::RefuseOwners(const clsEvent& event, const std::string& what) {
+    app_.platform.dialogs.Message("You're not the owner of this event.  Only " + event.Owner() + what);
+}
+
+EventOperations EventCommands::Operations() {
+    if (!app_.events || !app_.expired)
+        throw RuntimeError(ErrorNumber::InternalError, "The event files could not be opened");
+    return EventOperations({*app_.events, *app_.expired, app_.settings, app_.platform.clock, app_.log});
+}
+
+}  // namespace kaz

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "core/Application.h"
+#include "storage/EventOperations.h"
+#include "storage/VisibleEvents.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kaz {
+
+// An event that a window shows, for as long as its code means it.
+struct EventRef {
+    std::string code;
+    EventSource source;
+    EventType type;
+
+    // The event of somebody else, whether it has expired or not.
+    bool IsForeign() const { return type == EventType::Foreign || source == EventSource::Shared; }
+};
+
+// What the user does to events, with the questions and the refusals. What belongs to other users is refused
+// with a message, and nothing is changed then.
+class EventCommands {
+public:
+    // Lets the user change the event in a dialog. True when he saved; else the event is as it was.
+    using Editor = std::function<bool(clsEvent& event, EditMode mode)>;
+
+    EventCommands(Application& application, Editor editor) : app_(application), editor_(std::move(editor)) {}
+
+    // The code of the new event; nothing when the user gave up.
+    std::optional<std::string> Add();
+    // The code of the edited event; nothing when it was not stored.
+    std::optional<std::string> Edit(const EventRef& event) { return Edit(event, EditMode::Whole); }
+    // The code of the event when it was there to be pushed.
+    std::optional<std::string> Push(const EventRef& event);
+    // Asks first; `what` is the text of the event when it is only one. False when the answer was No.
+    bool Delete(const std::vector<EventRef>& events, std::string_view what);
+    // Lets the user choose with whom the event is shared, and shares the others, which may hold it too,
+    // alike.
+    std::optional<std::string> ShareWith(const EventRef& event, const std::vector<EventRef>& others);
+
+private:
+    std::optional<std::string> Edit(const EventRef& event, EditMode mode);
+    // `what` is what can't be done.
+    bool Refuses(const EventRef& event, const char* what);
+    void RefuseOwners(const clsEvent& event, const std::string& what);
+    EventOperations Operations();
+
+    Application& app_;
+    Editor editor_;
+};
+
+}  // namespace kaz
