@@ -1,22 +1,20 @@
 #include "ui/main/frmMain.h"
 
+#include "core/Backup.h"
 #include "core/DataWatch.h"
+#include "core/Links.h"
+#include "platform/Clock.h"
 #include "platform/Dialogs.h"
+#include "platform/Files.h"
 #include "platform/MessagePump.h"
+#include "support/Names.h"
 #include "ui/list/EventListFill.h"
 #include "ui/main/MainToolbar.h"
 
-#include <algorithm>
-#include <numeric>
-#include <set>
 #include <utility>
 #include <vector>
 
 namespace kaz {
-
-namespace {
-constexpr int kLastRememberedRow = 65533;
-}
 
 frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, MainWindowEvents& owner,
                  MainDialogs dialogs)
@@ -24,21 +22,29 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
       app_(application),
       owner_(owner),
       dialogs_(std::move(dialogs)),
-      list_(application.platform.locale),
+      list_(this->window(), IDC_ListEvents, application.platform.locale),
       commands_(application, dialogs_.editor),
       size_(this->window(), application.settings),
-      bar_(this->window(), application.health) {
+      bar_(this->window(), application.health),
+      tray_(this->window(), application, [this] { BringForward(); }),
+      clock_(application, {this->window(), IDT_TimerRefresh}, {this->window(), IDT_TimerAlarms},
+             {[this] { FillEvents(Category()); }, [this] { RefillKeepingSelection(); },
+              [this] {
+                  // The window has been painted and the reminders are up: while the user logs on, the shell
+                  // can take seconds to answer.
+                  if (!tray_.IsShown()) tray_.Show();
+              }}) {
     On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
     On(0, Raised::CloseBox, "Form_QueryUnload", &frmMain::Form_QueryUnload);
     On(0, Raised::SessionEnd, "Form_QueryUnload", &frmMain::Form_SessionEnd);
-    On(0, Raised::Resumed, "TimerRefresh_Timer", &frmMain::ClockMoved);
-    On(0, Raised::ClockChanged, "TimerRefresh_Timer", &frmMain::ClockMoved);
+    for (const auto what : {Raised::Resumed, Raised::ClockChanged})
+        On(0, what, "TimerRefresh_Timer", [this] { clock_.ClockMoved(); });
     for (const auto what : {Raised::Resize, Raised::DpiChanged})
         On(0, what, "PlaceHealthBar", [this] { bar_.Place(); });
     for (int button = 0; button < HealthBar::kButtons; ++button)
         On(IDC_cmdHealth + button, Raised::Click, "cmdHealth_Click", [this, button] {
             bar_.Press(button);
-            TickSoon();  // what it did to the events is shown at once
+            clock_.TickSoon();  // what it did to the events is shown at once
         });
     On(IDC_cmdHealthNext, Raised::Click, "cmdHealthNext_Click", [this] { bar_.Next(); });
     On(IDC_ListEvents, Raised::ColumnClick, "ListEvents_ColumnClick", &frmMain::ListEvents_ColumnClick);
@@ -47,22 +53,19 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(IDC_cmbCategories, Raised::Select, "cmbCategories_Click", &frmMain::cmbCategories_Click);
     On(IDM_FIND, Raised::Click, "mnuFind_Click", &frmMain::mnuFind_Click);
     On(IDM_FINDNEXT, Raised::Click, "mnuFind_Click", &frmMain::mnuFindNext_Click);
-    On(IDM_SELECTALL, Raised::Click, "mnuSelectAll_Click", &frmMain::mnuSelectAll_Click);
-    On(IDT_TimerRefresh, Raised::Timer, "TimerRefresh_Timer", &frmMain::TimerRefresh_Timer);
-    On(IDT_TimerAlarms, Raised::Timer, "TimerAlarms_Timer", &frmMain::TimerAlarms_Timer);
+    On(IDM_SELECTALL, Raised::Click, "mnuSelectAll_Click", [this] { list_.SelectAll(); });
+    On(IDT_TimerRefresh, Raised::Timer, "TimerRefresh_Timer", [this] { clock_.Tick(); });
+    On(IDT_TimerAlarms, Raised::Timer, "TimerAlarms_Timer", [this] { clock_.TickForAlarms(); });
+    On(0, Raised::TrayMouse, "Form_MouseMove", &frmMain::Form_MouseMove);
+    On(0, Raised::TrayLost, "ShowIconInTray", [this] { tray_.ShowAgain(); });
     NameCommands();
-    NameTrayEvents();
 }
 
 void frmMain::Form_Load() {
     ErrorTrap trap(errors(), "Form_Load", Name());
     loading_ = true;
     trap([&] { window().SetToolbar(IDC_Toolbar1, MainToolbar()); });
-    trap([&] {
-        ListEvents().SetColumns(EventList::Columns());
-        ListEvents().SetRows(&list_);
-        ListEvents().ShowSortMark(list_.SortColumn(), list_.Ascending());
-    });
+    trap([&] { list_.Prepare(); });
     trap([&] { FillCategories(); });
     trap([&] {
         app_.health.OnChange([this] { ShowHealth(); });
@@ -74,13 +77,13 @@ void frmMain::Form_Load() {
     trap([&] { size_.Restore(); });
     trap([&] { window().AskForResumes(); });
     loading_ = false;
-    TickSoon();
+    clock_.TickSoon();
 }
 
 void frmMain::ShowHealth() {
     ErrorTrap trap(app_.log, "ShowHealth", Name());
     trap([&] { bar_.Show(); });
-    trap([&] { RenewTrayTip(); });
+    trap([&] { tray_.Renew(); });
 }
 
 void frmMain::FillCategories() {
@@ -98,9 +101,7 @@ void frmMain::FillCategories() {
 
 void frmMain::FillEvents(std::int16_t category) {
     ErrorTrap trap(errors(), "FillEvents", Name());
-    // Kept on purpose: the place in the list is remembered, not the event; beyond this bound it is the first
-    // row.
-    const int remembered = SelectedRow();
+    const int place = list_.SelectedRow();
     // Filled aside, so that whatever is painted meanwhile still finds the old rows whole.
     EventListFill fill(app_);
     trap([&] { fill.AddLocal(category); });
@@ -110,25 +111,15 @@ void frmMain::FillEvents(std::int16_t category) {
     });
     trap([&] { list_.Show(fill.TakeRows()); });
     SetColours();
-    trap([&] { RenewTrayTip(); });
-    trap([&] { WaitForAlarms(); });
-    ListEvents().ClearSelection();
+    trap([&] { tray_.Renew(); });
+    trap([&] { clock_.WaitForAlarms(); });
     app_.log.LogEvent("Selecting current event");
-    if (list_.RowCount() == 0) return;
-    const bool there = remembered >= 0 && remembered <= kLastRememberedRow && remembered < list_.RowCount();
-    ListEvents().Select(there ? remembered : 0);
+    list_.SelectPlace(place);
 }
-
-void frmMain::SetColours() { ListEvents().Refresh(); }
 
 std::int16_t frmMain::Category() const {
     const int selected = cmbCategories.Selected();
     return selected < 0 ? clsLayers::kAll : static_cast<std::int16_t>(selected);
-}
-
-int frmMain::SelectedRow() const {
-    const std::vector<int> rows = ListEvents().Selection();
-    return rows.empty() ? -1 : rows.front();
 }
 
 void frmMain::chkExpired_Click() { FillEvents(Category()); }
@@ -137,110 +128,32 @@ void frmMain::cmbCategories_Click() {
     if (!loading_) FillEvents(Category());
 }
 
-void frmMain::ListEvents_ColumnClick(int column) {
-    // The list on the screen marks rows by their place only, so the marks have to move along with the events.
-    const std::vector<int> marked = ListEvents().Selection();
-    const int current = ListEvents().Current();
-    std::vector<bool> isMarked(static_cast<std::size_t>(list_.RowCount()));
-    for (const int row : marked)
-        isMarked.at(list_.Identity(row)) = true;
-    const auto currentIdentity = current < 0 ? 0 : list_.Identity(current);
-
-    list_.SortBy(column);
-    ListEvents().ShowSortMark(list_.SortColumn(), list_.Ascending());
-    SetColours();
-    if (marked.empty()) return;
-    std::vector<int> moved;
-    int newCurrent = -1;
-    for (int row = 0; row < list_.RowCount(); ++row) {
-        if (!isMarked[list_.Identity(row)]) continue;
-        moved.push_back(row);
-        if (current >= 0 && list_.Identity(row) == currentIdentity) newCurrent = row;
-    }
-    ListEvents().SetSelection(moved);
-    if (newCurrent >= 0) ListEvents().Select(newCurrent);
-}
-
-int frmMain::CommandRow() const {
-    const std::vector<int> rows = ListEvents().Selection();
-    const int current = ListEvents().Current();
-    const bool isSelected = std::find(rows.begin(), rows.end(), current) != rows.end();
-    if (isSelected) return current;
-    return rows.empty() ? -1 : rows.front();
-}
-
-std::optional<EventRef> frmMain::CommandEvent() const {
-    const int row = CommandRow();
-    return row < 0 ? std::nullopt : std::optional(list_.RefOf(row));
-}
-
-std::vector<EventRef> frmMain::SelectedEvents() const {
-    std::vector<EventRef> events;
-    for (const int row : ListEvents().Selection())
-        events.push_back(list_.RefOf(row));
-    return events;
-}
-
 void frmMain::Refill(const std::optional<std::string>& code) {
     if (unloaded_) return;
     app_.dataWatch->Tell();
     if (IsHeldUp()) return;
     FillEvents(Category());
     owner_.fMain_Rescan();
-    const auto row = code ? list_.RowOf(*code, EventSource::Local) : std::nullopt;
-    if (!row) return;
-    ListEvents().ClearSelection();
-    ListEvents().Select(*row);
+    if (code) list_.SelectOwn(*code);
 }
 
 // A list that is filled behind a dialog would change under it.
 bool frmMain::IsHeldUp() {
-    app_.mainListIsStale = pauses_ > 0;
-    if (app_.mainListIsStale) RenewTrayTip();
+    app_.mainListIsStale = clock_.IsPaused();
+    if (app_.mainListIsStale) tray_.Renew();
     return app_.mainListIsStale;
 }
 
 void frmMain::RefillKeepingSelection() {
     if (unloaded_ || IsHeldUp()) return;
-    std::vector<EventList::Key> selected;
-    for (const int row : ListEvents().Selection())
-        selected.push_back(list_.KeyOf(row));
-    const int row = CommandRow();
-    const std::optional<EventList::Key> current = row < 0 ? std::nullopt : std::optional(list_.KeyOf(row));
+    const EventListView::Kept kept = list_.Keep();
     FillEvents(Category());
-    SelectOnly(selected, current);
+    list_.SelectAgain(kept);
     owner_.fMain_Rescan();
 }
 
-// Events that have gone are left out; without any, the selection is what it was.
-void frmMain::SelectOnly(const std::vector<EventList::Key>& events,
-                         const std::optional<EventList::Key>& current) {
-    const std::set<EventList::Key> wanted(events.begin(), events.end());
-    std::vector<int> rows;
-    int currentRow = -1;
-    for (int row = 0; !wanted.empty() && row < list_.RowCount(); ++row) {
-        const EventList::Key key = list_.KeyOf(row);
-        if (!wanted.contains(key)) continue;
-        rows.push_back(row);
-        if (key == current) currentRow = row;
-    }
-    if (rows.empty()) return;
-    ListEvents().SetSelection(rows);
-    ListEvents().Select(currentRow < 0 ? rows.front() : currentRow);
-}
-
-int frmMain::NeighbourOfSelection() const {
-    const std::vector<int> rows = ListEvents().Selection();
-    if (rows.empty()) return -1;
-    const std::set<int> selected(rows.begin(), rows.end());
-    const int first = *selected.begin();
-    for (int row = first; row < list_.RowCount(); ++row)
-        if (!selected.contains(row)) return row;
-    return first - 1;
-}
-
 void frmMain::ListEvents_MouseUp() {
-    if (SelectedRow() >= 0) window().ShowMenu(IDR_MENU_LIST);
+    if (list_.SelectedRow() >= 0) window().ShowMenu(IDR_MENU_LIST);
 }
 
 void frmMain::mnuFind_Click() {
@@ -248,7 +161,7 @@ void frmMain::mnuFind_Click() {
 }
 
 void frmMain::mnuFindNext_Click() {
-    if (!searchTerm_.empty() || AskForTerm()) Search(SelectedRow() + 1);
+    if (!searchTerm_.empty() || AskForTerm()) Search(list_.SelectedRow() + 1);
 }
 
 bool frmMain::AskForTerm() {
@@ -259,19 +172,9 @@ bool frmMain::AskForTerm() {
 }
 
 void frmMain::Search(int from) {
-    if (const auto row = list_.Find(searchTerm_, from)) {
-        ListEvents().ClearSelection();
-        ListEvents().Select(*row);
-        return;
-    }
+    if (list_.Find(searchTerm_, from)) return;
     const std::string further = from > 0 ? "further " : "";
     app_.platform.dialogs.Message("No " + further + "event contains \"" + searchTerm_ + "\".");
-}
-
-void frmMain::mnuSelectAll_Click() {
-    std::vector<int> rows(static_cast<std::size_t>(list_.RowCount()));
-    std::iota(rows.begin(), rows.end(), 0);
-    ListEvents().SetSelection(rows);
 }
 
 void frmMain::ShowWindow() { window().Show(Activation::TakeFocus); }
@@ -310,11 +213,176 @@ void frmMain::Unload() { app_.openWindows.Unload(*this); }
 void frmMain::Form_Unload() {
     unloaded_ = true;
     app_.health.OnChange({});
-    TimerRefresh.Stop();
-    TimerAlarms.Stop();
-    window().HideTrayIcon();
+    clock_.Stop();
+    tray_.Hide();
     size_.Save();
     window().Hide();
+}
+
+void frmMain::NameCommands() {
+    const struct {
+        int command;
+        const char* procedure;
+        void (frmMain::*handler)();
+    } commands[] = {
+        {IDM_EXIT, "Toolbar1_ButtonClick", &frmMain::cmdExit_Click},
+        {IDM_ADD, "Toolbar1_ButtonClick", &frmMain::cmdAdd_Click},
+        {IDM_EDIT, "EditEvent", &frmMain::cmdEdit_Click},
+        {IDM_PUSH, "PushEvent", &frmMain::cmdPush_Click},
+        {IDM_DELETE, "DeleteEvents", &frmMain::cmdDelete_Click},
+        {IDM_TASKLIST, "Toolbar1_ButtonClick", &frmMain::cmdTaskList_Click},
+        {IDM_MONTHVIEW, "Toolbar1_ButtonClick", &frmMain::cmdMonthView_Click},
+        {IDM_EDITLAYERS, "Toolbar1_ButtonClick", &frmMain::cmdEditLayers_Click},
+        {IDM_OPTIONS, "Toolbar1_ButtonClick", &frmMain::cmdOptions_Click},
+        {IDM_REFRESH, "Toolbar1_ButtonClick", &frmMain::cmdRefresh_Click},
+        {IDM_LOG, "ShowLog", &frmMain::cmdLog_Click},
+        {IDM_HELPMENU, "Toolbar1_ButtonClick", &frmMain::cmdHelp_Click},
+        {IDM_SHAREWITH, "mnuShareWith_Click", &frmMain::mnuShareWith_Click},
+        {IDM_SETTINGS, "mnuSettings_Click", &frmMain::EditOptions},
+        {IDM_BACKUP, "mnuBackup_Click", &frmMain::mnuBackup_Click},
+        {IDM_VIEWBACKUPS, "mnuViewBackups_Click", &frmMain::mnuViewBackups_Click},
+        {IDM_CHECKFORUPDATE, "mnuCheckForUpdate_Click", &frmMain::mnuCheckForUpdate_Click},
+        {IDM_HELP, "mnuHelp_Click", &frmMain::mnuHelp_Click},
+        {IDM_ABOUT, "mnuAbout_Click", &frmMain::mnuAbout_Click},
+        {IDM_SHOW, "mnuShow_Click", &frmMain::mnuShow_Click},
+        {IDM_QUIT, "mnuExit_Click", &frmMain::mnuExit_Click},
+    };
+    for (const auto& entry : commands)
+        On(entry.command, Raised::Click, entry.procedure, entry.handler);
+    On(IDC_ListEvents, Raised::DoubleClick, "ListEvents_DblClick", &frmMain::cmdEdit_Click);
+}
+
+void frmMain::cmdExit_Click() {
+    if (MayEnd()) owner_.fMain_ShutDownKAZ();
+}
+
+void frmMain::cmdAdd_Click() {
+    if (const auto code = commands_.Add()) Refill(code);
+}
+
+void frmMain::cmdEdit_Click() {
+    const auto event = list_.Current();
+    if (!event) return;
+    const auto code = [&] {
+        const ReminderClock::Pause pause(clock_);
+        return commands_.Edit(*event);
+    }();
+    if (code) Refill(code);
+}
+
+void frmMain::cmdPush_Click() {
+    const auto event = list_.Current();
+    if (!event) return;
+    if (const auto code = commands_.Push(*event)) Refill(code);
+}
+
+void frmMain::cmdDelete_Click() {
+    const std::vector<EventRef> events = list_.Selected();
+    if (events.empty()) return;
+    const auto neighbour = list_.Neighbour();
+    if (!commands_.Delete(events, list_.Description(list_.SelectedRow()))) return;
+    Refill(std::nullopt);
+    if (neighbour && !unloaded_) list_.SelectAgain({{*neighbour}, neighbour});
+}
+
+void frmMain::mnuShareWith_Click() {
+    const auto event = list_.Current();
+    if (!event) return;
+    const std::vector<EventRef> others = list_.Selected();
+    const auto code = [&] {
+        const ReminderClock::Pause pause(clock_);
+        return commands_.ShareWith(*event, others);
+    }();
+    if (code) Refill(code);
+}
+
+void frmMain::cmdMonthView_Click() {
+    const CivilDate today = app_.platform.clock.Today().Civil();
+    dialogs_.month(today.month, today.year);
+}
+
+void frmMain::cmdEditLayers_Click() {
+    dialogs_.categories();
+    if (unloaded_) return;
+    app_.dataWatch->Tell();
+    FillCategories();
+    FillEvents(Category());
+}
+
+void frmMain::cmdOptions_Click() { window().ShowMenuUnder(IDC_Toolbar1, IDM_OPTIONS, IDR_MENU_SETTINGS); }
+
+void frmMain::cmdHelp_Click() { window().ShowMenuUnder(IDC_Toolbar1, IDM_HELPMENU, IDR_MENU_HELP); }
+
+void frmMain::EditOptions() {
+    {
+        const ReminderClock::Pause pause(clock_);
+        dialogs_.options();
+        if (!unloaded_) app_.ReopenDatabases();
+    }
+    if (!unloaded_) Refill(std::nullopt);
+}
+
+// Kept on purpose: this is the log's default name, not the one that the program writes, so there is something
+// to see only where a log of that name exists.
+void frmMain::cmdLog_Click() {
+    const std::string fileName = JoinPath(app_.runtimePath, cSharedLogging::kDefaultName);
+    if (FileExists(app_.platform.files, fileName))
+        OpenForUser(app_.platform, fileName);
+    else
+        app_.platform.dialogs.Message("There is no log \"" + fileName + "\".\r\nThis session's log is \"" +
+                                      app_.log.CurrentLogFilename() + "\".");
+}
+
+void frmMain::mnuBackup_Click() {
+    Dialogs& dialogs = app_.platform.dialogs;
+    if (!MakeAutoBackup(app_, "Manual")) {
+        dialogs.Message("Backup failed.");
+        return;
+    }
+    const std::string folder = JoinPath(app_.runtimePath, kBackupFolder);
+    const bool inDataPath = JoinPath(app_.DataPath(), kBackupFolder) == folder;
+    if (dialogs.AskYesNo("Backup complete. Your files were zipped to the AutoBackups folder in " +
+                         app_.DataPath() + "\r\nWould you like to open this folder now?" +
+                         (inDataPath ? "" : "\r\n(The archive is in " + folder + ")")))
+        OpenForUser(app_.platform, folder);
+}
+
+// Archives are made beside the program's files, which need not be where the data are.
+void frmMain::mnuViewBackups_Click() {
+    const std::string ofData = JoinPath(app_.DataPath(), kBackupFolder);
+    const bool isThere = FolderExists(app_.platform.files, ofData);
+    OpenForUser(app_.platform, isThere ? ofData : JoinPath(app_.runtimePath, kBackupFolder));
+}
+
+void frmMain::mnuCheckForUpdate_Click() { ShowUpdatePage(app_.platform); }
+
+void frmMain::mnuHelp_Click() { ShowHelp(app_.platform); }
+
+// Kept on purpose: this ends the program by itself, while the toolbar's button only asks the host to do so.
+void frmMain::mnuExit_Click() {
+    // What the user is just typing in a dialog would be lost.
+    if (IsBlocked())
+        BringForward();
+    else if (MayEnd())
+        app_.EndProgram();
+}
+
+bool frmMain::MayEnd() {
+    DataWatch& watch = *app_.dataWatch;
+    if (watch.IsAllSaved()) return true;
+    watch.TryAgain();
+    while (!unloaded_ && !watch.IsAllSaved()) {
+        switch (dialogs_.unsaved(watch.Sentence())) {
+        case UnsavedAnswer::TryAgain: watch.TryAgain(); break;
+        case UnsavedAnswer::SaveCopy:
+            if (!watch.SaveCopy()) break;
+            // The copy is the user's to keep; the next start takes over what it holds all the same.
+            return true;
+        case UnsavedAnswer::Lose: watch.GiveUp(); return true;
+        case UnsavedAnswer::Cancel: return false;
+        }
+    }
+    return !unloaded_;
 }
 
 }  // namespace kaz

@@ -1,13 +1,35 @@
-#include "ui/main/TrayTip.h"
+#include "ui/main/TrayPresence.h"
 
+#include "base/ErrorTrap.h"
 #include "base/Text.h"
 #include "platform/Clock.h"
+#include "resources/resource.h"
 #include "storage/VisibleEvents.h"
 #include "support/Names.h"
+
+#include <cstdio>
+#include <utility>
 
 namespace kaz {
 
 namespace {
+
+// The codes of the system's mouse messages.
+enum MouseMessage {
+    kMove = 0x200,
+    kLeftDown = 0x201,
+    kLeftUp = 0x202,
+    kLeftDouble = 0x203,
+    kRightDown = 0x204,
+    kRightUp = 0x205,
+    kRightDouble = 0x206,
+};
+
+std::string Hexadecimal(int code) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%X", static_cast<unsigned>(code));
+    return text;
+}
 
 constexpr std::size_t kLongestTip = 127;
 constexpr std::string_view kDots = "...";
@@ -24,9 +46,7 @@ std::string DueToday(const Application& application) {
     return name + " - " + std::to_string(count) + (count == 1 ? " event" : " events") + " due today";
 }
 
-}  // namespace
-
-std::string TrayTip(const Application& application) {
+std::string TipOf(const Application& application) {
     std::string due = DueToday(application);
     const auto& notices = application.health.Notices();
     if (notices.empty()) return due;
@@ -36,9 +56,39 @@ std::string TrayTip(const Application& application) {
     return text.append(kLineBreak).append(due);
 }
 
-bool TrayWarns(const Application& application) {
+bool WarnsOf(const Application& application) {
     const auto& notices = application.health.Notices();
     return !notices.empty() && notices.front().weight != Health::Weight::Note;
+}
+
+}  // namespace
+
+void TrayPresence::Show() {
+    tip_ = TipOf(app_);
+    warns_ = WarnsOf(app_);
+    ShowAgain();
+}
+
+void TrayPresence::Renew() {
+    if (IsShown() && (TipOf(app_) != tip_ || WarnsOf(app_) != warns_)) Show();
+}
+
+void TrayPresence::ShowAgain() {
+    ErrorTrap trap(app_.log, "ShowIconInTray", "frmMain");
+    trap([&] { window_.ShowTrayIcon(tip_, warns_); });
+}
+
+void TrayPresence::OnMouse(int mouseMessage) {
+    switch (mouseMessage) {
+    case kLeftDown: clicked_(); break;
+    case kRightDown: window_.ShowMenu(IDR_MENU_TRAY); break;
+    case kMove:
+    case kLeftUp:
+    case kLeftDouble:
+    case kRightUp:
+    case kRightDouble: break;
+    default: app_.log.LogEvent("&H" + Hexadecimal(mouseMessage) + " in 'mousemove' untrapped");
+    }
 }
 
 }  // namespace kaz

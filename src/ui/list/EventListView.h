@@ -1,0 +1,67 @@
+#pragma once
+
+#include "commands/EventCommands.h"
+#include "forms/ReportList.h"
+#include "ui/list/EventList.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kaz {
+
+// The list of events as it stands on the window: what is selected in it outlives a sorting and a filling.
+class EventListView {
+public:
+    // `control` is a report list of the window.
+    EventListView(Window& window, int control, const Locale& locale)
+        : window_(window),
+          control_(control),
+          list_(locale) {}
+
+    // Once the window is there.
+    void Prepare();
+    // Takes the place of all rows; nothing is selected then.
+    void Show(EventRows rows);
+    // Colours follow from the Type column; repaints the list with them.
+    void SetColours() { Report().Refresh(); }
+    // Selects the row at that place, the first one where there is none so far down.
+    void SelectPlace(int place);
+    // The first selected row, -1 when there is none.
+    int SelectedRow() const;
+
+    // The event that a command for one event is about.
+    std::optional<EventRef> Current() const;
+    std::vector<EventRef> Selected() const;
+    std::string_view Description(int row) const { return list_.CellText(row, kEventColumn); }
+    void SelectAll();
+    // Selects that event alone, when it is there.
+    void SelectOwn(const std::string& code);
+
+    struct Kept {
+        std::vector<EventList::Key> events;
+        std::optional<EventList::Key> current;
+    };
+    // What is selected, to be selected again after a filling wherever it stands then. Events that have gone
+    // are left out; without any, the selection stays what it is.
+    Kept Keep() const;
+    void SelectAgain(const Kept& kept);
+    // The first row behind the selected ones that is not selected itself, else the last before them; nothing
+    // when all are selected.
+    std::optional<EventList::Key> Neighbour() const;
+
+    void SortBy(int column);
+    // Selects the next row from that one on whose description contains the term; false when there is none.
+    bool Find(const std::string& term, int from);
+
+private:
+    ReportList& Report() const { return window_.Report(control_); }
+    int CurrentRow() const;
+
+    Window& window_;
+    int control_;
+    EventList list_;
+};
+
+}  // namespace kaz

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "core/Application.h"
+#include "forms/Window.h"
+
+#include <functional>
+#include <string>
+
+namespace kaz {
+
+// The program in the tray: an icon, with a sign when there is something to warn of, and a tip that says first
+// what the user has to know most, as far as there is room, then the program's name and how many events are
+// due today, other users' included.
+class TrayPresence {
+public:
+    // `clicked` brings the window forward.
+    TrayPresence(Window& window, Application& application, std::function<void()> clicked)
+        : window_(window),
+          app_(application),
+          clicked_(std::move(clicked)) {}
+
+    bool IsShown() const { return !tip_.empty(); }
+    void Show();
+    // Shows the icon anew where its tip or its sign has changed.
+    void Renew();
+    // After the shell has lost it.
+    void ShowAgain();
+    void Hide() { window_.HideTrayIcon(); }
+    void OnMouse(int mouseMessage);
+
+private:
+    Window& window_;
+    Application& app_;
+    std::function<void()> clicked_;
+    std::string tip_;
+    bool warns_ = false;
+};
+
+}  // namespace kaz
