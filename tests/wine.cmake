@@ -4,8 +4,8 @@
 # - "host" runs with a clock that it can move;
 # - a file wine/<name>/locales names locales, one a line (de_DE.UTF-8), under each of which the program runs once more.
 
-file(GLOB rc CONFIGURE_DEPENDS forms/win32/*.rc)
-kaz_test_resources(form_tests ${rc})
+kaz_test_resources(form_tests forms/win32/forms.rc)
+kaz_test_resources(soak_tests soak/win32/soak.rc)
 set_tests_properties(form_tests PROPERTIES TIMEOUT 120)
 
 file(GLOB names RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}/wine CONFIGURE_DEPENDS wine/*)

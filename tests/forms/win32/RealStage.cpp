@@ -168,6 +168,7 @@ private:
     }
 
     std::unique_ptr<Window> Create(int dialog) override {
+        std::erase_if(made_, [](const auto& made) { return !DialogWindow::Of(made.second); });
         auto window = factory_.Create(dialog);
         made_.emplace_back(dialog, HandleOf(*window));
         return window;

@@ -1,4 +1,10 @@
-#include "ProcessCounts.h"
+#include "../SoakMachine.h"
+
+#include "../../forms/win32/RealWindow.h"
+#include "fakes/TestFolder.h"
+#include "forms/win32/Win32Platform.h"
+#include "platform/Clock.h"
+#include "resources/resource.h"
 
 #include <windows.h>
 #include <winternl.h>
@@ -62,20 +68,47 @@ std::size_t HeapBytes() {
     return bytes;
 }
 
+// The system's time, set forward as far as the test wants.
+class ShiftedClock : public Clock {
+public:
+    DateValue Now() const override { return clock_.Now().PlusMinutes(minutes); }
+    double SecondsSinceMidnight() const override { return Now().SecondOfDay(); }
+    int minutes = 0;
+
+private:
+    Win32Clock clock_;
+};
+
+class RealMachine : public SoakMachine {
+public:
+    Platform Services() override {
+        Platform real = machine_.Services();
+        return {clock_,      real.dialogs, real.files, real.locale, stage->Pump(),    real.printer,
+                real.random, real.shell,   real.sound, real.system, stage->Windows(), real.zip};
+    }
+    std::string Folder() const override { return folder_.Path().string(); }
+    void PassAnHour() override { clock_.minutes += 60 - clock_.Now().SecondOfDay() / 60 % 60; }
+    int Rounds() const override { return 3; }
+    std::map<std::string, Count> Counts() override {
+        // Where the pointer stands is chance: the main window makes its tooltips now, if it has not yet.
+        const HWND main = HandleOf(*stage->Find(IDD_MAIN));
+        SendMessageW(main, WM_SETCURSOR, reinterpret_cast<WPARAM>(main), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        std::size_t windows = 0;
+        EnumThreadWindows(GetCurrentThreadId(), CountWithControls, reinterpret_cast<LPARAM>(&windows));
+        return {{"windows", {windows, 0}},
+                {"handles", {Handles(), 2}},
+                {"GDI objects", {GdiObjects(), 2}},
+                {"bytes in heaps", {HeapBytes(), 32768}}};
+    }
+
+private:
+    TestFolder folder_;
+    Win32Platform machine_{GetModuleHandleW(nullptr)};
+    ShiftedClock clock_;
+};
+
 }  // namespace
 
-ProcessCounts CountNow() {
-    ProcessCounts counts;
-    counts.heapBytes = HeapBytes();
-    counts.handles = Handles();
-    counts.gdiObjects = GdiObjects();
-    EnumThreadWindows(GetCurrentThreadId(), CountWithControls, reinterpret_cast<LPARAM>(&counts.windows));
-    return counts;
-}
-
-std::ostream& operator<<(std::ostream& out, const ProcessCounts& counts) {
-    return out << counts.handles << " handles, " << counts.gdiObjects << " GDI objects, " << counts.windows
-               << " windows, " << counts.heapBytes / 1024 << " KB in heaps";
-}
+std::unique_ptr<SoakMachine> SoakMachine::Make() { return std::make_unique<RealMachine>(); }
 
 }  // namespace kaz
