@@ -55,6 +55,12 @@ endforeach()
 # Scripts drive the component as an automation client would, by its registered name. The script host ends with 0 even
 # when a script fails, so each script's last line must be "OK".
 file(GLOB scripts CONFIGURE_DEPENDS wine/scripts/*.vbs)
+# The example runs in a host of its test's own.
+file(READ ${PROJECT_SOURCE_DIR}/examples/today.vbs EXAMPLE)
+string(REPLACE "Option Explicit" "" EXAMPLE "${EXAMPLE}")
+string(REPLACE "WScript." "host." EXAMPLE "${EXAMPLE}")
+configure_file(wine/scripts/example.vbs.in ${results}/example.vbs @ONLY)
+list(APPEND scripts ${results}/example.vbs)
 if(scripts AND TARGET Kazlib)
   set(wine ${CMAKE_CROSSCOMPILING_EMULATOR})
   add_test(NAME register_component COMMAND ${wine} "C:\\windows\\system32\\regsvr32.exe" /s Kazlib.dll

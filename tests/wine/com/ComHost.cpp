@@ -35,9 +35,7 @@ HRESULT ComHost::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VA
     static const wchar_t* const names[] = {L"?",         L"TestEvent",   L"TodaysEvents", L"UpcomingEvents",
                                            L"MailEvent", L"ShutDownKAZ", L"Closed",       L"AllEvents"};
     const wchar_t* const name = names[id >= 1 && id <= 7 ? id : 0];
-    if (relay) relay(name, *arguments);
-    std::wstring text = name;
-    text += L"(";
+    std::wstring text = name + std::wstring(L"(");
     for (UINT index = arguments->cArgs; index-- > 0;) {
         const VARIANT& argument = arguments->rgvarg[index];
         text += argument.vt == VT_DISPATCH ? ListText(argument.pdispVal)

@@ -19,7 +19,6 @@ public:
     std::function<void(DISPID)> reaction;  // runs after the note was taken
     HRESULT answer = S_OK;                 // to every event
     std::function<void()> leaving;         // runs when it is let go of
-    std::function<void(const wchar_t* name, DISPPARAMS& arguments)> relay;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     // Lives on the stack of the test; the count is there to find references that were never given back.
