@@ -4,12 +4,11 @@
 #include "core/Application.h"
 #include "core/MainWindow.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "forms/ReportList.h"
 #include "resources/resource.h"
 #include "ui/list/EventRows.h"
-
-#include <gmock/gmock.h>
 
 namespace kaz {
 

@@ -3,9 +3,6 @@
 namespace kaz {
 namespace {
 
-using testing::ElementsAre;
-using testing::StartsWith;
-
 class HealthBarTest : public FormTest {
 protected:
     using Weight = Health::Weight;

@@ -6,10 +6,6 @@
 namespace kaz {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
-
 class ModalFormsTest : public FormTest {};
 
 TEST_F(ModalFormsTest, CategoriesAreRenamedAllAtOnceOrNotAtAll) {

@@ -1,14 +1,10 @@
 #include "Stage.h"
+#include "fakes/Matchers.h"
 #include "forms/ReportList.h"
 #include "resources/resource.h"
 
-#include <gmock/gmock.h>
-
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // What every form relies on, whatever it is for.
 class WindowTest : public testing::Test, public WindowListener {
@@ -48,13 +44,13 @@ TEST_F(WindowTest, TellsWhatTheUserDoesAndNotWhatTheProgramDoes) {
     window->SetText(IDC_txtSleep, "10");
     EXPECT_THAT(raised, IsEmpty());
     stage->Type(*window, IDC_txtSleep, "15");
-    EXPECT_THAT(raised, testing::Contains(Raised::Change));
+    EXPECT_THAT(raised, Contains(Raised::Change));
     EXPECT_EQ("15", window->Text(IDC_txtSleep));
 
     raised.clear();
     watched = IDC_cmdContinue;
     stage->Click(*window, IDC_cmdContinue);
-    EXPECT_THAT(raised, testing::Contains(Raised::Click).Times(1));
+    EXPECT_THAT(raised, Contains(Raised::Click).Times(1));
     raised.clear();
     window->SetEnabled(IDC_cmdContinue, false);
     stage->Click(*window, IDC_cmdContinue);
@@ -63,7 +59,7 @@ TEST_F(WindowTest, TellsWhatTheUserDoesAndNotWhatTheProgramDoes) {
     window->SetControlVisible(IDC_cmdContinue, false);
     stage->Click(*window, IDC_cmdContinue);
     EXPECT_FALSE(window->ControlVisible(IDC_cmdContinue));
-    EXPECT_THAT(raised, testing::Not(testing::Contains(Raised::Click)));
+    EXPECT_THAT(raised, Not(Contains(Raised::Click)));
 }
 
 TEST_F(WindowTest, ChoicesOfTheProgramAreNotTold) {
@@ -76,7 +72,7 @@ TEST_F(WindowTest, ChoicesOfTheProgramAreNotTold) {
     EXPECT_EQ(2, window->Selected(IDC_cmbCategories));
     EXPECT_THAT(window->Items(IDC_cmbCategories), ElementsAre("Work", "Home", "Work"));
     stage->Choose(*window, IDC_cmbCategories, 1);
-    EXPECT_THAT(raised, testing::Contains(Raised::Select).Times(1));
+    EXPECT_THAT(raised, Contains(Raised::Select).Times(1));
     EXPECT_EQ("Home", window->Text(IDC_cmbCategories));
 
     raised.clear();
@@ -84,7 +80,7 @@ TEST_F(WindowTest, ChoicesOfTheProgramAreNotTold) {
     window->SetChecked(IDC_chkExpired, true);
     EXPECT_THAT(raised, IsEmpty());
     stage->Click(*window, IDC_chkExpired);
-    EXPECT_THAT(raised, testing::Contains(Raised::Click).Times(1));
+    EXPECT_THAT(raised, Contains(Raised::Click).Times(1));
     EXPECT_FALSE(window->Checked(IDC_chkExpired));
 }
 
@@ -102,7 +98,7 @@ TEST_F(WindowTest, TheCloseBoxOnlyTells) {
     window->Show(Activation::TakeFocus);
     watched = 0;
     stage->CloseBox(*window);
-    EXPECT_THAT(raised, testing::Contains(Raised::CloseBox).Times(1));
+    EXPECT_THAT(raised, Contains(Raised::CloseBox).Times(1));
     EXPECT_TRUE(window->IsVisible());
 }
 
@@ -169,13 +165,13 @@ TEST_F(WindowTest, AReportListShowsItsRowsAndKeepsTheSelectionInPlace) {
     list.Select(6);  // there is no such row
     EXPECT_THAT(list.Selection(), ElementsAre(2, 5));
     EXPECT_EQ(2, list.Current());
-    EXPECT_THAT(raised, testing::Not(testing::Contains(Raised::Select)));
+    EXPECT_THAT(raised, Not(Contains(Raised::Select)));
 
     rows.count = 4;
     list.Refresh();
     EXPECT_THAT(list.Selection(), ElementsAre(2));
     stage->SelectRows(*window, IDC_ListEvents, {0, 3});
-    EXPECT_THAT(raised, testing::Contains(Raised::Select));
+    EXPECT_THAT(raised, Contains(Raised::Select));
     EXPECT_THAT(list.Selection(), ElementsAre(0, 3));
     EXPECT_EQ(3, list.Current());
     list.ClearSelection();
@@ -187,7 +183,7 @@ TEST_F(WindowTest, AReportListShowsItsRowsAndKeepsTheSelectionInPlace) {
     list.SetSelection({0, 1, 2, 3});
     EXPECT_THAT(list.Selection(), ElementsAre(0, 1, 2, 3));
     EXPECT_EQ(3, list.Current());
-    EXPECT_THAT(raised, testing::Not(testing::Contains(Raised::Select)));
+    EXPECT_THAT(raised, Not(Contains(Raised::Select)));
 
     EXPECT_EQ("", stage->SortMark(*window, IDC_ListEvents));
     list.ShowSortMark(1, false);

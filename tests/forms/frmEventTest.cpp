@@ -6,11 +6,6 @@
 namespace kaz {
 namespace {
 
-using testing::Each;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
 using User = std::function<void()>;
 
 class frmEventTest : public FormTest {
@@ -50,12 +45,10 @@ TEST_F(frmEventTest, AnEventOfEachKindIsOpenedChangedAndSaved) {
     constexpr int kFields[] = {IDC_chkDay,          IDC_txtDayOfMonth, IDC_txtMonthlyPeriod,
                                IDC_txtWeeklyPeriod, IDC_lstDayName,    IDC_txtDailyPeriod};
     for (std::int32_t type = RecurWeekdays; type <= RecurEveryNDays; ++type) {
-        clsEvent event = OfKind(type);
-        event.PlayWav = event.ExecFile = event.SharedEvent = event.ShareWithSpecific = true;
-        event.WavFile = "C:\\Sounds\\bell.wav";
-        event.Filename = "C:\\list.txt";
-        event.Email = "ann@example.org;bob@example.org";
-        event.ShareNames = "Ann\r\nCid\r\n";  // one of whom is not in the list of the folder
+        // One of those it is shared with is not in the list of the folder.
+        clsEvent event = SharedBy("Smith", OfKind(type), "Ann\r\nCid\r\n");
+        event =
+            Mailed(Running(Loud(event, "C:\\bell.wav"), "C:\\list.txt"), "ann@example.org;bob@example.org");
         clsEvent expected = event;
         EXPECT_TRUE(Edit(event, [] {}));
         EXPECT_EQ(FileOf({expected}), FileOf({event})) << type << " untouched";

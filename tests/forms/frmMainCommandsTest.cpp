@@ -4,11 +4,6 @@
 namespace kaz {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
 class frmMainCommandsTest : public FormTest {
 protected:
     // Local "mine", "also mine" and "expired", and "Ann's" of another user, in the order of their days.
@@ -17,9 +12,7 @@ protected:
         Add(*app.events, "also mine", 2);
         Add(*app.expired, "expired", -3).IDCode =
             "100001";  // as "also mine": files know nothing of each other
-        clsEvent anns = OneOff("100000", "Ann's", kToday.PlusDays(3));
-        anns.Owner("Ann");
-        ShareAsAnn({anns});
+        ShareAsAnn({Of("Ann", OneOff("100000", "Ann's", kToday.PlusDays(3)))});
         app.events->SaveDB();
         app.expired->SaveDB();
         app.settings.StoreSetting("Networked", true);
@@ -103,10 +96,10 @@ TEST_F(frmMainCommandsTest, DeletingAsksOnceAndRefusesOnce) {
     EXPECT_EQ(Dialogs::Default::No, machine.dialogs.defaultOfQuestion);
     EXPECT_EQ("mine", Selected());  // the neighbour
     EXPECT_THAT(Told(), ElementsAre("You can't delete events belonging to another user"));
-    EXPECT_THAT(Saved("C:\\KAZ\\Expired.xml"), testing::Not(HasSubstr("expired")));
+    EXPECT_THAT(Saved("C:\\KAZ\\Expired.xml"), Not(HasSubstr("expired")));
 
     OnRow(1, IDM_DELETE);
-    EXPECT_THAT(asked(), ElementsAre(testing::EndsWith("\r\nmine")));
+    EXPECT_THAT(asked(), ElementsAre(EndsWith("\r\nmine")));
     EXPECT_EQ(Dialogs::Default::Yes, machine.dialogs.defaultOfQuestion);
     Select({});
     Click(IDM_DELETE);
@@ -167,7 +160,7 @@ TEST_F(frmMainCommandsTest, ADialogHoldsUpTheTickAndTheEndByTheTray) {
     stage->Wait(100);
     EXPECT_EQ(nullptr, stage->Find(IDD_MAIN));
     EXPECT_THAT(Saved("C:\\KAZ\\Kaz.ini"), HasSubstr("MAINWINDOWWIDTH"));
-    EXPECT_THAT(raised, testing::Each("Rescan"));
+    EXPECT_THAT(raised, Each("Rescan"));
 }
 
 TEST_F(frmMainCommandsTest, ButtonsAndMenusOpenWhatTheySay) {

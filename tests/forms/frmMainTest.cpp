@@ -5,11 +5,6 @@
 namespace kaz {
 namespace {
 
-using testing::AllOf;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
 class frmMainTest : public FormTest {};
 
 TEST_F(frmMainTest, ListsTheEventsOfTheChosenCategoryAndTheExpiredOnesWhileTicked) {
@@ -59,11 +54,9 @@ TEST_F(frmMainTest, WhatAnotherProgramWroteIntoTheExpiredFileJoinsWhatIsNotSaved
 }
 
 TEST_F(frmMainTest, SharedEventsOfOthersAreBroughtUpToDateInANetworkOnly) {
-    clsEvent weekly = Daily("000001", "weekly", kToday.PlusDays(-1), 7);
-    clsEvent past = OneOff("000002", "past", kToday.PlusDays(-2));
-    weekly.Owner("Ann");
-    past.Owner("Ann");
-    ShareAsAnn({weekly, past, Add(*app.shared, "of this user", 1)});
+    ShareAsAnn({Of("Ann", Daily("000001", "weekly", kToday.PlusDays(-1), 7)),
+                Of("Ann", OneOff("000002", "past", kToday.PlusDays(-2))),
+                Add(*app.shared, "of this user", 1)});
     OpenMain();
     EXPECT_EQ("", Column());
 

@@ -3,9 +3,6 @@
 namespace kaz {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-
 constexpr int kInterval = 30000;
 
 class frmMainTickTest : public FormTest {
@@ -56,8 +53,7 @@ TEST_F(frmMainTickTest, ALateOneMakesUpForTheMinutesThatNoneHasSeen) {
     const auto addFile = [&](const std::string& file, int hour, int minute) {
         machine.files.Put(file, "");
         clsEvent& event = AddAlarm(file, hour, minute);
-        event.ExecFile = true;
-        event.Filename = file;
+        event = Running(event, file);
     };
     AddAlarm("Before the start", 8, 59);
     AddAlarm("Call Ann", 9, 1);
@@ -77,7 +73,7 @@ TEST_F(frmMainTickTest, ALateOneMakesUpForTheMinutesThatNoneHasSeen) {
     for (const auto& [hour, minute] : {std::pair{11, 1}, {9, 30}, {23, 58}}) {
         machine.clock.Set(2023, 3, 15, hour, minute, 50);
         Tick();
-        EXPECT_THAT(Reminders("ALARM!"), testing::IsEmpty());
+        EXPECT_THAT(Reminders("ALARM!"), IsEmpty());
     }
     machine.clock.Set(2023, 3, 16, 0, 0, 30);
     Tick();
@@ -145,7 +141,7 @@ TEST_F(frmMainTickTest, TheEndOfTheProgramInTheMiddleOfOneEndsIt) {
         if (const auto leaving = std::exchange(main, nullptr)) leaving->Unload();
     };
     Tick();
-    EXPECT_THAT(Reminders("ALARM!"), testing::IsEmpty());
+    EXPECT_THAT(Reminders("ALARM!"), IsEmpty());
     if (fakes) {  // the form lives until its handler has ended
         EXPECT_EQ(0, Fake().Interval(IDT_TimerRefresh));
     }

@@ -7,10 +7,6 @@
 namespace kaz {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
-
 class frmMonthViewTest : public FormTest {
 protected:
     void Save(const std::vector<clsEvent>& events) {
@@ -116,15 +112,11 @@ TEST_F(frmMonthViewTest, ShowsTheMonthOfEachStepAndNothingElseChanges) {
 }
 
 TEST_F(frmMonthViewTest, FollowsTheFilesTheFilterAndTheDay) {
-    const auto of = [](const char* owner, clsEvent event) {
-        event.Owner(owner);
-        return event;
-    };
-    clsEvent work = of("Smith", OneOff("000001", "Report", kToday));
+    clsEvent work = Of("Smith", OneOff("000001", "Report", kToday));
     work.Layer(4);
-    Save({work, of("Smith", OneOff("000002", "Dentist", kToday))});
+    Save({work, Of("Smith", OneOff("000002", "Dentist", kToday))});
     app.settings.StoreSetting("Networked", true);
-    ShareAsAnn({of("Ann", OneOff("000003", "Caf\xE9", kToday))});
+    ShareAsAnn({Of("Ann", OneOff("000003", "Caf\xE9", kToday))});
     app.layers.Layer(4, " Work ");
     Open(2, 2023);
     EXPECT_EQ(17, Grid().Selected());  // the day of the month stays
@@ -132,7 +124,7 @@ TEST_F(frmMonthViewTest, FollowsTheFilesTheFilterAndTheDay) {
     EXPECT_EQ("Wednesday, March 15, 2023 (today)\r\nReport [Smith]\r\nDentist [Smith]\r\nCaf\xE9 [Ann]",
               Day());
 
-    SaveElsewhere(of("Smith", OneOff("", "Train", kToday)));
+    SaveElsewhere(Of("Smith", OneOff("", "Train", kToday)));
     app.mainListIsStale = false;
     Click(IDM_REFRESH);
     EXPECT_THAT(Day(), HasSubstr("Train"));

@@ -4,11 +4,6 @@
 namespace kaz {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-
 // Fred, who shares his events with Ann in "C:\Share".
 class frmOptionsTest : public FormTest {
 protected:

@@ -5,9 +5,6 @@
 namespace kaz {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-
 constexpr char kFile[] = "C:\\KAZ\\tasklist.xml";
 constexpr char kPlainFile[] = "C:\\KAZ\\tasklist.dat";
 
@@ -36,7 +33,7 @@ TEST_F(frmTasksTest, EachChangeIsShownAndSavedAtOnce) {
     EXPECT_TRUE(window->IsVisible());
     for (const int button : {IDC_cmd_change, IDC_cmd_delete})
         Click(button);
-    EXPECT_THAT(Told(), testing::Each("Please select a task first"));
+    EXPECT_THAT(Told(), Each("Please select a task first"));
     machine.dialogs.inputs = {"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread", "", std::nullopt};
     for (int i = 0; i < 5; ++i)
         Click(IDC_cmd_add);
@@ -125,7 +122,7 @@ TEST_F(frmTasksTest, ADamagedFileIsToldAndLeftAlone) {
             machine.dialogs.inputs = {"Tea"};
             Click(IDC_cmd_add);
             EXPECT_EQ(text, OnDisk());
-            EXPECT_THAT(Shown(), testing::Contains("Tea"));
+            EXPECT_THAT(Shown(), Contains("Tea"));
             EXPECT_THAT(LastMessage(), HasSubstr("the file is damaged"));
             machine.files.Put(kFile, whole);
             Click(IDC_Cmd_exit);
@@ -144,7 +141,7 @@ TEST_F(frmTasksTest, AFailureLosesNothing) {
             Open();
             machine.dialogs.inputs = {"Bread", "Tea"};
             Click(IDC_cmd_add);
-            EXPECT_THAT(Shown(), testing::Contains("Bread")) << fault;
+            EXPECT_THAT(Shown(), Contains("Bread")) << fault;
             struck = machine.files.faults.Struck();
             if (machine.dialogs.messages.empty()) {
                 EXPECT_EQ(FileOf({"Milk", "Bread"}), OnDisk()) << fault;
@@ -168,7 +165,7 @@ TEST_F(frmTasksTest, PrintingTellsWhatGoesWrong) {
     Open();
     machine.printer.cancelled = true;
     Click(IDC_cmd_printTasks);
-    EXPECT_THAT(machine.dialogs.messages, testing::IsEmpty());
+    EXPECT_THAT(machine.dialogs.messages, IsEmpty());
     machine.printer.cancelled = false;
     for (bool* trouble : {&machine.printer.missing, &machine.printer.broken}) {
         *trouble = true;

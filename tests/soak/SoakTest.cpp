@@ -25,9 +25,8 @@ protected:
                              "\r\nSHAREDDATAPATH," + folder_ + "\r\n");
         std::vector<clsEvent> events;
         for (int hour = 0; hour < 24; ++hour) {
-            clsEvent event = Daily(std::to_string(100001 + hour), "Alarm", services_.clock.Today());
-            event.Owner("Ann");
-            events.push_back(WithAlarm(event, hour, 0));
+            const clsEvent event = Daily(std::to_string(100001 + hour), "Alarm", services_.clock.Today());
+            events.push_back(Of("Ann", WithAlarm(event, hour, 0)));
         }
         Write("Events.xml", FileOf(events));
         component_.Startup(folder_);
@@ -45,11 +44,9 @@ protected:
     }
     // An hour, of which 24 are a day, each with its alarm.
     void Round() {
-        clsEvent party = OneOff("000009", "Party " + std::string(1, static_cast<char>('A' + rounds_++ % 26)),
-                                services_.clock.Today().PlusDays(1));
-        party.Owner("Bob");
-        party.SharedEvent = true;
-        Write("Shared_Bob.xml", FileOf({party}));
+        const std::string party = "Party " + std::string(1, static_cast<char>('A' + rounds_++ % 26));
+        const DateValue tomorrow = services_.clock.Today().PlusDays(1);
+        Write("Shared_Bob.xml", FileOf({SharedBy("Bob", OneOff("000009", party, tomorrow))}));
         Window& main = *stage_.Find(IDD_MAIN);
         machine_->PassAnHour();
         stage_.Tick(main, IDT_TimerRefresh);

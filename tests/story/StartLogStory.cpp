@@ -5,9 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 namespace kaz {
 namespace {
 
@@ -16,17 +13,13 @@ TEST(StartLogStory, IsTheOneOfTheGoldenFile) {
     Story story;
     story.Settings("OWNER,Ann\r\nNETWORKED,-1\r\nSHAREDDATAPATH,C:\\Share\r\n");
     story.machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
-    clsEvent party = OneOff("000002", "Party", story.Today(1));
-    party.Owner("Bob");
-    party.SharedEvent = true;
-    story.machine.files.Put("C:\\Share\\Shared_Bob.xml", FileOf({party}));
+    story.machine.files.Put("C:\\Share\\Shared_Bob.xml",
+                            FileOf({SharedBy("Bob", OneOff("2", "Party", story.Today(1)))}));
     story.Start().ShowMain();
     story.Advance(1);
-    std::ifstream golden(TestData() + "/golden/start.log", std::ios::binary);
     const std::string version =
         std::to_string(kMajor) + "." + std::to_string(kMinor) + "." + std::to_string(kRevision);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(golden), {}),
-              ReplaceAll(story.Log(), version, "1.2.3"));
+    EXPECT_EQ(GoldenFile("start.log"), ReplaceAll(story.Log(), version, "1.2.3"));
 }
 
 }  // namespace

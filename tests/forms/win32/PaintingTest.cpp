@@ -28,9 +28,7 @@ protected:
     // else.
     void OpenMainWithAllTypes() {
         app.settings.StoreSetting("Networked", true);
-        clsEvent anns = OneOff("1", "Release of the spring catalogue", kToday.PlusDays(12));
-        anns.Owner("Ann");
-        ShareAsAnn({anns});
+        ShareAsAnn({Of("Ann", OneOff("1", "Release of the spring catalogue", kToday.PlusDays(12)))});
         Add(*app.expired, "Renew the passport", -8);
         Add(*app.events, "Put the bins out", 0).Recurring(true);
         Add(*app.events, "Dentist, bring the insurance card", 3);

@@ -1,15 +1,12 @@
 #include "ComHost.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "fakes/TestFolder.h"
 #include "platform/win32/Win32Clock.h"
 
-#include <gmock/gmock.h>
 #include <olectl.h>
 
 namespace kaz::test {
-
-using testing::ElementsAre;
-using testing::StartsWith;
 
 namespace {
 
@@ -19,11 +16,9 @@ protected:
     void SetUp() override {
         folder.Write("Kaz.ini", "OWNER,Single\r\nNOAUTOBACKUPS,-1\r\n");
         const DateValue today = Win32Clock().Today();
-        clsEvent coffee = OneOff("000001", "T\xe4glich\r\nKaffee", today);
-        coffee.Email = " ann@example.org ";
-        clsEvent dentist = OneOff("000002", "Zahnarzt", DateValue(today.Day() + 1));
-        dentist.DaysWarning(3);
-        folder.Write("Events.xml", FileOf({coffee, dentist}));
+        folder.Write("Events.xml",
+                     FileOf({Mailed(OneOff("000001", "T\xe4glich\r\nKaffee", today), " ann@example.org "),
+                             Warned(OneOff("000002", "Zahnarzt", today.PlusDays(1)), 3)}));
         component = MakeComponent();
         ASSERT_EQ(component->Startup(Bstr(folder.Path().wstring()).Get()), S_OK);
         VARIANT_BOOL initialised = VARIANT_FALSE;

@@ -7,11 +7,6 @@
 namespace kaz {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-
 class DialogWindowTest : public WindowFixture {
 protected:
     // The first press has to reach the menu, or a later tick ends it.

@@ -5,9 +5,6 @@
 namespace kaz {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 // Counts what it is asked for.
 class ManyRows : public ReportRows {
 public:
@@ -90,7 +87,7 @@ TEST_F(ReportListTest, TheEnterKeyOpensARowAndLongTextsAreCut) {
     raised.clear();
     Key(At(IDC_REPORT), VK_DOWN);
     EXPECT_THAT(list.Selection(), ElementsAre(5));
-    EXPECT_THAT(raised, testing::Contains(RaisedEvent{IDC_REPORT, Raised::Select}));
+    EXPECT_THAT(raised, Contains(RaisedEvent{IDC_REPORT, Raised::Select}));
 }
 
 TEST_F(ReportListTest, OneColumnGrowsWithTheWindowUnlessTheUserHasSetItsWidth) {

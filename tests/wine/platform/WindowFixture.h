@@ -1,10 +1,9 @@
 #pragma once
 
 #include "TestResources.h"
+#include "fakes/Matchers.h"
 #include "forms/win32/DialogWindow.h"
 #include "platform/win32/Win32MessagePump.h"
-
-#include <gmock/gmock.h>
 
 #include <functional>
 #include <memory>
