@@ -1,6 +1,7 @@
 #include "core/Application.h"
 
 #include "core/AwaitedFolder.h"
+#include "core/Backup.h"
 #include "core/ClockGuard.h"
 #include "core/DataWatch.h"
 #include "core/EventFiles.h"
@@ -97,6 +98,12 @@ void Application::MoveSharedOn() {
 
 StorageServices Application::Storage() {
     return {platform.files, platform.clock, platform.random, platform.locale, log, settings, layers};
+}
+
+TaskFile Application::UserTasks() {
+    TaskFile file(platform.files, DataPath());
+    file.AskForBackup([this] { return NewestBackup(*this, JoinPath(DataPath(), kTaskFile)).has_value(); });
+    return file;
 }
 
 clsReminder Application::MakeReminder() {

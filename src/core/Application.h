@@ -7,6 +7,7 @@
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"
 #include "storage/SharedFolder.h"
+#include "storage/TaskFile.h"
 #include "storage/cSharedSound.h"
 #include "storage/clsDbXml.h"
 #include "storage/clsLayers.h"
@@ -106,6 +107,8 @@ public:
     SharedFolder Folder() { return SharedFolder(platform.files, settings, log); }
 
     StorageServices Storage();
+    // The file of the user's tasks, in the data folder.
+    TaskFile UserTasks();
     // An engine over the databases as they are now.
     clsReminder MakeReminder();
 

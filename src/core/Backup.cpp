@@ -6,6 +6,7 @@
 #include "core/cSHAREDZipFiles.h"
 #include "platform/Files.h"
 #include "storage/EventXml.h"
+#include "storage/TaskFile.h"
 #include "support/Names.h"
 
 #include <algorithm>
@@ -120,11 +121,9 @@ bool MakeAutoBackup(Application& app, const std::string& word) {
     }
 }
 
-bool BackupHasEvents(const Application& app, const std::string& fileName) {
-    return NewestEventBackup(app, fileName).has_value();
-}
-
-std::optional<EventBackup> NewestEventBackup(const Application& app, const std::string& fileName) {
+std::optional<FileBackup> NewestBackup(const Application& app, const std::string& fileName) {
+    const std::string wanted = FileNameOf(fileName);
+    const auto countIn = wanted == kTaskFile ? TaskFile::CountIn : EventsIn;
     const FileSystem& files = app.platform.files;
     const std::string folder = JoinPath(app.runtimePath, kBackupFolder);
     std::vector<std::pair<FileTime, std::string>> archives;
@@ -133,8 +132,8 @@ std::optional<EventBackup> NewestEventBackup(const Application& app, const std::
             archives.emplace_back(files.ModificationTime(path).value_or(0), path);
     std::sort(archives.rbegin(), archives.rend());
     for (const auto& [time, path] : archives)
-        if (const std::size_t count = EventsIn(app.platform.zip.ZpRead(path, FileNameOf(fileName))))
-            return EventBackup{path, DateValue::FromSerial(DaysOf(time)), count};
+        if (const std::size_t count = countIn(app.platform.zip.ZpRead(path, wanted)))
+            return FileBackup{path, DateValue::FromSerial(DaysOf(time)), count};
     return std::nullopt;
 }
 

@@ -15,15 +15,12 @@ std::string AutoBackupFile(const Application& app, const std::string& word);
 // in; the log tells how it went.
 bool MakeAutoBackup(Application& app, const std::string& word);
 
-// Whether one of the archives holds an event in its copy of that file.
-bool BackupHasEvents(const Application& app, const std::string& fileName);
-
-// The newest of the archives that hold an event in their copy of a file.
-struct EventBackup {
+// The newest of the archives whose copy of a file holds anything: events, or tasks.
+struct FileBackup {
     std::string archive;
     DateValue made;  // UTC
-    std::size_t events = 0;
+    std::size_t count = 0;
 };
-std::optional<EventBackup> NewestEventBackup(const Application& app, const std::string& fileName);
+std::optional<FileBackup> NewestBackup(const Application& app, const std::string& fileName);
 
 }  // namespace kaz

@@ -113,6 +113,7 @@ void DataWatch::Tell() {
     trap([&] {
         for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
             if (database) states_.Tell(*database);
+        states_.Tell(tasks_, tasksSaved_);
         // What waits for the next look at the file has met no failure.
         if (IsAllSaved() || !FirstFault()) {
             app_.health.Clear(kNotSaved);
@@ -138,7 +139,17 @@ void DataWatch::TryAgain() {
             tasks_->Save();
             if (tasksSaved_) tasksSaved_();
         });
+    else if (tasks_ && tasks_->IsDamaged())
+        ReadTasksAgain();
     Tell();
+}
+
+void DataWatch::ReadTasksAgain() {
+    try {
+        if (tasks_->Refresh() && tasksSaved_) tasksSaved_();
+    } catch (...) {
+        return;  // it has been told
+    }
 }
 
 bool DataWatch::SaveCopy() {
@@ -218,7 +229,7 @@ void DataWatch::Merge(const Rescued& rescued) {
         ++changesTaken_;
     }
     if (rescued.tasks.empty()) return;
-    const auto tasks = std::make_shared<TaskList>(TaskFile(app_.platform.files, app_.DataPath()));
+    const auto tasks = std::make_shared<TaskList>(app_.UserTasks());
     tasks->AddMissing(rescued.tasks);
     tasks_ = tasks;
     ++changesTaken_;

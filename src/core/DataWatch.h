@@ -27,7 +27,7 @@ public:
           states_(application),
           rescues_(application) {}
 
-    // The tasks that the user works on; `saved` is called when they were saved by another than the user.
+    // The tasks that the user works on; `saved` is called when another than the user has saved or read them.
     void WatchTasks(std::shared_ptr<TaskList> tasks, std::function<void()> saved);
     // Tasks without a window that are not saved yet; null when there are none.
     std::shared_ptr<TaskList> UnsavedTasks() const { return tasks_ && tasks_->Unsaved() ? tasks_ : nullptr; }
@@ -67,6 +67,7 @@ private:
     std::optional<Fault> FirstFault() const;
     static std::string NamesOf(const Rescued& rescued);
     void Merge(const Rescued& rescued);
+    void ReadTasksAgain();
     void GiveBack();
     void TellTakenOver();
 

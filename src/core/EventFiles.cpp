@@ -29,7 +29,7 @@ void EventFiles::Open() {
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
         database->KeepOverwrittenIn(JoinPath(app_.runtimePath, kBackupFolder));
         database->AskForBackup(
-            [app = &app_, database] { return BackupHasEvents(*app, database->DBFilename()); });
+            [app = &app_, database] { return NewestBackup(*app, database->DBFilename()).has_value(); });
     }
     app_.events->PairWith(*app_.expired);
     app_.expired->PairWith(*app_.events);

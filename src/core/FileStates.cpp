@@ -14,6 +14,8 @@
 #include "platform/Files.h"
 #include "platform/Shell.h"
 #include "platform/ZipArchiver.h"
+#include "storage/TaskList.h"
+#include "support/Names.h"
 
 #include <utility>
 
@@ -21,7 +23,7 @@ namespace kaz {
 
 namespace {
 
-std::string KeyOf(const clsDbXml& database) { return "State of " + FileNameOf(database.DBFilename()); }
+std::string KeyOf(const std::string& file) { return "State of " + FileNameOf(file); }
 
 }  // namespace
 
@@ -31,8 +33,8 @@ void FileStates::WatchGone() {
 }
 
 void FileStates::Tell(clsDbXml& database) {
-    const std::string key = KeyOf(database);
     const std::string& file = database.DBFilename();
+    const std::string key = KeyOf(file);
     const Health::Action look{"Open the folder", [this, file] { OpenFolder(file); }};
     switch (database.State()) {
     case FileState::NotRead:
@@ -44,7 +46,21 @@ void FileStates::Tell(clsDbXml& database) {
                               ". KAZ tries again every half minute, and writes nothing over them.",
                           {{"Try again", [this] { app_.dataWatch->TryAgain(); }}, look}});
         break;
-    case FileState::Damaged: TellDamaged(database, key); break;
+    case FileState::Damaged: {
+        const auto events = static_cast<std::size_t>(database.RecordCount());
+        // What was only entered meanwhile is no copy of it.
+        const bool isCopy = events > database.Unsaved().stored.size();
+        Tell({file, "event", isCopy ? events : 0, app_.dataWatch->Kept(database),
+              [this, &database](bool isThere) {
+                  if (isThere)
+                      database.LoadDB(database.DBFilename());
+                  else
+                      database.ExpectNoFile();
+                  database.SaveDB();
+                  app_.mainListIsStale = true;
+              }});
+        break;
+    }
     case FileState::SetAside:
         app_.health.Tell({key,
                           Health::Weight::Note,
@@ -89,37 +105,51 @@ void FileStates::OpenFolder(const std::string& file) const {
     }
 }
 
-// The memory, where the file was read once, is its last good copy; else a backup has one.
-void FileStates::TellDamaged(clsDbXml& database, const std::string& key) {
+// The memory, where the file was read once, is its last good copy; else a rescue or a backup has one.
+void FileStates::Tell(const Damage& damage) {
+    const std::string key = KeyOf(damage.file);
     const std::string text =
-        "The file " + database.DBFilename() +
+        "The file " + damage.file +
         " is damaged. KAZ leaves it as it is, and reads it as soon as it is whole again.";
     // The backups are not read anew on each tick.
     if (const Health::Notice* told = app_.health.Find(key); told && told->text == text) return;
     Health::Notice notice{key, Health::Weight::Alarm, text, {}};
-    const auto events = static_cast<std::size_t>(database.RecordCount());
-    // What was only entered meanwhile is no copy of it.
-    const bool isCopy = events > database.Unsaved().stored.size();
-    const std::size_t kept = app_.dataWatch->Kept(database);
-    const auto backup = isCopy || kept > 0 ? std::nullopt : NewestEventBackup(app_, database.DBFilename());
-    if (backup) {
+    const bool isElsewhere = damage.listed == 0 && damage.kept == 0;
+    if (const auto backup = isElsewhere ? NewestBackup(app_, damage.file) : std::nullopt) {
         const std::string date = GeneralDateText(backup->made.DateOnly(), app_.platform.locale.Data());
         notice.actions.push_back(
-            {"Restore from the backup of " + date + " (" + Counted(backup->events, "event") + ")",
-             [this, &database, archive = backup->archive] { Restore(database, archive); }});
+            {"Restore from the backup of " + date + " (" + Counted(backup->count, damage.one) + ")",
+             [this, damage, archive = backup->archive] { Restore(damage, archive); }});
     }
-    notice.actions.push_back({"Open the folder", [this, &database] { OpenFolder(database.DBFilename()); }});
-    notice.actions.push_back({isCopy     ? "Save the " + Counted(events, "event") + " of the list"
-                              : kept > 0 ? "Save the " + Counted(kept, "event") + " that KAZ has kept"
-                                         : "Begin anew",
-                              [this, &database] { Restore(database, {}); }});
+    notice.actions.push_back({"Open the folder", [this, file = damage.file] { OpenFolder(file); }});
+    notice.actions.push_back(
+        {damage.listed > 0 ? "Save the " + Counted(damage.listed, damage.one) + " of the list"
+         : damage.kept > 0 ? "Save the " + Counted(damage.kept, damage.one) + " that KAZ has kept"
+                           : "Begin anew",
+         [this, damage] { Restore(damage, {}); }});
     app_.health.Tell(std::move(notice));
+}
+
+void FileStates::Tell(const std::shared_ptr<TaskList>& tasks, const std::function<void()>& changed) {
+    const std::string file = JoinPath(app_.DataPath(), kTaskFile);
+    if (!tasks || !tasks->IsDamaged()) {
+        app_.health.Clear(KeyOf(file));
+        return;
+    }
+    Tell({file, "task", tasks->WasRead() ? tasks->Tasks().size() : 0, 0, [tasks, changed](bool isThere) {
+              if (isThere)
+                  tasks->Refresh();
+              else
+                  tasks->TakePlace();
+              if (tasks->Unsaved()) tasks->Save();
+              if (changed) changed();
+          }});
 }
 
 // Without an archive, the file is made of what is in memory. The damaged one stays beside it, since somebody
 // may read more in it.
-void FileStates::Restore(clsDbXml& database, const std::string& archive) {
-    const std::string file = database.DBFilename();
+void FileStates::Restore(const Damage& damage, const std::string& archive) {
+    const std::string& file = damage.file;
     const std::string time =
         FormatDate(app_.platform.clock.Now(), "YYYY-MM-DD HH.NN.SS", app_.platform.locale.Data());
     const std::string kept =
@@ -129,14 +159,11 @@ void FileStates::Restore(clsDbXml& database, const std::string& archive) {
             archive.empty() ? std::string() : app_.platform.zip.ZpRead(archive, FileNameOf(file));
         app_.platform.files.Replace(file, kept);
         app_.log.LogEvent(file + " is damaged and was put aside as " + kept);
-        if (archive.empty()) {
-            database.ExpectNoFile();
-        } else {
+        if (!archive.empty()) {
             WriteWholeFile(app_.platform.files, file, text);
-            database.LoadDB(file);
             app_.log.LogEvent("Restored " + file + " from " + archive);
         }
-        database.SaveDB();
+        damage.saved(!archive.empty());
     } catch (...) {
         const ErrorInfo error = CurrentError();
         app_.log.Report(error, "Restore", "FileStates");

@@ -92,14 +92,20 @@ TaskFile::Content TaskFile::Read() const {
         files_->Kind(path_) == PathKind::Missing && files_->Kind(plainPath_) != PathKind::Missing;
     const std::string& path = plain ? plainPath_ : path_;
     Content content{plain, ReadFileOrEmpty(*files_, path)};
-    const bool isEmptied =
-        content.text.empty() && known_ && !TasksIn(*known_).empty() && FileExists(*files_, path);
+    const bool isEmptied = content.text.empty() && FileExists(*files_, path) && HadTasks();
     if (isEmptied || !IsText(content.text) || (!plain && IsCut(content.text)))
-        throw RuntimeError(ErrorNumber::TypeMismatch,
-                           "the file is damaged, and left as it is. To begin with an empty list, rename " +
-                               FileNameOf(path));
+        throw RuntimeError(
+            ErrorNumber::TypeMismatch,
+            "the file is damaged, and left as it is. The main window offers what can take its place");
     return content;
 }
+
+// What was empty from the beginning may be a new file of somebody's.
+bool TaskFile::HadTasks() const {
+    return known_ ? !TasksIn(*known_).empty() : backupHasTasks_ && backupHasTasks_();
+}
+
+std::size_t TaskFile::CountIn(std::string_view text) { return TasksOf(text).size(); }
 
 std::vector<std::string> TaskFile::TasksIn(const Content& content) {
     return content.plain ? LinesOf(content.text) : TasksOf(content.text);

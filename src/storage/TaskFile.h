@@ -2,9 +2,12 @@
 
 #include "platform/FileSystem.h"
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -16,6 +19,11 @@ public:
     // `folder` is that of the file, and of the one that it took the place of: a plain text, one task a line.
     TaskFile(FileSystem& files, const std::string& folder);
 
+    // Whether a backup of the file has tasks; asked when the file has not a single byte.
+    void AskForBackup(std::function<bool()> hasTasks) { backupHasTasks_ = std::move(hasTasks); }
+
+    // How many tasks the text of such a file holds.
+    static std::size_t CountIn(std::string_view text);
     // Why a text cannot be a task, in a sentence for the user; "" when it can.
     static std::string FaultOf(std::string_view task);
 
@@ -35,6 +43,7 @@ private:
         friend bool operator==(const Content&, const Content&) = default;
     };
     Content Read() const;
+    bool HadTasks() const;
     static std::vector<std::string> TasksIn(const Content& content);
 
     FileSystem* files_;
@@ -42,6 +51,7 @@ private:
     std::string plainPath_;
     std::string keptPath_;
     std::optional<Content> known_;
+    std::function<bool()> backupHasTasks_;
 };
 
 }  // namespace kaz

@@ -1,5 +1,7 @@
 #include "storage/TaskList.h"
 
+#include "base/RuntimeError.h"
+
 #include <algorithm>
 
 namespace kaz {
@@ -20,12 +22,25 @@ void Join(std::vector<std::string>& tasks, const std::vector<std::string>& wante
 }  // namespace
 
 bool TaskList::Refresh() {
-    if (!file_.Changed()) return false;
-    std::vector<std::string> tasks = file_.Load();
+    std::vector<std::string> tasks;
+    try {
+        const bool changed = file_.Changed();
+        if (changed) tasks = file_.Load();
+        wasRead_ = true;
+        readFault_.reset();
+        if (!changed) return false;
+    } catch (...) {
+        readFault_ = CurrentError();
+        throw;
+    }
     if (unsaved_) Join(tasks, tasks_);
     const bool others = tasks != tasks_;
     tasks_ = std::move(tasks);
     return others;
+}
+
+bool TaskList::IsDamaged() const {
+    return readFault_ && readFault_->number == static_cast<int>(ErrorNumber::TypeMismatch);
 }
 
 void TaskList::Add(std::string task) {

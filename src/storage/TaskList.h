@@ -20,11 +20,18 @@ public:
     void MoveTo(TaskFile file) {
         file_ = std::move(file);
         if (!unsaved_) tasks_.clear();
+        wasRead_ = false;
+        readFault_.reset();
     }
 
     const std::vector<std::string>& Tasks() const { return tasks_; }
     // Whether something of it is not on the disk yet.
     bool Unsaved() const { return unsaved_; }
+
+    // Whether the list has what the file held when it was last whole.
+    bool WasRead() const { return wasRead_; }
+    // Whether the last look found a damaged file.
+    bool IsDamaged() const;
 
     // Takes over what somebody else has written, if anybody has; true when that changed the list. Tasks of
     // this list that could not be saved stay in it. Throws as TaskFile::Load does.
@@ -35,6 +42,8 @@ public:
     void Delete(int position);
     // Those of the tasks that the list does not have.
     void AddMissing(const std::vector<std::string>& tasks);
+    // Makes the file anew, of this list, with the next Save.
+    void TakePlace() { unsaved_ = true; }
     // Throws as TaskFile does; everything stays in the list then, and the next call tries again.
     void Save();
     // Why the last save failed; nothing after one that did not.
@@ -44,6 +53,8 @@ private:
     TaskFile file_;
     std::vector<std::string> tasks_;
     bool unsaved_ = false;
+    bool wasRead_ = false;
+    std::optional<ErrorInfo> readFault_;
     std::optional<ErrorInfo> saveFault_;
 };
 

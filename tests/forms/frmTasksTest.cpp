@@ -111,7 +111,7 @@ TEST_F(frmTasksTest, ADamagedFileIsToldAndLeftAlone) {
                                    whole.substr(0, whole.rfind("\t\t<DETAILS>")), ""};
     for (const std::string& text : damaged)
         for (const bool isRunning : {false, true}) {
-            // What is empty at a start may be a new file of somebody's.
+            // What is empty at a start may be a new file of somebody's, where no backup has tasks.
             if (text.empty() && !isRunning) continue;
             SCOPED_TRACE(text + (isRunning ? ", running" : ", at the start"));
             machine.files.Put(kFile, isRunning ? whole : text);

@@ -111,6 +111,37 @@ TEST_F(Unsaved, ADamagedFileIsReplacedByTheListOrABackup) {
     }
 }
 
+TEST_F(Unsaved, ADamagedTaskListIsReplacedByTheListOrABackup) {
+    for (const std::string& damaged : {std::string(3000, '\0'), std::string()})
+        for (const bool wasOpen : {true, false}) {
+            SCOPED_TRACE((damaged.empty() ? "without a byte" : "zeros") +
+                         std::string(wasOpen ? ", open" : ""));
+            Begin();
+            FakePlatform& machine = story->machine;
+            const std::string file = Data("tasklist.xml");
+            machine.files.Put(file, "<TASK><DETAILS>Milk</DETAILS><DETAILS>Jam</DETAILS></TASK>");
+            Main().Click(IDM_BACKUP);
+            if (wasOpen) Main().Click(IDM_TASKLIST);
+            machine.files.Put(file, damaged);
+            Main().Click(IDM_TASKLIST);
+            FakeWindow& tasks = *machine.windows.Newest(IDD_TASKS);
+            machine.dialogs.inputs = {"Tea"};
+            tasks.Click(IDC_cmd_add);
+            story->Advance(31);
+            EXPECT_EQ(damaged, machine.files.Text(file));
+            EXPECT_THAT(Bars(), HasSubstr("is damaged"));
+            // The first notice is of what is not saved.
+            Main().Click(IDC_cmdHealthNext);
+            const int button = IDC_cmdHealth + (wasOpen ? 1 : 0);
+            EXPECT_THAT(Main().Text(button), HasSubstr(wasOpen ? "3 tasks of the list" : "(2 tasks)"));
+            Main().Click(button);
+            EXPECT_EQ((std::vector<std::string>{"Milk", "Jam", "Tea"}), tasks.Items(IDC_lst_tasks));
+            EXPECT_THAT(machine.files.Text(file), testing::AllOf(HasSubstr("Jam"), HasSubstr("Tea")));
+            EXPECT_THAT(machine.files.Files(), Contains(HasSubstr("tasklist (damaged, ")));
+            EXPECT_EQ("", Bars());
+        }
+}
+
 // What another program removes can be had back, and what it saves leaves the selection with the event.
 TEST_F(Unsaved, EventsThatAnotherRemovesCanBeTakenBack) {
     for (const bool back : {true, false}) {

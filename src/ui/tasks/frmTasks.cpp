@@ -29,7 +29,7 @@ frmTasks::frmTasks(std::unique_ptr<kaz::Window> window, Application& application
       app_(application),
       folder_(application.DataPath()),
       list_(application.dataWatch->UnsavedTasks()) {
-    if (!list_) list_ = std::make_shared<TaskList>(TaskFile(application.platform.files, folder_));
+    if (!list_) list_ = std::make_shared<TaskList>(app_.UserTasks());
     app_.dataWatch->WatchTasks(list_, [this] { FillKeepingTask(); });
     On(0, Raised::Load, "Form_Load", &frmTasks::Form_Load);
     On(0, Raised::Activated, "Form_Activate", &frmTasks::Form_Activate);
@@ -81,7 +81,7 @@ void frmTasks::FollowFolder() {
         trap([&] { list_->Save(); });
     }
     folder_ = app_.DataPath();
-    list_->MoveTo(TaskFile(app_.platform.files, folder_));
+    list_->MoveTo(app_.UserTasks());
 }
 
 void frmTasks::Form_Unload() {
@@ -175,6 +175,7 @@ void frmTasks::TellUnreadable() {
     const ErrorInfo failure = CurrentError();
     app_.log.LogError(failure, "Form_Load", Name());
     app_.platform.dialogs.Message("The task list could not be read: " + failure.description + ".");
+    app_.dataWatch->Tell();
 }
 
 bool frmTasks::TaskSelected() {
