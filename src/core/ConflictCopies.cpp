@@ -1,8 +1,10 @@
 #include "core/ConflictCopies.h"
 
 #include "base/CaseFolding.h"
+#include "base/DateText.h"
 #include "base/Text.h"
 #include "core/Application.h"
+#include "core/NamedEvents.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "storage/EventDigest.h"
@@ -10,7 +12,9 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace kaz {
 
@@ -18,6 +22,20 @@ namespace {
 
 constexpr const char* kAnsweredSetting = "CONFLICTCOPIES";
 constexpr std::string_view kSeparator = "/";  // no name has one
+constexpr const char* kMadeBy =
+    ", a copy that was made when two machines had changed your events at the same time.";
+
+std::string NoticeOf(const std::string& name) { return "Conflict copy " + name; }
+
+// The days move recurring events by themselves.
+bool IsDifferent(const clsEvent& copy, const clsEvent& mine) {
+    return EventDigest(copy).words != EventDigest(mine).words ||
+           (!mine.Recurring() && copy.DueDate() != mine.DueDate());
+}
+
+std::string Described(const clsEvent& event, const LocaleData& locale) {
+    return NameOf({event}) + " on " + GeneralDateText(event.DueDate(), locale);
+}
 
 // Also in the words of other languages.
 bool IsCopyOf(std::string_view name, std::string_view file) {
@@ -49,46 +67,91 @@ void ConflictCopies::Look() {
 }
 
 void ConflictCopies::Offer(const std::string& name) {
-    const std::string key = "Conflict copy " + name;
-    const std::vector<clsEvent> missing = OnlyIn(JoinPath(app_.DataPath(), name));
-    app_.health.Clear(key);
-    if (missing.empty()) return;
+    const auto [missing, different] = NewIn(JoinPath(app_.DataPath(), name));
+    app_.health.Clear(NoticeOf(name));
+    if (missing.empty()) {
+        if (!different.empty()) OfferNext(name, different);
+        return;
+    }
     const bool one = missing.size() == 1;
-    const std::string what = one ? "The event \"" + OneLine(missing[0].DescShown()) + "\" is"
-                                 : std::to_string(missing.size()) + " events are";
-    app_.health.Tell(
-        {key,
-         Health::Weight::Note,
-         what + " only in " + name +
-             ", a copy that was made when two machines had changed your events at the same time.",
-         {{one ? "Take it over" : "Take them over",
-           [this, name, key, missing] {
-               TakeOver(missing);
-               Answered(name);
-               app_.health.Clear(key);
-           }},
-          {"Leave it", [this, name, key] {
-               Answered(name);
-               app_.health.Clear(key);
-           }}}});
+    const std::string what = one ? "The event " + NameOf(missing) + " is" : NameOf(missing) + " are";
+    app_.health.Tell({NoticeOf(name),
+                      Health::Weight::Note,
+                      what + " only in " + name + kMadeBy,
+                      {{one ? "Take it over" : "Take them over",
+                        [this, name, all = missing, rest = different] {
+                            TakeOver(all);
+                            OfferNext(name, rest);
+                        }},
+                       {"Leave it", [this, name, rest = different] { OfferNext(name, rest); }}}});
+}
+
+// One after the other, since the user may want this version of one event and that of another.
+void ConflictCopies::OfferNext(const std::string& name, std::vector<clsEvent> different) {
+    const auto isSettled = [this](const clsEvent& copy) {
+        const clsEvent* mine = app_.events->ReadEvent(copy.IDCode);
+        return !mine || mine->Deleted || !IsDifferent(copy, *mine);
+    };
+    std::erase_if(different, isSettled);
+    if (different.empty()) {
+        Answered(name);
+        app_.health.Clear(NoticeOf(name));
+        return;
+    }
+    const clsEvent copy = different.back();
+    const clsEvent mine = *app_.events->ReadEvent(copy.IDCode);
+    const LocaleData& locale = app_.platform.locale.Data();
+    const std::string here = Described(mine, locale);
+    const std::string there = Described(copy, locale);
+    std::string text = here + " is different in " + name + (here == there ? "" : ": " + there) + kMadeBy;
+    if (different.size() > 1) text += " So are " + std::to_string(different.size() - 1) + " more.";
+    Health::Notice notice{NoticeOf(name), Health::Weight::Note, std::move(text), {}};
+    for (const auto& [caption, choice] : {std::pair{"Take that of the copy", Choice::Copy},
+                                          {"Keep mine", Choice::Mine},
+                                          {"Keep both", Choice::Both}})
+        notice.actions.push_back({caption, [this, name, different, choice, shown = EventDigest(mine)] {
+                                      std::vector<clsEvent> rest = different;
+                                      const clsEvent* now = app_.events->ReadEvent(rest.back().IDCode);
+                                      // What has changed since it was shown is asked for anew.
+                                      if (now && EventDigest(*now) == shown) {
+                                          Choose(choice, rest.back());
+                                          rest.pop_back();
+                                      }
+                                      OfferNext(name, std::move(rest));
+                                  }});
+    app_.health.Tell(std::move(notice));
+}
+
+void ConflictCopies::Choose(Choice choice, const clsEvent& copy) {
+    if (choice == Choice::Mine) return;
+    app_.events->StoreRecord(copy, choice == Choice::Both);
+    app_.events->SaveDB();
+    app_.mainListIsStale = true;
 }
 
 // An event is known by its code, or by what it says.
-std::vector<clsEvent> ConflictCopies::OnlyIn(const std::string& path) {
-    std::unordered_set<std::string_view> codes;
+ConflictCopies::Content ConflictCopies::NewIn(const std::string& path) {
+    std::unordered_map<std::string_view, const clsEvent*> known;
     std::unordered_set<std::uint64_t> words;
-    for (const clsDbXml* database : {app_.events.get(), app_.expired.get()})
+    // The current ones last: a code of theirs may be an expired one's as well.
+    for (const clsDbXml* database : {app_.expired.get(), app_.events.get()})
         for (const clsEvent& event : database->AllEvents()) {
-            codes.insert(event.IDCode);
+            known[event.IDCode] = &event;
             if (!event.Deleted) words.insert(EventDigest(event).words);
         }
     clsDbXml copy(app_.Storage());
     copy.LoadDB(path);
-    std::vector<clsEvent> missing;
-    for (const clsEvent& event : copy.AllEvents())
-        if (!codes.contains(event.IDCode) && !words.contains(EventDigest(event).words))
-            missing.push_back(event);
-    return missing;
+    Content content;
+    for (const clsEvent& event : std::as_const(copy).AllEvents()) {
+        const auto found = known.find(event.IDCode);
+        if (found == known.end()) {
+            if (!words.contains(EventDigest(event).words)) content.missing.push_back(event);
+        } else if (!found->second->Deleted && IsDifferent(event, *found->second)) {
+            const bool isCurrent = app_.events->ReadEvent(event.IDCode) != nullptr;
+            (isCurrent ? content.different : content.missing).push_back(event);
+        }
+    }
+    return content;
 }
 
 void ConflictCopies::TakeOver(std::vector<clsEvent> missing) {

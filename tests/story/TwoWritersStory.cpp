@@ -162,6 +162,59 @@ TEST(TwoWriters, WhoJoinAtOnceAreBothInTheListOfUsers) {
     EXPECT_THAT(folder.Users(), testing::ElementsAre("Bob", "Cleo"));
 }
 
+// An event that is different in a copy stays what it is until the user has chosen.
+TEST(TwoWriters, AnEventThatAConflictCopyHasOtherwiseIsTheUsersChoice) {
+    const std::string name = "Events.sync-conflict-20230315-090000-ABC.xml";
+    const DateValue day(45000);
+    const struct {
+        std::vector<int> buttons;  // for the lost one, and then for "B" and "A"
+        bool changesMeanwhile;
+        std::vector<std::string> then;
+    } cases[] = {
+        {{0, 0, 0}, false, {"Mine 1", "Swim 0", "New 0", "B2 0", "A 3"}},
+        {{1, 1, 1}, false, {"A 0", "B 0", "Mine 1", "Swim 0"}},
+        {{1, 2, 1}, false, {"A 0", "B 0", "Mine 1", "Swim 0", "B2 0"}},
+        // The answer was for what was shown, so it is asked for again.
+        {{1, 0, 1, 0}, true, {"B3 0", "Mine 1", "Swim 0", "A 3"}},
+    };
+    for (const auto& [buttons, changesMeanwhile, then] : cases) {
+        SCOPED_TRACE(testing::PrintToString(buttons));
+        FakePlatform machine;
+        machine.files.Put(kFile,
+                          FileOf({OneOff("000001", "A", day), OneOff("000002", "B", day),
+                                  OneOff("000003", "Mine", day.PlusDays(1)), Daily("000004", "Swim", day)}));
+        machine.files.Put("C:\\KAZ\\" + name,
+                          FileOf({OneOff("000001", "A", day.PlusDays(3)), OneOff("000002", "B2", day),
+                                  Daily("000004", "Swim", day.PlusDays(1)), OneOff("000005", "New", day)}));
+        Application app(machine.Services());
+        app.settings.StoreSetting("DataPath", std::string("C:\\KAZ"));
+        app.events = std::make_unique<clsDbXml>(app.Storage());
+        app.expired = std::make_unique<clsDbXml>(app.Storage());
+        app.events->LoadDB(kFile);
+        app.conflictCopies.Look();
+        for (std::size_t i = 0; i < buttons.size(); ++i) {
+            const Health::Notice* notice = app.health.Find("Conflict copy " + name);
+            ASSERT_TRUE(notice);
+            EXPECT_THAT(notice->text, testing::HasSubstr(i == 0 ? "\"New\"" : "is different in"));
+            if (changesMeanwhile && i == 1) {
+                app.events->ReadEvent("000002")->Desc("B3");
+                app.events->SaveDB();
+            }
+            const auto press = notice->actions.at(static_cast<std::size_t>(buttons[i])).run;
+            press();
+        }
+        EXPECT_TRUE(app.health.Notices().empty());
+        clsDbXml reader(app.Storage());
+        reader.LoadDB(kFile);
+        std::vector<std::string> events;
+        for (const clsEvent& event : reader.AllEvents())
+            events.push_back(event.Desc() + " " + std::to_string(event.DueDate().Day() - day.Day()));
+        EXPECT_THAT(events, testing::UnorderedElementsAreArray(then));
+        app.conflictCopies.Look();
+        EXPECT_TRUE(app.health.Notices().empty());
+    }
+}
+
 // Of a copy that a synchronising program leaves, the user is offered what is only there, once.
 TEST(TwoWriters, AConflictCopyIsOfferedOnce) {
     const std::array<std::string, 2> names{"Events (Ann's conflicted copy 2023-03-15).xml",
