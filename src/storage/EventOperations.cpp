@@ -1,5 +1,6 @@
 #include "storage/EventOperations.h"
 
+#include "storage/EventDigest.h"
 #include "storage/VisibleEvents.h"
 #include "storage/clsLayers.h"
 
@@ -42,6 +43,8 @@ EditResult EventOperations::EditEvent(const EventEdit& edit, bool keepWhenGone) 
     const bool isGone = !still || (still->Deleted && !copy.Deleted);
     if (isGone && !keepWhenGone) return EditResult::Gone;
     if (isGone) copy.IDCode.clear();
+    const bool isChanged = !isGone && EventDigest(*still).words != EventDigest(edit.before).words;
+    if (isChanged && edit.mode == EditMode::Whole) Source(fromExpired).KeepReplaced(*still);
     copy.Deleted = false;
     const clsEvent stored = still ? *still : copy;
     StoreBack(std::move(copy), stored, fromExpired && !isGone);

@@ -131,6 +131,10 @@ public:
     // The folder that keeps what a merge with somebody else's version of the file has to give up. Without one
     // it is given up.
     void KeepOverwrittenIn(std::string folder) { overwritten_.KeepIn(std::move(folder)); }
+    // Keeps there the version of another that one of this program is about to replace.
+    void KeepReplaced(const clsEvent& theirs) const {
+        overwritten_.KeepEvents(fileName_, "changed by another", {theirs});
+    }
     // Marks every event of that owner as deleted, in memory.
     void MarkRecordsByOwner(std::string_view owner);
 

@@ -28,6 +28,7 @@ struct Fault {
     const char* told;  // in the bar; "" when the change is saved all the same
     OnMachine begin, end;
     bool another = false;  // another program has saved
+    bool same = false;     // and changed the event that the user changes
 };
 
 // What a stick takes along.
@@ -92,7 +93,14 @@ protected:
                          machine.files.Remove(Data(name));
                  },
                  Nothing},
-                {"newer on disk", "", WriteAsAnother, Nothing, true}};
+                {"newer on disk", "", WriteAsAnother, Nothing, true},
+                {"newer on disk, the same event", "",
+                 [](FakePlatform& machine) {
+                     WriteAsAnother(machine);
+                     const std::string file = Data("Events.xml");
+                     machine.files.Put(file, ReplaceAll(machine.files.Text(file), "Walk", "Hike"));
+                 },
+                 Nothing, true, true}};
     }
     // Another program has added something to each file.
     static void WriteAsAnother(FakePlatform& machine) {

@@ -19,11 +19,17 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
         const char* name;
         std::function<void()> act;
         std::set<std::string> then;
+        const char* mine;    // of these, the event that somebody else may change
+        const char* merged;  // what it is then
     } deeds[] = {
-        {"add", [&] { Add("Milk"); }, {"Tea 0", "Walk 4", "Bread 0", "Milk 0"}},
-        {"edit", [&] { Type("Run"), onWalk(IDM_EDIT); }, {"Tea 0", "Run 4", "Bread 0"}},
-        {"delete", [&] { story->machine.dialogs.yesNo = {true}, onWalk(IDM_DELETE); }, {"Tea 0", "Bread 0"}},
-        {"push", [&] { onWalk(IDM_PUSH); }, {"Tea 0", "Walk 5", "Bread 0"}},
+        {"add", [&] { Add("Milk"); }, {"Tea 0", "Walk 4", "Bread 0", "Milk 0"}, "Walk 4", "Hike 4"},
+        {"edit", [&] { Type("Run"), onWalk(IDM_EDIT); }, {"Tea 0", "Run 4", "Bread 0"}, "Run 4", "Run 4"},
+        {"delete",
+         [&] { story->machine.dialogs.yesNo = {true}, onWalk(IDM_DELETE); },
+         {"Tea 0", "Bread 0"},
+         "",
+         "Hike 4"},
+        {"push", [&] { onWalk(IDM_PUSH); }, {"Tea 0", "Walk 5", "Bread 0"}, "Walk 5", "Hike 5"},
         {"share",
          [&] {
              story->machine.windows.OnModal([](FakeWindow& editor) {
@@ -32,8 +38,14 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
              });
              onWalk(IDM_SHAREWITH);
          },
-         {"Tea 0", "Walk 4*", "Bread 0"}},
-        {"day change", [&] { story->Jump(1), story->Advance(31); }, {"Tea 0E", "Walk 4", "Bread 1"}},
+         {"Tea 0", "Walk 4*", "Bread 0"},
+         "Walk 4*",
+         "Hike 4*"},
+        {"day change",
+         [&] { story->Jump(1), story->Advance(31); },
+         {"Tea 0E", "Walk 4", "Bread 1"},
+         "Walk 4",
+         "Hike 4"},
     };
     enum Ending { Over, Exit, Quit, SessionEnd, ShutDown };
     for (const Fault& fault : Faults())
@@ -47,6 +59,7 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
                 const bool told = *fault.told != '\0';
                 std::set<std::string> then = deed.then;
                 if (fault.another) then.insert({"Other 9", "Other 9E"});
+                if (fault.same) then.erase(deed.mine), then.insert(deed.merged);
                 if (told) {
                     EXPECT_THAT(Bars(), AllOf(HasSubstr("not saved"), HasSubstr(fault.told)));
                     EXPECT_TRUE(Main().trayWarns);
@@ -78,6 +91,9 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
                 story->Advance(70);
                 EXPECT_EQ(NamesOf(then), Shown());
                 EXPECT_EQ(then, OnDisk());
+                if (fault.same && then.contains("Run 4")) {
+                    EXPECT_THAT(story->machine.files.Files(), Contains(HasSubstr("(changed by another")));
+                }
                 EXPECT_THAT(Bar(), Not(HasSubstr("not saved")));
                 EXPECT_EQ("", story->Saved("KAZ rescue.txt"));
             }
