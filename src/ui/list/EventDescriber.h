@@ -22,7 +22,7 @@ public:
     EventDescriber(const clsLayers& layers, const LocaleData& locale, EventViewpoint viewpoint)
         : layers_(layers),
           locale_(locale),
-          viewpoint_(std::move(viewpoint)) {}
+          viewpoint_(viewpoint) {}
 
     DateValue Today() const { return viewpoint_.today; }
     // The cells are valid until the next call.
