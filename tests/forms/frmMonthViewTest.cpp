@@ -131,6 +131,10 @@ TEST_F(frmMonthViewTest, FollowsTheFilesTheFilterAndTheDay) {
     EXPECT_TRUE(app.mainListIsStale);
     Choose(IDC_cmbMonthLayers, 4);
     EXPECT_EQ("Wednesday, March 15, 2023 (today)\r\nReport [Smith]", Day());
+    app.layers.Layer(4, "Office");
+    stage->Tell(*window, Raised::Activated);
+    EXPECT_EQ("Office", window->Items(IDC_cmbMonthLayers).at(4));
+    EXPECT_EQ("KAZ Monthly View (Office)", Text(0));
     machine.clock.Set(2023, 3, 16, 0, 0);
     stage->Tick(*window, IDT_TimerToday);
     EXPECT_THAT(Day(), Not(HasSubstr("today")));

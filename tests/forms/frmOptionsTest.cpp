@@ -56,6 +56,10 @@ TEST_F(frmOptionsTest, ShowsTheSettingsAndStoresOnlyWhatIsSaved) {
         Click(IDC_cmdPickAlarmWav);
         Click(IDC_optEuroDate);
         Click(IDC_chkSilentStart);
+        // A folder that somebody carries about gets its copies on this computer.
+        machine.dialogs.yesNo = {true};
+        Click(IDC_cmdSecondBackup);
+        EXPECT_EQ(Text(IDC_txtSecondBackup), "C:\\Local\\KAZ\\Autobackups");
         Type(IDC_txtSecondBackup, "D:/Copies\\");
         Save();
     }));

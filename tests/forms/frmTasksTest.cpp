@@ -101,6 +101,32 @@ TEST_F(frmTasksTest, WhatOthersWriteMeanwhileIsNeitherOverwrittenNorMistaken) {
     EXPECT_EQ(FileOf({"Changed " + std::to_string(IDC_cmd_change), "Typed"}), OnDisk());
 }
 
+// What the old folder did not take comes along.
+TEST_F(frmTasksTest, TheListGoesOnInTheFolderThatTheOptionsHaveChosen) {
+    for (const bool unsaved : {false, true}) {
+        SCOPED_TRACE(unsaved);
+        machine.files.Put(kFile, FileOf({"Milk"}));
+        machine.files.Put("D:\\New\\tasklist.xml", FileOf({"Jam"}));
+        app.settings.StoreSetting("DataPath", std::string("C:\\KAZ"));
+        Open();
+        if (unsaved) {
+            machine.files.At(kFile).readOnly = true;
+            machine.dialogs.inputs = {"Tea"};
+            Click(IDC_cmd_add);
+        }
+        app.settings.StoreSetting("DataPath", std::string("D:\\New"));
+        stage->Tell(*window, Raised::Activated);
+        EXPECT_EQ("Jam", Shown().at(0));
+        EXPECT_EQ(unsaved ? "Tea" : "Jam", Shown().back());
+        machine.dialogs.inputs = {"Bread"};
+        Click(IDC_cmd_add);
+        EXPECT_EQ(FileOf(Shown()), Saved("D:\\New\\tasklist.xml"));
+        EXPECT_EQ(FileOf({"Milk"}), OnDisk());
+        machine.files.At(kFile).readOnly = false;
+        app.openWindows.UnloadAll();
+    }
+}
+
 TEST_F(frmTasksTest, ADamagedFileIsToldAndLeftAlone) {
     const std::string whole = FileOf({"Milk", "Bread"});
     std::string wide;
