@@ -127,7 +127,7 @@ bool cSHAREDSettings::SaveSettings(const std::string& fileName, Failure failure)
         const std::string text = TextFor(fileName);
         WriteWholeFile(files_, fileName, text);
         fileName_ = fileName;
-        Remember(text == FileText() ? std::optional(text) : std::nullopt);
+        Remember(text);
         saveFault_.reset();
         return true;
     } catch (...) {
@@ -160,7 +160,8 @@ void cSHAREDSettings::SaveOnly(const std::string& fileName, std::span<const std:
         const std::string before = ReadSettingsText(files_, locale_, fileName);
         const std::string text = MergedInto(before, wanted);
         if (text != before) WriteWholeFile(files_, fileName, text);
-        if (text_ == before) text_ = text;
+        isWhole_ = isWhole_ && text_ == before;
+        text_ = text;
         for (const std::string_view name : names) {
             lines_.erase(KeyOf(name));
             if (const auto place = Find(name)) lines_[KeyOf(name)] = LineOf(settings_[*place]);
@@ -170,15 +171,16 @@ void cSHAREDSettings::SaveOnly(const std::string& fileName, std::span<const std:
 
 std::string cSHAREDSettings::TextFor(const std::string& fileName) {
     if (!locale_.Folding().Equal(fileName_, fileName)) return FileText();
+    std::string file;
     try {
-        const std::string file = ReadSettingsText(files_, locale_, fileName);
-        // Of one that has vanished, the memory is the last good copy.
-        if (file.empty() || file == text_) return FileText();
-        return MergedInto(file, [](const std::string&) { return true; });
+        file = ReadSettingsText(files_, locale_, fileName);
     } catch (const DamagedSettings&) {
         damagedCopy_ = KeepDamaged(fileName);
-        return FileText();
     }
+    // Of one that has gone, or is damaged, it is what was last seen.
+    if (file.empty()) file = text_;
+    if (isWhole_ && file == text_) return FileText();
+    return MergedInto(file, [](const std::string&) { return true; });
 }
 
 std::string cSHAREDSettings::KeepDamaged(const std::string& fileName) {
@@ -198,23 +200,20 @@ bool cSHAREDSettings::IsChanged(const std::string& key, const std::string& line)
 // there is hardly a reason to remove one.
 std::string cSHAREDSettings::MergedInto(std::string_view file,
                                         const std::function<bool(const std::string& key)>& wanted) const {
-    std::unordered_map<std::string, std::string> ours;
-    for (const cSHAREDSetting& setting : settings_)
-        if (const std::string key = KeyOf(setting.Name); wanted(key)) ours[key] = LineOf(setting);
     std::string text;
     std::unordered_set<std::string> written;
     while (!file.empty()) {
         const bool isLast = file.find(kLineBreak) == std::string_view::npos;
         const std::string_view line = TakeLine(file);
         const std::string key = KeyOf(line.substr(0, line.find(',')));
-        const auto found = ours.find(key);
-        const bool isCut = isLast && found != ours.end() && found->second.starts_with(line);
-        const bool isDeleted = found == ours.end() && wanted(key) && lines_.contains(key);
-        if (isDeleted) continue;
-        if (found == ours.end() || !(isCut || IsChanged(key, found->second)))
+        const auto place = Find(key);
+        const std::string own = place ? LineOf(settings_[*place]) : std::string();
+        const bool isCut = place && isLast && own.starts_with(line);
+        const bool isChanged = wanted(key) && (place ? IsChanged(key, own) : lines_.contains(key));
+        if (!isCut && !isChanged)
             text.append(line).append(kLineBreak);
         else if (!written.contains(key))
-            text += found->second;
+            text += own;
         written.insert(key);
     }
     for (const cSHAREDSetting& setting : settings_)
@@ -223,8 +222,9 @@ std::string cSHAREDSettings::MergedInto(std::string_view file,
     return text;
 }
 
-void cSHAREDSettings::Remember(std::optional<std::string> text) {
-    text_ = std::move(text);
+void cSHAREDSettings::Remember(const std::string& text) {
+    text_ = text;
+    isWhole_ = text == FileText();
     lines_.clear();
     for (const cSHAREDSetting& setting : settings_)
         lines_[KeyOf(setting.Name)] = LineOf(setting);
@@ -265,6 +265,7 @@ void cSHAREDSettings::LoadSettings(const std::string& fileName) {
         neverRead_.clear();
         fileName_ = fileName;
         Remember(text);
+        isWhole_ = true;
     });
 }
 

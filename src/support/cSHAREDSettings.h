@@ -101,7 +101,7 @@ private:
     std::string KeepDamaged(const std::string& fileName);
     std::string MergedInto(std::string_view file,
                            const std::function<bool(const std::string& key)>& wanted) const;
-    void Remember(std::optional<std::string> text);
+    void Remember(const std::string& text);
     void Tell(const char* text) noexcept;
     // Whether a setting is a member of the set.
     std::function<bool(const cSHAREDSetting&)> MemberOf(std::string_view setName) const;
@@ -115,10 +115,11 @@ private:
     std::unordered_map<std::string, std::size_t> positions_;  // upper-cased name -> place in settings_
     std::optional<ErrorInfo> saveFault_;
     std::string neverRead_;  // a file that is there but could not be read
-    // When the file was last read or written: its name, its text if all of it is in this memory, and the
+    // When the file was last read or written: its name, its text, whether this memory has all of it, and the
     // lines of this memory by their keys.
     std::string fileName_;
-    std::optional<std::string> text_;
+    std::string text_;
+    bool isWhole_ = false;
     std::unordered_map<std::string, std::string> lines_;
     std::unordered_map<std::string, std::string> assumed_;  // of those that are absent
     std::string damagedCopy_;

@@ -176,6 +176,28 @@ TEST_F(SettingsTest, AFailedSaveTellsAndLeavesFileAndMemory) {
     EXPECT_THAT(Log(), HasSubstr("Error 61 (Disk full) in SaveSettings of cSHAREDSettings"));
 }
 
+TEST_F(SettingsTest, ASaveBringsOnlyWhatWasChangedHereIntoTheFile) {
+    const std::string whole = "A,1\r\nB,2\r\nC,3\r\n";
+    const std::string alone = "A,1\r\nB,5\r\n";
+    const std::pair<std::string, std::string> cases[] = {
+        {whole, alone},
+        {"", alone},
+        {"A,", alone},
+        {whole + '\0', alone},
+        {"B,2\r\nb,3\r\n", "B,5\r\nA,1\r\n"},
+        {"note\r\nC,9\r\nb,7\r\nA,4\r\nD,8", "note\r\nB,5\r\nA,4\r\nD,8\r\n"}};
+    for (const auto& [found, saved] : cases) {
+        Load(whole);
+        settings.StoreSetting("B", Number(5));
+        settings.DeleteSetting("C");
+        machine.files.Put(kFile, found);
+        EXPECT_EQ(Saved(), saved) << found;
+        machine.files.Remove(kFile);
+        EXPECT_EQ(Saved(), saved) << found;
+    }
+    EXPECT_EQ(machine.files.Text("C:\\KAZ\\Kaz (damaged).ini"), whole + '\0');
+}
+
 TEST_F(SettingsTest, SetsGrowShrinkAndHaveGaps) {
     EXPECT_EQ(settings.AddToSet("Users", Text("Ann")), 1);
     EXPECT_EQ(settings.AddToSet("uS,ers", Text("Bob")), 2);
