@@ -82,8 +82,8 @@ bool Mentions(std::string_view text, std::string_view word) {
     return CaseFolding::Ascii().Find(text, word) != std::string_view::npos;
 }
 
-// A pattern in the notation of Windows, where case tells months from minutes and quoted text stands for
-// itself.
+// A pattern in the notation of Windows, where case tells months from minutes
+// and quoted text stands for itself.
 void AppendByWindowsPattern(std::string& text, DateValue date, std::string_view pattern,
                             const LocaleData& locale) {
     Writer writer(text, date, locale);

@@ -8,9 +8,9 @@ namespace kaz {
 // The order of day, month and year in dates written with numbers.
 enum class DateOrder { MonthDayYear, DayMonthYear, YearMonthDay };
 
-// What the user's locale says of dates, numbers and words, as plain data: formatting and recognising are done
-// by our own code, so that every locale can be tried on every machine. The defaults are English (United
-// States).
+// What the user's locale says of dates, numbers and words, as plain data: formatting and
+// recognising are done by our own code, so that every locale can be tried on every machine. The
+// defaults are English (United States).
 struct LocaleData {
     // Sunday first.
     std::array<std::string, 7> dayNames{"Sunday",   "Monday", "Tuesday", "Wednesday",

@@ -8,7 +8,7 @@ namespace kaz {
 // Rounds to the nearest whole number, a half to the even one. Throws Overflow outside 32 bits and for values
 // that are no number.
 std::int32_t RoundToInt32(double value);
-// The same for 16 bits.
+// Rounds alike; throws Overflow outside 16 bits.
 std::int16_t RoundToInt16(double value);
 
 // Throws Overflow when the value does not fit 16 bits signed.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "com/ModuleUse.h"
-
 #include <windows.h>
 #include <ocidl.h>
 #include <oleauto.h>
@@ -12,6 +10,22 @@
 #include <type_traits>
 
 namespace kaz {
+
+// Counts what keeps the module loaded: one for each living object and each lock of a class factory.
+class ModuleUse {
+public:
+    ModuleUse() noexcept { Add(); }
+    ModuleUse(const ModuleUse&) noexcept { Add(); }
+    ModuleUse& operator=(const ModuleUse&) noexcept = default;
+    ~ModuleUse() { Remove(); }
+
+    static void Add() noexcept { ++count_; }
+    static void Remove() noexcept { --count_; }
+    static bool None() noexcept { return count_ == 0; }
+
+private:
+    static inline std::atomic<long> count_{0};
+};
 
 // Reference counting and QueryInterface over the listed interfaces, the first of which is the object's
 // identity. A new object holds one reference, its creator's.

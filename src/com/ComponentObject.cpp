@@ -32,8 +32,8 @@ ComponentObject::ComponentObject()
     : platform_(OwnModule()),
       component_(platform_.Services(), MakeMainWindow, relay_) {}
 
-// No exception crosses to the host, and the object outlives the call even when the host lets go of it in an
-// event.
+// No exception crosses to the host, and the object outlives the call even when
+// the host lets go of it in an event.
 template <class Operation>
 HRESULT ComponentObject::Run(Operation&& operation) noexcept {
     const ComPointer<IUnknown> alive(Identity());

@@ -9,9 +9,9 @@
 
 namespace kaz {
 
-// The component as COM sees it: each operation converts, calls and returns. It owns the machine's services
-// and the whole program, so that two of them in one process are two programs. Used from the thread that made
-// it.
+// The component as COM sees it: each operation converts, calls and returns. It owns the
+// machine's services and the whole program, so that two of them in one process are two programs.
+// Used from the thread that made it.
 class ComponentObject final
     : public DualObject<IKazComponent, IProvideClassInfo2, IConnectionPointContainer> {
 public:

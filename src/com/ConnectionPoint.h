@@ -10,8 +10,8 @@
 
 namespace kaz {
 
-// Where hosts connect to hear the component's events. It is a part of its container: both live and die
-// together.
+// Where hosts connect to hear the component's events. It is a part of its
+// container: both live and die together.
 class ConnectionPoint final : public IConnectionPoint {
 public:
     explicit ConnectionPoint(IConnectionPointContainer& container) : container_(container) {}

@@ -1,10 +1,46 @@
 #include "Kazlib_h.h"
-#include "com/ClassFactory.h"
+#include "com/ComObject.h"
+#include "com/ComponentObject.h"
 #include "com/Registration.h"
 #include "win32/ComPointer.h"
 
 #include <new>
 #include <string_view>
+
+namespace kaz {
+
+namespace {
+
+// Makes components.
+class ClassFactory final : public ComObject<IClassFactory> {
+public:
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override;
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
+};
+
+HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** object) try {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (outer) return CLASS_E_NOAGGREGATION;
+    const auto component = ComPointer<ComponentObject>::Adopt(new ComponentObject);
+    return component->QueryInterface(iid, object);
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+} catch (...) {
+    return E_FAIL;
+}
+
+HRESULT ClassFactory::LockServer(BOOL lock) {
+    if (lock)
+        ModuleUse::Add();
+    else
+        ModuleUse::Remove();
+    return S_OK;
+}
+
+}  // namespace
+
+}  // namespace kaz
 
 // Exported by Kazlib.def.
 

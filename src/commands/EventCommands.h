@@ -38,8 +38,8 @@ public:
     std::optional<std::string> Push(const EventRef& event);
     // Asks first; `what` is the text of the event when it is only one. False when the answer was No.
     bool Delete(const std::vector<EventRef>& events, std::string_view what);
-    // Lets the user choose with whom the event is shared, and shares the others, which may hold it too,
-    // alike.
+    // Lets the user choose with whom the event is shared, and shares the
+    // others, which may hold it too, alike.
     std::optional<std::string> ShareWith(const EventRef& event, const std::vector<EventRef>& others);
 
 private:

@@ -85,12 +85,12 @@ public:
     std::string Owner() const;
     bool Networked() const { return settings.Flag("Networked"); }
 
-    // Switches the copying of shared events and the filter of others' files on or off, as "Networked" says
-    // now.
+    // Switches the copying of shared events and the filter of others' files on
+    // or off, as "Networked" says now.
     void ApplySharing();
-    // Opens the databases anew after the settings have changed, and publishes this user's shared events.
-    // While the old files cannot take the latest changes, the data folder stays what it was, and the user is
-    // told.
+    // Opens the databases anew after the settings have changed, and publishes this user's
+    // shared events. While the old files cannot take the latest changes, the data folder stays
+    // what it was, and the user is told.
     void ReopenDatabases();
     // Makes the three databases, without their files. What they read from then on is told to the main list,
     // and gets what every event has: a category, and of other users, dates that have not passed.
@@ -112,8 +112,8 @@ public:
     // An engine over the databases as they are now.
     clsReminder MakeReminder();
 
-    // The end of the program: closes every open window, from the last opened to the first, and saves the
-    // settings.
+    // The end of the program: closes every open window, from the last opened to
+    // the first, and saves the settings.
     void EndProgram();
 
 private:

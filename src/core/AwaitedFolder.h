@@ -4,9 +4,9 @@ namespace kaz {
 
 class Application;
 
-// A data folder that was not there when its files were to be read, such as that of a stick or of a network
-// drive at logon, is waited for. Until it is back with its files, the databases write nothing in their
-// places.
+// A data folder that was not there when its files were to be read, such as that of a stick
+// or of a network drive at logon, is waited for. Until it is back with its files, the
+// databases write nothing in their places.
 class AwaitedFolder {
 public:
     explicit AwaitedFolder(Application& application) : app_(application) {}

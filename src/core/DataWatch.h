@@ -44,8 +44,8 @@ public:
     void Tell();
     // Saves what is not saved yet, and tells how it stands.
     void TryAgain();
-    // Asks where to, and writes there what is not saved. False when the user gave up, or was told of a
-    // failure.
+    // Asks where to, and writes there what is not saved. False when the user
+    // gave up, or was told of a failure.
     bool SaveCopy();
     // The user wants what is not saved now to be lost.
     void GiveUp() { givenUp_ = RescueFile::TextOf(Collect()); }

@@ -6,8 +6,8 @@
 
 namespace kaz {
 
-// The event files of the folder that the settings name: opened at the start, and again when the settings have
-// changed.
+// The event files of the folder that the settings name: opened at the start, and
+// again when the settings have changed.
 class EventFiles {
 public:
     explicit EventFiles(Application& application) : app_(application) {}

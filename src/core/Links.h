@@ -6,8 +6,8 @@
 
 namespace kaz {
 
-// Opens a page, a file or a folder with the program that the system has for it. A refusal is told to the
-// user.
+// Opens a page, a file or a folder with the program that the system has for
+// it. A refusal is told to the user.
 void OpenForUser(const Platform& platform, const std::string& target);
 
 void ShowHomePage(const Platform& platform);

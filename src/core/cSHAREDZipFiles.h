@@ -48,7 +48,7 @@ public:
 
     // The archiver's result code; 0 is success.
     int MakeZipFile();
-    // The same as a yes or no.
+    // Whether it has ended well.
     bool Zip() { return MakeZipFile() == kZipSuccess; }
     const std::string& GetLastMessage() const { return lastMessage_; }
 

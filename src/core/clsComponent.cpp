@@ -2,7 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "core/ClockGuard.h"
-#include "core/EventLists.h"
+#include "core/HostLists.h"
 #include "core/Startup.h"
 #include "platform/Files.h"
 #include "platform/MessagePump.h"
@@ -72,7 +72,7 @@ void clsComponent::ScanEvents() noexcept {
     trap([&] {
         if (fMain_.expired()) EnsureMainWindow()->FillEvents(clsLayers::kAll);
         application_.MoveSharedOn();
-        const EventLists lists(application_, host_);
+        const HostLists lists(application_, host_);
         host_.TodaysEvents(lists.todays);
         host_.UpcomingEvents(lists.upcoming);
         host_.AllEvents(lists.all);

@@ -21,8 +21,8 @@ public:
 
     bool SettingsInitialised() const noexcept;
     std::string DLLVersion() const noexcept;
-    // `runtimePath`: the folder of the application's files. Call it first and once; nothing else works
-    // before.
+    // `runtimePath`: the folder of the application's files. Call it first and
+    // once; nothing else works before.
     void Startup(const std::string& runtimePath) noexcept;
     void SetOptions(const std::string& runtimePath) noexcept;
     void RefreshDates() noexcept;

@@ -6,8 +6,8 @@
 
 namespace kaz {
 
-// Typed names over a window's controls, so that forms read as sentences: txtSleep.Text(),
-// chkExpired.Checked().
+// Typed names over a window's controls, so that forms read as sentences:
+// txtSleep.Text(), chkExpired.Checked().
 
 class Control {
 public:

@@ -32,8 +32,8 @@ public:
 class DayGrid {
 public:
     virtual ~DayGrid() = default;
-    // The days are not owned and must live as long as the window or until replaced. Call Refresh after every
-    // change.
+    // The days are not owned and must live as long as the window or until replaced.
+    // Call Refresh after every change.
     virtual void SetDays(const DayBoxes* days) = 0;
     // Repaints; a selected box that is no day any more gives way to the nearest day.
     virtual void Refresh() = 0;
@@ -44,8 +44,8 @@ public:
 
 enum class DayKey { Left, Right, Up, Down, First, Last };
 
-// The selected box of a grid of days, and what the keys do to it: the half of the control that needs no
-// window.
+// The selected box of a grid of days, and what the keys do to it: the half of
+// the control that needs no window.
 class DayCursor {
 public:
     void SetDays(const DayBoxes* days) { days_ = days; }

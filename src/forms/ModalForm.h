@@ -15,8 +15,8 @@ public:
 protected:
     using Form::Form;
 
-    // Hidden only once the others are enabled again; the system would bring another program to the front
-    // otherwise.
+    // Hidden only once the others are enabled again; the system would bring another
+    // program to the front otherwise.
     void Accept() { Close(kAccepted); }
     void Leave() { Close(kLeft); }
 

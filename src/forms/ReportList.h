@@ -8,8 +8,8 @@
 
 namespace kaz {
 
-// What a report list shows: rows and columns count from 0, in display order. The list asks only for what it
-// paints.
+// What a report list shows: rows and columns count from 0, in display order. The
+// list asks only for what it paints.
 class ReportRows {
 public:
     virtual ~ReportRows() = default;
@@ -30,8 +30,8 @@ class ReportList {
 public:
     virtual ~ReportList() = default;
     virtual void SetColumns(const std::vector<ReportColumn>& columns) = 0;
-    // The rows are not owned and must live as long as the window or until replaced. Call Refresh after every
-    // change.
+    // The rows are not owned and must live as long as the window or until replaced.
+    // Call Refresh after every change.
     virtual void SetRows(const ReportRows* rows) = 0;
     // Takes the row count anew and repaints once. The selection is left to the caller.
     virtual void Refresh() = 0;
@@ -41,8 +41,8 @@ public:
     virtual void ClearSelection() = 0;
     // Selects the row, makes it current and scrolls it into view; other rows keep their state.
     virtual void Select(int row) = 0;
-    // Selects exactly these rows, however many, with one repaint; the current row and the scroll position
-    // stay.
+    // Selects exactly these rows, however many, with one repaint; the current
+    // row and the scroll position stay.
     virtual void SetSelection(const std::vector<int>& rows) = 0;
     // The arrow in the header; column -1 shows none.
     virtual void ShowSortMark(int column, bool ascending) = 0;

@@ -10,8 +10,8 @@ namespace kaz {
 class DayGrid;
 class ReportList;
 
-// What a window tells its form. `control` is the id of the control, timer, menu item or accelerator; 0 is the
-// window.
+// What a window tells its form. `control` is the id of the control, timer, menu
+// item or accelerator; 0 is the window.
 enum class Raised {
     Load,         // the window was made; its controls can be filled
     Click,        // button, check box, menu item, toolbar button, accelerator
@@ -105,7 +105,7 @@ public:
     virtual WindowSize Size() const = 0;
     // Keeps the window on a screen that exists now.
     virtual void SetSize(WindowSize size) = 0;
-    // The same by the area inside the frame, which holds the controls.
+    // Sizes the area inside the frame, which holds the controls.
     virtual void SetInnerSize(WindowSize size) = 0;
     virtual WindowSize ScreenSize() const = 0;
     // What the system shows its user as the reason why this window keeps the end of the session waiting, in a
@@ -160,7 +160,7 @@ public:
     // Shows a pop-up menu of the resources at the pointer (or at the focus, for the keyboard); the chosen
     // item is raised as Click.
     virtual void ShowMenu(int menu) = 0;
-    // The same beneath a button of the window's toolbar.
+    // Shows it beneath a button of the window's toolbar.
     virtual void ShowMenuUnder(int toolbar, int command, int menu) = 0;
 
     virtual void SetToolbar(int control, const std::vector<ToolButton>& buttons) = 0;
@@ -170,8 +170,8 @@ public:
     virtual void ShowTrayIcon(const std::string& tip, bool warns) = 0;
     virtual void HideTrayIcon() = 0;
 
-    // Has Resumed raised by a computer in connected standby too, which wakes unheard by those who have not
-    // asked.
+    // Has Resumed raised by a computer in connected standby too, which wakes
+    // unheard by those who have not asked.
     virtual void AskForResumes() = 0;
 };
 

@@ -59,9 +59,9 @@ DateValue FirstDayOfMonth(const RecurrenceRule& rule, DateValue reference, DateV
     Require(rule.monthNumber >= 1 && rule.monthNumber <= kEveryMonthByDay);
     const bool everyMonth = rule.monthNumber == kEveryMonthByDay;
 
-    // Kept on purpose: the search begins in the clock's month or year even when the reference lies before it,
-    // and the reference counts with its time of day, so that any time after midnight passes over the same
-    // day.
+    // Kept on purpose: the search begins in the clock's month or year even when the
+    // reference lies before it, and the reference counts with its time of day, so that any
+    // time after midnight passes over the same day.
     const Month earliest = Month::Of(today);
     const Month wanted = Month::Of(reference);
     const Month from{std::max(earliest.index, wanted.index)};
@@ -83,9 +83,9 @@ DateValue EveryNMonths(DateValue start, std::int16_t period, DateValue reference
     Month month = Month::Of(start);
     int day = start.Civil().day;
 
-    // Kept on purpose: the day is not cut to the month's length. 31 January and one month is 3 March, and the
-    // series goes on from the 3rd. Only such days need to be walked, at most once a month of the calendar's
-    // years.
+    // Kept on purpose: the day is not cut to the month's length. 31 January and one month is 3
+    // March, and the series goes on from the 3rd. Only such days need to be walked, at most
+    // once a month of the calendar's years.
     while (day > 28 && month.index < last.index) {
         month = month.Plus(period);
         if (const int length = month.Length(); day > length) {

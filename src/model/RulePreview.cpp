@@ -25,8 +25,8 @@ bool IsCutShort(const clsEvent& event) {
     return event.MonthNumber() >= 1 && event.MonthNumber() <= 12 && day > DaysIn(event.MonthNumber());
 }
 
-// Whether the steps reach a month that does not have the day they started on. After twelve steps the months
-// repeat.
+// Whether the steps reach a month that does not have the day they started on.
+// After twelve steps the months repeat.
 bool Drifts(DateValue start, int period) {
     const CivilDate civil = start.Civil();
     for (int step = 1; step <= 12; ++step)

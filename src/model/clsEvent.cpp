@@ -5,8 +5,8 @@
 namespace kaz {
 
 bool clsEvent::NameInShared(std::string_view name, const CaseFolding& folding) const {
-    // Kept on purpose: the name is looked for anywhere in the text, so the tail of a listed name counts as
-    // listed.
+    // Kept on purpose: the name is looked for anywhere in the text, so the tail of
+    // a listed name counts as listed.
     return folding.Find(ShareNames, std::string(name).append(kLineBreak)) != std::string_view::npos;
 }
 

@@ -93,7 +93,7 @@ public:
     // clears MailSent. `today` is the clock's day. A rule that cannot be computed is reported as one error
     // and leaves the dates as they were.
     void CalcNextDueDate(DateValue today, ErrorSink& errors);
-    // The same from `after`, whose time of day counts for the day-of-month rule.
+    // Counted from `after`, whose time of day counts for the day-of-month rule.
     void CalcNextAfterDate(DateValue after, DateValue today, ErrorSink& errors);
     // Sets DaysLeft: 0 today, 1 tomorrow, negative when overdue.
     void CalcDaysLeft(DateValue today);

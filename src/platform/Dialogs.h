@@ -21,8 +21,7 @@ public:
                                                 const std::string& initial) = 0;
     // `filter` in pairs, such as "WAV files (*.wav)|*.wav". Nothing when the user cancelled.
     virtual std::optional<std::string> OpenFile(const std::string& title, const std::string& filter) = 0;
-    // The same for a file to be written; `name` is proposed. The user has been asked when there is such a
-    // file.
+    // Where a file is to be written; `name` is proposed. The user has been asked when there is such a file.
     virtual std::optional<std::string> SaveFile(const std::string& title, const std::string& filter,
                                                 const std::string& name) = 0;
     virtual std::optional<std::string> PickFolder(const std::string& title) = 0;

@@ -9,7 +9,7 @@ bool FolderExists(const FileSystem& files, const std::string& path);
 
 // The whole file as bytes. Throws as FileSystem does.
 std::string ReadWholeFile(FileSystem& files, const std::string& path);
-// The same, but a file that is not there reads as empty.
+// Reads a file that is not there as empty.
 std::string ReadFileOrEmpty(FileSystem& files, const std::string& path);
 
 // Whether the bytes can be a text of ours: no zero is in it, as in what a disk has lost, and in UTF-16.

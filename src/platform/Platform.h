@@ -15,8 +15,8 @@ class SystemInfo;
 class WindowFactory;
 class ZipArchiver;
 
-// Everything that the program asks of the machine, handed over once at the start. The services outlive the
-// program.
+// Everything that the program asks of the machine, handed over once at the start.
+// The services outlive the program.
 struct Platform {
     Clock& clock;
     Dialogs& dialogs;

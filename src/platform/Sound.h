@@ -18,9 +18,9 @@ public:
     virtual unsigned OutputDevices() const = 0;
     // Whether the default device plays sounds of that format, which is as WaveFormatOf found it.
     virtual bool Plays(const std::string& format) const = 0;
-    // Plays the file under the flags; an empty name means no sound (with kPurge: stop what plays). False when
-    // it does not begin; true does not mean that it was heard, since a sound in the background is opened
-    // later.
+    // Plays the file under the flags; an empty name means no sound (with kPurge: stop what
+    // plays). False when it does not begin; true does not mean that it was heard, since a sound
+    // in the background is opened later.
     virtual bool Play(const std::string& file, std::uint32_t flags) = 0;
     virtual void Beep() = 0;
 };

@@ -13,8 +13,8 @@ public:
     virtual std::string ModuleFolder() const = 0;
     // The folder for what the user keeps, of the user's profile, without trailing backslash.
     virtual std::string UserFolder() const = 0;
-    // The folder for what belongs to this user on this machine alone, without trailing backslash; "" without
-    // one.
+    // The folder for what belongs to this user on this machine alone, without
+    // trailing backslash; "" without one.
     virtual std::string LocalFolder() const = 0;
     // The folder for files that nobody keeps, without trailing backslash.
     virtual std::string TemporaryFolder() const = 0;

@@ -3,11 +3,62 @@
 #include "base/Text.h"
 #include "platform/Files.h"
 #include "reminders/ReminderWindows.h"
-#include "reminders/TrustedFiles.h"
+#include "support/cSHAREDSettings.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
 
 namespace kaz {
 
 namespace {
+
+// The files that events of other users may run on this machine, as the user allowed them, one by one. They
+// are kept as the set "TrustedFiles" of the settings, each as the user in whose file the event came, "|" and
+// file. The owner that the event claims counts for nothing: another one can be forged to go with a file that
+// the user has allowed.
+class TrustedFiles {
+public:
+    explicit TrustedFiles(cSHAREDSettings& settings) : settings_(settings) {}
+
+    bool Holds(const std::string& source, const std::string& file) const;
+    void Add(const std::string& source, const std::string& file);
+
+    // Names with control characters cannot be kept in the settings file, where a line break starts another
+    // setting, and one that is not shown as it is must not be asked for; nor is one that no path can have.
+    // Such a file is never run.
+    static bool CanHold(const std::string& source, const std::string& file);
+
+private:
+    cSHAREDSettings& settings_;
+};
+
+constexpr const char* kSet = "TrustedFiles";
+constexpr std::size_t kLongestPath = 32767;  // of Windows
+
+// Where the code page is UTF-8, these show a name in another order than the system
+// reads it: "txt.exe" as "exe.txt".
+constexpr const char* kTurnText[] = {"\xE2\x80\xAA", "\xE2\x80\xAB", "\xE2\x80\xAC",
+                                     "\xE2\x80\xAD", "\xE2\x80\xAE", "\xE2\x81\xA6",
+                                     "\xE2\x81\xA7", "\xE2\x81\xA8", "\xE2\x81\xA9"};
+
+bool IsPlain(const std::string& text) {
+    return std::none_of(text.begin(), text.end(), IsControl) &&
+           std::none_of(std::begin(kTurnText), std::end(kTurnText),
+                        [&](const char* turn) { return text.find(turn) != std::string::npos; });
+}
+
+bool TrustedFiles::Holds(const std::string& source, const std::string& file) const {
+    return settings_.ValueInSet(kSet, source + "|" + file);
+}
+
+void TrustedFiles::Add(const std::string& source, const std::string& file) {
+    if (CanHold(source, file) && !Holds(source, file)) settings_.AddToSet(kSet, source + "|" + file);
+}
+
+bool TrustedFiles::CanHold(const std::string& source, const std::string& file) {
+    return file.size() <= kLongestPath && IsPlain(source) && IsPlain(file);
+}
 
 void Open(const ReminderServices& services, const std::string& file) {
     if (FileExists(services.files, file))

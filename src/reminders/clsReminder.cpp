@@ -1,19 +1,59 @@
 #include "reminders/clsReminder.h"
 
 #include "base/DateText.h"
+#include "base/RuntimeError.h"
 #include "model/AlarmTime.h"
 #include "reminders/AlarmFiles.h"
-#include "reminders/ExpiredShelf.h"
 #include "reminders/ReminderText.h"
 #include "reminders/ReminderWindows.h"
+#include "storage/clsDbXml.h"
 
 #include <algorithm>
 #include <numeric>
+#include <string>
+#include <unordered_set>
 #include <utility>
 
 namespace kaz {
 
 namespace {
+
+// Puts the events that one pass retires into the expired database, in memory.
+class ExpiredShelf {
+public:
+    explicit ExpiredShelf(clsDbXml* expired) : expired_(expired) {}
+
+    // The event keeps its code, unless another expired event has it already. One that is there from an
+    // earlier attempt takes its own place. Throws InternalError without a database.
+    void Add(const clsEvent& event);
+
+private:
+    bool IsAnother(const clsEvent& event) const;
+    void ReadCodes();
+
+    clsDbXml* expired_;
+    bool codesRead_ = false;
+    std::unordered_set<std::string> codes_;
+};
+
+void ExpiredShelf::Add(const clsEvent& event) {
+    if (!expired_) throw RuntimeError(ErrorNumber::InternalError);
+    if (!codesRead_) ReadCodes();
+    expired_->StoreRecord(event, IsAnother(event));
+    codes_.insert(std::as_const(*expired_).AllEvents().back().IDCode);
+}
+
+// Looked for only when the code is in use: a long absence retires thousands of events in one pass.
+bool ExpiredShelf::IsAnother(const clsEvent& event) const {
+    const clsEvent* there = codes_.contains(event.IDCode) ? expired_->ReadEvent(event.IDCode) : nullptr;
+    return there && !there->Deleted && (there->Desc() != event.Desc() || there->DueDate() != event.DueDate());
+}
+
+void ExpiredShelf::ReadCodes() {
+    for (const clsEvent& event : std::as_const(*expired_).AllEvents())
+        codes_.insert(event.IDCode);
+    codesRead_ = true;
+}
 
 // The most minutes after which a file is still run: those by which a clock is put forward in spring. Much
 // later it would do its work where nobody expects it any more.
@@ -90,8 +130,8 @@ void clsReminder::Update(int passes) {
     services_.log.LogEvents(lines);
 
     trap([&] {
-        // First the file that receives the events: a crash in between leaves them in both files, never in
-        // none.
+        // First the file that receives the events: a crash in between leaves them
+        // in both files, never in none.
         if (!services_.expired || services_.expired->SaveDB())
             RemoveRetired(retired);
         else if (!retired.empty())

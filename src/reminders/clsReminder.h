@@ -18,9 +18,9 @@ public:
         : services_(services),
           visible_(services.settings) {}
 
-    // Moves recurring events whose day has passed on to their next day and the others to the expired
-    // database, then saves both. It is one pass, which leaves out some. Without an events database it does
-    // nothing.
+    // Moves recurring events whose day has passed on to their next day and the others to
+    // the expired database, then saves both. It is one pass, which leaves out some. Without
+    // an events database it does nothing.
     void UpdateAllEvents();
     // After as many passes as leave none out, shows the events that come up within their days of warning and
     // those of today. A window without any is closed; one that has shown the same on this day already stays

@@ -21,7 +21,7 @@ public:
     // Heading and caption. The first one makes the window appear, two seconds later.
     void Heading(const std::string& text);
     void AddToList(const std::string& text) { AddToList(std::vector<std::string>{text}); }
-    // The same for many lines, with one filling of the list box.
+    // Adds many lines with one filling of the list box.
     void AddToList(const std::vector<std::string>& texts);
     void ClearList();
     // Takes these lines for those that it has.
@@ -29,7 +29,7 @@ public:
 
     // Ends any sleep and makes the window come to the front, two seconds later.
     void Wake();
-    // The same at once and above all other windows: an alarm is late by two seconds already.
+    // Shows it at once and above all other windows: an alarm is late by two seconds already.
     void ShowOnTop();
     // Whether it has been closed; it may live on until its handlers have ended.
     bool Closed() const { return closed_; }

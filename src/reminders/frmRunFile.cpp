@@ -61,8 +61,8 @@ void frmRunFile::Form_Unload() {
     window().Hide();
 }
 
-// The window before may have closed under the user's hands, who goes on typing. By a click he has chosen this
-// one.
+// The window before may have closed under the user's hands, who goes on typing.
+// By a click he has chosen this one.
 void frmRunFile::Form_Activate(int how) {
     if (how != kByMouse) Rest();
 }

@@ -34,8 +34,8 @@ using E = clsEvent;
 using Tag = std::string_view;
 
 // The kinds of fields: how the property (or the plain member) is written and read back.
-// Members have names of their own, since the compiler for Windows (GCC 12) breaks down over overloads of the
-// two.
+// Members have names of their own, since the compiler for Windows (GCC 12)
+// breaks down over overloads of the two.
 
 template <std::string E::*Member>
 constexpr EventField PlainText(Tag tag) {
@@ -99,8 +99,8 @@ constexpr EventField DateTime(Tag tag) {
             [](E& event, const FieldText& from) { (event.*Set)(from.Date()); }};
 }
 
-// Kept on purpose: searched by another spelling than it is written with; the search has no regard to letter
-// case.
+// Kept on purpose: searched by another spelling than it is written with; the
+// search has no regard to letter case.
 constexpr EventField SearchedAs(Tag searchedTag, EventField field) {
     field.searchedTag = searchedTag;
     return field;

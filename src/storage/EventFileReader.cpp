@@ -68,8 +68,8 @@ std::size_t EventFileReader::EstimatedCount() const {
     const auto size = static_cast<double>(file_.Size());
     const double share = usedBytes_ == 0 ? 0.0 : size / static_cast<double>(usedBytes_);
     constexpr double kGenerous = 1.0625;
-    // A written block is never shorter, so that a file of rubbish cannot ask for more memory than its own
-    // size.
+    // A written block is never shorter, so that a file of rubbish cannot ask for
+    // more memory than its own size.
     constexpr double kShortestBlock = 512;
     return static_cast<std::size_t>(
         std::min(static_cast<double>(count_) * share * kGenerous, size / kShortestBlock));

@@ -15,8 +15,8 @@
 
 namespace kaz {
 
-// Reads the events of a file one after the other through one buffer, which grows only for a block that is
-// longer.
+// Reads the events of a file one after the other through one buffer, which grows
+// only for a block that is longer.
 class EventFileReader {
 public:
     static constexpr std::size_t kBufferSize = std::size_t{256} * 1024;

@@ -70,8 +70,8 @@ bool FindExpectedValues(std::string_view& text, Values& values) {
 
 using Places = std::array<std::size_t, kEventFieldCount>;
 
-// Where a search from the start of the piece finds each field's start tag; one walk instead of a search for
-// each.
+// Where a search from the start of the piece finds each field's start tag; one
+// walk instead of a search for each.
 Places FirstPlaces(std::string_view piece) {
     Places places;
     places.fill(std::string_view::npos);
@@ -97,8 +97,8 @@ Places FirstPlaces(std::string_view piece) {
     return places;
 }
 
-// A field that cannot be read is one line in the log and keeps its default; reading goes on with the next
-// one.
+// A field that cannot be read is one line in the log and keeps its default;
+// reading goes on with the next one.
 void TransferXMLToObject(const Values& values, clsEvent& event, const LocaleData& locale, ErrorSink& errors) {
     ErrorTrap trap(errors, "TransferXMLToObject", "clsDbXml");
     const auto& fields = EventFields();

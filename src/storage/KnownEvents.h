@@ -27,8 +27,8 @@ public:
     const EventDigest* Find(std::string_view code) const;
     // Whether these are the events, in whatever order.
     bool AreAllOf(const std::vector<clsEvent>& events) const;
-    // Of these, when they are those that it was made of: changes with whatever changes the text of their
-    // file.
+    // Of these, when they are those that it was made of: changes with whatever
+    // changes the text of their file.
     std::uint64_t Print(const std::vector<clsEvent>& events) const;
 
 private:

@@ -23,7 +23,7 @@ public:
     DateValue Date() const { return DateValue::FromSerial(std::bit_cast<double>(Bits())); }
     // A field that was never filled holds zeros instead of blanks.
     std::string Text() const { return std::string(Trim(bytes_.substr(0, bytes_.find('\0')))); }
-    // The same for a text of one line.
+    // A text of one line.
     std::string Line() const {
         std::string text = Text();
         std::erase_if(text, IsControl);

@@ -16,11 +16,11 @@ public:
 
     // Without a folder nothing is kept.
     void KeepIn(std::string folder) { folder_ = std::move(folder); }
-    // Copies the file, which somebody else saved, under a name with the time, and logs it. False when that
-    // failed.
+    // Copies the file, which somebody else saved, under a name with the time, and
+    // logs it. False when that failed.
     bool Keep(const std::string& fileName) const;
-    // Writes events of the file under a name with the reason and the time, and logs it. False when that
-    // failed.
+    // Writes events of the file under a name with the reason and the time, and
+    // logs it. False when that failed.
     bool KeepEvents(const std::string& fileName, const std::string& reason,
                     const std::vector<clsEvent>& events) const;
 

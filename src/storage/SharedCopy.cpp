@@ -14,9 +14,9 @@ bool SharedCopy::Run() {
         if (published) return;
         const std::string me = CurrentOwner(context_.services.settings);
 
-        // Read as one's own file, not through the filter that is meant for those of others. The earlier
-        // copies leave it in the same save that brings the new ones, so that nobody ever reads a file without
-        // them.
+        // Read as one's own file, not through the filter that is meant for those of others.
+        // The earlier copies leave it in the same save that brings the new ones, so that
+        // nobody ever reads a file without them.
         clsDbXml own(context_.services);
         own.LoadDB(folder.FileOf(me));
         own.MarkRecordsByOwner(me);

@@ -29,8 +29,8 @@ public:
 
     // The listed names in the list's order, blanks around them and blank lines left out.
     std::vector<std::string> Users() const { return UsersOf(ListFile()); }
-    // The same for a list by its path. A list that is not there has no names, but without its folder it
-    // cannot be read. Throws as FileSystem does.
+    // Those of a list by its path. A list that is not there has no names, but without its folder it cannot be
+    // read. Throws as FileSystem does.
     std::vector<std::string> UsersOf(const std::string& listFile) const;
     // Adds a name that is not there yet. Throws InvalidCall for a name that cannot be part of a file name,
     // and as FileSystem does.

@@ -45,8 +45,8 @@ std::vector<std::string> TasksOf(std::string_view text) {
     for (const std::string& piece : pieces)
         if (cSharedHTML::cInstr(piece, kDetails) > 0)
             tasks.push_back(cSharedHTML::ExtractBetweenTags(piece, kDetails, kDetailsEnd));
-    // In somebody's own editing the last end tag may be missing; what lies around the tags is no part of a
-    // task.
+    // In somebody's own editing the last end tag may be missing; what lies around
+    // the tags is no part of a task.
     if (!pieces.empty() && cSharedHTML::cInstr(pieces.back(), kDetails) > 0)
         tasks.back().resize(tasks.back().find_last_not_of(" \t\r\n") + 1);
     return tasks;

@@ -32,8 +32,8 @@ public:
     std::vector<std::string> Load();
     // Whether the file is another than at the last Load or Save, or was never read. Throws as Load does.
     bool Changed() const;
-    // Replaces the file in one step; when that fails, the old one is as it was. Throws as SafeFileWriter
-    // does.
+    // Replaces the file in one step; when that fails, the old one is as it was.
+    // Throws as SafeFileWriter does.
     void Save(const std::vector<std::string>& tasks);
 
 private:

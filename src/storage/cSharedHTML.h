@@ -43,12 +43,12 @@ public:
     static std::string EncloseDate(DateValue value, std::string_view startTag, std::string_view endTag);
     static std::string EncloseBool(bool value, std::string_view startTag, std::string_view endTag);
 
-    // Percent-encoding: letters, digits and ":.,?" stand for themselves, every other byte becomes "%" and two
-    // digits.
+    // Percent-encoding: letters, digits and ":.,?" stand for themselves, every other
+    // byte becomes "%" and two digits.
     static std::string HtmlEncode(std::string_view text);
     static void AppendEncoded(std::string& to, std::string_view text);
-    // A "%" without two characters after it stays; a pair that is not hexadecimal counts by its leading
-    // digits.
+    // A "%" without two characters after it stays; a pair that is not
+    // hexadecimal counts by its leading digits.
     static std::string HtmlDecode(std::string_view text);
 
     // The text with every stretch between the tags replaced; the tags stay.

@@ -50,8 +50,8 @@ public:
 
     // The number, counting from 1, of the record on disk with this code; -1 when there is none.
     std::int32_t SeekDiskRecord(std::string_view code);
-    // Writes the event over its own record on disk, or behind the last one. False when the file could not be
-    // written.
+    // Writes the event over its own record on disk, or behind the last one. False
+    // when the file could not be written.
     bool WriteEventToFile(const clsEvent& event);
     // Adds the events to an XML database in memory; nothing is saved. No event is lost: one whose code is
     // empty or taken gets a new one. Texts that would tear the tagged file apart lose what would do so.

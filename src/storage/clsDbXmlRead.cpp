@@ -1,20 +1,66 @@
 #include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "model/clsEvent.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "storage/ErrorBatch.h"
 #include "storage/EventFileReader.h"
-#include "storage/EventIntake.h"
+#include "storage/Owner.h"
+#include "storage/StorageServices.h"
 #include "storage/clsDbXml.h"
 
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <string>
 #include <unordered_set>
 #include <utility>
 
 namespace kaz {
 
 namespace {
+
+// What becomes of each event that is read from a file.
+class EventIntake {
+public:
+    // `foreign`: the file was written by another user. Of it come in only the events that are meant for this
+    // user, with the category of this user's that has the same name.
+    EventIntake(const StorageServices& services, bool foreign);
+
+    // False for an event that does not come in.
+    bool Admit(clsEvent& event) const;
+
+private:
+    bool AdmitForeign(clsEvent& event) const;
+
+    StorageServices services_;
+    bool foreign_;
+    std::string user_;
+};
+
+EventIntake::EventIntake(const StorageServices& services, bool foreign)
+    : services_(services),
+      foreign_(foreign),
+      user_(CurrentOwner(services.settings)) {}
+
+bool EventIntake::Admit(clsEvent& event) const {
+    AdoptOrphan(event, user_);
+    return !event.Deleted && (!foreign_ || AdmitForeign(event));
+}
+
+// A shared event without a list of names is meant for everybody.
+bool EventIntake::AdmitForeign(clsEvent& event) const {
+    const CaseFolding& letters = services_.locale.Folding();
+    if (event.SharedEvent && event.ShareWithSpecific && !event.NameInShared(user_, letters)) return false;
+    const std::string& category = event.SharedLayerName;
+    // Slot 0 is everybody's, and has its name from the program.
+    if (category.empty() || category == services_.layers.Layer(clsLayers::kShared)) return true;
+    // The name was written by somebody else and would become a line of the settings file.
+    if (std::any_of(category.begin(), category.end(), IsControl)) return true;
+    const std::int16_t slot = services_.layers.SeekLayerIndex(category);
+    if (slot >= 0) event.Layer(slot);
+    return true;
+}
 
 // A file that is there and can be read, but is none of ours any more.
 struct DamagedFile : RuntimeError {

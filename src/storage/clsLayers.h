@@ -34,8 +34,8 @@ public:
     void SaveLayers();
     void LoadLayers();
 
-    // The slot with that name (1 to 20). A new name takes the highest free slot and is saved; -1 when none is
-    // free.
+    // The slot with that name (1 to 20). A new name takes the highest free slot and
+    // is saved; -1 when none is free.
     std::int16_t SeekLayerIndex(std::string_view name);
 
 private:

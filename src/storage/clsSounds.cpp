@@ -44,8 +44,8 @@ void clsSounds::AddorChange(std::string_view id, std::string_view wavFile) {
             Save();
             return;
         }
-        // Kept on purpose: a new entry goes to the end of the file only, and is found after the next
-        // Initialise.
+        // Kept on purpose: a new entry goes to the end of the file only, and is
+        // found after the next Initialise.
         std::string entry;
         if (appended_.empty() && !lines_.back().empty()) entry = kLineBreak;
         entry.append(Entry(id, wavFile)).append(kLineBreak);

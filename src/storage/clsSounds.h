@@ -12,9 +12,9 @@
 
 namespace kaz {
 
-// The setting "WavFile"; by default "alarm.wav" in the application's folder, where the host puts it. A stored
-// default that is gone gives way to the one that is here now: the folder has moved, or a stick has another
-// letter.
+// The setting "WavFile"; by default "alarm.wav" in the application's folder, where the host
+// puts it. A stored default that is gone gives way to the one that is here now: the folder has
+// moved, or a stick has another letter.
 std::string DefaultAlarmSound(const FileSystem& files, const cSHAREDSettings& settings,
                               const std::string& applicationFolder);
 
@@ -33,7 +33,7 @@ public:
     void Delete(std::string_view id);
     // The event's sound file up to a comma in it, or the default alarm sound.
     std::string GetWavName(std::string_view id);
-    // The same, but nothing when the event has no sound of its own.
+    // Nothing when the event has no sound of its own.
     std::optional<std::string> OwnWavName(std::string_view id);
     void Initialise();
 

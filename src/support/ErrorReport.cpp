@@ -14,8 +14,8 @@ std::string Escaped(char c) {
     return {'%', kDigits[code >> 4], kDigits[code & 15]};
 }
 
-// The last whole lines of a text that fit into so many characters of a link, behind a note that some are
-// missing.
+// The last whole lines of a text that fit into so many characters of a link,
+// behind a note that some are missing.
 std::string EndOf(std::string_view text, std::size_t room) {
     const std::string note = ErrorReport::MakeClean(kShortened);
     if (note.size() > room) return {};

@@ -9,10 +9,10 @@
 
 namespace kaz {
 
-// Opens the error report window for a failure, without ever getting in the user's way: it takes no keyboard,
-// stops nothing, and there is one at a time. What fails while it is open is in the log, and the same failure
-// is shown again after an hour at the earliest, so that one which comes back every 30 seconds shows one
-// window.
+// Opens the error report window for a failure, without ever getting in the user's way: it takes
+// no keyboard, stops nothing, and there is one at a time. What fails while it is open is in the
+// log, and the same failure is shown again after an hour at the earliest, so that one which comes
+// back every 30 seconds shows one window.
 class ErrorReports {
 public:
     explicit ErrorReports(ErrorReportServices services) : services_(std::move(services)) {}

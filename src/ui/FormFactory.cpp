@@ -2,7 +2,7 @@
 
 #include "core/Application.h"
 #include "forms/WindowFactory.h"
-#include "ui/ModalForms.h"
+#include "ui/ModalWindows.h"
 #include "ui/event/EditEvent.h"
 #include "ui/main/frmMain.h"
 #include "ui/month/ShowMonth.h"

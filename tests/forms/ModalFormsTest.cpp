@@ -1,7 +1,6 @@
-#include "ui/ModalForms.h"
-
 #include "FormTest.h"
 #include "support/Endpoints.h"
+#include "ui/ModalWindows.h"
 
 namespace kaz {
 namespace {

@@ -1,5 +1,5 @@
 #include "FormTest.h"
-#include "ui/ModalForms.h"
+#include "ui/ModalWindows.h"
 
 namespace kaz {
 namespace {

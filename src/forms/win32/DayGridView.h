@@ -9,9 +9,9 @@
 
 namespace kaz {
 
-// A grid of days on an owner-drawn static control (SS_OWNERDRAW | SS_NOTIFY in the template): one window
-// instead of a control a day. Its window text is the selected day, so that screen readers have something to
-// read.
+// A grid of days on an owner-drawn static control (SS_OWNERDRAW | SS_NOTIFY in the
+// template): one window instead of a control a day. Its window text is the selected day, so
+// that screen readers have something to read.
 class DayGridView : public DayGrid {
 public:
     using Raise = std::function<void(Raised what, int detail)>;

@@ -89,8 +89,8 @@ void DialogWindow::Show(Activation activation) {
     stateWhenShown_.reset();
     ShowWindow(window_, how);
     if (how == SW_SHOWMINIMIZED) return;
-    // The dialog that waits for its answer, if there is one; it came without an owner while this one was
-    // hidden.
+    // The dialog that waits for its answer, if there is one; it came without an
+    // owner while this one was hidden.
     HWND front = GetLastActivePopup(window_);
     if (!IsWindowEnabled(front)) front = WorkWindow(front);
     SetForegroundWindow(front ? front : window_);

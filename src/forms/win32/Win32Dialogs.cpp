@@ -1,14 +1,121 @@
 #include "forms/win32/Win32Dialogs.h"
 
-#include "forms/win32/DateBox.h"
-#include "forms/win32/InputBox.h"
+#include "base/DateValue.h"
+#include "base/RuntimeError.h"
+#include "forms/win32/BoxSize.h"
+#include "forms/win32/DialogWindow.h"
 #include "forms/win32/ModalRun.h"
 #include "forms/win32/PathBoxes.h"
+#include "platform/Dialogs.h"
 #include "resources/resource.h"
 #include "win32/ActivationContext.h"
 #include "win32/Text.h"
 
+#include <commctrl.h>
+
 namespace kaz {
+
+namespace {
+
+// A month calendar with OK and Cancel.
+class DateBox : private WindowListener {
+public:
+    explicit DateBox(HINSTANCE module);
+    // The calendar opens at `initial` or, where it cannot show that, at today.
+    std::optional<DateValue> Ask(const std::string& prompt, DateValue initial);
+
+private:
+    void OnRaised(int control, Raised what, int detail) noexcept override;
+    void FitCalendar();
+
+    DialogWindow window_;
+    HWND calendar_;
+};
+
+DateBox::DateBox(HINSTANCE module)
+    : window_(module, IDD_DATE),
+      calendar_(GetDlgItem(window_.Handle(), IDC_calDate)) {
+    FitCalendar();
+}
+
+// How large a month is depends on the language and the font, so the box grows or shrinks around it.
+void DateBox::FitCalendar() {
+    RECT least{};
+    RECT place{};
+    if (!SendMessageW(calendar_, MCM_GETMINREQRECT, 0, reinterpret_cast<LPARAM>(&least))) return;
+    GetClientRect(calendar_, &place);
+    GrowBy(window_.Handle(), least.right - place.right, least.bottom - place.bottom);
+}
+
+std::optional<DateValue> DateBox::Ask(const std::string& prompt, DateValue initial) {
+    const CivilDate civil = initial.Civil();
+    SYSTEMTIME time{};
+    time.wYear = static_cast<WORD>(civil.year);
+    time.wMonth = static_cast<WORD>(civil.month);
+    time.wDay = static_cast<WORD>(civil.day);
+    SendMessageW(calendar_, MCM_SETCURSEL, 0, reinterpret_cast<LPARAM>(&time));
+    window_.SetText(IDC_lblDatePrompt, prompt);
+    window_.SetFocus(IDC_calDate);
+    window_.SetListener(this);
+    if (window_.ShowModal() != IDOK) return std::nullopt;
+    if (!SendMessageW(calendar_, MCM_GETCURSEL, 0, reinterpret_cast<LPARAM>(&time))) return std::nullopt;
+    return DateValue::FromCivil(time.wYear, time.wMonth, time.wDay);
+}
+
+void DateBox::OnRaised(int control, Raised what, int) noexcept {
+    if (what == Raised::CloseBox || (what == Raised::Click && control == IDCANCEL))
+        window_.EndModal(IDCANCEL);
+    if (what == Raised::Click && control == IDOK) window_.EndModal(IDOK);
+}
+
+// One line of text with OK and Cancel.
+class InputBox : private WindowListener {
+public:
+    // `dialogs` tells what is wrong with an answer.
+    InputBox(HINSTANCE module, Dialogs& dialogs);
+    std::optional<std::string> Ask(const std::string& title, const std::string& prompt,
+                                   const std::string& initial);
+
+private:
+    void OnRaised(int control, Raised what, int detail) noexcept override;
+    void TakeAnswer();
+
+    DialogWindow window_;
+    Dialogs& dialogs_;
+    std::string answer_;
+};
+
+InputBox::InputBox(HINSTANCE module, Dialogs& dialogs) : window_(module, IDD_INPUTBOX), dialogs_(dialogs) {}
+
+std::optional<std::string> InputBox::Ask(const std::string& title, const std::string& prompt,
+                                         const std::string& initial) {
+    window_.SetText(0, title);
+    window_.SetText(IDC_lblPrompt, prompt);
+    GrowForLabel(window_.Handle(), IDC_lblPrompt);
+    window_.SetText(IDC_txtAnswer, initial);
+    window_.SetFocus(IDC_txtAnswer);
+    window_.SetListener(this);
+    if (window_.ShowModal() != IDOK) return std::nullopt;
+    return answer_;
+}
+
+void InputBox::OnRaised(int control, Raised what, int) noexcept {
+    if (what == Raised::CloseBox || (what == Raised::Click && control == IDCANCEL))
+        window_.EndModal(IDCANCEL);
+    if (what == Raised::Click && control == IDOK) TakeAnswer();
+}
+
+void InputBox::TakeAnswer() {
+    try {
+        answer_ = window_.Text(IDC_txtAnswer);
+        window_.EndModal(IDOK);
+    } catch (const RuntimeError& error) {
+        // The box stays open, so that the rest of what was typed is not lost.
+        dialogs_.Message(error.Description());
+    }
+}
+
+}  // namespace
 
 int Win32Dialogs::Box(const std::string& text, UINT style) const {
     const ActivationContext context(module_);

@@ -78,8 +78,8 @@ void ComponentSink::On(DISPID event, const DISPPARAMS& arguments) {
         mail_.Send(TextOf(last[2]), TextOf(last[1]), TextOf(last[0]));
         break;
     case kShutDownKAZ:  // the user chose to exit. kClosed needs no answer: the tray icon stays.
-        // The component is still in the call that raised this; it is shut down once the message loop has
-        // ended.
+        // The component is still in the call that raised this; it is shut down
+        // once the message loop has ended.
         PostQuitMessage(0);
         break;
     case kAllEvents:  // the last of a scan

@@ -14,9 +14,9 @@
 
 namespace kaz {
 
-// The mails of this host, sent as "KAZ2.ini" in the data folder says, which is read for each mail anew.
-// Before the first mail, nothing of it costs a start any time. To be used on the thread with the message
-// loop.
+// The mails of this host, sent as "KAZ2.ini" in the data folder says, which is read for
+// each mail anew. Before the first mail, nothing of it costs a start any time. To be used
+// on the thread with the message loop.
 class HostMail {
 public:
     explicit HostMail(const std::wstring& folder);

@@ -8,8 +8,8 @@ namespace kaz {
 // looked up here since the component has no operation that tells its settings. No file means no.
 bool StartsSilently(const std::wstring& folder);
 
-// The same for the text of a settings file: lines NAME,value; the last line of a name counts; true is TRUE or
-// a number other than 0, as the file holds -1.
+// Whether the text of a settings file says so: lines NAME,value; the last line of a name counts; true is
+// TRUE or a number other than 0, as the file holds -1.
 bool SaysSilentStart(const std::string& settings);
 
 }  // namespace kaz

@@ -9,8 +9,8 @@ namespace kaz {
 // when it is there and cannot be read.
 std::optional<std::string> BytesOfFile(const std::wstring& fileName);
 
-// Such bytes as UTF-8: what is not UTF-8 already is taken for the system's code page, in which an old editor
-// writes.
+// Such bytes as UTF-8: what is not UTF-8 already is taken for the system's code
+// page, in which an old editor writes.
 std::string Utf8OfFile(std::string bytes);
 
 // Adds the bytes at the end, in one step, and makes the file if need be; false when that is not possible.

@@ -47,8 +47,8 @@ private:
     Descriptor file_;
 };
 
-// Returns once what was written to the descriptor is on the disk; a device that cannot promise that counts as
-// done.
+// Returns once what was written to the descriptor is on the disk; a device that
+// cannot promise that counts as done.
 void FlushToDisk(int descriptor);
 
 }  // namespace kaz

@@ -1,16 +1,57 @@
 #include "platform/win32/Win32FileSystem.h"
 
+#include "base/RuntimeError.h"
 #include "platform/Files.h"
 #include "platform/win32/Win32File.h"
-#include "platform/win32/Win32Path.h"
 #include "win32/SystemError.h"
 #include "win32/Text.h"
 
 #include <windows.h>
 
+#include <algorithm>
+#include <string>
+
 namespace kaz {
 
 namespace {
+
+// The path for the wide calls. One that is too long for them is made absolute and given the prefix that lifts
+// the limit. Throws PathFileAccess for a path with a zero character in it.
+std::wstring WidePath(const std::string& path);
+
+// Whether the drive or the server of the path answers at all.
+bool IsReachable(const std::wstring& path);
+
+constexpr std::wstring_view kVerbatim = L"\\\\?\\";
+
+std::wstring Absolute(const std::wstring& path) {
+    const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    if (size == 0) ThrowSystemError(GetLastError());
+    std::wstring full(size, L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), size, full.data(), nullptr));
+    return full;
+}
+
+bool StartsWithDrive(std::wstring_view path) { return path.size() >= 2 && path[1] == L':'; }
+
+std::wstring WidePath(const std::string& path) {
+    if (path.find('\0') != std::string::npos) throw RuntimeError(ErrorNumber::PathFileAccess);
+    std::wstring wide = ToWide(path);
+    // Folders are limited to twelve characters less than files.
+    constexpr std::size_t kLimit = MAX_PATH - 12;
+    if (wide.size() < kLimit || wide.starts_with(kVerbatim)) return wide;
+    wide = Absolute(wide);
+    if (wide.starts_with(L"\\\\")) return std::wstring(kVerbatim).append(L"UNC").append(wide, 1);
+    return std::wstring(kVerbatim) + wide;
+}
+
+bool IsReachable(const std::wstring& path) {
+    std::wstring_view rest = path;
+    if (rest.starts_with(kVerbatim)) rest.remove_prefix(kVerbatim.size());
+    if (!StartsWithDrive(rest)) return true;
+    const wchar_t root[] = {rest[0], L':', L'\\', L'\0'};
+    return GetDriveTypeW(root) != DRIVE_NO_ROOT_DIR;
+}
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr int kTries = 10;
@@ -85,8 +126,8 @@ bool Win32FileSystem::IsReadOnly(const std::string& path) const {
     const std::wstring wide = WidePath(path);
     const Look look(wide);
     if (look.error) return look.error == ERROR_ACCESS_DENIED;
-    // A folder's read-only mark only tells the shell of a custom look; whether it can be written shows by
-    // asking.
+    // A folder's read-only mark only tells the shell of a custom look; whether it
+    // can be written shows by asking.
     const bool folder = look.Has(FILE_ATTRIBUTE_DIRECTORY);
     if (!folder && look.Has(FILE_ATTRIBUTE_READONLY)) return true;
     const FileHandle probe = Open(wide, folder ? FILE_ADD_FILE : FILE_APPEND_DATA, OPEN_EXISTING,

@@ -12,8 +12,8 @@
 namespace kaz {
 
 std::string Win32SystemInfo::OperatingSystem() const {
-    // GetVersionEx tells a program without the newest manifest an older version; this one always tells the
-    // truth.
+    // GetVersionEx tells a program without the newest manifest an older version;
+    // this one always tells the truth.
     using RtlGetVersion = LONG(WINAPI*)(OSVERSIONINFOW*);
     OSVERSIONINFOW version{};
     version.dwOSVersionInfoSize = sizeof version;

@@ -19,8 +19,8 @@ constexpr zip_uint32_t kLevel = 5;
 
 constexpr FileTime kUnitsPerSecond = 10'000'000;
 constexpr FileTime kSecondsFrom1601To1970 = 11'644'473'600;
-// The first moment that an archive can hold, 1 January 1980, and a day to be on the safe side of every time
-// zone.
+// The first moment that an archive can hold, 1 January 1980, and a day to be on
+// the safe side of every time zone.
 constexpr FileTime kEarliest = 315'619'200;
 
 std::time_t ToTimeT(FileTime time) {

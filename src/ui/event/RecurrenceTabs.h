@@ -1,9 +1,6 @@
 #pragma once
 
-#include "ui/event/DayXFrame.h"
-#include "ui/event/IntervalFrame.h"
-#include "ui/event/MonthlyFrame.h"
-#include "ui/event/WeekdaysFrame.h"
+#include "ui/event/RecurrenceFrames.h"
 
 #include <array>
 

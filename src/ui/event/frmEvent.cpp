@@ -1,11 +1,12 @@
 #include "ui/event/frmEvent.h"
 
 #include "base/Text.h"
+#include "forms/Window.h"
 #include "model/RulePreview.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
+#include "resources/resource.h"
 #include "storage/clsSounds.h"
-#include "ui/event/ShareLayout.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 
@@ -15,6 +16,41 @@
 namespace kaz {
 
 namespace {
+
+// Leaves of the event editor the frame for sharing and the two buttons, and makes the window fit around them.
+void ShowSharingOnly(Window& window);
+
+// In units of 1/96 inch.
+constexpr int kMargin = 50;  // around everything, both sides together
+constexpr int kGap = 12;     // between the frame and the buttons
+
+void MoveBy(Window& window, int control, int right, int down) {
+    ControlPlace place = window.Place(control);
+    place.left += right;
+    place.top += down;
+    window.SetPlace(control, place);
+}
+
+void ShowSharingOnly(Window& window) {
+    for (int control = IDC_frmEventFirst; control <= IDC_frmEventLast; ++control)
+        window.SetControlVisible(control, false);
+
+    const ControlPlace before = window.Place(IDC_FrameShared);
+    for (const int control :
+         {IDC_FrameShared, IDC_chkShared, IDC_chkSpecificShare, IDC_lblUsers, IDC_lstUsers}) {
+        MoveBy(window, control, kMargin / 2 - before.left, kMargin / 2 - before.top);
+        window.SetControlVisible(control, true);
+    }
+    const ControlPlace frame = window.Place(IDC_FrameShared);
+    const ControlPlace abort = window.Place(IDC_cmdAbort);
+    for (const int button : {IDC_cmdSave, IDC_cmdAbort}) {
+        MoveBy(window, button, frame.left + frame.width - (abort.left + abort.width),
+               frame.top + frame.height + kGap - abort.top);
+        window.SetControlVisible(button, true);
+    }
+    window.SetInnerSize(
+        {frame.width + kMargin, frame.top + frame.height + kGap + abort.height + kMargin / 2});
+}
 
 constexpr int kSaved = 1;
 constexpr int kAborted = 2;
@@ -163,8 +199,8 @@ void frmEvent::CopyFields(clsEvent& event) {
     if (!event.Email.empty()) app_.settings.StoreSetting("DefaultEmail", event.Email);
 }
 
-// A text box cannot show every byte that a description may hold; one that the user has not touched keeps them
-// all.
+// A text box cannot show every byte that a description may hold; one that the
+// user has not touched keeps them all.
 void frmEvent::CopyDescription(clsEvent& event) const {
     const std::string text = TypedText(txtDesc);
     if (!event.IDCode.empty() && text == shownDescription_) return;

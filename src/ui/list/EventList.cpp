@@ -42,17 +42,17 @@ void EventList::Show(EventRows rows) {
 
 void EventList::SortBy(int column) {
     if (column < 0 || column >= kEventColumns) return;
-    // Kept on purpose: the flag flips also when another column is clicked, so the first click of all sorts
-    // descending.
+    // Kept on purpose: the flag flips also when another column is clicked, so the
+    // first click of all sorts descending.
     ascending_ = !ascending_;
     sortColumn_ = column;
     Sort();
 }
 
-// Texts are compared by the code page's character values, letter case aside, not by the rules of the user's
-// language: the order is then the same on every machine, and the hyphens of "---" and the zeros of "0005"
-// count, which some languages would skip. Rows with equal texts keep the order of the databases in both
-// directions.
+// Texts are compared by the code page's character values, letter case aside, not by the rules of
+// the user's language: the order is then the same on every machine, and the hyphens of "---" and
+// the zeros of "0005" count, which some languages would skip. Rows with equal texts keep the
+// order of the databases in both directions.
 void EventList::Sort() {
     const auto column = static_cast<std::size_t>(sortColumn_);
     std::vector<SortKey> keys(rows_.Count());

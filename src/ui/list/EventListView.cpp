@@ -22,8 +22,8 @@ void EventListView::Show(EventRows rows) { list_.Show(std::move(rows)); }
 void EventListView::SelectPlace(int place) {
     Report().ClearSelection();
     if (list_.RowCount() == 0) return;
-    // Kept on purpose: the place in the list is remembered, not the event; beyond this bound it is the first
-    // row.
+    // Kept on purpose: the place in the list is remembered, not the event; beyond
+    // this bound it is the first row.
     const bool there = place >= 0 && place <= kLastRememberedRow && place < list_.RowCount();
     Report().Select(there ? place : 0);
 }

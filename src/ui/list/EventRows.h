@@ -27,9 +27,9 @@ enum EventColumn {
 
 using EventCells = std::array<std::string, kEventColumns>;
 
-// The texts of many rows, one behind the other in a single block: ten thousand rows are two allocations and
-// less than two megabytes. Rows keep the order of their adding and hold no reference to the events they came
-// from.
+// The texts of many rows, one behind the other in a single block: ten thousand rows are two
+// allocations and less than two megabytes. Rows keep the order of their adding and hold no
+// reference to the events they came from.
 class EventRows {
 public:
     void Add(const EventCells& cells, std::string_view code, EventSource source, EventType type);

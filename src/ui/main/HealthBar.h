@@ -9,9 +9,9 @@
 
 namespace kaz {
 
-// The bar between the filter and the list of the main window, there as long as there is something that the
-// user has to know: the heaviest notice, its buttons, and a way to the others. It takes its room from the
-// list.
+// The bar between the filter and the list of the main window, there as long as there is
+// something that the user has to know: the heaviest notice, its buttons, and a way to the
+// others. It takes its room from the list.
 class HealthBar {
 public:
     static constexpr int kButtons = 3;

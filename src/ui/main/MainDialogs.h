@@ -1,12 +1,14 @@
 #pragma once
 
 #include "commands/EventCommands.h"
-#include "ui/main/UnsavedAnswer.h"
 
 #include <functional>
 #include <string>
 
 namespace kaz {
+
+// What the user wants to become of what is not saved, when the program is to end.
+enum class UnsavedAnswer { TryAgain, SaveCopy, Lose, Cancel };
 
 // The windows that the main window opens; it does not know how they are made.
 struct MainDialogs {

@@ -87,7 +87,7 @@ private:
     // host's lists made anew. Behind an open dialog the list stays as it is until the next tick.
     void Refill(const std::optional<std::string>& code);
     bool IsHeldUp();
-    // The same for what happened by itself: what is selected stays selected, wherever it stands now.
+    // Fills the list after what happened by itself: what is selected stays selected, wherever it stands now.
     void RefillKeepingSelection();
     bool AskForTerm();
     void Search(int from);

@@ -3,7 +3,7 @@
 #include "forms/Controls.h"
 #include "forms/ModalForm.h"
 #include "resources/resource.h"
-#include "ui/main/UnsavedAnswer.h"
+#include "ui/main/MainDialogs.h"
 
 #include <memory>
 #include <string>

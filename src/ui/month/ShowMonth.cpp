@@ -3,7 +3,7 @@
 #include "forms/WindowFactory.h"
 #include "ui/month/frmMonthView.h"
 #include "ui/print/CalendarPages.h"
-#include "ui/print/MonthListPages.h"
+#include "ui/print/PrintLists.h"
 
 namespace kaz {
 

@@ -26,8 +26,8 @@ public:
     // The application outlives the form.
     frmMonthView(std::unique_ptr<kaz::Window> window, Application& application, MonthPrinting printing);
 
-    // Shows the month with the events as they are now. `month` is 1 to 12; a year outside 100 to 9999 changes
-    // nothing.
+    // Shows the month with the events as they are now. `month` is 1 to 12; a year
+    // outside 100 to 9999 changes nothing.
     void LoadMonth(std::int16_t month, std::int16_t year);
     // Shows the window or brings it forward.
     void ShowWindow() { window().Show(Activation::TakeFocus); }

@@ -7,8 +7,8 @@
 
 namespace kaz {
 
-// Makes what the user has typed the program's options. First all is checked and nothing stored, then all is
-// stored.
+// Makes what the user has typed the program's options. First all is checked and
+// nothing stored, then all is stored.
 class OptionsSaving {
 public:
     explicit OptionsSaving(Application& application) : app_(application), before_(Options::Of(application)) {}

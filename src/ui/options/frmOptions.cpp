@@ -83,8 +83,8 @@ bool frmOptions::Told(Step step) {
     }
 }
 
-// An ID that cannot be typed needs no question whether there is one. What was typed comes back with the
-// network.
+// An ID that cannot be typed needs no question whether there is one. What was
+// typed comes back with the network.
 void frmOptions::optSingle_Click() {
     const bool couldType = txtOwner.Enabled();
     EnableNetwork();

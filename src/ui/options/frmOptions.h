@@ -13,8 +13,8 @@
 
 namespace kaz {
 
-// The program's options. Nothing is stored until the user saves, but for the list of users, which is
-// everybody's.
+// The program's options. Nothing is stored until the user saves, but for the
+// list of users, which is everybody's.
 class frmOptions : public ModalForm {
 public:
     frmOptions(std::unique_ptr<Window> window, Application& application);

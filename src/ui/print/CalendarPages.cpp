@@ -3,16 +3,44 @@
 #include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "platform/Locale.h"
-#include "ui/print/DayBoxText.h"
+#include "platform/Paper.h"
 #include "ui/print/PageFrame.h"
 #include "ui/print/PrintDocument.h"
 #include "ui/print/TextWrap.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace kaz {
 
 namespace {
+
+// The lines for a day's box of that width and so many lines: each event in up to two lines if there is room
+// for all, else each in one, and as the last resort the first of them and how many more there are.
+std::vector<std::string> DayBoxText(const std::vector<std::string>& events, const Paper& paper,
+                                    PaperFont font, int width, std::size_t lines);
+
+constexpr std::size_t kLinesOfAnEvent = 2;
+
+std::vector<std::string> DayBoxText(const std::vector<std::string>& events, const Paper& paper,
+                                    PaperFont font, int width, std::size_t lines) {
+    std::vector<std::string> text;
+    if (lines == 0) return text;
+    if (events.size() <= lines) {
+        for (const std::string& event : events)
+            for (std::string& line : WrapText(paper, event, font, width, kLinesOfAnEvent))
+                text.push_back(std::move(line));
+        if (text.size() <= lines) return text;
+        text.clear();
+    }
+    const bool all = events.size() <= lines;
+    const std::size_t shown = all ? events.size() : lines - 1;
+    for (std::size_t event = 0; event < shown; ++event)
+        text.push_back(ShortenText(paper, events[event], font, width));
+    if (!all) text.push_back("+" + std::to_string(events.size() - shown) + " more");
+    return text;
+}
 
 constexpr PaperFont kDayNameFont{11, true};
 constexpr PaperFont kNumberFont{12, true};

@@ -4,7 +4,7 @@
 #include "core/DataWatch.h"
 #include "forms/WindowFactory.h"
 #include "platform/Dialogs.h"
-#include "ui/print/TaskListPages.h"
+#include "ui/print/PrintLists.h"
 
 #include <algorithm>
 

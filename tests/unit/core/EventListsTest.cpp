@@ -1,6 +1,5 @@
-#include "core/EventLists.h"
-
 #include "base/RuntimeError.h"
+#include "core/HostLists.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/RecordingHost.h"
 #include "fakes/Sample.h"
@@ -12,7 +11,7 @@
 namespace kaz {
 namespace {
 
-TEST(EventLists, WhatAHandlerDoesToTheEventDecidesWhetherItsMailIsRaisedAgain) {
+TEST(HostLists, WhatAHandlerDoesToTheEventDecidesWhetherItsMailIsRaisedAgain) {
     FakePlatform machine;
     Application app{machine.Services()};
     RecordingHost host;
@@ -24,7 +23,7 @@ TEST(EventLists, WhatAHandlerDoesToTheEventDecidesWhetherItsMailIsRaisedAgain) {
         std::function<void()> handler;
         int mailsOfTwoScans;
     } cases[] = {
-        {"scans", 100, [&] { EventLists(app, host); }, 100},
+        {"scans", 100, [&] { HostLists(app, host); }, 100},
         {"edits the address", 1, [&] { events[0].Email = "bob@example.org"; }, 2},
         {"deletes it", 1, [&] { app.events->DeleteRecord("100000"); }, 1},
         {"reads another file", 1, [&] { events.clear(); }, 1},
@@ -33,7 +32,7 @@ TEST(EventLists, WhatAHandlerDoesToTheEventDecidesWhetherItsMailIsRaisedAgain) {
          [&] {
              machine.clock.AdvanceDays(1);
              events[0].CalcNextDueDate(machine.clock.Today(), app.log);
-             EventLists(app, host);
+             HostLists(app, host);
          },
          2},
     };
@@ -50,7 +49,7 @@ TEST(EventLists, WhatAHandlerDoesToTheEventDecidesWhetherItsMailIsRaisedAgain) {
             --depth;
         };
         for (int scan = 0; scan < 2; ++scan)
-            EventLists(app, host);
+            HostLists(app, host);
         EXPECT_EQ(mails, one.mailsOfTwoScans) << one.what;
         EXPECT_LE(deepest, 16) << one.what;
         EXPECT_TRUE(app.mailsRaised.empty()) << one.what;

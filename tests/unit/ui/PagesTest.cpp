@@ -1,8 +1,7 @@
 #include "fakes/FakeLocale.h"
 #include "fakes/FakePlatform.h"
 #include "ui/print/CalendarPages.h"
-#include "ui/print/MonthListPages.h"
-#include "ui/print/TaskListPages.h"
+#include "ui/print/PrintLists.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,7 @@
 #include "fakes/FakeLocale.h"
 #include "forms/win32/Win32Printer.h"
 #include "ui/print/CalendarPages.h"
-#include "ui/print/MonthListPages.h"
-#include "ui/print/TaskListPages.h"
+#include "ui/print/PrintLists.h"
 
 #include <gtest/gtest.h>
 

@@ -16,8 +16,8 @@ struct MailStamp {
     static MailStamp Now();
 };
 
-// The mail as a message for a mail server (RFC 5322), with CR LF line ends. `from` and `recipients` are bare
-// addresses.
+// The mail as a message for a mail server (RFC 5322), with CR LF line ends. `from`
+// and `recipients` are bare addresses.
 std::string MailMessage(const Mail& mail, const std::string& from, const std::vector<std::string>& recipients,
                         const MailStamp& stamp);
 

@@ -12,9 +12,9 @@ namespace kaz {
 
 class MailNews;
 
-// Carries the mails out on a thread of its own, one after the other, so that nothing else waits for a mail
-// program or a server. What may pass by itself is tried again; every mail ends as sent or as not sent in the
-// news.
+// Carries the mails out on a thread of its own, one after the other, so that nothing else
+// waits for a mail program or a server. What may pass by itself is tried again; every mail
+// ends as sent or as not sent in the news.
 class Postman {
 public:
     // Makes the way of the next mail, on the postman's thread; throws MailFailure.

@@ -25,8 +25,8 @@ struct FreeList {
 };
 using TextList = std::unique_ptr<curl_slist, FreeList>;
 
-// Left to the end of the process to clean up: a thread that is stuck in a transfer may outlive everything
-// else.
+// Left to the end of the process to clean up: a thread that is stuck in a
+// transfer may outlive everything else.
 bool LibraryIsReady() {
     static const bool ready = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
     return ready;
@@ -77,8 +77,8 @@ void SetConnection(CURL* transfer, const MailSettings& settings) {
     const auto milliseconds = std::chrono::milliseconds(settings.timeout).count();
     curl_easy_setopt(transfer, CURLOPT_URL, address.c_str());
     curl_easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
-    // With StartTLS a server without encryption is a failure: nothing goes over the line that others can
-    // read.
+    // With StartTLS a server without encryption is a failure: nothing goes over
+    // the line that others can read.
     curl_easy_setopt(transfer, CURLOPT_USE_SSL,
                      static_cast<long>(settings.security == MailSettings::Security::None ? CURLUSESSL_NONE
                                                                                          : CURLUSESSL_ALL));

@@ -1,4 +1,4 @@
-#include "core/EventLists.h"
+#include "core/HostLists.h"
 
 #include "base/DateText.h"
 #include "base/RuntimeError.h"
@@ -36,7 +36,7 @@ std::string FourDigits(std::int32_t number) {
 
 }  // namespace
 
-EventLists::EventLists(Application& application, ComponentEvents& host)
+HostLists::HostLists(Application& application, ComponentEvents& host)
     : app_(application),
       host_(host),
       visible_(application.settings),
@@ -49,9 +49,9 @@ EventLists::EventLists(Application& application, ComponentEvents& host)
     if (mailed_) app_.events->SaveDB();
 }
 
-void EventLists::AddLocal() {
-    // By position and with the count read anew, since the host may change the collection while it handles a
-    // mail.
+void HostLists::AddLocal() {
+    // By position and with the count read anew, since the host may change the
+    // collection while it handles a mail.
     const clsDbXml& events = *app_.events;
     for (std::size_t position = 0; position < events.AllEvents().size(); ++position) {
         const clsEvent& event = events.AllEvents()[position];
@@ -65,14 +65,14 @@ void EventLists::AddLocal() {
     }
 }
 
-void EventLists::AddTodays(const clsEvent& event, std::size_t position) {
+void HostLists::AddTodays(const clsEvent& event, std::size_t position) {
     std::string line = event.Desc();
     if (event.AlarmSet()) line += " at " + FormatDate(event.DueTime(), "HH:NN", app_.platform.locale.Data());
     todays.push_back(std::move(line));
     SendMail(event, position);
 }
 
-void EventLists::SendMail(const clsEvent& event, std::size_t position) {
+void HostLists::SendMail(const clsEvent& event, std::size_t position) {
     const std::string address = ReplaceAll(Trim(event.Email), std::string_view("\0", 1), "");
     if (address.empty() || event.MailSent) return;
     // A host can scan while it handles a mail, which is not marked yet.
@@ -92,7 +92,7 @@ void EventLists::SendMail(const clsEvent& event, std::size_t position) {
 
 // Only behind the mail, so that one which a handler failed to take is asked for again. The host may have run
 // anything in between: the event can be gone by now, or changed so that another mail is due.
-void EventLists::Mark(const std::string& code, DateValue day, const std::string& email) {
+void HostLists::Mark(const std::string& code, DateValue day, const std::string& email) {
     std::vector<clsEvent>& events = app_.events->AllEvents();
     const auto sent = std::find_if(events.begin(), events.end(), [&](const clsEvent& event) {
         return event.IDCode == code && event.DueDate() == day && event.Email == email && !event.MailSent;
@@ -100,7 +100,7 @@ void EventLists::Mark(const std::string& code, DateValue day, const std::string&
     if (sent != events.end()) sent->MailSent = true;
 }
 
-void EventLists::AddShared() {
+void HostLists::AddShared() {
     visible_.ForEach(app_.shared.get(), EventSource::Shared, [this](const VisibleEvent& seen) {
         if (seen.event.ExecFile) return;
         if (seen.due == today_) todays.push_back(seen.event.Desc());
@@ -108,7 +108,7 @@ void EventLists::AddShared() {
     });
 }
 
-void EventLists::AppendLine(const VisibleEvent& seen, const std::string& description) {
+void HostLists::AppendLine(const VisibleEvent& seen, const std::string& description) {
     all += FourDigits(seen.DaysLeft(today_));
     all += ',';
     all += GeneralDateText(seen.due, app_.platform.locale.Data());

@@ -1,4 +1,4 @@
-#include "ui/ModalForms.h"
+#include "ui/ModalWindows.h"
 
 #include "forms/WindowFactory.h"
 #include "resources/resource.h"

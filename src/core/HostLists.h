@@ -11,11 +11,11 @@ namespace kaz {
 
 // What one scan tells the host: the lines due today, the lines coming up and the text of all events. Events
 // that run a file are in none of them.
-class EventLists {
+class HostLists {
 public:
     // Reads the databases as they are now. An event of today with an e-mail address that has not been mailed
     // raises MailEvent on `host` at once and is marked as mailed.
-    EventLists(Application& application, ComponentEvents& host);
+    HostLists(Application& application, ComponentEvents& host);
 
     std::vector<std::string> todays;
     std::vector<std::string> upcoming;  // never empty: "None" when nothing comes up

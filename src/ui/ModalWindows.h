@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Application.h"
-#include "ui/main/UnsavedAnswer.h"
+#include "ui/main/MainDialogs.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "ui/print/MonthListPages.h"
+#include "ui/print/PrintLists.h"
 
 #include "platform/Locale.h"
 #include "ui/print/PrintDocument.h"
@@ -22,6 +22,22 @@ void PrintMonthList(Application& app, const MonthGrid& grid) {
     const PaperList list = MonthOnPaper(events, PrintedToday(app));
     PrintDocument(app, {.document = "MonthView"},
                   [&](const Paper& paper) { return LayOutList(list, paper); });
+}
+
+PaperList TasksOnPaper(const std::vector<std::string>& tasks, std::string note) {
+    PaperList list{.title = "Tallyvane task list",
+                   .note = std::move(note),
+                   .nothing = "There are no tasks.",
+                   .boxesToTick = true,
+                   .rows = {}};
+    for (const std::string& task : tasks)
+        list.rows.push_back({{}, task});
+    return list;
+}
+
+void PrintTaskList(Application& app, const std::vector<std::string>& tasks) {
+    const PaperList list = TasksOnPaper(tasks, PrintedToday(app));
+    PrintDocument(app, {.document = "Tasks"}, [&](const Paper& paper) { return LayOutList(list, paper); });
 }
 
 }  // namespace kaz
