@@ -109,6 +109,7 @@ TEST_F(LoggingTest, NothingIsDoneWhileLoggingIsOff) {
     log->LogError({6, "Overflow"}, "p", "m");
     for (int i = 0; i < 30; ++i)
         log->AddAction("x", "", "");
+    log->OverrideLogFilename("C:\\KAZ\\other.txt");
     log.reset();
     EXPECT_EQ(files.Text(kLog), "old");
     EXPECT_EQ(files.Files().size(), 1U);
