@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace kaz {
 
@@ -10,5 +11,9 @@ std::string TestData();
 
 // The bytes of a file of tests/golden.
 std::string GoldenFile(const std::string& name);
+
+// The rows of a table there: a line's cells between bars, trimmed; "\x20" in one is that byte. Lines that are
+// empty or begin with "#" are none.
+std::vector<std::vector<std::string>> GoldenTable(const std::string& name);
 
 }  // namespace kaz

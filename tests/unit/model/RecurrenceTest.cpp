@@ -2,13 +2,16 @@
 
 #include "base/RuntimeError.h"
 #include "fakes/RecordingErrors.h"
+#include "fakes/TestData.h"
 #include "model/clsEvent.h"
-#include "unit/model/GoldenRules.h"
 #include "unit/model/SlowRecurrence.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <map>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -28,24 +31,49 @@ clsEvent EventOf(const RecurrenceRule& rule) {
     return event;
 }
 
+DateValue DateOf(const std::string& text) {
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0;
+    EXPECT_GE(std::sscanf(text.c_str(), "%d-%d-%d %d:%d", &year, &month, &day, &hour, &minute), 3) << text;
+    return DateValue::FromCivil(year, month, day).PlusMinutes(hour * 60 + minute);
+}
+
+// "3 StartDate=2024-01-01 Period=2"
+RecurrenceRule RuleOf(const std::string& text) {
+    static const std::map<std::string, std::int16_t RecurrenceRule::*> kFields{
+        {"WeekDays", &RecurrenceRule::weekDays},       {"DayOfMonth", &RecurrenceRule::dayOfMonth},
+        {"MonthNumber", &RecurrenceRule::monthNumber}, {"Period", &RecurrenceRule::period},
+        {"Daynumber", &RecurrenceRule::dayNumber},     {"DayOfWeek", &RecurrenceRule::dayOfWeek}};
+    RecurrenceRule rule;
+    std::istringstream fields(text);
+    fields >> rule.type;
+    for (std::string name, value; std::getline(fields >> std::ws, name, '=') && fields >> value;)
+        if (name == "StartDate")
+            rule.startDate = DateOf(value);
+        else
+            rule.*kFields.at(name) = static_cast<std::int16_t>(std::stoi(value));
+    return rule;
+}
+
 TEST(Recurrence, AnEventFollowsTheTableAndTellsOneErrorAtMost) {
     const DateValue before = DateValue::FromCivil(2001, 2, 3);
-    for (const GoldenRule& golden : ReadGoldenRules()) {
-        SCOPED_TRACE(golden.line);
-        clsEvent event = EventOf(golden.rule);
+    for (const auto& row : GoldenTable("recurrence.txt")) {
+        SCOPED_TRACE(row.at(0) + " | " + row.at(1));
+        const RecurrenceRule rule = RuleOf(row[0]);
+        const DateValue reference = DateOf(row[1]);
+        const std::string &today = row.at(2), &due = row.at(3), &start = row.at(4);
+        clsEvent event = EventOf(rule);
         event.DueDate(before);
         event.MailSent = true;
         RecordingErrors errors;
-        event.CalcNextAfterDate(golden.reference, golden.today, errors);
+        event.CalcNextAfterDate(reference, today == "-" ? reference.DateOnly() : DateOf(today), errors);
 
-        const Occurrence expected = golden.expected.value_or(Occurrence{before, golden.rule.startDate});
-        EXPECT_EQ(event.DueDate(), expected.dueDate);
-        EXPECT_EQ(event.StartDate(), expected.startDate);
+        const bool stays = due == "unchanged" || due.starts_with("error ");
+        EXPECT_EQ(event.DueDate(), stays ? before : DateOf(due));
+        EXPECT_EQ(event.StartDate(), stays || start.empty() ? rule.startDate : DateOf(start));
         EXPECT_FALSE(event.MailSent);
-        if (golden.error == 0)
-            EXPECT_TRUE(errors.told.empty());
-        else
-            EXPECT_EQ(errors.told, std::vector{std::to_string(golden.error) + " CalcDueDate clsEvent"});
+        std::vector<std::string> told;
+        if (due.starts_with("error ")) told.push_back(due.substr(6) + " CalcDueDate clsEvent");
+        EXPECT_EQ(errors.told, told);
     }
 }
 
