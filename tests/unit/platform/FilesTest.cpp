@@ -2,6 +2,7 @@
 
 #include "fakes/ErrorOf.h"
 #include "fakes/MemoryFileSystem.h"
+#include "fakes/TestData.h"
 #include "platform/SafeFileWriter.h"
 
 #include <gmock/gmock.h>
@@ -14,23 +15,10 @@ using testing::ElementsAre;
 constexpr const char* kFile = "C:\\KAZ\\Events.xml";
 
 TEST(Files, PathsAreTakenApartAndPutTogether) {
-    struct {
-        const char* path;
-        const char* folder;
-        const char* name;
-        const char* asText;
-    } const cases[] = {{"C:\\KAZ\\a.b.xml", "C:\\KAZ", "a.b.xml", "C:\\KAZ\\a.b.txt"},
-                       {"C:\\a", "C:\\", "a", "C:\\a.txt"},
-                       {"C:a.ini", "C:", "a.ini", "C:a.txt"},
-                       {"a.ini", "", "a.ini", "a.txt"},
-                       {"\\a", "\\", "a", "\\a.txt"},
-                       {"x.y/a", "x.y", "a", "x.y/a.txt"},
-                       {"\\\\server\\share\\", "\\\\server\\share", "", "\\\\server\\share\\.txt"},
-                       {"", "", "", ".txt"}};
-    for (const auto& [path, folder, name, asText] : cases) {
-        EXPECT_EQ(FolderOf(path), folder) << path;
-        EXPECT_EQ(FileNameOf(path), name) << path;
-        EXPECT_EQ(WithExtension(path, ".txt"), asText) << path;
+    for (const auto& row : GoldenTable("paths.txt")) {
+        EXPECT_EQ(FolderOf(row[0]), row.at(1)) << row[0];
+        EXPECT_EQ(FileNameOf(row[0]), row.at(2)) << row[0];
+        EXPECT_EQ(WithExtension(row[0], ".txt"), row.at(3)) << row[0];
     }
     EXPECT_EQ(JoinPath("C:\\", "a"), "C:\\a");
     EXPECT_EQ(JoinPath("C:\\KAZ", "a"), "C:\\KAZ\\a");
@@ -62,27 +50,6 @@ TEST(SafeFileWriter, AnyFailureLeavesTheOldFileWhole) {
     }
 }
 
-TEST(SafeFileWriter, FullDiskAndProtectedFiles) {
-    MemoryFileSystem files;
-    files.Put(kFile, "old");
-    for (const std::size_t free : {std::size_t{0}, std::size_t{2}}) {
-        files.freeBytes = free;
-        EXPECT_EQ(ErrorOf([&] { WriteWholeFile(files, kFile, "new"); }), 61);
-        EXPECT_THAT(files.Files(), ElementsAre(kFile));
-    }
-    files.freeBytes.reset();
-    files.At(kFile).readOnly = true;
-    EXPECT_EQ(ErrorOf([&] { WriteWholeFile(files, kFile, "new"); }), 70);
-    files.At(kFile).readOnly = false;
-    files.At(kFile).locked = true;
-    EXPECT_EQ(ErrorOf([&] { WriteWholeFile(files, kFile, "new"); }), 70);
-    files.At(kFile).locked = false;
-    files.At("C:\\KAZ").readOnly = true;
-    EXPECT_EQ(ErrorOf([&] { WriteWholeFile(files, kFile, "new"); }), 70);
-    EXPECT_EQ(files.Text(kFile), "old");
-    EXPECT_THAT(files.Files(), ElementsAre(kFile));
-}
-
 // As two programs that share a folder do; the later one wins, and neither gets the other's bytes.
 TEST(SafeFileWriter, TwoWritersOfOneFileDoNotMix) {
     MemoryFileSystem files;
@@ -99,7 +66,7 @@ TEST(SafeFileWriter, TwoWritersOfOneFileDoNotMix) {
     EXPECT_THAT(files.Files(), ElementsAre(kFile));
 }
 
-TEST(Files, ReadingAndAppending) {
+TEST(Files, AreReadWholeOrNotAtAll) {
     MemoryFileSystem files;
     EXPECT_EQ(ErrorOf([&] { ReadWholeFile(files, kFile); }), 76);
     EXPECT_EQ(ReadFileOrEmpty(files, kFile), "");
@@ -110,9 +77,6 @@ TEST(Files, ReadingAndAppending) {
     EXPECT_EQ(ErrorOf([&] { ReadFileOrEmpty(files, "C:\\KAZ"); }), 75);
     files.At(kFile).locked = true;
     EXPECT_EQ(ErrorOf([&] { ReadFileOrEmpty(files, kFile); }), 70) << "a locked file is not an empty one";
-    AppendText(files, "C:\\KAZ\\log", "a");
-    AppendText(files, "C:\\KAZ\\LOG", "b");
-    EXPECT_EQ(files.Text("C:\\KAZ\\log"), "ab");
     EXPECT_FALSE(FileExists(files, ""));
     EXPECT_FALSE(FileExists(files, "C:\\KAZ"));
     EXPECT_TRUE(FolderExists(files, "C:\\KAZ\\"));

@@ -17,38 +17,12 @@ using testing::SizeIs;
 
 // Every field different from its default and from its neighbours.
 clsEvent FullEvent() {
+    MemoryFileSystem files;
+    files.Put("C:\\e.xml", GoldenFile("events.xml"));
+    RecordingErrors errors;
+    const auto file = files.OpenForReading("C:\\e.xml");
     clsEvent event;
-    event.IDCode = "048213";
-    event.AlarmSet(true);
-    event.AlarmTime(DateValue::FromTime(14, 30));
-    event.Daynumber(5);
-    event.DayOfMonth(31);
-    event.DayOfWeek(7);
-    event.DaysLeft(-70000);
-    event.DaysWarning(14);
-    event.MailSent = true;
-    event.Desc("50% off: <b>Caf\xE9</b> & \"bar\"\r\n\t100_000 a-b/c\\d");
-    event.DueDate(DateValue::FromCivil(2006, 3, 1));
-    event.DueTime(DateValue::FromTime(14, 45));
-    event.Layer(19);
-    event.SharedLayerName = "Fu\xDF"
-                            "ball & Co";
-    event.Email = "ann@example.org;bob@example.org";
-    event.MinutesWarning(15);
-    event.MonthNumber(13);
-    event.Owner("Bj\xF6rn O'Neil");
-    event.Period(-32768);
-    event.RecurrenceType(4);
-    event.Recurring(true);
-    event.StartDate(DateValue::FromCivil(9999, 12, 31));
-    event.WeekDays(254);
-    event.SharedEvent = true;
-    event.ExecFile = true;
-    event.Filename = "C:\\Program Files\\a, b & c.exe";
-    event.WavFile = "\\\\server\\share\\ding.wav";
-    event.PlayWav = true;
-    event.ShareWithSpecific = true;
-    event.ShareNames = "Ann\r\nBob\r\n";
+    EventFileReader(*file, FakeLocale::English(), errors).Next(event);
     return event;
 }
 
@@ -65,10 +39,17 @@ EventReading ReadAlike(const std::string& file, const LocaleData& locale = {}) {
 }
 
 TEST(EventXml, WritesTheFileByteForByte) {
+    const clsEvent full = FullEvent();
+    EXPECT_EQ(full.Desc(), "50% off: <b>Caf\xE9</b> & \"bar\"\r\n\t100_000 a-b/c\\d");
+    EXPECT_EQ(full.SharedLayerName, "Fu\xDF"
+                                    "ball & Co");
+    EXPECT_EQ(full.WavFile, "\\\\server\\share\\ding.wav");
+    EXPECT_EQ(full.ShareNames, "Ann\r\nBob\r\n");
+    EXPECT_TRUE(full.MailSent && full.PlayWav && full.ShareWithSpecific);
     // A pure time stands with the date of day zero; a time with a date keeps it; seconds are lost.
     clsEvent dated;
     dated.AlarmTime(DateValue(DateValue::FromCivil(2023, 3, 15).Day(), 8 * 3600 + 59));
-    EXPECT_EQ(FileOf({FullEvent(), clsEvent(), dated}), GoldenFile("events.xml"));
+    EXPECT_EQ(FileOf({full, clsEvent(), dated}), GoldenFile("events.xml"));
     EXPECT_EQ(FileOf({}), GoldenFile("events_none.xml"));
 }
 
