@@ -51,11 +51,8 @@ public:
         files_.faults.Operation();
         const std::string& full = files_.fullFolder;
         if (!full.empty() && node_->name.starts_with(full)) throw RuntimeError(ErrorNumber::DiskFull);
-        const std::size_t fits = std::min(text.size(), files_.freeBytes.value_or(text.size()));
-        node_->text.append(text.substr(0, fits));
+        node_->text.append(text);
         files_.Touch(*node_);
-        if (files_.freeBytes) *files_.freeBytes -= fits;
-        if (fits < text.size()) throw RuntimeError(ErrorNumber::DiskFull);
     }
     void Flush() override {
         files_.faults.Operation();

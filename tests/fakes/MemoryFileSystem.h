@@ -56,7 +56,6 @@ public:
 
     std::function<void(const std::string& path)> looked;  // hears of each look at a path
     FaultInjector faults;                  // each call of an interface above but for the const ones
-    std::optional<std::size_t> freeBytes;  // a write beyond writes what fits and fails with DiskFull
     std::string fullFolder;        // nothing can be written in it or below; the rest of the disk has room
     const Clock* times = nullptr;  // where modification times come from; without it from a counter
     std::string currentFolder = "C:\\KAZ";

@@ -101,6 +101,7 @@ TEST_F(ZipArchiverTest, OfAListTakesEachFileOnceAndNoOptionThatItDoesNotOffer) {
         return "";
     };
     files.Put("C:\\KAZ\\one.xml", "1");
+    files.Put("querty", "2");
     cSHAREDZipFiles zip(archiver);
     zip.ZipFileName(kZip);
     EXPECT_FALSE(zip.Zip());
