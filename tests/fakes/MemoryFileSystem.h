@@ -55,7 +55,7 @@ public:
     int OpenFiles() const;
 
     std::function<void(const std::string& path)> looked;  // hears of each look at a path
-    FaultInjector faults;                  // each call of an interface above but for the const ones
+    FaultInjector faults;          // each call of an interface above but for the const ones
     std::string fullFolder;        // nothing can be written in it or below; the rest of the disk has room
     const Clock* times = nullptr;  // where modification times come from; without it from a counter
     std::string currentFolder = "C:\\KAZ";

@@ -86,8 +86,11 @@ private:
 
 using Act = Clockwork::Act;
 
+// In a window that is not there, nothing; the scene has said so.
 inline Act Closes(const char* heading) {
-    return [=](Clockwork& story) { story.Reminder(heading)->Click(IDC_cmdContinue); };
+    return [=](Clockwork& story) {
+        if (FakeWindow* window = story.Reminder(heading)) window->Click(IDC_cmdContinue);
+    };
 }
 inline Act Both(const Act& first, const Act& second) {
     return [=](Clockwork& story) {
@@ -97,8 +100,10 @@ inline Act Both(const Act& first, const Act& second) {
 }
 inline Act LetsSleep(const char* heading, const char* minutes) {
     return [=](Clockwork& story) {
-        story.Reminder(heading)->Type(IDC_txtSleep, minutes);
-        story.Reminder(heading)->Click(IDC_cmdRemindMe);
+        FakeWindow* window = story.Reminder(heading);
+        if (!window) return;
+        window->Type(IDC_txtSleep, minutes);
+        window->Click(IDC_cmdRemindMe);
     };
 }
 // No timer ticks meanwhile.

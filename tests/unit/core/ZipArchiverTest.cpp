@@ -101,8 +101,15 @@ TEST_F(ZipArchiverTest, OfAListTakesEachFileOnceAndNoOptionThatItDoesNotOffer) {
         return "";
     };
     files.Put("C:\\KAZ\\one.xml", "1");
-    files.Put("querty", "2");
-    cSHAREDZipFiles zip(archiver);
+    struct Listening : LibzipArchiver {
+        using LibzipArchiver::LibzipArchiver;
+        int ZpArchive(const std::string& name, const std::vector<std::string>& list) noexcept override {
+            heard = list;
+            return LibzipArchiver::ZpArchive(name, list);
+        }
+        std::vector<std::string> heard;
+    } listening(files);
+    cSHAREDZipFiles zip(listening);
     zip.ZipFileName(kZip);
     EXPECT_FALSE(zip.Zip());
     zip.AddFile("C:\\KAZ\\one.xml");
@@ -116,6 +123,7 @@ TEST_F(ZipArchiverTest, OfAListTakesEachFileOnceAndNoOptionThatItDoesNotOffer) {
     EXPECT_EQ(files.Kind(kZip), PathKind::Missing);
     zip.Encrypted = false;
     EXPECT_TRUE(zip.Zip());
+    EXPECT_THAT(listening.heard, ElementsAre("C:\\KAZ\\one.xml"));
     EXPECT_THAT(Archived(), ElementsAre(Pair("one.xml", "1")));
     files.At("C:\\KAZ\\one.xml").locked = true;
     EXPECT_EQ(zip.MakeZipFile(), kZipReadFailed);
