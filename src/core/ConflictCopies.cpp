@@ -109,16 +109,17 @@ void ConflictCopies::OfferNext(const std::string& name, std::vector<clsEvent> di
     for (const auto& [caption, choice] : {std::pair{"Take that of the copy", Choice::Copy},
                                           {"Keep mine", Choice::Mine},
                                           {"Keep both", Choice::Both}})
-        notice.actions.push_back({caption, [this, name, different, choice, shown = EventDigest(mine)] {
-                                      std::vector<clsEvent> rest = different;
-                                      const clsEvent* now = app_.events->ReadEvent(rest.back().IDCode);
-                                      // What has changed since it was shown is asked for anew.
-                                      if (now && EventDigest(*now) == shown) {
-                                          Choose(choice, rest.back());
-                                          rest.pop_back();
-                                      }
-                                      OfferNext(name, std::move(rest));
-                                  }});
+        notice.actions.push_back(
+            {caption, [this, name, different, choice = choice, shown = EventDigest(mine)] {
+                 std::vector<clsEvent> rest = different;
+                 const clsEvent* now = app_.events->ReadEvent(rest.back().IDCode);
+                 // What has changed since it was shown is asked for anew.
+                 if (now && EventDigest(*now) == shown) {
+                     Choose(choice, rest.back());
+                     rest.pop_back();
+                 }
+                 OfferNext(name, std::move(rest));
+             }});
     app_.health.Tell(std::move(notice));
 }
 

@@ -160,7 +160,13 @@ void FileStates::Restore(const Damage& damage, const std::string& archive) {
         app_.platform.files.Replace(file, kept);
         app_.log.LogEvent(file + " is damaged and was put aside as " + kept);
         if (!archive.empty()) {
-            WriteWholeFile(app_.platform.files, file, text);
+            try {
+                WriteWholeFile(app_.platform.files, file, text);
+            } catch (...) {
+                // Without any file, it would be a user who has no events.
+                app_.platform.files.Replace(kept, file);
+                throw;
+            }
             app_.log.LogEvent("Restored " + file + " from " + archive);
         }
         damage.saved(!archive.empty());

@@ -91,7 +91,7 @@ std::string Rescues::Write(Rescued rescued) {
     const std::string text = RescueFile::TextOf(rescued);
     ErrorTrap trap(app_.log, "Write", "Rescues");
     for (const std::string& folder : Folders()) {
-        const std::string file = NameIn(folder);
+        std::string file = NameIn(folder);
         const bool done = trap([&] {
             app_.platform.files.CreateFolder(folder);
             WriteWholeFile(app_.platform.files, file, text);

@@ -18,8 +18,8 @@ enum class EditMode { Whole, SharingOnly };
 struct EventEdit {
     clsEvent before;
     clsEvent after;
-    bool fromExpired;
-    EditMode mode;
+    bool fromExpired = false;
+    EditMode mode = EditMode::Whole;
 };
 // Gone: it was deleted or has moved meanwhile.
 enum class EditResult { Stored, Gone };

@@ -96,6 +96,12 @@ TEST_F(Unsaved, ADamagedFileIsReplacedByTheListOrABackup) {
         EXPECT_THAT(Main().Text(restarted ? IDC_cmdHealth : IDC_cmdHealth + 1), HasSubstr("3 events"));
         if (restarted) {
             Add("Milk");
+            // A backup for which there is no room changes nothing.
+            machine.files.fullFolder = kData;
+            Main().Click(IDC_cmdHealth);
+            EXPECT_EQ(nothing, machine.files.Text(Data("Events.xml")));
+            machine.files.fullFolder.clear();
+            story->Advance(31);
         }
         Main().Click(restarted ? IDC_cmdHealth : IDC_cmdHealth + 1);
         story->Advance(31);
