@@ -14,10 +14,7 @@ public:
         cursor_.SetDays(days);
         Refresh();
     }
-    void Refresh() override {
-        ++refreshes;
-        cursor_.Refresh();
-    }
+    void Refresh() override { cursor_.Refresh(); }
     int Selected() const override { return cursor_.Selected(); }
     void Select(int box) override { cursor_.Select(box); }
 
@@ -30,8 +27,6 @@ public:
     }
     const DayBoxes& Days() const { return *cursor_.Days(); }
     DayCursor& Cursor() { return cursor_; }
-
-    int refreshes = 0;
 
 private:
     DayCursor cursor_;

@@ -11,7 +11,6 @@ void FakeReportList::SetRows(const ReportRows* rows) {
 }
 
 void FakeReportList::Refresh() {
-    ++refreshes;
     shown_ = rows_ ? rows_->RowCount() : 0;
     std::erase_if(selection_, [this](int row) { return row >= shown_; });
     if (current_ >= shown_) current_ = -1;
@@ -24,7 +23,6 @@ void FakeReportList::Select(int row) {
         std::sort(selection_.begin(), selection_.end());
     }
     current_ = row;
-    scrolledTo = row;
 }
 
 void FakeReportList::SetSelection(const std::vector<int>& rows) {

@@ -11,7 +11,7 @@ namespace kaz {
 // taken away count only from the next Refresh on.
 class FakeReportList : public ReportList {
 public:
-    void SetColumns(const std::vector<ReportColumn>& columns) override { columns_ = columns; }
+    void SetColumns(const std::vector<ReportColumn>&) override {}
     void SetRows(const ReportRows* rows) override;
     void Refresh() override;
     std::vector<int> Selection() const override { return selection_; }
@@ -22,7 +22,6 @@ public:
     void ShowSortMark(int column, bool ascending) override;
 
     // What the user would see.
-    const std::vector<ReportColumn>& Columns() const { return columns_; }
     int RowCount() const { return shown_; }
     // Throws std::logic_error when the rows have changed without a Refresh, which on the screen would paint
     // rubbish.
@@ -33,15 +32,12 @@ public:
     // What the user does: exactly these rows are selected, the last of them is current.
     void UserSelects(const std::vector<int>& rows);
 
-    int refreshes = 0;
-    int scrolledTo = -1;
     int sortColumn = -1;
     bool sortAscending = true;
 
 private:
     const ReportRows& Checked() const;
 
-    std::vector<ReportColumn> columns_;
     const ReportRows* rows_ = nullptr;
     int shown_ = 0;
     std::vector<int> selection_;

@@ -6,13 +6,12 @@ namespace kaz {
 
 class FakeSystemInfo : public SystemInfo {
 public:
-    std::string OperatingSystem() const override { return operatingSystem; }
+    std::string OperatingSystem() const override { return "Test System 1.0"; }
     std::string ModuleFolder() const override { return moduleFolder; }
     std::string UserFolder() const override { return userFolder; }
     std::string LocalFolder() const override { return localFolder; }
     std::string TemporaryFolder() const override { return temporaryFolder; }
 
-    std::string operatingSystem = "Test System 1.0";
     std::string moduleFolder = "C:\\KAZ";
     std::string userFolder = "C:\\KAZ";
     std::string localFolder = "C:\\Local";

@@ -76,7 +76,6 @@ void FakeWindow::SetItems(int control, const std::vector<std::string>& items) {
     ControlState& at = controls_[control];
     at.items = items;
     at.selection.clear();
-    ++at.fills;
 }
 
 int FakeWindow::Selected(int control) const {

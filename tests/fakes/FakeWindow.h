@@ -49,7 +49,7 @@ public:
     void SetSize(WindowSize value) override { size = value; }
     void SetInnerSize(WindowSize value) override { size = value; }
     WindowSize ScreenSize() const override { return screen; }
-    void SayWhySaving(const std::string& reason) override { saidWhySaving.push_back(reason); }
+    void SayWhySaving(const std::string&) override {}
     // Runs the next modal script. Throws InternalError when there is none or when it leaves the window open.
     int ShowModal() override;
     // The first result counts.
@@ -85,7 +85,7 @@ public:
         if (!enabled) ++timesDisabled;
     }
     void SetFocus(int control) override { focus = control; }
-    void SelectText(int control) override { selectedText = control; }
+    void SelectText(int) override {}
     void LimitText(int control, int characters) override { controls_[control].limit = characters; }
 
     void SetItems(int control, const std::vector<std::string>& items) override;
@@ -120,8 +120,6 @@ public:
     int Dialog() const { return dialog_; }
     // The interval of a running timer in milliseconds, 0 when it is not running.
     int Interval(int timer) const;
-    // How often SetItems filled the list.
-    int Fills(int control) const { return At(control).fills; }
 
     // What it was told, in order: "Show", "Show activated", "BringToFront", "Hide", "ShowModal".
     std::vector<std::string> acts;
@@ -129,9 +127,7 @@ public:
     bool topMost = false;
     bool asksForResumes = false;
     int focus = 0;
-    int timesDisabled = 0;  // by SetControlsEnabled
-    std::vector<std::string> saidWhySaving;
-    int selectedText = 0;          // the text box whose text was selected last
+    int timesDisabled = 0;         // by SetControlsEnabled
     std::map<int, int> roomAbove;  // by control
     Tone noticeTone = Tone::Note;
     std::vector<int> menus;
@@ -156,7 +152,6 @@ private:
         ControlPlace place;
         std::vector<std::string> items;
         std::vector<int> selection;
-        int fills = 0;
         std::optional<int> limit;
     };
     struct TimerState {

@@ -13,9 +13,7 @@ std::unique_ptr<Window> FakeWindowFactory::Create(int dialog) {
         throw RuntimeError(ErrorNumber::InternalError);
     }
     ++made;
-    auto window = std::make_unique<FakeWindow>(dialog, desktop_);
-    if (design) design(*window);
-    return window;
+    return std::make_unique<FakeWindow>(dialog, desktop_);
 }
 
 std::vector<FakeWindow*> FakeWindowFactory::All(int dialog) const {

@@ -29,8 +29,6 @@ public:
     // Lets time pass: the timers of all windows tick when they are due, the earliest first.
     void Advance(int milliseconds);
 
-    // Runs on each new window before its form sees it: texts of the template, a screen size.
-    std::function<void(FakeWindow&)> design;
     int failures = 0;  // so many of the next windows cannot be made
     int made = 0;
 

@@ -37,7 +37,7 @@ public:
     void Delete(const std::string& path) override;
     void CreateFolder(const std::string& path) override;
     std::vector<std::string> FilesIn(const std::string& folder) const override;
-    std::string CurrentFolder() const override { return currentFolder; }
+    std::string CurrentFolder() const override { return "C:\\KAZ"; }
 
     // What a test does behind the program's back; no fault and no full disk stands in its way.
     // Puts the file and its folders there, written at a new time.
@@ -58,8 +58,7 @@ public:
     FaultInjector faults;          // each call of an interface above but for the const ones
     std::string fullFolder;        // nothing can be written in it or below; the rest of the disk has room
     const Clock* times = nullptr;  // where modification times come from; without it from a counter
-    std::string currentFolder = "C:\\KAZ";
-    int written = 0;  // how often a file was opened for writing
+    int written = 0;               // how often a file was opened for writing
 
 private:
     friend class MemoryInput;
