@@ -5,6 +5,7 @@
 # - a file wine/<name>/locales names locales, one a line (de_DE.UTF-8), under each of which the program runs once more.
 
 kaz_test_resources(form_tests forms/win32/forms.rc)
+set_property(SOURCE forms/win32/forms.rc APPEND PROPERTY OBJECT_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/forms/win32/TestResources.h)
 kaz_test_resources(soak_tests soak/win32/soak.rc)
 set_tests_properties(form_tests PROPERTIES TIMEOUT 120)
 

@@ -187,7 +187,8 @@ TEST_F(frmEventTest, ANewEventIsOfferedWhatSuitsTheDay) {
         EXPECT_EQ("Wednesday", Text(IDC_lstDayName));
         EXPECT_EQ("10:00", Text(IDC_txtTime));
         EXPECT_EQ("Next date:  Wed 15/03/2023", Text(IDC_lblPreview));
-        for (const int control : {IDC_txtTime, IDC_cmdPickFile, IDC_txtFrequency, IDC_chkShared})
+        for (const int control :
+             {IDC_txtTime, IDC_cmdPickFile, IDC_txtFrequency, IDC_chkShared, IDC_chkSpecificShare})
             EXPECT_FALSE(window->Enabled(control));
     }));
     EXPECT_EQ(8, event.WeekDays());

@@ -202,13 +202,6 @@ TEST_F(DialogWindowTest, AnAlarmStaysOnTopOfAWindowThatComesToTheFront) {
     ReleaseDC(nullptr, screen);
 }
 
-TEST_F(DialogWindowTest, ACharacterThatTheCodePageCannotHoldIsRefused) {
-    SetWindowTextW(At(IDC_NAME), L"caf\x00E9");
-    EXPECT_EQ("caf\xE9", window->Text(IDC_NAME));
-    SetWindowTextW(At(IDC_NAME), L"\x041F");
-    EXPECT_THROW(window->Text(IDC_NAME), RuntimeError);
-}
-
 TEST_F(DialogWindowTest, AListIsFilledOnceAndKeepsItsPlace) {
     std::vector<std::string> lines;
     for (int i = 0; i < 2000; ++i)

@@ -23,7 +23,7 @@ void Install() {
     GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder), sizeof folder, &needed);
     const std::filesystem::path drivers = std::filesystem::path(folder) / "3";
     std::filesystem::create_directories(drivers);
-    std::filesystem::copy_file(TestData() + "/wine/platform/printer.ppd", drivers / "printer.ppd",
+    std::filesystem::copy_file(TestData() + "/forms/win32/printer.ppd", drivers / "printer.ppd",
                                std::filesystem::copy_options::overwrite_existing);
     std::wstring name = kName, environment = L"Windows x64", driver = L"wineps.drv", data = L"printer.ppd";
     DRIVER_INFO_3W info{};

@@ -138,7 +138,7 @@ TEST_F(ModalTest, MessagesAndQuestions) {
         PostMessageW(box, WM_COMMAND, IDOK, 0);
     });
     dialogs.Message("caf\xE9");
-    EXPECT_EQ(L"The title", title);
+    EXPECT_EQ(L"KAZ", title);
     user.Press(IDYES);
     EXPECT_TRUE(dialogs.AskYesNo("Sure?"));
     user.Press(IDNO);
