@@ -1,3 +1,5 @@
+#include "ui/main/ReminderClock.h"
+
 #include "FormTest.h"
 
 namespace kaz {
@@ -5,7 +7,7 @@ namespace {
 
 constexpr int kInterval = 30000;
 
-class frmMainTickTest : public FormTest {
+class ReminderClockTest : public FormTest {
 protected:
     clsEvent& AddAlarm(const std::string& description, int hour, int minute) {
         clsEvent& event = Add(*app.events, description, 0);
@@ -13,7 +15,7 @@ protected:
     }
 };
 
-TEST_F(frmMainTickTest, NothingIsRefilledOrSavedWhileNothingHappens) {
+TEST_F(ReminderClockTest, NothingIsRefilledOrSavedWhileNothingHappens) {
     Add(*app.events, "Dentist", 3);
     OpenMainAndTick();
     const int written = machine.files.written;
@@ -27,7 +29,7 @@ TEST_F(frmMainTickTest, NothingIsRefilledOrSavedWhileNothingHappens) {
     EXPECT_EQ("Sat", Column(kDayColumn));
 }
 
-TEST_F(frmMainTickTest, TheFirstBringsTheReminderWhichSleepsAndIsClosed) {
+TEST_F(ReminderClockTest, TheFirstBringsTheReminderWhichSleepsAndIsClosed) {
     Add(*app.events, "Dentist", 0);
     Add(*app.events, "Rent", 0);
     OpenMain();
@@ -49,7 +51,7 @@ TEST_F(frmMainTickTest, TheFirstBringsTheReminderWhichSleepsAndIsClosed) {
     EXPECT_EQ(nullptr, stage->Find(IDD_REMINDER));
 }
 
-TEST_F(frmMainTickTest, ALateOneMakesUpForTheMinutesThatNoneHasSeen) {
+TEST_F(ReminderClockTest, ALateOneMakesUpForTheMinutesThatNoneHasSeen) {
     const auto addFile = [&](const std::string& file, int hour, int minute) {
         machine.files.Put(file, "");
         clsEvent& event = AddAlarm(file, hour, minute);
@@ -81,7 +83,7 @@ TEST_F(frmMainTickTest, ALateOneMakesUpForTheMinutesThatNoneHasSeen) {
     EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\lunch.cmd"));
 }
 
-TEST_F(frmMainTickTest, WhatAnotherProgramSavedIsReadBeforeAnythingIsWritten) {
+TEST_F(ReminderClockTest, WhatAnotherProgramSavedIsReadBeforeAnythingIsWritten) {
     Add(*app.events, "mine", 1);
     ASSERT_TRUE(app.events->SaveDB());
     OpenMainAndTick();
@@ -105,7 +107,7 @@ TEST_F(frmMainTickTest, WhatAnotherProgramSavedIsReadBeforeAnythingIsWritten) {
     EXPECT_FALSE(app.events->DatabaseChanged());
 }
 
-TEST_F(frmMainTickTest, AFailingStepStopsNeitherTheOthersNorTheTimer) {
+TEST_F(ReminderClockTest, AFailingStepStopsNeitherTheOthersNorTheTimer) {
     if (!fakes) GTEST_SKIP() << "real windows cannot be made to fail";
     AddAlarm("Call Ann", 9, 0);
     OpenMain();
@@ -122,7 +124,7 @@ TEST_F(frmMainTickTest, AFailingStepStopsNeitherTheOthersNorTheTimer) {
     EXPECT_EQ("", Column());
 }
 
-TEST_F(frmMainTickTest, MessagesInTheMiddleOfOneCannotStartASecondOne) {
+TEST_F(ReminderClockTest, MessagesInTheMiddleOfOneCannotStartASecondOne) {
     if (!fakes) GTEST_SKIP() << "a real window does not tell of its timers";
     OpenMain();
     machine.pump.waiting = [&] {
@@ -134,7 +136,7 @@ TEST_F(frmMainTickTest, MessagesInTheMiddleOfOneCannotStartASecondOne) {
     EXPECT_EQ(kInterval, Fake().Interval(IDT_TimerRefresh));
 }
 
-TEST_F(frmMainTickTest, TheEndOfTheProgramInTheMiddleOfOneEndsIt) {
+TEST_F(ReminderClockTest, TheEndOfTheProgramInTheMiddleOfOneEndsIt) {
     AddAlarm("Call Ann", 9, 0);
     OpenMain();
     machine.pump.waiting = [&] {
