@@ -6,15 +6,7 @@
 // The month is seen from 2 March 2026.
 
 #include "base/DateText.h"
-#include "fakes/FakeClock.h"
-#include "fakes/FakeDialogs.h"
-#include "fakes/FakeLocale.h"
-#include "fakes/FakePump.h"
-#include "fakes/FakeRandom.h"
-#include "fakes/FakeShell.h"
-#include "fakes/FakeSound.h"
-#include "fakes/FakeSystemInfo.h"
-#include "fakes/FakeWindowFactory.h"
+#include "fakes/FakePlatform.h"
 #include "model/MonthGrid.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "reminders/ReminderText.h"
@@ -39,7 +31,7 @@ public:
     }
 
     bool Run(const std::string& operation, const std::string& file, DateValue today) {
-        clock_.now = today;
+        machine_.clock.now = today;
         events_.LoadDB(file);
         if (operation == "save") return SaveTo(out_);
         if (operation == "month") {
@@ -65,14 +57,12 @@ private:
     void Update() {
         events_.SetDBFilename(out_);
         expired_.SetDBFilename(out_ + ".expired");
-        clsReminder(
-            {clock_, locale_, files_, pump_, shell_, log_, settings_, reminderWindows_, &events_, &expired_})
-            .UpdateAllEvents();
+        clsReminder(stores_, reminderWindows_, &events_, &expired_).UpdateAllEvents();
     }
 
     // What the update does, in memory only.
     void MoveOn() {
-        const DateValue today = clock_.Today();
+        const DateValue today = machine_.clock.Today();
         for (clsEvent& event : events_.AllEvents()) {
             if (event.DueDate() < today && event.Recurring()) event.CalcNextDueDate(today, log_);
             event.CalcDaysLeft(today);
@@ -106,25 +96,18 @@ private:
 
     std::string out_;
     PosixFileSystem files_;
-    FakeClock clock_;
-    FakeDialogs dialogs_;
-    FakeLocale locale_;
-    FakePump pump_;
-    FakeRandom random_;
-    FakeShell shell_;
-    FakeSound sound_;
-    FakeSystemInfo system_;
-    FakeWindowFactory windows_;
-    cSharedLogging log_{files_, clock_, system_, {"KAZ", "benchmark"}};
-    cSHAREDSettings settings_{files_, locale_, dialogs_, log_};
-    clsLayers layers_{settings_, locale_};
-    cSharedSound player_{sound_, files_, log_};
+    FakePlatform machine_;
+    Platform platform_ = machine_.Services(files_);
+    cSharedLogging log_{files_, machine_.clock, machine_.system, {"KAZ", "benchmark"}};
+    cSHAREDSettings settings_{files_, machine_.locale, machine_.dialogs, log_};
+    clsLayers layers_{settings_, machine_.locale};
+    Stores stores_{platform_, log_, settings_, layers_};
+    cSharedSound player_{machine_.sound, files_, log_};
     OpenWindows openWindows_;
     const std::string folder_ = ".";
-    ReminderWindows reminderWindows_{
-        {clock_, windows_, openWindows_, log_, dialogs_, files_, pump_, settings_, player_, folder_}};
-    clsDbXml events_{{files_, clock_, random_, locale_, log_, settings_, layers_}};
-    clsDbXml expired_{{files_, clock_, random_, locale_, log_, settings_, layers_}};
+    ReminderWindows reminderWindows_{{platform_, settings_, openWindows_, log_, player_, folder_}};
+    clsDbXml events_{stores_};
+    clsDbXml expired_{stores_};
 };
 
 }  // namespace

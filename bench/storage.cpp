@@ -2,11 +2,7 @@
 // With KAZ_BENCH_EVENTS=FILE the loads and saves work on that file instead of events made here.
 
 #include "base/Text.h"
-#include "fakes/FakeClock.h"
-#include "fakes/FakeDialogs.h"
-#include "fakes/FakeLocale.h"
-#include "fakes/FakeRandom.h"
-#include "fakes/FakeSystemInfo.h"
+#include "fakes/FakePlatform.h"
 #include "platform/Files.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "storage/EventOperations.h"
@@ -30,7 +26,7 @@ public:
     Bench(const Bench&) = delete;
     Bench& operator=(const Bench&) = delete;
 
-    clsDbXml Database() { return clsDbXml({files, clock, random, locale, log, settings, layers}); }
+    clsDbXml Database() { return clsDbXml(stores); }
     std::string Path(const std::string& name) const { return (folder_ / name).string(); }
 
     // The file that loads and saves work on, in the written layout.
@@ -58,14 +54,11 @@ public:
     }
 
     PosixFileSystem files;
-    FakeClock clock;
-    FakeDialogs dialogs;
-    FakeLocale locale;
-    FakeRandom random;
-    FakeSystemInfo system;
-    cSharedLogging log{files, clock, system, {"KAZ", "benchmark"}};
-    cSHAREDSettings settings{files, locale, dialogs, log};
-    clsLayers layers{settings, locale};
+    FakePlatform machine;
+    cSharedLogging log{files, machine.clock, machine.system, {"KAZ", "benchmark"}};
+    cSHAREDSettings settings{files, machine.locale, machine.dialogs, log};
+    clsLayers layers{settings, machine.locale};
+    Stores stores{machine.Services(files), log, settings, layers};
 
 private:
     std::filesystem::path folder_ = std::filesystem::temp_directory_path() / "kaz-bench-storage";
@@ -138,7 +131,7 @@ void DeleteMany(benchmark::State& state) {
             codes.push_back(event.IDCode);
         codes.pop_back();
         state.ResumeTiming();
-        EventOperations({events, expired, bench.settings, bench.clock, bench.log}).DeleteEvents(codes);
+        EventOperations(events, expired, bench.stores).DeleteEvents(codes);
     }
 }
 

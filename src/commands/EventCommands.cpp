@@ -113,7 +113,7 @@ void EventCommands::RefuseOwners(const clsEvent& event, const std::string& what)
 EventOperations EventCommands::Operations() {
     if (!app_.events || !app_.expired)
         throw RuntimeError(ErrorNumber::InternalError, "The event files could not be opened");
-    return EventOperations({*app_.events, *app_.expired, app_.settings, app_.platform.clock, app_.log});
+    return EventOperations(*app_.events, *app_.expired, app_.Storage());
 }
 
 }  // namespace kaz

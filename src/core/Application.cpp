@@ -22,10 +22,8 @@ Application::Application(const Platform& services)
       runtimePath(platform.system.ModuleFolder()),
       sounds(platform.files, settings, log, [this] { return runtimePath; }),
       player(platform.sound, platform.files, log),
-      reminderWindows({platform.clock, platform.windows, openWindows, errors, platform.dialogs,
-                       platform.files, platform.pump, settings, player, runtimePath}),
-      errorReports({platform.windows, openWindows, platform.dialogs, platform.files, platform.shell,
-                    platform.system, platform.clock, log, std::string(kApplicationName), VersionText()}),
+      reminderWindows({platform, settings, openWindows, errors, player, runtimePath}),
+      errorReports(platform, openWindows, log),
       runMark(platform.files, platform.system, platform.clock),
       clockGuard(std::make_unique<ClockGuard>(*this)),
       awaitedFolder(std::make_unique<AwaitedFolder>(*this)),
@@ -55,7 +53,7 @@ void Application::ApplySharing() {
     events->CopyToShared([this] { Publish(); });
 }
 
-void Application::Publish() { publishAgain_ = !SharedCopy({*events, *shared, Storage()}).Run(); }
+void Application::Publish() { publishAgain_ = !SharedCopy(*events, *shared, Storage()).Run(); }
 
 void Application::ReopenDatabases() { EventFiles(*this).Reopen(); }
 
@@ -96,9 +94,7 @@ void Application::MoveSharedOn() {
         if (event.Recurring() && event.DueDate() < today) event.CalcNextDueDate(today, log);
 }
 
-StorageServices Application::Storage() {
-    return {platform.files, platform.clock, platform.random, platform.locale, log, settings, layers};
-}
+Stores Application::Storage() { return {platform, log, settings, layers}; }
 
 TaskFile Application::UserTasks() {
     TaskFile file(platform.files, DataPath());
@@ -107,9 +103,8 @@ TaskFile Application::UserTasks() {
 }
 
 clsReminder Application::MakeReminder() {
-    return clsReminder({platform.clock, platform.locale, platform.files, platform.pump, platform.shell, log,
-                        settings, reminderWindows, events.get(), expired.get(),
-                        [this] { settings.SaveSettings(settingsFileName); }});
+    return clsReminder(Storage(), reminderWindows, events.get(), expired.get(),
+                       [this] { settings.SaveSettings(settingsFileName); });
 }
 
 void Application::EndProgram() {

@@ -106,7 +106,7 @@ public:
     void MoveSharedOn();
     SharedFolder Folder() { return SharedFolder(platform.files, settings, log); }
 
-    StorageServices Storage();
+    Stores Storage();
     // The file of the user's tasks, in the data folder.
     TaskFile UserTasks();
     // An engine over the databases as they are now.

@@ -8,6 +8,7 @@
 #include "core/DueSince.h"
 #include "core/EventFiles.h"
 #include "platform/Files.h"
+#include "platform/MessagePump.h"
 #include "platform/SafeFileWriter.h"
 #include "storage/Owner.h"
 #include "support/Names.h"

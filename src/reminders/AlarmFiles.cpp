@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "platform/Files.h"
-#include "reminders/ReminderWindows.h"
+#include "platform/Shell.h"
 #include "support/cSHAREDSettings.h"
 
 #include <algorithm>
@@ -60,21 +60,21 @@ bool TrustedFiles::CanHold(const std::string& source, const std::string& file) {
     return file.size() <= kLongestPath && IsPlain(source) && IsPlain(file);
 }
 
-void Open(const ReminderServices& services, const std::string& file) {
-    if (FileExists(services.files, file))
-        services.shell.Open(file);
+void Open(const Stores& stores, const std::string& file) {
+    if (FileExists(stores.platform.files, file))
+        stores.platform.shell.Open(file);
     else
-        services.log.LogEvent("Can't run " + file + " - file not found");
+        stores.log.LogEvent("Can't run " + file + " - file not found");
 }
 
 }  // namespace
 
 void AlarmFiles::Run(const clsEvent& event, const std::string& source) {
-    ErrorTrap trap(services_.log, "DisplayAlarms", "clsReminder");
+    ErrorTrap trap(stores_.log, "DisplayAlarms", "clsReminder");
     trap([&] {
         const std::string file(Trim(event.Filename));
-        if (source.empty() || TrustedFiles(services_.settings).Holds(source, file))
-            Open(services_, file);
+        if (source.empty() || TrustedFiles(stores_.settings).Holds(source, file))
+            Open(stores_, file);
         else
             AskFirst(event, source, file);
     });
@@ -83,24 +83,24 @@ void AlarmFiles::Run(const clsEvent& event, const std::string& source) {
 void AlarmFiles::AskFirst(const clsEvent& event, const std::string& source, const std::string& file) {
     const std::string refusal = "Not running " + file + " of " + source;
     if (!TrustedFiles::CanHold(source, file)) {
-        services_.log.LogEvent(refusal + " - malformed name");
+        stores_.log.LogEvent(refusal + " - malformed name");
         return;
     }
     // The event can be gone by the time of the answer, so everything that is needed then is taken along.
-    const auto answer = [services = services_, source, file, refusal](bool yes) {
-        ErrorTrap trap(services.log, "DisplayAlarms", "clsReminder");
+    const auto answer = [stores = stores_, save = save_, source, file, refusal](bool yes) {
+        ErrorTrap trap(stores.log, "DisplayAlarms", "clsReminder");
         trap([&] {
             if (yes) {
-                TrustedFiles(services.settings).Add(source, file);
-                services.saveSettings();
-                Open(services, file);
+                TrustedFiles(stores.settings).Add(source, file);
+                save();
+                Open(stores, file);
             } else {
-                services.log.LogEvent(refusal + " - not allowed");
+                stores.log.LogEvent(refusal + " - not allowed");
             }
         });
     };
-    if (!services_.windows.Ask({source, std::string(event.DescShown()), file, answer}))
-        services_.log.LogEvent(refusal + " - too many questions are open");
+    if (!windows_.Ask({source, std::string(event.DescShown()), file, answer}))
+        stores_.log.LogEvent(refusal + " - too many questions are open");
 }
 
 }  // namespace kaz

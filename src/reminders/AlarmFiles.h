@@ -1,8 +1,10 @@
 #pragma once
 
 #include "model/clsEvent.h"
-#include "reminders/ReminderServices.h"
+#include "reminders/ReminderWindows.h"
+#include "storage/Stores.h"
 
+#include <functional>
 #include <string>
 
 namespace kaz {
@@ -10,7 +12,11 @@ namespace kaz {
 // Runs the files of alarms that ring.
 class AlarmFiles {
 public:
-    explicit AlarmFiles(const ReminderServices& services) : services_(services) {}
+    // `save` keeps which files the user has allowed.
+    AlarmFiles(const Stores& stores, ReminderWindows& windows, std::function<void()> save)
+        : stores_(stores),
+          windows_(windows),
+          save_(std::move(save)) {}
 
     // Opens the event's file with the program that the system has for it; one that is not there is logged.
     // `source` is the other user in whose file the event came, "" for an event of one's own. Another user's
@@ -21,7 +27,9 @@ public:
 private:
     void AskFirst(const clsEvent& event, const std::string& source, const std::string& file);
 
-    ReminderServices services_;
+    Stores stores_;
+    ReminderWindows& windows_;
+    std::function<void()> save_;
 };
 
 }  // namespace kaz

@@ -1,5 +1,7 @@
 #include "reminders/ReminderWindows.h"
 
+#include "forms/WindowFactory.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
@@ -18,7 +20,8 @@ std::shared_ptr<frmReminder> ReminderWindows::Find(ReminderKind kind) const {
 frmReminder& ReminderWindows::Open(ReminderKind kind) {
     ++timesShown_;
     if (const auto open = Find(kind)) return *open;
-    const auto form = std::make_shared<frmReminder>(services_.factory.Create(IDD_REMINDER), services_);
+    const auto form =
+        std::make_shared<frmReminder>(services_.platform.windows.Create(IDD_REMINDER), services_);
     services_.openWindows.Add(form);
     forms_[static_cast<std::size_t>(kind)] = form;
     return *form;
@@ -64,7 +67,7 @@ bool ReminderWindows::Ask(FileQuestion question) {
 
 void ReminderWindows::AskNext() {
     if (waiting_.empty() || OpenQuestion()) return;
-    auto window = services_.factory.Create(IDD_RUNFILE);
+    auto window = services_.platform.windows.Create(IDD_RUNFILE);
     const auto form = std::make_shared<frmRunFile>(std::move(window), services_, std::move(waiting_.front()),
                                                    [this] { AskNext(); });
     waiting_.pop_front();

@@ -16,6 +16,8 @@
 
 namespace kaz {
 
+class clsDbXml;
+
 enum class ReminderKind { Today, ComingUp, Alarm };
 
 // One ringing of one event.
@@ -32,7 +34,7 @@ struct AlarmRinging {
 // that fill them, so that a later pass refills or closes a window instead of opening a second one.
 class ReminderWindows {
 public:
-    explicit ReminderWindows(const ReminderWindowServices& services) : services_(services) {}
+    explicit ReminderWindows(const ReminderServices& services) : services_(services) {}
 
     // The window that is open, else a new one; after the user closed it the next pass makes it anew.
     // Throws InternalError when the window cannot be made.
@@ -62,7 +64,7 @@ private:
     void AskNext();
     std::shared_ptr<frmReminder> Find(ReminderKind kind) const;
 
-    ReminderWindowServices services_;
+    ReminderServices services_;
     std::array<std::weak_ptr<frmReminder>, 3> forms_;
     struct Showing {
         DateValue day;

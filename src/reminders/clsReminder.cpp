@@ -3,9 +3,11 @@
 #include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "model/AlarmTime.h"
+#include "platform/Clock.h"
+#include "platform/Locale.h"
+#include "platform/MessagePump.h"
 #include "reminders/AlarmFiles.h"
 #include "reminders/ReminderText.h"
-#include "reminders/ReminderWindows.h"
 #include "storage/clsDbXml.h"
 
 #include <algorithm>
@@ -72,20 +74,20 @@ DateValue FirstMinute(std::optional<DateValue> lastPass, DateValue now) {
 }  // namespace
 
 bool clsReminder::IsExpired(DateValue dueDate, std::optional<DateValue> asOf) const {
-    return dueDate < asOf.value_or(services_.clock.Today());
+    return dueDate < asOf.value_or(stores_.platform.clock.Today());
 }
 
 void clsReminder::UpdateAllEvents() { Update(1); }
 
 void clsReminder::Update(int passes) {
-    if (!services_.events) return;
-    ErrorTrap trap(services_.log, "UpdateAllEvents", kModule);
-    const DateValue today = services_.clock.Today();
+    if (!events_) return;
+    ErrorTrap trap(stores_.log, "UpdateAllEvents", kModule);
+    const DateValue today = stores_.platform.clock.Today();
     // What another program has saved is not to be moved on as it was before.
-    for (clsDbXml* database : {services_.events, services_.expired})
+    for (clsDbXml* database : {events_, expired_})
         if (database) trap([&] { database->CatchUp(); });
-    std::vector<clsEvent>& events = services_.events->AllEvents();
-    ExpiredShelf shelf(services_.expired);
+    std::vector<clsEvent>& events = events_->AllEvents();
+    ExpiredShelf shelf(expired_);
     std::vector<std::size_t> retired;
     std::vector<std::string> lines;
 
@@ -95,10 +97,10 @@ void clsReminder::Update(int passes) {
         event.CalcDaysLeft(today);
         if (!IsExpired(event.DueDate(), today)) return;
         const std::string what =
-            GeneralDateText(event.DueDate(), services_.locale.Data()) + " " + event.Desc();
+            GeneralDateText(event.DueDate(), stores_.platform.locale.Data()) + " " + event.Desc();
         if (event.Recurring()) {
             lines.push_back("Event expired and updated: " + what);
-            event.CalcNextDueDate(today, services_.log);
+            event.CalcNextDueDate(today, stores_.log);
             event.CalcDaysLeft(today);
         } else {
             lines.push_back("Event expired and deleted: " + what);
@@ -127,23 +129,23 @@ void clsReminder::Update(int passes) {
         }
         removed = places.size() < before.size();
     }
-    services_.log.LogEvents(lines);
+    stores_.log.LogEvents(lines);
 
     trap([&] {
         // First the file that receives the events: a crash in between leaves them
         // in both files, never in none.
-        if (!services_.expired || services_.expired->SaveDB())
+        if (!expired_ || expired_->SaveDB())
             RemoveRetired(retired);
         else if (!retired.empty())
-            services_.log.LogEvent("Expired events could not be saved and stay with the others");
+            stores_.log.LogEvent("Expired events could not be saved and stay with the others");
     });
-    trap([&] { services_.events->SaveDB(); });
+    trap([&] { events_->SaveDB(); });
 }
 
 void clsReminder::RemoveRetired(std::vector<std::size_t> positions) {
     if (positions.empty()) return;
     std::sort(positions.begin(), positions.end());
-    std::vector<clsEvent>& events = services_.events->AllEvents();
+    std::vector<clsEvent>& events = events_->AllEvents();
     std::size_t kept = positions.front();
     auto next = positions.begin();
     for (std::size_t position = kept; position < events.size(); ++position) {
@@ -157,60 +159,60 @@ void clsReminder::RemoveRetired(std::vector<std::size_t> positions) {
 
 void clsReminder::DisplayReminders() {
     Update(kAllPasses);
-    ErrorTrap trap(services_.log, "DisplayReminders", kModule);
-    const DateValue today = services_.clock.Today();
+    ErrorTrap trap(stores_.log, "DisplayReminders", kModule);
+    const DateValue today = stores_.platform.clock.Today();
     trap([&] { ShowUpcoming(today); });
     trap([&] { ShowTodays(today); });
-    trap([&] { services_.pump.ProcessPending(); });
+    trap([&] { stores_.platform.pump.ProcessPending(); });
 }
 
 void clsReminder::ShowUpcoming(DateValue today) {
     std::vector<std::string> lines;
-    visible_.ForEach(services_.events, EventSource::Local, [&](const VisibleEvent& seen) {
+    visible_.ForEach(events_, EventSource::Local, [&](const VisibleEvent& seen) {
         const std::int32_t daysLeft = seen.DaysLeft(today);
         if (daysLeft >= 1 && daysLeft <= seen.event.DaysWarning())
             lines.push_back(UpcomingLine(daysLeft, seen.event.DescShown()));
     });
     if (lines.empty()) {
-        services_.windows.Close(ReminderKind::ComingUp);
+        windows_.Close(ReminderKind::ComingUp);
         return;
     }
-    services_.log.LogEvent("Showing upcoming reminders");
-    if (services_.windows.HasShown(ReminderKind::ComingUp, today, lines)) return;
-    frmReminder& window = services_.windows.Open(ReminderKind::ComingUp);
+    stores_.log.LogEvent("Showing upcoming reminders");
+    if (windows_.HasShown(ReminderKind::ComingUp, today, lines)) return;
+    frmReminder& window = windows_.Open(ReminderKind::ComingUp);
     window.ReplaceList(lines);
     window.Wake();
     window.Heading("COMING UP");
-    services_.windows.SetShown(ReminderKind::ComingUp, today, std::move(lines));
+    windows_.SetShown(ReminderKind::ComingUp, today, std::move(lines));
 }
 
 void clsReminder::ShowTodays(DateValue today) {
     std::vector<std::string> lines;
     std::string sound;
-    visible_.ForEach(services_.events, EventSource::Local, [&](const VisibleEvent& seen) {
+    visible_.ForEach(events_, EventSource::Local, [&](const VisibleEvent& seen) {
         const clsEvent& event = seen.event;
         if (event.ExecFile || seen.due != today) return;
         lines.emplace_back(event.DescShown());
         if (event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
     });
     if (lines.empty()) {
-        services_.windows.Close(ReminderKind::Today);
+        windows_.Close(ReminderKind::Today);
         return;
     }
-    services_.log.LogEvent("Showing today's reminders");
-    if (services_.windows.HasShown(ReminderKind::Today, today, lines)) return;
-    frmReminder& window = services_.windows.Open(ReminderKind::Today);
+    stores_.log.LogEvent("Showing today's reminders");
+    if (windows_.HasShown(ReminderKind::Today, today, lines)) return;
+    frmReminder& window = windows_.Open(ReminderKind::Today);
     window.PlaySound = !sound.empty();
     window.SoundFile = sound;
     window.ReplaceList(lines);
     window.Wake();
     window.Heading("TODAY!");
-    services_.windows.SetShown(ReminderKind::Today, today, std::move(lines));
+    windows_.SetShown(ReminderKind::Today, today, std::move(lines));
 }
 
 void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass) {
-    ErrorTrap trap(services_.log, "DisplayAlarms", kModule);
-    const DateValue now = services_.clock.Now().ToMinute();
+    ErrorTrap trap(stores_.log, "DisplayAlarms", kModule);
+    const DateValue now = stores_.platform.clock.Now().ToMinute();
     const DateValue since = FirstMinute(lastPass, now);
     const bool ofOthers = PlaceOf(database) == EventSource::Shared;
     std::vector<std::string> lines;
@@ -225,13 +227,13 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
             if (!minute) return;
             const AlarmRinging ringing{&database, database.SourceOf(event), event.Owner(), event.IDCode,
                                        *minute};
-            if (services_.windows.HasRung(ringing)) return;
+            if (windows_.HasRung(ringing)) return;
             if (event.ExecFile) {
-                services_.windows.SetRung(ringing);
+                windows_.SetRung(ringing);
                 if (*minute >= now.PlusMinutes(-kLatestRun))
                     toRun.push_back(event);
                 else
-                    services_.log.LogEvent("Not running " + event.Filename + " - its time has passed");
+                    stores_.log.LogEvent("Not running " + event.Filename + " - its time has passed");
             } else {
                 lines.emplace_back(event.DescShown());
                 listed.push_back(ringing);
@@ -245,17 +247,17 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
     // neither empties nor hides the window, nor brings back what was closed.
     if (!lines.empty())
         trap([&] {
-            frmReminder& window = services_.windows.Open(ReminderKind::Alarm);
+            frmReminder& window = windows_.Open(ReminderKind::Alarm);
             window.AddToList(lines);
             for (const AlarmRinging& ringing : listed)
-                services_.windows.SetRung(ringing);
+                windows_.SetRung(ringing);
             window.PlaySound = true;
             window.SoundFile = sound;
             window.Heading("ALARM!");
             window.ShowOnTop();
         });
 
-    AlarmFiles files(services_);
+    AlarmFiles files(stores_, windows_, saveSettings_);
     for (const clsEvent& event : toRun) {
         const std::string source = database.SourceOf(event);
         // Without a source it is a copy of what this user shares, and the original has run.
@@ -264,7 +266,7 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
 }
 
 std::optional<DateValue> clsReminder::NextAlarm(const clsDbXml& database) const {
-    const DateValue now = services_.clock.Now().ToMinute();
+    const DateValue now = stores_.platform.clock.Now().ToMinute();
     const DateValue first(now.Day(), now.SecondOfDay() + 60);
     const DateValue last(now.Day(), DateValue::kSecondsPerDay - 60);
     std::optional<DateValue> next;

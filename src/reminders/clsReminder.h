@@ -1,8 +1,10 @@
 #pragma once
 
-#include "reminders/ReminderServices.h"
+#include "reminders/ReminderWindows.h"
 #include "storage/VisibleEvents.h"
+#include "storage/clsDbXml.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,9 +16,17 @@ namespace kaz {
 // holds no events; failures are logged.
 class clsReminder {
 public:
-    explicit clsReminder(const ReminderServices& services)
-        : services_(services),
-          visible_(services.settings) {}
+    // `events` and `expired` are null until a user has been chosen. `saveSettings` keeps which files of
+    // others the user has allowed.
+    clsReminder(
+        const Stores& stores, ReminderWindows& windows, clsDbXml* events, clsDbXml* expired,
+        std::function<void()> saveSettings = [] {})
+        : stores_(stores),
+          windows_(windows),
+          events_(events),
+          expired_(expired),
+          saveSettings_(std::move(saveSettings)),
+          visible_(stores.settings) {}
 
     // Moves recurring events whose day has passed on to their next day and the others to
     // the expired database, then saves both. It is one pass, which leaves out some. Without
@@ -42,10 +52,14 @@ private:
     void ShowUpcoming(DateValue today);
     void ShowTodays(DateValue today);
     EventSource PlaceOf(const clsDbXml& database) const {
-        return &database == services_.events ? EventSource::Local : EventSource::Shared;
+        return &database == events_ ? EventSource::Local : EventSource::Shared;
     }
 
-    ReminderServices services_;
+    Stores stores_;
+    ReminderWindows& windows_;
+    clsDbXml* events_;
+    clsDbXml* expired_;
+    std::function<void()> saveSettings_;
     VisibleEvents visible_;
 };
 

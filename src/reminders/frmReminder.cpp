@@ -2,7 +2,9 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "platform/Clock.h"
 #include "platform/Files.h"
+#include "platform/MessagePump.h"
 #include "storage/clsSounds.h"
 
 #include <algorithm>
@@ -18,7 +20,7 @@ constexpr int kSleepDigits = 4;
 constexpr double kLongestSleep = 9999;  // minutes
 }  // namespace
 
-frmReminder::frmReminder(std::unique_ptr<Window> window, const ReminderWindowServices& services)
+frmReminder::frmReminder(std::unique_ptr<Window> window, const ReminderServices& services)
     : Form(std::move(window), services.errors, "frmReminder"),
       services_(services) {
     On(IDT_Timer1, Raised::Timer, "Timer1_Timer", &frmReminder::Timer1_Timer);
@@ -90,7 +92,7 @@ void frmReminder::Timer1_Timer() {
 
 // Ticks get lost while the computer sleeps, and the clock can be set back: what comes first counts.
 bool frmReminder::SleepIsOver() {
-    if (services_.clock.Now() >= sleepEnd_) return true;
+    if (services_.platform.clock.Now() >= sleepEnd_) return true;
     if (++seconds_ < 60) return false;
     seconds_ = 0;
     return ++minutes_ >= sleepMinutes_;
@@ -107,7 +109,7 @@ void frmReminder::CountSleep() {
 // False when the user closed the window, or put it to sleep, just as it appeared.
 bool frmReminder::ComeToFront() {
     if (!window().IsVisible()) window().Show(Activation::KeepFocus);
-    services_.pump.ProcessPending();
+    services_.platform.pump.ProcessPending();
     if (!window().IsVisible()) return false;
     window().BringToFront();
     return true;
@@ -118,25 +120,25 @@ void frmReminder::cmdRemindMe_Click() {
     sleeping_ = true;
     sleepMinutes_ = RoundToInt16(typed);
     // No sleep is shorter than the first full minute.
-    sleepEnd_ = services_.clock.Now().PlusMinutes(std::max(sleepMinutes_, 1));
+    sleepEnd_ = services_.platform.clock.Now().PlusMinutes(std::max(sleepMinutes_, 1));
     seconds_ = 0;
     minutes_ = 0;
     Timer1.Start(kSleepTick);
     window().Hide();
-    services_.pump.ProcessPending();
+    services_.platform.pump.ProcessPending();
 }
 
 void frmReminder::cmdContinue_Click() {
     window().Hide();
-    services_.pump.ProcessPending();
+    services_.platform.pump.ProcessPending();
     services_.openWindows.Unload(*this);
 }
 
 void frmReminder::PlayItsSound() {
     if (!services_.player.HasSound() || services_.settings.Flag("NoSounds")) return;
     const std::string usual =
-        DefaultAlarmSound(services_.files, services_.settings, services_.applicationFolder);
-    if (!FileExists(services_.files, SoundFile)) SoundFile = usual;
+        DefaultAlarmSound(services_.platform.files, services_.settings, services_.applicationFolder);
+    if (!FileExists(services_.platform.files, SoundFile)) SoundFile = usual;
     services_.player.PlayWav(SoundFile, usual);
 }
 

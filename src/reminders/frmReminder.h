@@ -16,7 +16,7 @@ namespace kaz {
 // user closes it or lets it sleep for some minutes.
 class frmReminder : public Form {
 public:
-    frmReminder(std::unique_ptr<Window> window, const ReminderWindowServices& services);
+    frmReminder(std::unique_ptr<Window> window, const ReminderServices& services);
 
     // Heading and caption. The first one makes the window appear, two seconds later.
     void Heading(const std::string& text);
@@ -50,7 +50,7 @@ private:
     void PlayItsSound();
     void FillList();
 
-    ReminderWindowServices services_;
+    ReminderServices services_;
     ReminderLines lines_;
     Label lblHeading{window(), IDC_lblHeading};
     ListControl lstReminders{window(), IDC_lstReminders};

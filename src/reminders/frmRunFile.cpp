@@ -24,7 +24,7 @@ std::string ShortLine(const std::string& text) {
 
 }  // namespace
 
-frmRunFile::frmRunFile(std::unique_ptr<Window> window, const ReminderWindowServices& services,
+frmRunFile::frmRunFile(std::unique_ptr<Window> window, const ReminderServices& services,
                        FileQuestion question, std::function<void()> next)
     : Form(std::move(window), services.errors, "frmRunFile"),
       services_(services),

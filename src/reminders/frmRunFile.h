@@ -27,7 +27,7 @@ struct FileQuestion {
 class frmRunFile : public Form {
 public:
     // `next` follows the answer.
-    frmRunFile(std::unique_ptr<Window> window, const ReminderWindowServices& services, FileQuestion question,
+    frmRunFile(std::unique_ptr<Window> window, const ReminderServices& services, FileQuestion question,
                std::function<void()> next);
 
     void Ask();
@@ -47,7 +47,7 @@ private:
     void EnableAnswers(bool enabled);
     void Answer(bool yes);
 
-    ReminderWindowServices services_;
+    ReminderServices services_;
     FileQuestion question_;
     std::function<void()> next_;
     Label lblSource{window(), IDC_lblSource};

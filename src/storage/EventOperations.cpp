@@ -1,5 +1,6 @@
 #include "storage/EventOperations.h"
 
+#include "platform/Clock.h"
 #include "storage/EventDigest.h"
 #include "storage/VisibleEvents.h"
 #include "storage/clsLayers.h"
@@ -21,9 +22,9 @@ clsEvent SharedLike(clsEvent event, const clsEvent& other) {
 
 std::string EventOperations::AddEvent(clsEvent event) {
     CatchUp();
-    context_.events.StoreRecord(Updated(std::move(event)), true);
-    std::string code = context_.events.AllEvents().back().IDCode;
-    context_.events.SaveDB();
+    events_.StoreRecord(Updated(std::move(event)), true);
+    std::string code = events_.AllEvents().back().IDCode;
+    events_.SaveDB();
     return code;
 }
 
@@ -55,7 +56,7 @@ void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
     CatchUp();
     const clsEvent* found = Source(fromExpired).ReadEvent(code);
     if (!found) {
-        context_.log.LogEvent("Unable to push event with ID " + code + ". Not found in database.");
+        stores_.log.LogEvent("Unable to push event with ID " + code + ". Not found in database.");
         return;
     }
     const clsEvent before = *found;
@@ -63,24 +64,24 @@ void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
     copy.DueDate(copy.DueDate().PlusDays(1));
     StoreBack(std::move(copy), before, fromExpired);
     // Kept on purpose: the expired database is saved in every case, also when nothing leaves it.
-    context_.expired.SaveDB();
+    expired_.SaveDB();
 }
 
 std::vector<clsEvent> EventOperations::DeleteEvents(const std::vector<std::string>& codes) {
     std::vector<clsEvent> others;
     std::vector<std::string> own;
-    for (const clsEvent* event : Find(context_.events, codes)) {
+    for (const clsEvent* event : Find(events_, codes)) {
         if (IsOthers(*event))
             others.push_back(*event);
         else
             own.push_back(event->IDCode);
     }
-    if (!own.empty()) context_.events.DeleteRecords(own);
+    if (!own.empty()) events_.DeleteRecords(own);
     return others;
 }
 
 void EventOperations::DeleteExpiredEvents(const std::vector<std::string>& codes) {
-    if (!Find(context_.expired, codes).empty()) context_.expired.DeleteRecords(codes);
+    if (!Find(expired_, codes).empty()) expired_.DeleteRecords(codes);
 }
 
 // In one walk, however many they are. Of two events with the same code the first is meant.
@@ -94,25 +95,25 @@ std::vector<const clsEvent*> EventOperations::Find(const clsDbXml& database,
 }
 
 bool EventOperations::IsOthers(const clsEvent& event) const {
-    return VisibleEvents(context_.settings).IsForeign(event);
+    return VisibleEvents(stores_.settings).IsForeign(event);
 }
 
 bool EventOperations::HasExpired(const clsEvent& event) {
-    const clsEvent* current = context_.events.ReadEvent(event.IDCode);
+    const clsEvent* current = events_.ReadEvent(event.IDCode);
     if (current && !current->Deleted) return false;
-    const clsEvent* expired = context_.expired.ReadEvent(event.IDCode);
+    const clsEvent* expired = expired_.ReadEvent(event.IDCode);
     return expired && !expired->Deleted && expired->Desc() == event.Desc() &&
            expired->DueDate() == event.DueDate() && expired->Owner() == event.Owner();
 }
 
 void EventOperations::CatchUp() {
-    context_.events.CatchUp();
-    context_.expired.CatchUp();
+    events_.CatchUp();
+    expired_.CatchUp();
 }
 
 clsEvent EventOperations::Updated(clsEvent event) {
-    const DateValue today = context_.clock.Today();
-    event.CalcNextDueDate(today, context_.log);
+    const DateValue today = stores_.platform.clock.Today();
+    event.CalcNextDueDate(today, stores_.log);
     event.CalcDaysLeft(today);
     event.Layer(clsLayers::OwnOr(event.Layer()));
     return event;
@@ -128,12 +129,12 @@ void EventOperations::StoreBack(clsEvent event, const clsEvent& before, bool fro
     const auto isSame = [&](const clsEvent& other) {
         return other.Desc() == before.Desc() && other.DueDate() == before.DueDate();
     };
-    const clsEvent* current = fromExpired ? holder(context_.events) : nullptr;
-    context_.events.StoreRecord(std::move(event), current && !isSame(*current));
-    if (!context_.events.SaveDB()) return;
+    const clsEvent* current = fromExpired ? holder(events_) : nullptr;
+    events_.StoreRecord(std::move(event), current && !isSame(*current));
+    if (!events_.SaveDB()) return;
     // An event leaves the expired file only once it is safe in the other.
-    const clsEvent* expired = holder(context_.expired);
-    if (expired && isSame(*expired)) context_.expired.DeleteRecord(code);
+    const clsEvent* expired = holder(expired_);
+    if (expired && isSame(*expired)) expired_.DeleteRecord(code);
 }
 
 }  // namespace kaz

@@ -1,10 +1,7 @@
 #pragma once
 
 #include "model/clsEvent.h"
-#include "platform/Clock.h"
 #include "storage/clsDbXml.h"
-#include "support/cSHAREDSettings.h"
-#include "support/cSharedLogging.h"
 
 #include <optional>
 #include <string>
@@ -29,15 +26,10 @@ enum class EditResult { Stored, Gone };
 // user's save may have changed them while a dialog was open.
 class EventOperations {
 public:
-    struct Context {
-        clsDbXml& events;
-        clsDbXml& expired;
-        const cSHAREDSettings& settings;
-        const Clock& clock;
-        cSharedLogging& log;
-    };
-
-    explicit EventOperations(const Context& context) : context_(context) {}
+    EventOperations(clsDbXml& events, clsDbXml& expired, const Stores& stores)
+        : events_(events),
+          expired_(expired),
+          stores_(stores) {}
 
     // The event of the events database or, with `fromExpired`, of the expired one; null when there is none.
     const clsEvent* Read(const std::string& code, bool fromExpired) {
@@ -60,7 +52,7 @@ public:
 
 private:
     static std::vector<const clsEvent*> Find(const clsDbXml& database, const std::vector<std::string>& codes);
-    clsDbXml& Source(bool fromExpired) { return fromExpired ? context_.expired : context_.events; }
+    clsDbXml& Source(bool fromExpired) { return fromExpired ? expired_ : events_; }
     // Whether that event is in the expired database now, and no longer among the current ones.
     bool HasExpired(const clsEvent& event);
     // Reads what another program has saved while a dialog was open.
@@ -71,7 +63,9 @@ private:
     // take that one's place.
     void StoreBack(clsEvent event, const clsEvent& before, bool fromExpired);
 
-    Context context_;
+    clsDbXml& events_;
+    clsDbXml& expired_;
+    Stores stores_;
 };
 
 }  // namespace kaz

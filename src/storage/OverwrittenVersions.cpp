@@ -24,13 +24,13 @@ bool OverwrittenVersions::Keep(const std::string& fileName) const {
     if (folder_.empty()) return true;
     const std::string reason = "changed by another";
     const std::string kept = PathFor(fileName, reason);
-    ErrorTrap trap(services_.log, "SaveDB", "clsDbXml");
+    ErrorTrap trap(stores_.log, "SaveDB", "clsDbXml");
     const bool done = trap([&] {
-        services_.files.CreateFolder(folder_);
-        WriteWholeFile(services_.files, kept, ReadWholeFile(services_.files, fileName));
+        stores_.platform.files.CreateFolder(folder_);
+        WriteWholeFile(stores_.platform.files, kept, ReadWholeFile(stores_.platform.files, fileName));
     });
-    services_.log.LogEvent(fileName + " was changed by another program. " +
-                           (done ? "Its version is kept as " + kept : "It is not written over."));
+    stores_.log.LogEvent(fileName + " was changed by another program. " +
+                         (done ? "Its version is kept as " + kept : "It is not written over."));
     if (done) trap([&] { DeleteOldest(fileName, reason); });
     return done;
 }
@@ -39,40 +39,41 @@ bool OverwrittenVersions::KeepEvents(const std::string& fileName, const std::str
                                      const std::vector<clsEvent>& events) const {
     if (folder_.empty()) return true;
     const std::string kept = PathFor(fileName, reason);
-    ErrorTrap trap(services_.log, "LoadDB", "clsDbXml");
+    ErrorTrap trap(stores_.log, "LoadDB", "clsDbXml");
     const bool done = trap([&] {
-        services_.files.CreateFolder(folder_);
-        SafeFileWriter file(services_.files, kept);
+        stores_.platform.files.CreateFolder(folder_);
+        SafeFileWriter file(stores_.platform.files, kept);
         WriteEvents(events, [&](std::string_view piece) { file.Write(piece); });
         file.Commit();
     });
     if (!done) return false;
-    services_.log.LogEvent("Events of " + fileName + " are kept as " + kept);
+    stores_.log.LogEvent("Events of " + fileName + " are kept as " + kept);
     trap([&] { DeleteOldest(fileName, reason); });
     return true;
 }
 
 std::string OverwrittenVersions::PathFor(const std::string& fileName, const std::string& reason) const {
     const std::string time =
-        FormatDate(services_.clock.Now(), "YYYY-MM-DD HH.NN.SS", services_.locale.Data());
+        FormatDate(stores_.platform.clock.Now(), "YYYY-MM-DD HH.NN.SS", stores_.platform.locale.Data());
     const std::string path = JoinPath(folder_, StemOf(fileName) + " (" + reason + ", " + time + ")");
     // Two of them can be found within a second.
     std::string unused = path + ".xml";
-    for (std::size_t number = 2; number <= kMostVersions && FileExists(services_.files, unused); ++number)
+    for (std::size_t number = 2; number <= kMostVersions && FileExists(stores_.platform.files, unused);
+         ++number)
         unused = path + " " + std::to_string(number) + ".xml";
     return unused;
 }
 
 void OverwrittenVersions::DeleteOldest(const std::string& fileName, const std::string& reason) const {
     std::vector<std::pair<FileTime, std::string>> versions;
-    for (const std::string& name : services_.files.FilesIn(folder_)) {
+    for (const std::string& name : stores_.platform.files.FilesIn(folder_)) {
         if (!name.starts_with(StemOf(fileName) + " (" + reason + ", ")) continue;
         const std::string path = JoinPath(folder_, name);
-        versions.emplace_back(services_.files.ModificationTime(path).value_or(0), path);
+        versions.emplace_back(stores_.platform.files.ModificationTime(path).value_or(0), path);
     }
     std::sort(versions.begin(), versions.end());
     for (std::size_t oldest = 0; oldest + kMostVersions < versions.size(); ++oldest)
-        services_.files.Delete(versions[oldest].second);
+        stores_.platform.files.Delete(versions[oldest].second);
 }
 
 }  // namespace kaz

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/clsEvent.h"
-#include "storage/StorageServices.h"
+#include "storage/Stores.h"
 
 #include <string>
 #include <utility>
@@ -12,7 +12,7 @@ namespace kaz {
 // Keeps what a merge of two versions of an event file has to give up, a bounded number of versions.
 class OverwrittenVersions {
 public:
-    explicit OverwrittenVersions(const StorageServices& services) : services_(services) {}
+    explicit OverwrittenVersions(const Stores& stores) : stores_(stores) {}
 
     // Without a folder nothing is kept.
     void KeepIn(std::string folder) { folder_ = std::move(folder); }
@@ -29,7 +29,7 @@ private:
     std::string PathFor(const std::string& fileName, const std::string& reason) const;
     void DeleteOldest(const std::string& fileName, const std::string& reason) const;
 
-    StorageServices services_;
+    Stores stores_;
     std::string folder_;
 };
 

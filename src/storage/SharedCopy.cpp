@@ -7,30 +7,30 @@ namespace kaz {
 
 bool SharedCopy::Run() {
     bool published = false;
-    ErrorTrap trap(context_.services.log, "CopyToShared", "EventOperations");
+    ErrorTrap trap(stores_.log, "CopyToShared", "EventOperations");
     trap([&] {
-        const SharedFolder folder(context_.services.files, context_.services.settings, context_.services.log);
+        const SharedFolder folder(stores_.platform.files, stores_.settings, stores_.log);
         published = folder.Path().empty();
         if (published) return;
-        const std::string me = CurrentOwner(context_.services.settings);
+        const std::string me = CurrentOwner(stores_.settings);
 
         // Read as one's own file, not through the filter that is meant for those of others.
         // The earlier copies leave it in the same save that brings the new ones, so that
         // nobody ever reads a file without them.
-        clsDbXml own(context_.services);
+        clsDbXml own(stores_);
         own.LoadDB(folder.FileOf(me));
         own.MarkRecordsByOwner(me);
-        for (const clsEvent& event : context_.events.AllEvents()) {
+        for (const clsEvent& event : events_.AllEvents()) {
             if (event.Deleted || !event.SharedEvent) continue;
-            if (!StringsEqual(event.Owner(), me, context_.services.locale.Folding())) continue;
+            if (!StringsEqual(event.Owner(), me, stores_.platform.locale.Folding())) continue;
             trap([&] {
                 clsEvent copy = event;
-                copy.SharedLayerName = context_.services.layers.Layer(event.Layer());
+                copy.SharedLayerName = stores_.layers.Layer(event.Layer());
                 own.StoreRecord(std::move(copy));
             });
         }
         published = own.SaveDB();
-        context_.shared.LoadMultiple(folder.ListFile());
+        shared_.LoadMultiple(folder.ListFile());
     });
     return published;
 }

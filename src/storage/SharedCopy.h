@@ -9,19 +9,18 @@ namespace kaz {
 // database, then loads the others' files again.
 class SharedCopy {
 public:
-    struct Context {
-        const clsDbXml& events;
-        clsDbXml& shared;
-        StorageServices services;
-    };
-
-    explicit SharedCopy(const Context& context) : context_(context) {}
+    SharedCopy(const clsDbXml& events, clsDbXml& shared, const Stores& stores)
+        : events_(events),
+          shared_(shared),
+          stores_(stores) {}
     // Failures are logged; the local events are not touched by any of them. True when the user's own file has
     // all that is shared.
     bool Run();
 
 private:
-    Context context_;
+    const clsDbXml& events_;
+    clsDbXml& shared_;
+    Stores stores_;
 };
 
 }  // namespace kaz

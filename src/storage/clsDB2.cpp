@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "platform/Files.h"
+#include "platform/Locale.h"
 #include "storage/ErrorBatch.h"
 #include "storage/LegacyRecord.h"
 #include "storage/Owner.h"
@@ -27,11 +28,11 @@ std::string_view RecordAt(std::string_view records, std::size_t index) {
 
 }  // namespace
 
-clsDB2::clsDB2(const StorageServices& services, clsSounds& sounds)
-    : services_(services),
+clsDB2::clsDB2(const Stores& stores, clsSounds& sounds)
+    : stores_(stores),
       sounds_(sounds),
-      memory_(services),
-      watched_(services.files, services.log) {}
+      memory_(stores),
+      watched_(stores.platform.files, stores.log) {}
 
 bool clsDB2::DatabaseChanged() const {
     return watched_.Empty() ? FileDate() != lastKnownDate_ : watched_.Changed();
@@ -44,11 +45,11 @@ void clsDB2::LoadDBIfChanged(const std::string& fileName) {
 bool clsDB2::LoadDB(const std::string& fileName, bool append) {
     fileName_ = fileName;
     lastKnownDate_ = FileDate();
-    ErrorBatch errors(services_.log);
+    ErrorBatch errors(stores_.log);
     ErrorTrap trap(errors, "LoadAllEvents", kModule);
     std::vector<clsEvent> loaded;
     const bool read = trap([&] {
-        const std::string records = ReadFileOrEmpty(services_.files, fileName);
+        const std::string records = ReadFileOrEmpty(stores_.platform.files, fileName);
         const std::size_t count = RecordsIn(records);
         loaded.resize(count);
         for (std::size_t i = 0; i < count; ++i) {
@@ -65,15 +66,15 @@ bool clsDB2::LoadDB(const std::string& fileName, bool append) {
 }
 
 void clsDB2::LoadMultiple(const std::string& listFile) {
-    const SharedFolder folder(services_.files, services_.settings, services_.log);
-    const std::string user = services_.settings.TextOr("Owner", "");
+    const SharedFolder folder(stores_.platform.files, stores_.settings, stores_.log);
+    const std::string user = stores_.settings.TextOr("Owner", "");
     const auto fileOf = [&](const std::string& name) { return WithExtension(folder.FileOf(name), ".Dat"); };
     memory_.AllEvents().clear();
     watched_.Clear();
     watched_.Add(listFile);
     for (const std::string& name : folder.UsersOf(listFile)) {
-        if (StringsEqual(name, user, services_.locale.Folding())) continue;
-        services_.log.LogEvent("Setting Databasename to " + fileOf(name));
+        if (StringsEqual(name, user, stores_.platform.locale.Folding())) continue;
+        stores_.log.LogEvent("Setting Databasename to " + fileOf(name));
         watched_.Add(fileOf(name));
         if (!LoadDB(fileOf(name), true)) watched_.LastWasNotRead();
     }
@@ -82,7 +83,7 @@ void clsDB2::LoadMultiple(const std::string& listFile) {
 }
 
 bool clsDB2::SaveDB() {
-    ErrorTrap trap(services_.log, "SaveDB", kModule);
+    ErrorTrap trap(stores_.log, "SaveDB", kModule);
     std::string records;
     for (const clsEvent& event : memory_.AllEvents())
         if (!event.Deleted) records += LegacyRecordOf(event, trap);
@@ -95,9 +96,9 @@ void clsDB2::DeleteRecord(std::string_view code) {
 }
 
 void clsDB2::WipeDiskFile() {
-    ErrorTrap trap(services_.log, "WipeDiskFile", kModule);
+    ErrorTrap trap(stores_.log, "WipeDiskFile", kModule);
     trap([&] {
-        if (FileExists(services_.files, fileName_)) services_.files.Delete(fileName_);
+        if (FileExists(stores_.platform.files, fileName_)) stores_.platform.files.Delete(fileName_);
     });
 }
 
@@ -127,10 +128,10 @@ void clsDB2::RenameOwner(std::string_view oldName, std::string_view newName) {
 }
 
 std::int32_t clsDB2::SeekDiskRecord(std::string_view code) {
-    ErrorTrap trap(services_.log, "SeekDiskRecord", kModule);
+    ErrorTrap trap(stores_.log, "SeekDiskRecord", kModule);
     std::int32_t found = -1;
     trap([&] {
-        const std::string records = ReadFileOrEmpty(services_.files, fileName_);
+        const std::string records = ReadFileOrEmpty(stores_.platform.files, fileName_);
         for (std::size_t i = 0; i < RecordsIn(records) && found < 0; ++i) {
             clsEvent event;
             ReadLegacyRecord(RecordAt(records, i), event, trap);
@@ -141,9 +142,9 @@ std::int32_t clsDB2::SeekDiskRecord(std::string_view code) {
 }
 
 bool clsDB2::WriteEventToFile(const clsEvent& event) {
-    ErrorTrap trap(services_.log, "WriteEventToFile", kModule);
+    ErrorTrap trap(stores_.log, "WriteEventToFile", kModule);
     std::string records;
-    if (!trap([&] { records = ReadFileOrEmpty(services_.files, fileName_); })) return false;
+    if (!trap([&] { records = ReadFileOrEmpty(stores_.platform.files, fileName_); })) return false;
     const std::int32_t number = SeekDiskRecord(event.IDCode);
     const std::size_t count = RecordsIn(records);
     const std::size_t index = number < 1 ? count : static_cast<std::size_t>(number) - 1;
@@ -153,11 +154,11 @@ bool clsDB2::WriteEventToFile(const clsEvent& event) {
 }
 
 bool clsDB2::IsOwner(const clsEvent& event, std::string_view owner) const {
-    return StringsEqual(event.Owner(), owner, services_.locale.Folding());
+    return StringsEqual(event.Owner(), owner, stores_.platform.locale.Folding());
 }
 
 void clsDB2::AddOwnerAndSound(clsEvent& event) {
-    AdoptOrphan(event, CurrentOwner(services_.settings));
+    AdoptOrphan(event, CurrentOwner(stores_.settings));
     if (const auto sound = sounds_.OwnWavName(event.IDCode)) {
         event.WavFile = *sound;
         event.PlayWav = true;
@@ -165,8 +166,8 @@ void clsDB2::AddOwnerAndSound(clsEvent& event) {
 }
 
 bool clsDB2::Write(const std::string& records) {
-    ErrorTrap trap(services_.log, "SaveDB", kModule);
-    const bool written = trap([&] { WriteWholeFile(services_.files, fileName_, records); });
+    ErrorTrap trap(stores_.log, "SaveDB", kModule);
+    const bool written = trap([&] { WriteWholeFile(stores_.platform.files, fileName_, records); });
     lastKnownDate_ = FileDate();
     return written;
 }

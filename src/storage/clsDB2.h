@@ -19,7 +19,7 @@ class clsDB2 {
 public:
     // All of them outlive the database. `sounds` gives the events their sound files, for which a record has
     // no room.
-    clsDB2(const StorageServices& services, clsSounds& sounds);
+    clsDB2(const Stores& stores, clsSounds& sounds);
 
     void SetDBFilename(const std::string& fileName) { fileName_ = fileName; }
     const std::string& DBFilename() const { return fileName_; }
@@ -65,7 +65,7 @@ private:
     std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
     bool Write(const std::string& records);
 
-    StorageServices services_;
+    Stores stores_;
     clsSounds& sounds_;
     clsDbXml memory_;
     WatchedFiles watched_;  // empty until LoadMultiple

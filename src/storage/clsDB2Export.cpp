@@ -29,7 +29,7 @@ std::string Tame(std::string text) {
 }  // namespace
 
 void clsDB2::ExportToXML(clsDbXml& target) {
-    ErrorTrap trap(services_.log, "ExportToXML", "clsDB2");
+    ErrorTrap trap(stores_.log, "ExportToXML", "clsDB2");
     std::vector<clsEvent> withoutCode;
     std::unordered_set<std::string> codes;
     std::vector<clsEvent>& kept = target.AllEvents();

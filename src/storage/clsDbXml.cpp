@@ -17,11 +17,11 @@
 
 namespace kaz {
 
-clsDbXml::clsDbXml(const StorageServices& services)
-    : services_(services),
-      codes_(services.clock, services.random),
-      watched_(services.files, services.log),
-      overwritten_(services) {}
+clsDbXml::clsDbXml(const Stores& stores)
+    : stores_(stores),
+      codes_(stores.platform.clock, stores.platform.random),
+      watched_(stores.platform.files, stores.log),
+      overwritten_(stores) {}
 
 void clsDbXml::SetDBFilename(const std::string& fileName) {
     if (fileName == fileName_) return;
@@ -157,11 +157,11 @@ bool clsDbXml::SaveDB() {
 
 bool clsDbXml::MayWrite() {
     const bool kept = !missingFile_.empty() && missingFile_ == fileName_ &&
-                      services_.files.Kind(fileName_) == PathKind::Missing;
+                      stores_.platform.files.Kind(fileName_) == PathKind::Missing;
     if (WasRead() && !kept) return true;
     saveFault_ = readFault_.value_or(
         ErrorInfo{static_cast<int>(ErrorNumber::FileNotFound), DescriptionOf(ErrorNumber::FileNotFound)});
-    services_.log.LogEvent("Unable to write events. " + fileName_ + " could not be read.");
+    stores_.log.LogEvent("Unable to write events. " + fileName_ + " could not be read.");
     return false;
 }
 
@@ -206,7 +206,7 @@ bool clsDbXml::WriteFile() {
     std::optional<SafeFileWriter> file;
     try {
         if (fileName_.empty()) throw RuntimeError(ErrorNumber::PathFileAccess);
-        file.emplace(services_.files, fileName_);
+        file.emplace(stores_.platform.files, fileName_);
         WriteEvents(events_, [&](std::string_view piece) { file->Write(piece); });
         file->Commit();
         // That of our own text, since another may be in its place already.
@@ -215,8 +215,8 @@ bool clsDbXml::WriteFile() {
     } catch (...) {
         const ErrorInfo error = CurrentError();
         const bool denied = error.number == static_cast<int>(ErrorNumber::PermissionDenied);
-        if (!file) services_.log.LogEvent("Output file readonly. Unable to write events.");
-        if (file || !denied) services_.log.Report(error, "SaveDB", kModule);
+        if (!file) stores_.log.LogEvent("Output file readonly. Unable to write events.");
+        if (file || !denied) stores_.log.Report(error, "SaveDB", kModule);
         saveFault_ = error;
         return false;
     }
@@ -264,9 +264,10 @@ bool clsDbXml::IsTaken(const std::string& code) {
 }
 
 void clsDbXml::WipeDiskFile() {
-    ErrorTrap trap(services_.log, "WipeDiskFile", kModule);
+    ErrorTrap trap(stores_.log, "WipeDiskFile", kModule);
     trap([&] {
-        if (services_.files.Kind(fileName_) != PathKind::Missing) services_.files.Delete(fileName_);
+        if (stores_.platform.files.Kind(fileName_) != PathKind::Missing)
+            stores_.platform.files.Delete(fileName_);
         isThere_ = false;
     });
 }
@@ -279,7 +280,7 @@ void clsDbXml::WipeRecordsByOwner(std::string_view owner) {
 
 void clsDbXml::MarkRecordsByOwner(std::string_view owner) {
     for (clsEvent& event : events_)
-        if (StringsEqual(event.Owner(), owner, services_.locale.Folding())) event.Deleted = true;
+        if (StringsEqual(event.Owner(), owner, stores_.platform.locale.Folding())) event.Deleted = true;
 }
 
 void clsDbXml::SetAllToSingleUser() {
@@ -291,13 +292,13 @@ void clsDbXml::SetAllToSingleUser() {
 void clsDbXml::WipeAllButThisOwner(std::string_view owner) {
     if (owner.empty()) return;
     for (clsEvent& event : events_)
-        if (!StringsEqual(event.Owner(), owner, services_.locale.Folding())) event.Deleted = true;
+        if (!StringsEqual(event.Owner(), owner, stores_.platform.locale.Folding())) event.Deleted = true;
     SaveDB();
 }
 
 void clsDbXml::RenameOwner(std::string_view oldName, std::string_view newName) {
     for (clsEvent& event : events_)
-        if (StringsEqual(event.Owner(), oldName, services_.locale.Folding()))
+        if (StringsEqual(event.Owner(), oldName, stores_.platform.locale.Folding()))
             event.Owner(std::string(newName));
     SaveDB();
 }

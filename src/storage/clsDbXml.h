@@ -6,7 +6,7 @@
 #include "storage/EventCodes.h"
 #include "storage/EventMerge.h"
 #include "storage/OverwrittenVersions.h"
-#include "storage/StorageServices.h"
+#include "storage/Stores.h"
 #include "storage/WatchedFiles.h"
 
 #include <cstddef>
@@ -38,7 +38,7 @@ enum class FileState {
 // The events of one file, in file order. Look-ups by code take the first match.
 class clsDbXml {
 public:
-    explicit clsDbXml(const StorageServices& services);
+    explicit clsDbXml(const Stores& stores);
 
     void SetDBFilename(const std::string& fileName);
     const std::string& DBFilename() const { return fileName_; }
@@ -178,7 +178,7 @@ private:
     void ReadUsers(const SharedFolder& folder, const std::string& listFile);
     std::vector<clsEvent> LoadFrom(const std::string& user, const std::string& path);
 
-    StorageServices services_;
+    Stores stores_;
     std::string fileName_;
     std::vector<clsEvent> events_;
     EventCodes codes_;

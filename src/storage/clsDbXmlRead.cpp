@@ -6,7 +6,7 @@
 #include "storage/ErrorBatch.h"
 #include "storage/EventFileReader.h"
 #include "storage/Owner.h"
-#include "storage/StorageServices.h"
+#include "storage/Stores.h"
 #include "storage/clsDbXml.h"
 
 #include <algorithm>
@@ -25,7 +25,7 @@ class EventIntake {
 public:
     // `foreign`: the file was written by another user. Of it come in only the events that are meant for this
     // user, with the category of this user's that has the same name.
-    EventIntake(const StorageServices& services, bool foreign);
+    EventIntake(const Stores& stores, bool foreign);
 
     // False for an event that does not come in.
     bool Admit(clsEvent& event) const;
@@ -33,15 +33,15 @@ public:
 private:
     bool AdmitForeign(clsEvent& event) const;
 
-    StorageServices services_;
+    Stores stores_;
     bool foreign_;
     std::string user_;
 };
 
-EventIntake::EventIntake(const StorageServices& services, bool foreign)
-    : services_(services),
+EventIntake::EventIntake(const Stores& stores, bool foreign)
+    : stores_(stores),
       foreign_(foreign),
-      user_(CurrentOwner(services.settings)) {}
+      user_(CurrentOwner(stores.settings)) {}
 
 bool EventIntake::Admit(clsEvent& event) const {
     AdoptOrphan(event, user_);
@@ -50,14 +50,14 @@ bool EventIntake::Admit(clsEvent& event) const {
 
 // A shared event without a list of names is meant for everybody.
 bool EventIntake::AdmitForeign(clsEvent& event) const {
-    const CaseFolding& letters = services_.locale.Folding();
+    const CaseFolding& letters = stores_.platform.locale.Folding();
     if (event.SharedEvent && event.ShareWithSpecific && !event.NameInShared(user_, letters)) return false;
     const std::string& category = event.SharedLayerName;
     // Slot 0 is everybody's, and has its name from the program.
-    if (category.empty() || category == services_.layers.Layer(clsLayers::kShared)) return true;
+    if (category.empty() || category == stores_.layers.Layer(clsLayers::kShared)) return true;
     // The name was written by somebody else and would become a line of the settings file.
     if (std::any_of(category.begin(), category.end(), IsControl)) return true;
-    const std::int16_t slot = services_.layers.SeekLayerIndex(category);
+    const std::int16_t slot = stores_.layers.SeekLayerIndex(category);
     if (slot >= 0) event.Layer(slot);
     return true;
 }
@@ -73,7 +73,8 @@ void clsDbXml::Append() {
     lastKnownDate_ = FileDate();
     try {
         std::vector<clsEvent> file;
-        if (lastKnownDate_ || services_.files.Kind(fileName_) != PathKind::Missing) ReadFile(fileName_, file);
+        if (lastKnownDate_ || stores_.platform.files.Kind(fileName_) != PathKind::Missing)
+            ReadFile(fileName_, file);
         codes_.Forget();
         std::move(file.begin(), file.end(), std::back_inserter(events_));
         known_.confirmed = known_.saved = KnownEvents(events_);
@@ -93,9 +94,9 @@ void clsDbXml::Reload(bool fresh) {
         if (!lastKnownDate_) {
             // A folder that is gone, such as a share without its network, is no empty database.
             const std::string folder = FolderOf(fileName_);
-            if (!folder.empty() && services_.files.Kind(folder) == PathKind::Missing)
+            if (!folder.empty() && stores_.platform.files.Kind(folder) == PathKind::Missing)
                 throw RuntimeError(ErrorNumber::PathNotFound);
-            if (services_.files.Kind(fileName_) == PathKind::Missing) {
+            if (stores_.platform.files.Kind(fileName_) == PathKind::Missing) {
                 LookForMissing(fresh);
                 return;
             }
@@ -131,7 +132,7 @@ void clsDbXml::LookForMissing(bool fresh) {
     if (!isThere_) {
         TakeIn({}, fresh);
         state_ = FileState::Fine;
-    } else if (FileExists(services_.files, WithExtension(fileName_, ".dat"))) {
+    } else if (FileExists(stores_.platform.files, WithExtension(fileName_, ".dat"))) {
         state_ = FileState::SetAside;
     } else {
         // The memory is the last good copy.
@@ -187,8 +188,8 @@ void clsDbXml::TellGone(std::vector<clsEvent> gone, const std::vector<clsEvent>&
         });
     }
     if (gone.empty()) return;
-    services_.log.LogEvent(std::to_string(gone.size()) + " events are gone from " + fileName_ +
-                           ", removed by another program");
+    stores_.log.LogEvent(std::to_string(gone.size()) + " events are gone from " + fileName_ +
+                         ", removed by another program");
     overwritten_.KeepEvents(fileName_, "before events went", before);
     if (onGone_) onGone_(gone);
 }
@@ -197,8 +198,8 @@ void clsDbXml::TellGone(std::vector<clsEvent> gone, const std::vector<clsEvent>&
 void clsDbXml::CouldNotRead(FileState state, const ErrorInfo& error) {
     std::string reason = std::to_string(error.number) + fileName_ + error.description;
     if (std::exchange(toldFault_, reason) != reason) {
-        services_.log.Report(error, "LoadDB", kModule);
-        services_.log.LogEvent("Unable to read events from " + fileName_);
+        stores_.log.Report(error, "LoadDB", kModule);
+        stores_.log.LogEvent("Unable to read events from " + fileName_);
     }
     state_ = state;
     readFault_ = error;
@@ -208,10 +209,10 @@ void clsDbXml::CouldNotRead(FileState state, const ErrorInfo& error) {
 
 // Adds the file's events, or when one cannot be read, none.
 void clsDbXml::ReadFile(const std::string& path, std::vector<clsEvent>& events) {
-    const auto file = services_.files.OpenForReading(path);
-    ErrorBatch errors(services_.log);
-    EventFileReader reader(*file, services_.locale.Data(), errors);
-    const EventIntake intake(services_, foreignFileFilter_);
+    const auto file = stores_.platform.files.OpenForReading(path);
+    ErrorBatch errors(stores_.log);
+    EventFileReader reader(*file, stores_.platform.locale.Data(), errors);
+    const EventIntake intake(stores_, foreignFileFilter_);
     for (;;) {
         if (events.size() == events.capacity())
             events.reserve(std::max(events.size() + events.size() / 8 + 64, reader.EstimatedCount()));
@@ -233,9 +234,9 @@ void clsDbXml::CheckRead(const EventFileReader& reader) const {
 void clsDbXml::TellCut(const std::vector<clsEvent>& events) {
     const auto cut = std::count_if(events.begin(), events.end(), std::mem_fn(&clsEvent::IsDescCut));
     if (std::exchange(toldCut_, cut) == cut || cut == 0) return;
-    services_.log.LogEvent("Descriptions in " + fileName_ + " with more than " +
-                           std::to_string(clsEvent::kLongestShown) + " characters: " + std::to_string(cut) +
-                           ". They are kept, and windows show their beginning");
+    stores_.log.LogEvent("Descriptions in " + fileName_ + " with more than " +
+                         std::to_string(clsEvent::kLongestShown) + " characters: " + std::to_string(cut) +
+                         ". They are kept, and windows show their beginning");
 }
 
 // A file of one user holds no code twice. The same place gets the same code at each reading, until it stands
@@ -251,8 +252,8 @@ void clsDbXml::GiveRepeatedNewCodes(std::vector<clsEvent>& events) {
         const bool known = before != newCodes_.end() && !codes_.MayHold(events, before->second);
         event.IDCode = known ? before->second : UnusedCode(events);
         if (!known)
-            services_.log.LogEvent("The code " + key.first + " is in " + fileName_ +
-                                   " more than once. One of the events gets the code " + event.IDCode);
+            stores_.log.LogEvent("The code " + key.first + " is in " + fileName_ +
+                                 " more than once. One of the events gets the code " + event.IDCode);
         given[key] = event.IDCode;
         codes_.Forget();
     }

@@ -17,17 +17,17 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
     // Watched like the files that it names: a user who joins is seen at the next look.
     watched_.Clear();
     watched_.Add(listFile);
-    const SharedFolder folder(services_.files, services_.settings, services_.log);
-    const std::string me = CurrentOwner(services_.settings);
+    const SharedFolder folder(stores_.platform.files, stores_.settings, stores_.log);
+    const std::string me = CurrentOwner(stores_.settings);
     ReadUsers(folder, listFile);
 
     std::vector<clsEvent> events;
     std::vector<std::string> sources;
-    ErrorTrap trap(services_.log, "LoadMultiple", kModule);
+    ErrorTrap trap(stores_.log, "LoadMultiple", kModule);
     for (const std::string& user : users_) {
-        services_.log.LogEvent("Found shared database " + user);
-        if (StringsEqual(user, me, services_.locale.Folding())) {
-            services_.log.LogEvent("Not loading - belongs to current user (" + me + ")");
+        stores_.log.LogEvent("Found shared database " + user);
+        if (StringsEqual(user, me, stores_.platform.locale.Folding())) {
+            stores_.log.LogEvent("Not loading - belongs to current user (" + me + ")");
             continue;
         }
         trap([&] {
@@ -43,7 +43,7 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
     events_ = std::move(events);
     sources_ = std::move(sources);
     const std::string own = folder.FileOf(me);
-    services_.log.LogEvent("Setting Database filename to " + own);
+    stores_.log.LogEvent("Setting Database filename to " + own);
     fileName_ = own;
     lastKnownDate_ = FileDate();
     TellLoad(changed);
@@ -51,25 +51,25 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
 
 // A list that cannot be read now is that of the last time.
 void clsDbXml::ReadUsers(const SharedFolder& folder, const std::string& listFile) {
-    ErrorTrap trap(services_.log, "LoadMultiple", kModule);
+    ErrorTrap trap(stores_.log, "LoadMultiple", kModule);
     if (!trap([&] { users_ = folder.UsersOf(listFile); })) watched_.LastWasNotRead();
 }
 
 // And likewise the user's events.
 std::vector<clsEvent> clsDbXml::LoadFrom(const std::string& user, const std::string& path) {
     watched_.Add(path);
-    const PathKind kind = services_.files.Kind(path);
-    services_.log.LogEvent(kind == PathKind::File ? "Loading from " + path
-                                                  : path + " not found. Setting null refresh date.");
+    const PathKind kind = stores_.platform.files.Kind(path);
+    stores_.log.LogEvent(kind == PathKind::File ? "Loading from " + path
+                                                : path + " not found. Setting null refresh date.");
     std::vector<clsEvent> events;
     try {
         if (kind != PathKind::Missing)
             ReadFile(path, events);
-        else if (!FolderExists(services_.files, FolderOf(path)))
+        else if (!FolderExists(stores_.platform.files, FolderOf(path)))
             throw RuntimeError(ErrorNumber::PathNotFound);
     } catch (...) {
-        services_.log.Report(CurrentError(), "LoadDB", kModule);
-        services_.log.LogEvent("Unable to read events from " + path);
+        stores_.log.Report(CurrentError(), "LoadDB", kModule);
+        stores_.log.LogEvent("Unable to read events from " + path);
         watched_.LastWasNotRead();
         events.clear();
         std::copy_if(events_.begin(), events_.end(), std::back_inserter(events),

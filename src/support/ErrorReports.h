@@ -15,7 +15,10 @@ namespace kaz {
 // back every 30 seconds shows one window.
 class ErrorReports {
 public:
-    explicit ErrorReports(ErrorReportServices services) : services_(std::move(services)) {}
+    ErrorReports(const Platform& platform, OpenWindows& openWindows, cSharedLogging& log)
+        : platform_(platform),
+          openWindows_(openWindows),
+          log_(log) {}
 
     // Throws InternalError when the window cannot be made.
     void Show(const std::string& text, const std::string& extra);
@@ -23,7 +26,9 @@ public:
 private:
     bool WasShownLately(const std::string& text);
 
-    ErrorReportServices services_;
+    Platform platform_;
+    OpenWindows& openWindows_;
+    cSharedLogging& log_;
     std::weak_ptr<fSHAREDErrorRpt> open_;
     std::map<std::string, DateValue> shown_;  // what was shown within the last hour, and when
 };

@@ -9,6 +9,7 @@
 #include "platform/Shell.h"
 #include "platform/SystemInfo.h"
 #include "support/Endpoints.h"
+#include "support/Names.h"
 
 namespace kaz {
 
@@ -18,9 +19,12 @@ constexpr std::string_view kTextFile = "FullLog.txt";
 
 }  // namespace
 
-fSHAREDErrorRpt::fSHAREDErrorRpt(std::unique_ptr<Window> window, const ErrorReportServices& services)
-    : Form(std::move(window), services.log, "fSHAREDErrorRpt"),
-      services_(services) {
+fSHAREDErrorRpt::fSHAREDErrorRpt(std::unique_ptr<Window> window, const Platform& platform,
+                                 OpenWindows& openWindows, cSharedLogging& log)
+    : Form(std::move(window), log, "fSHAREDErrorRpt"),
+      platform_(platform),
+      openWindows_(openWindows),
+      log_(log) {
     On(IDC_cmdSubmit, Raised::Click, "cmdSubmit_Click", &fSHAREDErrorRpt::cmdSubmit_Click);
     On(IDC_cmdSaveAsText, Raised::Click, "cmdSaveAsText_Click", &fSHAREDErrorRpt::cmdSaveAsText_Click);
     On(IDC_cmdCloseReport, Raised::Click, "cmdClose_Click", &fSHAREDErrorRpt::cmdClose_Click);
@@ -36,21 +40,21 @@ void fSHAREDErrorRpt::ShowError(const std::string& text, const std::string& extr
 }
 
 std::string fSHAREDErrorRpt::LogText() {
-    const std::string file = services_.log.CurrentLogFilename();
-    if (!FileExists(services_.files, file)) return "No log file";
+    const std::string file = log_.CurrentLogFilename();
+    if (!FileExists(platform_.files, file)) return "No log file";
     try {
-        return ReadWholeFile(services_.files, file);
+        return ReadWholeFile(platform_.files, file);
     } catch (const RuntimeError& error) {
         return "The log could not be read: " + error.Description();
     }
 }
 
 ErrorReport fSHAREDErrorRpt::Report() const {
-    return {services_.application,
-            services_.version,
-            services_.system.OperatingSystem(),
-            BugReportAddress(services_.clock.Today().Civil().year),
-            services_.log.CurrentLogFilename(),
+    return {std::string(kApplicationName),
+            VersionText(),
+            platform_.system.OperatingSystem(),
+            BugReportAddress(platform_.clock.Today().Civil().year),
+            log_.CurrentLogFilename(),
             txtError.Text(),
             txtUserMessage.Text(),
             txtLog.Text()};
@@ -62,7 +66,7 @@ void fSHAREDErrorRpt::Told(Step step) {
     try {
         step();
     } catch (const RuntimeError& error) {
-        services_.dialogs.Message(error.Description());
+        platform_.dialogs.Message(error.Description());
     }
 }
 
@@ -73,14 +77,14 @@ void fSHAREDErrorRpt::cmdSubmit_Click() {
         std::string reason = "This report is too long for your mail program.";
         if (link) {
             try {
-                services_.shell.Open(*link);
+                platform_.shell.Open(*link);
                 return;
             } catch (const RuntimeError& error) {
-                services_.log.LogEvent("The mail program could not be opened: " + error.Description());
+                log_.LogEvent("The mail program could not be opened: " + error.Description());
                 reason = "Your mail program could not be opened.";
             }
         }
-        services_.dialogs.Message(reason +
+        platform_.dialogs.Message(reason +
                                   "\r\nThe report is saved as a text now. Please mail it to the address that "
                                   "it names.");
         SaveAsText(report);
@@ -92,21 +96,21 @@ void fSHAREDErrorRpt::cmdSaveAsText_Click() {
 }
 
 void fSHAREDErrorRpt::SaveAsText(const ErrorReport& report) {
-    const std::string file = JoinPath(services_.system.UserFolder(), kTextFile);
+    const std::string file = JoinPath(platform_.system.UserFolder(), kTextFile);
     try {
-        WriteWholeFile(services_.files, file, report.AsText());
+        WriteWholeFile(platform_.files, file, report.AsText());
     } catch (const RuntimeError& error) {
         throw RuntimeError(error.Number(), file + " could not be written: " + error.Description());
     }
     try {
-        services_.shell.Open(file);
+        platform_.shell.Open(file);
     } catch (const RuntimeError& error) {
         throw RuntimeError(error.Number(), "The report is saved as " + file +
                                                ", but it could not be opened: " + error.Description());
     }
 }
 
-void fSHAREDErrorRpt::cmdClose_Click() { services_.openWindows.Unload(*this); }
+void fSHAREDErrorRpt::cmdClose_Click() { openWindows_.Unload(*this); }
 
 void fSHAREDErrorRpt::Form_Unload() {
     closed_ = true;

@@ -13,25 +13,12 @@
 
 namespace kaz {
 
-// What an error report works with; all of it outlives the report.
-struct ErrorReportServices {
-    WindowFactory& windows;
-    OpenWindows& openWindows;
-    Dialogs& dialogs;
-    FileSystem& files;
-    Shell& shell;
-    const SystemInfo& system;
-    const Clock& clock;
-    cSharedLogging& log;
-    std::string application;
-    std::string version;
-};
-
 // The window that tells a failure and offers to send it to the makers, with the log and a word of the user's.
 // Its own failures are only logged.
 class fSHAREDErrorRpt : public Form {
 public:
-    fSHAREDErrorRpt(std::unique_ptr<Window> window, const ErrorReportServices& services);
+    fSHAREDErrorRpt(std::unique_ptr<Window> window, const Platform& platform, OpenWindows& openWindows,
+                    cSharedLogging& log);
 
     // Fills the window and shows it, without taking the keyboard.
     void ShowError(const std::string& text, const std::string& extra);
@@ -53,7 +40,9 @@ private:
     template <class Step>
     void Told(Step step);
 
-    ErrorReportServices services_;
+    Platform platform_;
+    OpenWindows& openWindows_;
+    cSharedLogging& log_;
     TextBox txtError{window(), IDC_txtError};
     TextBox txtUserMessage{window(), IDC_txtUserMessage};
     TextBox txtLog{window(), IDC_txtLog};

@@ -10,10 +10,8 @@ struct StorageDesk {
     StorageDesk() { log.ApplicationFolder("C:\\KAZ"); }
     explicit StorageDesk(const std::string& owner) : StorageDesk() { settings.sSet("Owner", owner); }
 
-    StorageServices Services() { return Services(machine.files); }
-    StorageServices Services(FileSystem& files) {
-        return {files, machine.clock, machine.random, machine.locale, log, settings, layers};
-    }
+    Stores Services() { return Services(machine.files); }
+    Stores Services(FileSystem& files) { return {machine.Services(files), log, settings, layers}; }
     std::string Log() const { return machine.files.Text("C:\\KAZ\\log.txt"); }
 
     FakePlatform machine;

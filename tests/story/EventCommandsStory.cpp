@@ -41,7 +41,7 @@ protected:
         return commands.Edit(Ref(code, EventSource::Expired)).has_value();
     }
     void PushExpired(const std::string& code) {
-        EventOperations({events(), expired(), settings, machine.clock, app.log}).PushEvent(code, true);
+        EventOperations(events(), expired(), app.Storage()).PushEvent(code, true);
     }
     DateValue Today() { return machine.clock.Today(); }
     std::string Saved(const std::string& name) { return machine.files.Text("C:\\KAZ\\" + name); }

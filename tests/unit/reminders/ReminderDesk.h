@@ -29,10 +29,7 @@ public:
         event.Recurring(recurring);
         return events.AllEvents().emplace_back(event);
     }
-    clsReminder Engine() {
-        return clsReminder({machine.clock, machine.locale, machine.files, machine.pump, machine.shell, log,
-                            settings, windows, &events, &expired});
-    }
+    clsReminder Engine() { return clsReminder(storage, windows, &events, &expired); }
     // The texts of the log without their numbers and times, and forgets them.
     std::vector<std::string> TakeLog() {
         const std::string file = Log();
@@ -53,13 +50,12 @@ public:
     RecordingErrors errors;
     cSharedSound player{machine.sound, machine.files, log};
     std::string folder = "C:\\KAZ";
-    StorageServices storage = Services();
+    Stores storage = Services();
     clsDbXml events{storage};
     clsDbXml expired{storage};
     clsDbXml shared{storage};
     OpenWindows openWindows;
-    ReminderWindows windows{{machine.clock, machine.windows, openWindows, errors, machine.dialogs,
-                             machine.files, machine.pump, settings, player, folder}};
+    ReminderWindows windows{{machine.Services(), settings, openWindows, errors, player, folder}};
 
 private:
     int codes_ = 0;

@@ -7,12 +7,9 @@
 
 namespace kaz {
 
-// What a database works with; all of it outlives the database.
-struct StorageServices {
-    FileSystem& files;
-    const Clock& clock;
-    Random& random;
-    const Locale& locale;
+// What the databases, and all that works on them, take for granted; all of it outlives them.
+struct Stores {
+    Platform platform;
     cSharedLogging& log;
     cSHAREDSettings& settings;
     clsLayers& layers;
