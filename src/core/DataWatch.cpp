@@ -114,8 +114,10 @@ void DataWatch::Tell() {
         for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
             if (database) states_.Tell(*database);
         states_.Tell(tasks_, tasksSaved_);
+        // All events are looked at for this, so once is enough on a tick.
+        const bool isAllSaved = IsAllSaved();
         // What waits for the next look at the file has met no failure.
-        if (IsAllSaved() || !FirstFault()) {
+        if (isAllSaved || !FirstFault()) {
             app_.health.Clear(kNotSaved);
         } else {
             app_.health.Tell({kNotSaved,
@@ -124,7 +126,7 @@ void DataWatch::Tell() {
                               {{"Try again", [this] { TryAgain(); }},
                                {"Save a copy elsewhere...", [this] { SaveCopy(); }}}});
         }
-        if (IsAllSaved() && keptEvents_.empty() && keptExpired_.empty()) rescues_.Delete();
+        if (isAllSaved && keptEvents_.empty() && keptExpired_.empty()) rescues_.Delete();
     });
 }
 
