@@ -15,37 +15,31 @@ namespace {
 constexpr const char* kShare = "C:\\Share";
 
 // The program of one user who shares; all users see the same files.
-class User {
-public:
-    User(MemoryFileSystem& disk, const std::string& name) : folder_("C:\\" + name) {
-        disk.Put(folder_ + "\\Kaz.ini", "OWNER," + name +
-                                            "\r\nNETWORKED,-1\r\nNOAUTOBACKUPS,-1\r\nDATAPATH," + folder_ +
-                                            "\r\nSHAREDDATAPATH," + kShare + "\r\nLAYER3,Family\r\n");
-        component_.emplace(machine_.Services(disk), MakeMainWindow, host_);
+struct User {
+    User(MemoryFileSystem& disk, const std::string& name) : folder("C:\\" + name) {
+        disk.Put(folder + "\\Kaz.ini", "OWNER," + name + "\r\nNETWORKED,-1\r\nNOAUTOBACKUPS,-1\r\nDATAPATH," +
+                                           folder + "\r\nSHAREDDATAPATH," + kShare + "\r\nLAYER3,Family\r\n");
+        component.emplace(machine.Services(disk), MakeMainWindow, host);
     }
     void Start() {
-        component_->Startup(folder_);
-        component_->ShowMain();
+        component->Startup(folder);
+        component->ShowMain();
         Tick();
     }
-    void Tick() { machine_.windows.Advance(31000); }
+    void Tick() { machine.windows.Advance(31000); }
     // The descriptions in the main list, each with its type and category.
     std::vector<std::string> List() {
-        const FakeReportList& list = machine_.windows.Newest(IDD_MAIN)->Report(IDC_ListEvents);
+        const FakeReportList& list = machine.windows.Newest(IDD_MAIN)->Report(IDC_ListEvents);
         std::vector<std::string> rows;
         for (int row = 0; row < list.RowCount(); ++row)
             rows.push_back(list.Cell(row, 7) + "|" + list.Cell(row, 4) + "|" + list.Cell(row, 5));
         return rows;
     }
-    void End() { component_->ShutDown(); }
-    const std::string& Folder() const { return folder_; }
-    FakePlatform& Machine() { return machine_; }
 
-private:
-    std::string folder_;
-    FakePlatform machine_;
-    RecordingHost host_;
-    std::optional<clsComponent> component_;
+    std::string folder;
+    FakePlatform machine;
+    RecordingHost host;
+    std::optional<clsComponent> component;
 };
 
 // All of them in the category "Family".
@@ -70,12 +64,12 @@ struct Office {
 TEST(Sharing, EachUserSeesWhatIsMeantForHimInHisOwnCategory) {
     Office office;
     User ann(office.disk, "Ann"), bob(office.disk, "Bob"), cleo(office.disk, "Cleo");
-    office.disk.Put(ann.Folder() + "\\Events.xml",
+    office.disk.Put(ann.folder + "\\Events.xml",
                     FileOf({SharedBy("Ann", Family("000001", "For all", 1)),
                             SharedBy("Ann", Family("000002", "For Bob", 2), "Bob\r\n"),
                             OneOff("000003", "Mine", DateValue(45003))}));
     // Bob has the category under another number.
-    office.disk.At(bob.Folder() + "\\Kaz.ini").text += "LAYER3,Work\r\nLAYER7,family\r\n";
+    office.disk.At(bob.folder + "\\Kaz.ini").text += "LAYER3,Work\r\nLAYER7,family\r\n";
     bob.Start();
     EXPECT_THAT(bob.List(), IsEmpty());
     ann.Start();
@@ -85,7 +79,7 @@ TEST(Sharing, EachUserSeesWhatIsMeantForHimInHisOwnCategory) {
     cleo.Start();
     EXPECT_THAT(cleo.List(), ElementsAre("S|For all|Family"));
     EXPECT_THAT(office.disk.Text("C:\\Share\\Shared_Ann.xml"), Not(HasSubstr("Mine")));
-    EXPECT_THAT(office.disk.Text(ann.Folder() + "\\Log_KAZ.txt"),
+    EXPECT_THAT(office.disk.Text(ann.folder + "\\Log_KAZ.txt"),
                 HasSubstr("C:\\Share\\Shared_Cleo.xml not found. Setting null refresh date."));
 }
 
@@ -119,15 +113,15 @@ TEST(Sharing, WhatOthersWroteIsNotTrusted) {
     office.disk.At(Office::Shared("Shared_Bob.xml")).text += "\x01<EVENT><Owner>Bob</Owner></EVENT>";
     ann.Start();
     ann.Tick();
-    EXPECT_THAT(ann.Machine().shell.opened, IsEmpty());
-    FakeWindow* question = ann.Machine().windows.Newest(IDD_RUNFILE);
+    EXPECT_THAT(ann.machine.shell.opened, IsEmpty());
+    FakeWindow* question = ann.machine.windows.Newest(IDD_RUNFILE);
     ASSERT_NE(question, nullptr);
     question->Click(IDC_cmdYes);
-    EXPECT_THAT(ann.Machine().shell.opened, ElementsAre("C:\\evil.exe"));
-    EXPECT_THAT(office.disk.Text(ann.Folder() + "\\Kaz.ini"),
+    EXPECT_THAT(ann.machine.shell.opened, ElementsAre("C:\\evil.exe"));
+    EXPECT_THAT(office.disk.Text(ann.folder + "\\Kaz.ini"),
                 testing::AllOf(HasSubstr("Bob|C:\\evil.exe"), Not(HasSubstr("Eve"))));
     for (const std::string& name : refused)
-        EXPECT_THAT(office.disk.Text(ann.Folder() + "\\Log_KAZ.txt"),
+        EXPECT_THAT(office.disk.Text(ann.folder + "\\Log_KAZ.txt"),
                     HasSubstr("Shared user \"" + name + "\" refused"));
 }
 
@@ -135,13 +129,13 @@ TEST(Sharing, AnEventOfAnotherWithTheSameCodeStaysOutOfOnesOwnFile) {
     Office office;
     User ann(office.disk, "Ann");
     const std::string own = "C:\\Share\\Shared_Ann.xml";
-    office.disk.Put(ann.Folder() + "\\Events.xml", FileOf({SharedBy("Ann", Family("000001", "Dinner", 0))}));
+    office.disk.Put(ann.folder + "\\Events.xml", FileOf({SharedBy("Ann", Family("000001", "Dinner", 0))}));
     office.Publish("Bob", Family("000001", "Party", 5));
     office.disk.Put(own, FileOf({}));
     office.disk.At(own).locked = true;
     ann.Start();
     office.disk.At(own).locked = false;
-    ann.Machine().clock.AdvanceDays(1);
+    ann.machine.clock.AdvanceDays(1);
     ann.Tick();
     EXPECT_EQ(office.disk.Text(own), FileOf({}));
 }
@@ -150,15 +144,15 @@ TEST(Sharing, ACategoryThatWasRenamedDoesNotComeBack) {
     Office office;
     for (const char* category : {"Family", "Kin"}) {
         User ann(office.disk, "Ann");
-        std::string& settings = office.disk.At(ann.Folder() + "\\Kaz.ini").text;
+        std::string& settings = office.disk.At(ann.folder + "\\Kaz.ini").text;
         settings = ReplaceAll(settings, "LAYER3,Family", "LAYER3," + std::string(category));
-        office.disk.Put(ann.Folder() + "\\Events.xml",
+        office.disk.Put(ann.folder + "\\Events.xml",
                         FileOf({SharedBy("Ann", Family("000001", "For all", 1))}));
         ann.Start();
         ann.Tick();
         EXPECT_THAT(office.disk.Text("C:\\Share\\Shared_Ann.xml"), HasSubstr(category));
-        ann.End();
-        const std::string kept = office.disk.Text(ann.Folder() + "\\Kaz.ini");
+        ann.component->ShutDown();
+        const std::string kept = office.disk.Text(ann.folder + "\\Kaz.ini");
         EXPECT_EQ(Split(kept, "Family").size() + Split(kept, "Kin").size(), 3U) << kept;
     }
 }
@@ -166,7 +160,7 @@ TEST(Sharing, ACategoryThatWasRenamedDoesNotComeBack) {
 TEST(Sharing, ALostShareLosesNothingAndIsTriedAgain) {
     Office office;
     User ann(office.disk, "Ann");
-    office.disk.Put(ann.Folder() + "\\Events.xml", FileOf({SharedBy("Ann", Family("000001", "For all", 1))}));
+    office.disk.Put(ann.folder + "\\Events.xml", FileOf({SharedBy("Ann", Family("000001", "For all", 1))}));
     office.Publish("Bob", Family("000002", "Party", 1));
     office.disk.At(Office::Shared("Shared_Bob.xml")).locked = true;
     ann.Start();
@@ -182,7 +176,7 @@ TEST(Sharing, ALostShareLosesNothingAndIsTriedAgain) {
     users.time += 50;
     office.disk.Put(own, FileOf({}));
     office.disk.At(own).readOnly = true;
-    ann.Machine().clock.AdvanceDays(1);
+    ann.machine.clock.AdvanceDays(1);
     ann.Tick();
     EXPECT_THAT(ann.List(), Contains("S|Party|Family"));
     users.locked = false;

@@ -187,29 +187,21 @@ TEST_F(Backup, OneWithFarMoreEventsIsKeptAsideAndOfThoseTheNewest) {
 }
 
 TEST_F(Backup, AFileOfNoBytesIsAnEmptyOneOnlyWhereNoBackupHasEvents) {
-    const auto startEmpty = [&] {
-        for (const char* file : {"C:\\Data\\Events.xml", "C:\\Data\\Expired.xml"})
-            machine.files.Put(file, "");
-        machine.files.Remove("C:\\KAZ\\Log_KAZ.txt");
-        Start();
-        for (clsDbXml* database : {app->events.get(), app->expired.get()})
-            database->SaveDB();
-    };
     machine.files.Put("C:\\Data\\Expired.xml", Events(2));
     Start();
     const std::string good = machine.files.Text(kArchive);
-    startEmpty();
-    for (const clsDbXml* database : {app->events.get(), app->expired.get()}) {
-        EXPECT_EQ(database->State(), FileState::Damaged);
-        EXPECT_EQ(machine.files.Text(database->DBFilename()), "");
-        EXPECT_THAT(Log(), HasSubstr("Unable to read events from " + database->DBFilename()));
+    for (const bool hasBackup : {true, false}) {
+        if (!hasBackup) machine.files.Remove(kArchive);
+        for (const char* file : {"C:\\Data\\Events.xml", "C:\\Data\\Expired.xml"})
+            machine.files.Put(file, "");
+        Start();
+        for (clsDbXml* database : {app->events.get(), app->expired.get()}) {
+            EXPECT_EQ(database->SaveDB(), !hasBackup);
+            EXPECT_EQ(database->State(), hasBackup ? FileState::Damaged : FileState::Fine);
+            EXPECT_EQ(machine.files.Text(database->DBFilename()), hasBackup ? "" : FileOf({}));
+        }
+        EXPECT_EQ(machine.files.Text(kArchive) == good, hasBackup);
     }
-    EXPECT_EQ(machine.files.Text(kArchive), good);
-
-    machine.files.Remove(kArchive);
-    startEmpty();
-    EXPECT_EQ(machine.files.Text("C:\\Data\\Events.xml"), FileOf({}));
-    EXPECT_EQ(machine.files.Text("C:\\Data\\Expired.xml"), FileOf({}));
 }
 
 TEST_F(Backup, WithoutAPlaceNeverEndsTheStart) {

@@ -115,24 +115,5 @@ TEST(EventXml, ReadsAnyOtherLayoutByTheTagsAlone) {
     EXPECT_THAT(changed("<EVENT>", "<EVENTS>").events, IsEmpty());
 }
 
-TEST(EventXml, TakesAnEarlierTextForTheFieldWhoseTagItHolds) {
-    clsEvent event = FullEvent();
-    event.IDCode = "<Layer>7</Layer>";
-    event.SharedLayerName = "<email>";
-    event.Owner("x</Owner>y");
-    event.Filename = "<FileName>f</filename>";
-    const EventReading reading = ReadAlike(FileOf({event, FullEvent()}));
-    EXPECT_THAT(reading.errors, IsEmpty());
-    event.Layer(7);
-    event.SharedLayerName = "<email>";
-    event.Email = "</SharedLayerName>\r\n\t\tann@example.org;bob@example.org";
-    event.Owner("x");
-    event.Filename = "f";
-    EventReading expected;
-    expected.Add(event);
-    expected.Add(FullEvent());
-    EXPECT_EQ(reading, expected);
-}
-
 }  // namespace
 }  // namespace kaz
