@@ -51,38 +51,6 @@ TEST_F(ReminderClockTest, TheFirstBringsTheReminderWhichSleepsAndIsClosed) {
     EXPECT_EQ(nullptr, stage->Find(IDD_REMINDER));
 }
 
-TEST_F(ReminderClockTest, ALateOneMakesUpForTheMinutesThatNoneHasSeen) {
-    const auto addFile = [&](const std::string& file, int hour, int minute) {
-        machine.files.Put(file, "");
-        clsEvent& event = AddAlarm(file, hour, minute);
-        event = Running(event, file);
-    };
-    AddAlarm("Before the start", 8, 59);
-    AddAlarm("Call Ann", 9, 1);
-    AddAlarm("Bus", 11, 0);
-    AddAlarm("Last train", 23, 59);
-    addFile("C:\\night.cmd", 9, 59);
-    addFile("C:\\lunch.cmd", 10, 0);
-    OpenMainAndTick();
-    machine.clock.Set(2023, 3, 15, 11, 0, 20);
-    Tick();
-    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Bus", "Call Ann"));
-    EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\lunch.cmd"));
-
-    // Neither the ticks that follow nor a clock that is set back bring anything up again.
-    stage->CloseBox(*Reminder("ALARM!"));
-    stage->Wait(50);
-    for (const auto& [hour, minute] : {std::pair{11, 1}, {9, 30}, {23, 58}}) {
-        machine.clock.Set(2023, 3, 15, hour, minute, 50);
-        Tick();
-        EXPECT_THAT(Reminders("ALARM!"), IsEmpty());
-    }
-    machine.clock.Set(2023, 3, 16, 0, 0, 30);
-    Tick();
-    EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Last train"));
-    EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\lunch.cmd"));
-}
-
 TEST_F(ReminderClockTest, WhatAnotherProgramSavedIsReadBeforeAnythingIsWritten) {
     Add(*app.events, "mine", 1);
     ASSERT_TRUE(app.events->SaveDB());
