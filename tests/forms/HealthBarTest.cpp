@@ -39,6 +39,9 @@ TEST_F(HealthBarTest, ShowsTheHeaviestAndWhatTheUserTurnedToUntilAHeavierOneCome
     OpenMainAndTick();
     EXPECT_EQ("About a [&Yes]", Bar());
     ExpectTray("About a\r\nKAZ - nothing due today", false);
+    Tell("a", Weight::Warning, {"Yes"});
+    ExpectTray("About a\r\nKAZ - nothing due today", true);
+    Tell("a", Weight::Note, {"Yes"});
     Tell("b", Weight::Warning, {"Yes", "You & I", "xwnyi"});
     EXPECT_EQ("About b [&Yes] [Y&ou && I] [xwny&i] 1 of 2", Bar());
     ExpectTray("About b\r\nKAZ - nothing due today", true);

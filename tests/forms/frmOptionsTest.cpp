@@ -11,10 +11,8 @@ protected:
         machine.files.Put("C:\\Share\\KAZShared.ini", "Fred\r\n\r\n Ann \r\n");
         machine.files.Put("C:\\KAZ\\Kaz.ini",
                           "OWNER,Fred\r\nNETWORKED,-1\r\nSHAREDDATAPATH,C:\\Share\r\nNOAUTOBACKUPS,0\r\n");
-        clsEvent tea = OneOff("000001", "Tea", machine.clock.Today().PlusDays(1));
-        tea.Owner("Fred");
-        tea.SharedEvent = true;
-        machine.files.Put("C:\\KAZ\\Events.xml", FileOf({tea}));
+        machine.files.Put(kEventFile,
+                          FileOf({SharedBy("Fred", OneOff("000001", "Tea", kToday.PlusDays(1)))}));
         app.settingsInitialised = false;
         app.settings.LoadSettings(app.settingsFileName);
         app.ReopenDatabases();

@@ -1,3 +1,4 @@
+#include "RealWindow.h"
 #include "WindowFixture.h"
 #include "base/RuntimeError.h"
 #include "resources/resource.h"
@@ -149,10 +150,7 @@ TEST_F(DialogWindowTest, ComesToTheFrontWithoutTakingTheKeyboard) {
     other.SetTopMost(false);
 
     other.BringToFront();
-    HWND above = window->Handle();
-    while (above && above != other.Handle())
-        above = GetWindow(above, GW_HWNDPREV);
-    EXPECT_EQ(other.Handle(), above);
+    EXPECT_TRUE(IsAbove(other.Handle(), window->Handle()));
 
     // Two that come up one after the other do not hide each other.
     DialogWindow third(GetModuleHandleW(nullptr), IDD_SMALL);
@@ -181,10 +179,7 @@ TEST_F(DialogWindowTest, AnAlarmStaysOnTopOfAWindowThatComesToTheFront) {
     window->BringToFront();
     Settle();
     EXPECT_FALSE(GetWindowLongPtrW(window->Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST);
-    HWND above = window->Handle();
-    while (above && above != alarm.Handle())
-        above = GetWindow(above, GW_HWNDPREV);
-    EXPECT_EQ(alarm.Handle(), above);
+    EXPECT_TRUE(IsAbove(alarm.Handle(), window->Handle()));
     // The screen too, which Wine can leave in another order.
     const COLORREF own = RGB(1, 2, 3);
     POINT point{3, 3};

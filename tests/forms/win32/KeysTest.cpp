@@ -79,10 +79,7 @@ TEST_F(KeysTest, AQuestionThatComesByItselfTakesNoKeyForAnAnswer) {
     const HWND handle = HandleOf(*window);
     EXPECT_EQ(GetForegroundWindow(), HandleOf(*typing));
     EXPECT_EQ(LOWORD(SendMessageW(handle, DM_GETDEFID, 0, 0)), IDC_cmdNo);
-    HWND above = HandleOf(*typing);
-    while (above && above != handle)
-        above = GetWindow(above, GW_HWNDPREV);
-    EXPECT_EQ(above, handle);
+    EXPECT_TRUE(IsAbove(handle, HandleOf(*typing)));
 
     // The whole path, broken into lines, of which all are to be seen.
     RECT frame{}, work{}, lines{};

@@ -1,100 +1,82 @@
 #include "ui/list/EventDescriber.h"
 
-#include "fakes/FakePlatform.h"
+#include "fakes/Sample.h"
+#include "fakes/StorageDesk.h"
 
 #include <gtest/gtest.h>
 
 namespace kaz {
 namespace {
 
-class EventDescriberTest : public testing::Test {
-protected:
-    EventDescriberTest() {
-        settings.StoreSetting("Owner", std::string("Smith"));
-        layers.LoadLayers();
-        event.Desc("Dentist");
-        event.Owner("Smith");
-        event.Layer(3);
-        event.DueDate(DateValue::FromCivil(2023, 3, 20));
-    }
+constexpr DateValue kToday{45000}, kMonday{45005};
 
-    std::string Cell(EventColumn column) const {
-        EventDescriber describer(layers, machine.locale.data, viewpoint);
-        return describer.Describe(VisibleEvents(settings).See(event, EventSource::Local).value())[column];
-    }
-
-    FakePlatform machine;
-    cSharedLogging log{machine.files, machine.clock, machine.system, {"KAZ", "1"}};
-    cSHAREDSettings settings{machine.files, machine.locale, machine.dialogs, log};
-    clsLayers layers{settings, machine.locale};
-    EventViewpoint viewpoint{DateValue(45000), false, false};
-    clsEvent event;
-};
-
-TEST_F(EventDescriberTest, DaysDatesAndLineBreaks) {
-    EXPECT_EQ("0005", Cell(kLeftColumn));
-    EXPECT_EQ("Mon", Cell(kDayColumn));
-    EXPECT_EQ("03/20", Cell(kDateColumn));
-    EXPECT_EQ("2023", Cell(kYearColumn));
-
-    viewpoint.dayBeforeMonth = true;
-    machine.locale.data = FakeLocale::German();
-    EXPECT_EQ("20/03", Cell(kDateColumn));
-    EXPECT_EQ(machine.locale.data.shortDayNames[1], Cell(kDayColumn));
-
-    event.DueDate(DateValue(45000));
-    EXPECT_EQ("0000", Cell(kLeftColumn));
-    event.DueDate(DateValue(44999));
-    EXPECT_EQ("---", Cell(kLeftColumn));
-    event.DueDate(DateValue(45000 + 12345));
-    EXPECT_EQ("12345", Cell(kLeftColumn));
-    event.DueDate(DateValue(kFirstDay));
-    EXPECT_EQ("0100", Cell(kYearColumn));
-    event.Desc("a\rb\nc\r\nd");
-    EXPECT_EQ("a b c  d", Cell(kEventColumn));
-    event.Desc(std::string(clsEvent::kLongestShown + 1, 'x'));
-    EXPECT_EQ(clsEvent::kLongestShown, Cell(kEventColumn).size());
+clsEvent On(DateValue due) { return Of("Smith", OneOff("000001", "Dentist", due)); }
+clsEvent Saying(const std::string& text) { return Of("Smith", OneOff("000001", text, kMonday)); }
+clsEvent Filed(int slot) {
+    clsEvent event = On(kMonday);
+    event.Layer(static_cast<std::int16_t>(slot));
+    return event;
 }
-
-TEST_F(EventDescriberTest, CategoryIsNamedAndAnImpossibleOneIsNot) {
-    EXPECT_EQ("Layer 3", Cell(kLayerColumn));
-    for (const int slot : {-1, 21, 32767}) {
-        event.Layer(static_cast<std::int16_t>(slot));
-        EXPECT_EQ("", Cell(kLayerColumn)) << slot;
-    }
-}
-
-TEST_F(EventDescriberTest, OwnerInANetworkAndTheLaterRuleOfTheType) {
-    settings.StoreSetting("Owner", std::string("Jones"));  // alone, he owns whatever another name stands on
-    EXPECT_EQ("", Cell(kTypeColumn));
-    EXPECT_EQ("", Cell(kOwnerColumn));
-    settings.StoreSetting("Owner", std::string("Smith"));
-    settings.StoreSetting("Networked", viewpoint.networked = true);
-    EXPECT_EQ("Smith", Cell(kOwnerColumn));
-    event.SharedEvent = true;
-    EXPECT_EQ("*", Cell(kTypeColumn));
-    event.Owner("smith");  // owners are compared exactly
-    EXPECT_EQ("S", Cell(kTypeColumn));
-    event.DueDate(DateValue(44999));
-    EXPECT_EQ("E", Cell(kTypeColumn));
-    event.Owner("Smith");
-    EXPECT_EQ("E", Cell(kTypeColumn));
-}
-
-TEST_F(EventDescriberTest, SharedWithNamesOrAll) {
+clsEvent SharedOn(DateValue due, const std::string& owner = "Smith") { return SharedBy(owner, On(due)); }
+clsEvent SharedWith(const std::string& names, bool isShared = true) {
+    clsEvent event = On(kMonday);
+    event.SharedEvent = isShared;
     event.ShareWithSpecific = true;
-    event.ShareNames = "Ann\r\nBob\r\n";
-    EXPECT_EQ("", Cell(kSharedWithColumn));
-    event.SharedEvent = true;
-    EXPECT_EQ("Ann,Bob", Cell(kSharedWithColumn));
-    event.ShareNames = "Ann";  // without its line break the name loses its end
-    EXPECT_EQ("An", Cell(kSharedWithColumn));
-    event.ShareNames = "A";
-    EXPECT_EQ("A", Cell(kSharedWithColumn));
-    event.ShareNames = "";
-    EXPECT_EQ("", Cell(kSharedWithColumn));
-    event.ShareWithSpecific = false;
-    EXPECT_EQ("All", Cell(kSharedWithColumn));
+    event.ShareNames = names;
+    return event;
+}
+
+TEST(EventDescriber, SaysInEachColumnWhatAnEventIs) {
+    const struct {
+        EventColumn column;
+        std::string cell;
+        clsEvent event;
+        const char* user = "Smith";
+        bool networked = false;
+    } cases[] = {
+        {kLeftColumn, "0005", On(kMonday)},
+        {kLeftColumn, "0000", On(kToday)},
+        {kLeftColumn, "---", On(kToday.PlusDays(-1))},
+        {kLeftColumn, "12345", On(kToday.PlusDays(12345))},
+        {kDayColumn, "Mon", On(kMonday)},
+        {kDateColumn, "03/20", On(kMonday)},
+        {kYearColumn, "2023", On(kMonday)},
+        {kYearColumn, "0100", On(DateValue(kFirstDay))},
+        {kEventColumn, "a b c  d", Saying("a\rb\nc\r\nd")},
+        {kEventColumn, std::string(clsEvent::kLongestShown, 'x'), Saying(std::string(100001, 'x'))},
+        {kLayerColumn, "Layer 3", Filed(3)},
+        {kLayerColumn, "", Filed(-1)},
+        {kLayerColumn, "", Filed(21)},
+        {kLayerColumn, "", Filed(32767)},
+        {kTypeColumn, "", On(kMonday), "Jones"},  // alone, he owns whatever another name stands on
+        {kOwnerColumn, "", On(kMonday), "Jones"},
+        {kOwnerColumn, "Smith", On(kMonday), "Smith", true},
+        {kTypeColumn, "*", SharedOn(kMonday), "Smith", true},
+        {kTypeColumn, "S", SharedOn(kMonday, "smith"), "Smith", true},  // owners are compared exactly
+        {kTypeColumn, "E", SharedOn(kToday.PlusDays(-1), "smith"), "Smith", true},
+        {kTypeColumn, "E", SharedOn(kToday.PlusDays(-1)), "Smith", true},
+        {kSharedWithColumn, "All", SharedOn(kMonday)},
+        {kSharedWithColumn, "", SharedWith("Ann\r\nBob\r\n", false)},
+        {kSharedWithColumn, "Ann,Bob", SharedWith("Ann\r\nBob\r\n")},
+        {kSharedWithColumn, "An", SharedWith("Ann")},  // without its line break the name loses its end
+        {kSharedWithColumn, "A", SharedWith("A")},
+        {kSharedWithColumn, "", SharedWith("")},
+    };
+    for (const auto& each : cases) {
+        StorageDesk desk(each.user);
+        desk.settings.StoreSetting("Networked", each.networked);
+        desk.layers.LoadLayers();
+        EventDescriber describer(desk.layers, desk.machine.locale.data, {kToday, each.networked, false});
+        const auto seen = VisibleEvents(desk.settings).See(each.event, EventSource::Local).value();
+        EXPECT_EQ(each.cell, describer.Describe(seen)[each.column]) << "column " << each.column;
+    }
+    StorageDesk desk("Smith");
+    const clsEvent event = On(kMonday);
+    desk.machine.locale.data = FakeLocale::German();
+    EventDescriber german(desk.layers, desk.machine.locale.data, {kToday, false, true});
+    const auto& cells = german.Describe(VisibleEvents(desk.settings).See(event, EventSource::Local).value());
+    EXPECT_EQ("20/03", cells[kDateColumn]);
+    EXPECT_EQ("Mo", cells[kDayColumn]);
 }
 
 }  // namespace

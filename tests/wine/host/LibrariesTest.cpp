@@ -62,11 +62,8 @@ TEST_F(PlantedLibraries, AreNotLoadedByAPortableCopy) {
     folder.Write("Kaz.ini", "OWNER,Single\r\nNOAUTOBACKUPS,-1\r\n");
     folder.Write("KAZ2.ini", "[Mail]\r\nServer=127.0.0.1\r\nPort=" + std::to_string(server.Port()) +
                                  "\r\nSecurity=None\r\nFrom=me@example.org\r\n");
-    clsEvent event = OneOff("000001", "Sounds and mails", Win32Clock().Today());
-    event.PlayWav = true;
-    event.WavFile = "alarm.wav";
-    event.Email = "ann@example.org";
-    folder.Write("Events.xml", FileOf({event}));
+    const clsEvent event = OneOff("000001", "Sounds and mails", Win32Clock().Today());
+    folder.Write("Events.xml", FileOf({Mailed(Loud(event, "alarm.wav"), "ann@example.org")}));
 
     const RunningHost host(L"", folder.Path() / "KAZ2.exe");
     EXPECT_TRUE(Eventually([&] { return folder.Read("KAZ2.log").find("Mail sent") != std::string::npos; }));

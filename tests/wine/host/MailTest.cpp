@@ -33,8 +33,8 @@ protected:
         std::string code = "000000";
         for (const char* description : descriptions) {
             ++code.back();
-            events.push_back(OneOff(code, description, Win32Clock().Today()));
-            events.back().Email = " ann@example.org ; bob@example.org";
+            events.push_back(Mailed(OneOff(code, description, Win32Clock().Today()),
+                                    " ann@example.org ; bob@example.org"));
         }
         folder.Write("Events.xml", FileOf(events));
     }
