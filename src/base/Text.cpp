@@ -66,4 +66,9 @@ std::string HashDigits(std::string_view bytes) {
     return digits;
 }
 
+std::string Beginning(std::string_view text, std::size_t longest) {
+    std::string beginning(text.substr(0, longest));
+    return text.size() <= longest ? beginning : beginning.append("...");
+}
+
 }  // namespace kaz

@@ -25,11 +25,16 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
 // The text on one line: a blank for each row of line breaks and other control characters, none at the ends.
 std::string OneLine(std::string_view text);
 
+// At most so many bytes of the text, with three dots behind them where something is missing.
+std::string Beginning(std::string_view text, std::size_t longest);
+
 // The text-equality test used for names: letter case and surrounding blanks do not matter.
 bool StringsEqual(std::string_view a, std::string_view b,
                   const CaseFolding& folding = CaseFolding::Western()) noexcept;
 
 std::string UpperAscii(std::string_view text);
+
+constexpr char HexDigit(unsigned value) { return "0123456789ABCDEF"[value & 15U]; }
 
 // 16 hexadecimal digits that stand for bytes of any length (64-bit FNV-1a), for the name of something.
 std::string HashDigits(std::string_view bytes);

@@ -1,6 +1,7 @@
 #include "commands/EventCommands.h"
 
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "platform/Dialogs.h"
 
 namespace kaz {
@@ -10,11 +11,7 @@ namespace {
 constexpr std::string_view kReallyDelete = "Are you sure you want to delete the selected event(s)?";
 
 // A box of a whole page would push its buttons off the screen.
-std::string Beginning(std::string_view text) {
-    constexpr std::size_t kLongest = 200;
-    std::string beginning(text.substr(0, kLongest));
-    return text.size() <= kLongest ? beginning : beginning + "...";
-}
+constexpr std::size_t kLongestName = 200;
 
 }  // namespace
 
@@ -56,7 +53,8 @@ bool EventCommands::Delete(const std::vector<EventRef>& events, std::string_view
     // What is deleted by a key pressed too much, or because another row is selected than the user thinks, is
     // seen here.
     const bool several = events.size() > 1;
-    const std::string named = several ? std::to_string(events.size()) + " events" : Beginning(what);
+    const std::string named =
+        several ? std::to_string(events.size()) + " events" : Beginning(what, kLongestName);
     Dialogs& dialogs = app_.platform.dialogs;
     if (!dialogs.AskYesNo(std::string(kReallyDelete) + "\r\n" + named,
                           several ? Dialogs::Default::No : Dialogs::Default::Yes))

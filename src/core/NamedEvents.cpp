@@ -11,9 +11,7 @@ std::string Counted(std::size_t count, const std::string& one) {
 std::string NameOf(const std::vector<clsEvent>& events) {
     constexpr std::size_t kLongest = 60;
     if (events.size() != 1) return Counted(events.size(), "event");
-    std::string text = ReplaceAll(events.front().Desc(), kLineBreak, " ");
-    if (text.size() > kLongest) text = text.substr(0, kLongest) + "...";
-    return "\"" + text + "\"";
+    return "\"" + Beginning(ReplaceAll(events.front().Desc(), kLineBreak, " "), kLongest) + "\"";
 }
 
 }  // namespace kaz

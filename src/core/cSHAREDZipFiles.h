@@ -43,6 +43,7 @@ public:
 
     // A file can be in the list once, whatever the letter case. Both throw ZipListError.
     void AddFile(const std::string& fileName);
+    // Promised: the program itself never calls these.
     void RemoveFile(const std::string& fileName);
     std::int32_t ZipFileCount() const { return static_cast<std::int32_t>(fileNames_.size()) - 1; }
 

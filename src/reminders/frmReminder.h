@@ -23,6 +23,7 @@ public:
     void AddToList(const std::string& text) { AddToList(std::vector<std::string>{text}); }
     // Adds many lines with one filling of the list box.
     void AddToList(const std::vector<std::string>& texts);
+    // Promised: the program itself never calls it.
     void ClearList();
     // Takes these lines for those that it has.
     void ReplaceList(const std::vector<std::string>& texts);

@@ -17,10 +17,7 @@ constexpr std::size_t kLineLength = 60;
 constexpr std::size_t kLinesOfTemplate = 4;
 constexpr int kLineHeight = 16;
 
-std::string ShortLine(const std::string& text) {
-    const std::string line = OneLine(text);
-    return line.size() > kLongestEvent ? line.substr(0, kLongestEvent) + "..." : line;
-}
+std::string ShortLine(const std::string& text) { return Beginning(OneLine(text), kLongestEvent); }
 
 }  // namespace
 

@@ -51,7 +51,7 @@ std::string Enclose(std::string_view value, std::string_view startTag, std::stri
     return result.append(startTag).append(value).append(endTag);
 }
 
-constexpr int HexDigit(char c) {
+constexpr int HexValue(char c) {
     if (c >= '0' && c <= '9') return c - '0';
     if (c >= 'A' && c <= 'F') return c - 'A' + 10;
     if (c >= 'a' && c <= 'f') return c - 'a' + 10;
@@ -60,8 +60,8 @@ constexpr int HexDigit(char c) {
 
 // The leading hexadecimal digits of the pair, as a lenient number scanner reads them.
 constexpr char DecodedPair(char first, char second) {
-    const int high = HexDigit(first);
-    const int low = HexDigit(second);
+    const int high = HexValue(first);
+    const int low = HexValue(second);
     if (high < 0) return '\0';
     return static_cast<char>(static_cast<unsigned char>(low < 0 ? high : high * 16 + low));
 }
@@ -72,7 +72,6 @@ struct EncodedByte {
 };
 
 constexpr std::array<EncodedByte, 256> EncodingTable() {
-    constexpr char kDigits[] = "0123456789ABCDEF";
     std::array<EncodedByte, 256> table{};
     for (unsigned code = 0; code < 256; ++code) {
         const bool letter = (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z');
@@ -81,7 +80,7 @@ constexpr std::array<EncodedByte, 256> EncodingTable() {
         if (plain)
             table[code] = {{static_cast<char>(code), 0, 0}, 1};
         else
-            table[code] = {{'%', kDigits[code / 16], kDigits[code % 16]}, 3};
+            table[code] = {{'%', HexDigit(code >> 4U), HexDigit(code)}, 3};
     }
     return table;
 }

@@ -26,6 +26,7 @@ public:
     static void ExtractXMLArray(std::string_view text, std::string_view startTag, std::string_view endTag,
                                 std::string_view delimiter, std::vector<std::string>& pieces);
 
+    // Promised: the program itself never calls the ones for a single value, down to EncloseBool.
     // The leading number, rounded half to even. Throws Overflow outside 32 bits.
     static std::int32_t ExtractInt(std::string_view text, std::string_view startTag, std::string_view endTag);
     double ExtractFloat(std::string_view text, std::string_view startTag, std::string_view endTag) const;
@@ -51,6 +52,7 @@ public:
     // hexadecimal counts by its leading digits.
     static std::string HtmlDecode(std::string_view text);
 
+    // Promised: the program itself never calls it.
     // The text with every stretch between the tags replaced; the tags stay.
     static std::string ReplaceBetweenTags(std::string_view text, std::string_view startTag,
                                           std::string_view endTag, std::string_view replacement);

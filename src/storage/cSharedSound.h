@@ -25,6 +25,7 @@ public:
     // What cannot be played gives way to `otherwise`, and that to a beep. The reason is told once, unless it
     // is that the file does not exist.
     void PlayWav(const std::string& file, const std::string& otherwise = {});
+    // Promised: the program itself never calls it.
     void StopPlayingWAV();
 
 private:

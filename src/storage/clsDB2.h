@@ -41,6 +41,7 @@ public:
     void StoreRecord(clsEvent event, bool forceNew = false) {
         memory_.StoreRecord(std::move(event), forceNew);
     }
+    // Promised: the program itself never calls this one and those of the file below.
     void WipeDiskFile();
     void WipeRecordsByOwner(std::string_view owner);
     void SetAllToSingleUser();

@@ -110,6 +110,7 @@ public:
     // Takes the place of the event with the same code, at the end of the collection; an event without a code,
     // or with `forceNew`, gets a new one. Nothing is saved. Throws InternalError when every code is in use.
     void StoreRecord(clsEvent event, bool forceNew = false);
+    // Promised: the program itself never calls it.
     void WipeDiskFile();
     void WipeRecordsByOwner(std::string_view owner);
     void SetAllToSingleUser();

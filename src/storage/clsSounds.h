@@ -29,6 +29,7 @@ public:
     clsSounds(FileSystem& files, const cSHAREDSettings& settings, ErrorSink& errors,
               FolderGetter applicationFolder);
 
+    // Promised: the program itself never calls it.
     void AddorChange(std::string_view id, std::string_view wavFile);
     void Delete(std::string_view id);
     // The event's sound file up to a comma in it, or the default alarm sound.

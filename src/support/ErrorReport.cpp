@@ -9,9 +9,8 @@ namespace {
 constexpr std::string_view kShortened = "(The end of the log. All of it is in the file above.)\r\n";
 
 std::string Escaped(char c) {
-    static constexpr std::string_view kDigits = "0123456789ABCDEF";
-    const auto code = static_cast<unsigned char>(c);
-    return {'%', kDigits[code >> 4], kDigits[code & 15]};
+    const unsigned code = static_cast<unsigned char>(c);
+    return {'%', HexDigit(code >> 4U), HexDigit(code)};
 }
 
 // The last whole lines of a text that fit into so many characters of a link,

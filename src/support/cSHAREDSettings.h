@@ -25,6 +25,7 @@ class cSHAREDSettings {
 public:
     cSHAREDSettings(FileSystem& files, const Locale& locale, Dialogs& dialogs, cSharedLogging& log);
 
+    // Promised: the program itself never calls these.
     std::int32_t SettingsCount() const;
     // `index` counts from 1; "" outside the list.
     std::string SettingNameByIndex(std::int32_t index) const;
@@ -34,10 +35,12 @@ public:
     // What an absent setting stands for: to store that is no change.
     void Assume(std::string_view name, const SettingValue& value);
 
+    // Promised: the program itself never calls it.
     SettingValue sGetWD(std::string_view name, const SettingValue& fallback) const {
         return RetrieveWithDefault(name, fallback);
     }
     SettingValue RetrieveWithDefault(std::string_view name, const SettingValue& fallback) const;
+    // Promised: the program itself never calls it.
     void DeleteAllSettings();
     SettingValue sGet(std::string_view name, const SettingValue& fallback = {}) const {
         return RetrieveSetting(name, fallback);
@@ -65,6 +68,7 @@ public:
     void SaveOnly(const std::string& fileName, std::span<const std::string_view> names);
     void LoadSettings(const std::string& fileName);
 
+    // Promised: the program itself never calls it.
     void DeleteSettingByName(std::string_view name) { DeleteSetting(name); }
     void DeleteSetting(std::string_view name);
 

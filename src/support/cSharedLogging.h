@@ -30,6 +30,7 @@ public:
     cSharedLogging(const cSharedLogging&) = delete;
     cSharedLogging& operator=(const cSharedLogging&) = delete;
 
+    // Promised: the program itself never calls these.
     bool NOLOGGING() const noexcept { return noLogging_; }
     void NOLOGGING(bool off) noexcept { noLogging_ = off; }
 
@@ -45,6 +46,7 @@ public:
     void LogToFile(const std::string& fileName, std::string_view text, bool newLog) noexcept;
     void LogError(const ErrorInfo& error, std::string_view procedure, std::string_view module) noexcept;
 
+    // Promised: the program itself never calls these; the trail stays empty.
     void AddDebug(std::string_view text, std::string_view procedure, std::string_view module) noexcept;
     void AddAction(std::string_view text, std::string_view procedure, std::string_view module) noexcept;
     void WriteActionsToLog() noexcept;

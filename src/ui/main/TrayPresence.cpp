@@ -51,9 +51,8 @@ std::string TipOf(const Application& application) {
     const auto& notices = application.health.Notices();
     if (notices.empty()) return due;
     const std::size_t room = kLongestTip - due.size() - kLineBreak.size();
-    std::string text = notices.front().text;
-    if (text.size() > room) text = text.substr(0, room - kDots.size()).append(kDots);
-    return text.append(kLineBreak).append(due);
+    const std::string& text = notices.front().text;
+    return Beginning(text, text.size() <= room ? room : room - kDots.size()).append(kLineBreak).append(due);
 }
 
 bool WarnsOf(const Application& application) {

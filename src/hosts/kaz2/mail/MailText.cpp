@@ -1,5 +1,7 @@
 #include "hosts/kaz2/mail/MailText.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 
 namespace kaz {
@@ -12,16 +14,12 @@ constexpr std::size_t kLongestPlain = 60;
 constexpr std::size_t kLongestInWord = 52;  // a word has 75 characters at most, and "Subject: " goes before
 constexpr std::size_t kLongestLine = 75;    // and the "=" that says that it goes on
 
-bool IsLetterOrDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-bool IsControl(char c) { return (c >= '\0' && c < ' ') || c == '\x7f'; }
+bool IsLetterOrDigit(char c) { return IsDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 std::string Escaped(char c) {
-    static constexpr char kDigits[] = "0123456789ABCDEF";
-    const auto byte = static_cast<unsigned char>(c);
-    return {'=', kDigits[byte >> 4], kDigits[byte & 15]};
+    const unsigned byte = static_cast<unsigned char>(c);
+    return {'=', HexDigit(byte >> 4U), HexDigit(byte)};
 }
 
 std::string EncodedWords(std::string_view text) {
@@ -75,7 +73,7 @@ std::string OneLineOf(std::string_view text) {
     std::string line;
     for (std::size_t index = 0; index < text.size(); ++index) {
         if (text[index] == '\n' && index > 0 && text[index - 1] == '\r') continue;
-        line += IsControl(text[index]) ? ' ' : text[index];
+        line += IsControl(text[index]) || text[index] == '\x7f' ? ' ' : text[index];
     }
     return line;
 }
