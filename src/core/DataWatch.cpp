@@ -56,14 +56,13 @@ bool DataWatch::IsAllSeen() const {
     const auto isSeen = [](const clsDbXml* database) {
         return !database || (!database->DatabaseChanged() && database->Unseen().empty());
     };
-    return IsAllSaved() && isSeen(app_.events.get()) && isSeen(app_.expired.get()) && keptEvents_.empty() &&
-           keptExpired_.empty();
+    return IsAllSaved() && isSeen(app_.events.get()) && isSeen(app_.expired.get()) && IsAllTaken();
 }
 
 Rescued DataWatch::Collect() const {
     Rescued rescued;
-    if (app_.events) rescued.events = app_.events->Unsaved();
-    if (app_.expired) rescued.expired = app_.expired->Unsaved();
+    if (app_.events) rescued.events.changes = app_.events->Unsaved();
+    if (app_.expired) rescued.expired.changes = app_.expired->Unsaved();
     if (app_.settings.SaveFault()) rescued.settings = app_.settings.UnsavedText();
     if (tasks_ && tasks_->Unsaved()) rescued.tasks = tasks_->Tasks();
     return rescued;
@@ -73,10 +72,11 @@ std::string DataWatch::Unsaved() const { return NamesOf(Collect()); }
 
 std::string DataWatch::NamesOf(const Rescued& rescued) {
     std::vector<std::string> names;
-    EventChanges all = rescued.events;
-    all.stored.insert(all.stored.end(), rescued.expired.stored.begin(), rescued.expired.stored.end());
+    EventChanges all = rescued.events.changes;
+    all.stored.insert(all.stored.end(), rescued.expired.changes.stored.begin(),
+                      rescued.expired.changes.stored.end());
     NameChanges(all, names);
-    if (all.Empty() && !rescued.expired.removed.empty()) NameChanges(rescued.expired, names);
+    if (all.Empty() && !rescued.expired.changes.removed.empty()) NameChanges(rescued.expired.changes, names);
     if (!rescued.tasks.empty()) names.emplace_back("the task list");
     if (!rescued.settings.empty()) names.emplace_back("the settings");
     return Joined(names);
@@ -108,7 +108,7 @@ std::string DataWatch::Sentence() const {
 
 void DataWatch::Tell() {
     ErrorTrap trap(app_.log, "Tell", kModule);
-    trap([&] { GiveBack(); });
+    trap([&] { TakeKept(); });
     trap([&] { states_.TellDamagedSettings(); });
     trap([&] {
         for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
@@ -126,7 +126,7 @@ void DataWatch::Tell() {
                               {{"Try again", [this] { TryAgain(); }},
                                {"Save a copy elsewhere...", [this] { SaveCopy(); }}}});
         }
-        if (isAllSaved && keptEvents_.empty() && keptExpired_.empty()) rescues_.Delete();
+        if (isAllSaved && IsAllTaken()) rescues_.Delete();
     });
 }
 
@@ -183,13 +183,15 @@ void DataWatch::Rescue() {
         rescued = {};
     }
     std::string what = rescued.Empty() ? std::string() : "Not saved: " + NamesOf(rescued) + ". ";
-    rescued.eventsUnseen = app_.events && keptEvents_.empty() ? app_.events->Unseen() : keptEvents_;
-    rescued.expiredUnseen = app_.expired && keptExpired_.empty() ? app_.expired->Unseen() : keptExpired_;
+    if (app_.events) rescued.events.unseen = app_.events->Unseen();
+    if (app_.expired) rescued.expired.unseen = app_.expired->Unseen();
+    rescued.events.Add(keptEvents_);
+    rescued.expired.Add(keptExpired_);
     if (rescued.Empty()) {
         rescues_.Delete();
         return;
     }
-    if (const std::size_t unseen = rescued.eventsUnseen.size() + rescued.expiredUnseen.size())
+    if (const std::size_t unseen = rescued.events.unseen.size() + rescued.expired.unseen.size())
         what += "Saved once, and not to be seen now: " + Counted(unseen, "event") + ". ";
     const std::string file = rescues_.Write(std::move(rescued));
     app_.log.LogEvent(what + (file.empty() ? "No rescue file could be written" : "Kept in " + file));
@@ -217,13 +219,9 @@ void DataWatch::TakeOver(const std::string& movedFrom) {
 
 void DataWatch::Merge(const Rescued& rescued) {
     keptFolder_ = app_.DataPath();
-    keptEvents_.insert(keptEvents_.end(), rescued.eventsUnseen.begin(), rescued.eventsUnseen.end());
-    keptExpired_.insert(keptExpired_.end(), rescued.expiredUnseen.begin(), rescued.expiredUnseen.end());
-    GiveBack();
-    app_.events->PutOnTop(rescued.events);
-    app_.expired->PutOnTop(rescued.expired);
-    changesTaken_ += rescued.events.stored.size() + rescued.events.removed.size() +
-                     rescued.expired.stored.size() + rescued.expired.removed.size();
+    keptEvents_.Add(rescued.events);
+    keptExpired_.Add(rescued.expired);
+    TakeKept();
     if (!rescued.settings.empty()) {
         app_.settings.TakeLines(rescued.settings);
         app_.layers.LoadLayers();
@@ -240,27 +238,28 @@ void DataWatch::Merge(const Rescued& rescued) {
 }
 
 std::size_t DataWatch::Kept(const clsDbXml& database) const {
-    return (&database == app_.events.get() ? keptEvents_ : keptExpired_).size();
+    return (&database == app_.events.get() ? keptEvents_ : keptExpired_).unseen.size();
 }
 
-// As soon as it is known what is in the file.
-void DataWatch::GiveBack() {
-    if (keptEvents_.empty() && keptExpired_.empty()) return;
+// As soon as it is known what is in the file: before, it could not be told what of it has changed.
+void DataWatch::TakeKept() {
+    if (IsAllTaken()) return;
     if (keptFolder_ != app_.DataPath()) {
         // The user has chosen another folder. They wait for the next start in theirs.
-        keptEvents_.clear();
-        keptExpired_.clear();
+        keptEvents_ = keptExpired_ = {};
         rescues_.Leave();
         return;
     }
-    const std::size_t before = eventsPutBack_;
     for (const auto& [database, kept] :
          {std::pair{app_.events.get(), &keptEvents_}, std::pair{app_.expired.get(), &keptExpired_}}) {
-        if (!database->WasRead()) continue;
-        eventsPutBack_ += database->GiveBack(std::exchange(*kept, {}));
+        if (!database->WasRead() || kept->Empty()) continue;
+        const RescuedEvents rescued = std::exchange(*kept, {});
+        eventsPutBack_ += database->GiveBack(rescued.unseen);
+        database->PutOnTop(rescued.changes);
+        changesTaken_ += rescued.changes.stored.size() + rescued.changes.removed.size();
         if (database->HasUnsaved()) database->SaveDB();
+        app_.mainListIsStale = true;
     }
-    if (eventsPutBack_ == before) return;
     TellTakenOver();
 }
 

@@ -55,7 +55,7 @@ public:
     // At the start: takes over what the last end kept. `movedFrom` is where the data folder was before, if it
     // has moved.
     void TakeOver(const std::string& movedFrom);
-    // Of a file that could not be read yet, the events that a rescue has.
+    // Of a file that could not be read yet, the events of before that a rescue has.
     std::size_t Kept(const clsDbXml& database) const;
 
 private:
@@ -68,7 +68,8 @@ private:
     static std::string NamesOf(const Rescued& rescued);
     void Merge(const Rescued& rescued);
     void ReadTasksAgain();
-    void GiveBack();
+    bool IsAllTaken() const { return keptEvents_.Empty() && keptExpired_.Empty(); }
+    void TakeKept();
     void TellTakenOver();
 
     Application& app_;
@@ -78,8 +79,8 @@ private:
     std::string givenUp_;
     Rescues rescues_;
     // What waits for its file to be read, and the folder of that.
-    std::vector<clsEvent> keptEvents_;
-    std::vector<clsEvent> keptExpired_;
+    RescuedEvents keptEvents_;
+    RescuedEvents keptExpired_;
     std::string keptFolder_;
     std::size_t changesTaken_ = 0;
     std::size_t eventsPutBack_ = 0;

@@ -19,8 +19,8 @@ constexpr std::string_view kEvents = "=== Events added or changed ===\r\n";
 constexpr std::string_view kEventsRemoved = "=== Events deleted ===\r\n";
 constexpr std::string_view kExpired = "=== Expired events added or changed ===\r\n";
 constexpr std::string_view kExpiredRemoved = "=== Expired events deleted ===\r\n";
-constexpr std::string_view kEventsUnseen = "=== Events whose file was away or damaged ===\r\n";
-constexpr std::string_view kExpiredUnseen = "=== Expired events whose file was away or damaged ===\r\n";
+constexpr std::string_view kEventsUnseen = "=== Events whose file could not be read ===\r\n";
+constexpr std::string_view kExpiredUnseen = "=== Expired events whose file could not be read ===\r\n";
 constexpr std::string_view kSettings = "=== Settings ===\r\n";
 constexpr std::string_view kTasks = "=== Tasks ===\r\n";
 constexpr std::string_view kEnd = "=== End ===\r\n";
@@ -56,16 +56,25 @@ std::vector<clsEvent> EventsIn(std::string_view text, const Locale& locale, Erro
 
 }  // namespace
 
+void RescuedEvents::Add(const RescuedEvents& more) {
+    const auto append = [](std::vector<clsEvent>& to, const std::vector<clsEvent>& from) {
+        to.insert(to.end(), from.begin(), from.end());
+    };
+    append(changes.stored, more.changes.stored);
+    append(changes.removed, more.changes.removed);
+    append(unseen, more.unseen);
+}
+
 std::string RescueFile::TextOf(const Rescued& rescued) {
     std::string text(kHead);
     text.append(kDataFolder).append(rescued.dataFolder).append(kLineBreak);
     text.append(kProgramFolder).append(rescued.programFolder).append(kLineBreak);
-    AppendEvents(text, kEvents, rescued.events.stored);
-    AppendEvents(text, kEventsRemoved, rescued.events.removed);
-    AppendEvents(text, kExpired, rescued.expired.stored);
-    AppendEvents(text, kExpiredRemoved, rescued.expired.removed);
-    AppendEvents(text, kEventsUnseen, rescued.eventsUnseen);
-    AppendEvents(text, kExpiredUnseen, rescued.expiredUnseen);
+    AppendEvents(text, kEvents, rescued.events.changes.stored);
+    AppendEvents(text, kEventsRemoved, rescued.events.changes.removed);
+    AppendEvents(text, kExpired, rescued.expired.changes.stored);
+    AppendEvents(text, kExpiredRemoved, rescued.expired.changes.removed);
+    AppendEvents(text, kEventsUnseen, rescued.events.unseen);
+    AppendEvents(text, kExpiredUnseen, rescued.expired.unseen);
     if (!rescued.settings.empty()) text.append(kSettings).append(rescued.settings).append(kLineBreak);
     if (!rescued.tasks.empty()) text += kTasks;
     for (const std::string& task : rescued.tasks)
@@ -78,12 +87,14 @@ Rescued RescueFile::Read(std::string_view text, const Locale& locale, ErrorSink&
     Rescued rescued;
     rescued.dataFolder = Part(text, kDataFolder);
     rescued.programFolder = Part(text, kProgramFolder);
-    rescued.events = {EventsIn(Part(text, kEvents), locale, errors),
-                      EventsIn(Part(text, kEventsRemoved), locale, errors)};
-    rescued.expired = {EventsIn(Part(text, kExpired), locale, errors),
-                       EventsIn(Part(text, kExpiredRemoved), locale, errors)};
-    rescued.eventsUnseen = EventsIn(Part(text, kEventsUnseen), locale, errors);
-    rescued.expiredUnseen = EventsIn(Part(text, kExpiredUnseen), locale, errors);
+    const auto read = [&](std::string_view stored, std::string_view removed, std::string_view unseen) {
+        const auto part = [&](std::string_view heading) {
+            return EventsIn(Part(text, heading), locale, errors);
+        };
+        return RescuedEvents{{part(stored), part(removed)}, part(unseen)};
+    };
+    rescued.events = read(kEvents, kEventsRemoved, kEventsUnseen);
+    rescued.expired = read(kExpired, kExpiredRemoved, kExpiredUnseen);
     // Settings that are cut short would be half a choice.
     if (whole) rescued.settings = Part(text, kSettings);
     for (const std::string_view line : Split(Part(text, kTasks), kLineBreak))

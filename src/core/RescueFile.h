@@ -10,22 +10,26 @@
 
 namespace kaz {
 
+// Of one event file.
+struct RescuedEvents {
+    EventChanges changes;
+    // The rest of a file that was saved once, and could not be seen at the end.
+    std::vector<clsEvent> unseen;
+
+    bool Empty() const { return changes.Empty() && unseen.empty(); }
+    void Add(const RescuedEvents& more);
+};
+
 // What no disk has when the program ends, as far as it can see.
 struct Rescued {
     std::string dataFolder;     // to whose files it belongs
     std::string programFolder;  // to whose settings
-    EventChanges events;
-    EventChanges expired;
-    // The rest of a file that was saved once, and could not be seen at the end.
-    std::vector<clsEvent> eventsUnseen;
-    std::vector<clsEvent> expiredUnseen;
+    RescuedEvents events;
+    RescuedEvents expired;
     std::string settings;  // the lines of the settings file, none when they are saved
     std::vector<std::string> tasks;
 
-    bool Empty() const {
-        return events.Empty() && expired.Empty() && eventsUnseen.empty() && expiredUnseen.empty() &&
-               settings.empty() && tasks.empty();
-    }
+    bool Empty() const { return events.Empty() && expired.Empty() && settings.empty() && tasks.empty(); }
 };
 
 // The file that keeps it until the next start: a plain text with a heading for each part, the events in the

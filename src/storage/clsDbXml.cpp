@@ -40,7 +40,11 @@ void clsDbXml::CatchUp() {
 }
 
 bool clsDbXml::DatabaseChanged() const {
-    return watched_.Empty() ? FileDate() != lastKnownDate_ : watched_.Changed();
+    if (!watched_.Empty()) return watched_.Changed();
+    // A folder that is back without the file changes no date.
+    const bool isBack = state_ == FileState::FolderAway &&
+                        stores_.platform.files.Kind(FolderOf(fileName_)) != PathKind::Missing;
+    return isBack || FileDate() != lastKnownDate_;
 }
 
 void clsDbXml::LoadDBIfChanged(const std::string& fileName) {
@@ -129,7 +133,7 @@ void clsDbXml::PutOnTop(const EventChanges& changes) {
 
 std::vector<clsEvent> clsDbXml::Unseen() const {
     std::vector<clsEvent> unseen;
-    if (state_ != FileState::FolderAway && state_ != FileState::Damaged) return unseen;
+    if (!readFault_) return unseen;
     for (const clsEvent& event : events_)
         if (!event.Deleted && known_.saved.Find(event.IDCode)) unseen.push_back(event);
     return unseen;

@@ -71,7 +71,7 @@ public:
     // Adds what was unsaved in another memory of the same events, without saving. An event whose code another
     // one has by now gets a new one.
     void PutOnTop(const EventChanges& changes);
-    // What was saved, in a file that is away or damaged: when it comes back, it may be without them.
+    // What was saved, in a file that cannot be read now: when it can be again, it may be without them.
     std::vector<clsEvent> Unseen() const;
     // Takes what was unseen in another memory, without saving: when the file was found to hold nothing, it is
     // put back, and counted; else what is missing is told as gone.

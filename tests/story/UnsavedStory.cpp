@@ -83,6 +83,8 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
                     story->component.reset();
                     EXPECT_EQ(told, story->Saved("KAZ rescue.txt").find("===") != std::string::npos);
                 }
+                // A start and an end while it lasts change nothing.
+                if (told && ending == ShutDown) Start(), EndProgram();
                 fault.end(story->machine);
                 if (ends) Start();
                 if (ends && told) {
@@ -125,6 +127,12 @@ TEST_F(Unsaved, WhatTheFileNoLongerHoldsAtTheEndComesBack) {
     } cases[] = {
         {"emptied", [&](FakePlatform& machine) { pull(machine), empty(machine); }, Nothing, Nothing, "", "",
          false, all},
+        {"away for two ticks, and empty",
+         [&](FakePlatform& machine) {
+             pull(machine), story->Advance(31);
+             empty(machine), story->Advance(31);
+         },
+         Nothing, Nothing, "", "", false, all},
         {"away, and empty when it is back", pull, empty, Nothing, "3 events of a file", "OK", true, all},
         {"away, and whole when it is back", pull, [&](FakePlatform& machine) { stick.PutBack(machine); },
          Nothing, "", "", true, all},
