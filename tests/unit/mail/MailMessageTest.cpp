@@ -1,5 +1,6 @@
 #include "hosts/kaz2/mail/MailMessage.h"
 
+#include "fakes/TestData.h"
 #include "hosts/kaz2/mail/MailAddresses.h"
 #include "hosts/kaz2/mail/MailText.h"
 
@@ -51,17 +52,7 @@ std::string WordsOf(std::string header) {
 TEST(MailMessage, IsWhatServersAndReadersExpect) {
     EXPECT_EQ(MailMessage({"", "KAZ Alert - Event 3", "Dentist at 10:00"}, "me@example.org",
                           {"ann@example.org", "bob@example.com"}, kStamp),
-              "Date: Thu, 29 Feb 2024 23:59:59 +0000\r\n"
-              "From: KAZ <me@example.org>\r\n"
-              "To: ann@example.org,\r\n bob@example.com\r\n"
-              "Subject: KAZ Alert - Event 3\r\n"
-              "Message-ID: <1a2b@example.org>\r\n"
-              "Auto-Submitted: auto-generated\r\n"
-              "MIME-Version: 1.0\r\n"
-              "Content-Type: text/plain; charset=utf-8\r\n"
-              "Content-Transfer-Encoding: quoted-printable\r\n"
-              "\r\n"
-              "Dentist at 10:00\r\n");
+              GoldenFile("mail.eml"));
     EXPECT_NE(MailStamp::Now().unique, MailStamp::Now().unique);
 }
 
