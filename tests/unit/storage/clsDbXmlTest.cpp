@@ -378,6 +378,10 @@ TEST_F(EventDatabase, StoresAndDeletesByTheFirstEventWithTheCode) {
     EXPECT_EQ(machine.files.Kind(kFile), PathKind::Missing);
     database.WipeDiskFile();
     EXPECT_EQ(Log(), "");
+    machine.files.Put(kFile, FileOf({}));
+    machine.files.At(kFile).readOnly = true;
+    EXPECT_FALSE(database.SaveDB());
+    EXPECT_THAT(Log(), HasSubstr(kReadOnly));
     EXPECT_FALSE(Database().SaveDB()) << "it has no name";
 }
 
