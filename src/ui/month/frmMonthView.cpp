@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Links.h"
+#include "forms/WindowFactory.h"
 #include "model/MonthList.h"
 #include "platform/BusyPointer.h"
 #include "platform/Clock.h"
