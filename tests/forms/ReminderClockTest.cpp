@@ -119,5 +119,32 @@ TEST_F(ReminderClockTest, TheEndOfTheProgramInTheMiddleOfOneEndsIt) {
     EXPECT_EQ(nullptr, stage->Find(IDD_MAIN));
 }
 
+TEST_F(ReminderClockTest, RingsUnderAnOpenEditorAndLooksAfterASleepOfTheComputer) {
+    AddAlarm("Call Ann", 9, 1);
+    Add(*app.events, "Exam", 31);
+    machine.clock.Set(2023, 3, 15, 9, 0, 59);
+    OpenMainAndTick();
+    main->ShowWindow();
+    InModal(IDD_EVENT, [this] {
+        machine.clock.Set(2023, 3, 15, 9, 1, 0);
+        stage->Wait(1200);  // by the timer itself
+        EXPECT_THAT(Reminders("ALARM!"), ElementsAre("Call Ann"));
+        Click(IDC_cmdAbort);
+    });
+    Click(IDM_EDIT);
+    // To the same day of the next month.
+    for (const auto moved : {Raised::Resumed, Raised::ClockChanged}) {
+        EXPECT_THAT(Reminders("TODAY!"), Not(Contains("Exam")));
+        machine.clock.Set(2023, 4, 15, 9);
+        stage->Tell(*window, moved);
+        stage->Wait(50);
+        EXPECT_THAT(Reminders("TODAY!"), Contains("Exam"));
+        app.openWindows.UnloadAll();
+        main.reset();
+        machine.clock.Set(2023, 3, 15, 9);
+        OpenMainAndTick();
+    }
+}
+
 }  // namespace
 }  // namespace kaz
