@@ -11,8 +11,8 @@ using ::testing::IsEmpty;
 
 TEST(UpdateAllEvents, MovesRecurringEventsOnAndOthersOut) {
     ReminderDesk desk;
-    desk.Add("Past", -1);
     desk.Add("Deleted", -1).Deleted = true;
+    desk.Add("Past", -1);
     desk.Add("Today", 0);
     desk.Add("Daily", -3, true);
     desk.events.AllEvents().back().MailSent = true;
