@@ -21,7 +21,7 @@ public:
     bool Visible() const { return window_.ControlVisible(id_); }
     void Visible(bool visible) { window_.SetControlVisible(id_, visible); }
     void SetFocus() { window_.SetFocus(id_); }
-    // Selects the whole text of a text box.
+    // Selects the whole text of a text box that has got the keyboard.
     void HighlightText() { window_.SelectText(id_); }
     // The most characters that the user can type into a text box.
     void MaxLength(int characters) { window_.LimitText(id_, characters); }

@@ -142,7 +142,7 @@ public:
     // one that had it gets it back.
     virtual void SetControlsEnabled(bool enabled) = 0;
     virtual void SetFocus(int control) = 0;
-    // Selects the whole text of a text box.
+    // Selects the whole text of a text box that has got the keyboard, by a click too.
     virtual void SelectText(int control) = 0;
     // The most characters that the user can type into a text box.
     virtual void LimitText(int control, int characters) = 0;

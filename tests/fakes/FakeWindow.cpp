@@ -115,6 +115,16 @@ void FakeWindow::Type(int control, const std::string& text) {
     Raise(control, Raised::Change);
 }
 
+void FakeWindow::ClickInto(int control) {
+    textSelected_ = false;
+    if (std::exchange(focus, control) != control) Raise(control, Raised::Focus);
+}
+
+void FakeWindow::TypeAtCaret(char letter) {
+    const std::string rest = std::exchange(textSelected_, false) ? std::string() : Text(focus);
+    Type(focus, letter + rest);
+}
+
 void FakeWindow::Toggle(int control) {
     if (!At(control).enabled || !At(control).visible) return;
     SetChecked(control, !Checked(control));

@@ -85,7 +85,7 @@ public:
         if (!enabled) ++timesDisabled;
     }
     void SetFocus(int control) override { focus = control; }
-    void SelectText(int) override {}
+    void SelectText(int control) override { textSelected_ = control == focus; }
     void LimitText(int control, int characters) override { controls_[control].limit = characters; }
 
     void SetItems(int control, const std::vector<std::string>& items) override;
@@ -109,6 +109,9 @@ public:
     // Nothing happens on a control that is disabled or hidden.
     void Click(int control);
     void Type(int control, const std::string& text);
+    // Puts the caret before the text.
+    void ClickInto(int control);
+    void TypeAtCaret(char letter);
     void Toggle(int control);
     // Picks one of a group of option buttons.
     void Pick(int control, const std::vector<int>& group);
@@ -170,6 +173,7 @@ private:
     std::map<int, FakeReportList> reports_;
     std::map<int, FakeDayGrid> grids_;
     bool controlsEnabled_ = true;
+    bool textSelected_ = false;  // of the control that has the keyboard
     std::map<int, TimerState> timers_;
 };
 

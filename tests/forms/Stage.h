@@ -35,6 +35,10 @@ public:
     // control of the window is a command of its menus, its toolbar and its keys.
     virtual void Click(Window& window, int id) = 0;
     virtual void Type(Window& window, int control, const std::string& text) = 0;
+    // Clicks into a text box, before its text.
+    virtual void ClickInto(Window& window, int control) = 0;
+    // Types at the caret, or over what is selected.
+    virtual void TypeAtCaret(Window& window, char letter) = 0;
     // Types a letter, U+041F, that the code page does not have.
     virtual void TypeForeign(Window& window, int control) = 0;
     // Of a combo box, a list box or a tab strip.

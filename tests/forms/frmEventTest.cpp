@@ -177,6 +177,30 @@ TEST_F(frmEventTest, TakesTimesAndNumbersInEveryFormThatIsMeant) {
     EXPECT_EQ(DateValue::FromTime(8, 15), event.DueTime());
 }
 
+TEST_F(frmEventTest, WhatIsTypedIntoANumberTakesItsPlaceUnlessTheCaretIsPutIntoIt) {
+    clsEvent event = OfKind(RecurWeekdays);
+    EXPECT_TRUE(Edit(event, [&] {
+        Click(IDC_chkTimed);
+        for (const auto& [tab, number] : {std::pair{RecurWeekdays, IDC_txtDaysWarning},
+                                          {RecurWeekdays, IDC_txtMinutesWarning},
+                                          {RecurDayOfMonth, IDC_txtDayOfMonth},
+                                          {RecurEveryNMonths, IDC_txtMonthlyPeriod},
+                                          {RecurEveryNWeeks, IDC_txtWeeklyPeriod},
+                                          {RecurEveryNDays, IDC_txtDailyPeriod}}) {
+            Choose(IDC_TabStrip1, tab);
+            stage->ClickInto(*window, number);
+            stage->TypeAtCaret(*window, '7');
+            EXPECT_EQ("7", Text(number)) << number;
+            stage->ClickInto(*window, number);
+            stage->TypeAtCaret(*window, '1');
+            EXPECT_EQ("17", Text(number)) << number;
+        }
+        Choose(IDC_TabStrip1, RecurWeekdays);
+    }));
+    EXPECT_EQ(17, event.DaysWarning());
+    EXPECT_EQ(17, event.MinutesWarning());
+}
+
 TEST_F(frmEventTest, ANewEventIsOfferedWhatSuitsTheDay) {
     clsEvent event;
     EXPECT_TRUE(Edit(event, [&] {

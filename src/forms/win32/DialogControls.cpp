@@ -130,8 +130,6 @@ void DialogControls::SetFocus(int control) {
         SendMessageW(target, EM_SETSEL, 0, 0);
 }
 
-void DialogControls::SelectText(int control) { SendMessageW(At(control), EM_SETSEL, 0, -1); }
-
 void DialogControls::LimitText(int control, int characters) {
     SendMessageW(At(control), EM_SETLIMITTEXT, static_cast<WPARAM>(characters), 0);
 }

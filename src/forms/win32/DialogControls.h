@@ -32,7 +32,6 @@ public:
     void SetNotice(int control, const std::string& text, Tone tone) override;
     void SetControlsEnabled(bool enabled) override;
     void SetFocus(int control) override;
-    void SelectText(int control) override;
     void LimitText(int control, int characters) override;
 
     void SetItems(int control, const std::vector<std::string>& items) override;

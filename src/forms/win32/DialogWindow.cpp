@@ -18,11 +18,12 @@ namespace {
 constexpr wchar_t kProperty[] = L"kaz.DialogWindow";
 
 // Private messages: what was raised while a key was translated; what waits for the window's activation; what
-// the system must have rescaled before.
+// the system must have rescaled before; what comes after a click.
 constexpr UINT kRaiseLater = WM_APP + 1;
 constexpr UINT kFocusNow = WM_APP + 2;
 constexpr UINT kDpiHasChanged = WM_APP + 3;
 constexpr UINT kTrayMouse = WM_APP + 4;
+constexpr UINT kSelectNow = WM_APP + 5;
 
 // The icon belongs to the module and is not destroyed.
 void SetIcon(HWND window, HINSTANCE module, WPARAM kind, int width, int height) {
@@ -173,6 +174,11 @@ void DialogWindow::EndModal(int result) {
     if (modal_) modal_->End(result);
 }
 
+// A click that gives the box the keyboard puts the caret where it points to, and only afterwards.
+void DialogWindow::SelectText(int control) {
+    PostMessageW(window_, kSelectNow, static_cast<WPARAM>(control), 0);
+}
+
 void DialogWindow::StartTimer(int timer, int milliseconds) {
     SetTimer(window_, static_cast<UINT_PTR>(timer), static_cast<UINT>(std::max(milliseconds, 1)), nullptr);
 }
@@ -248,6 +254,14 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         // A button under the mouse that activated the window would be let go of, and the click lost.
         const int control = std::exchange(focusWhenActive_, 0);
         if (!GetCapture()) SetFocus(control);
+        return TRUE;
+    }
+    case kSelectNow: {
+        const HWND box = At(static_cast<int>(wParam));
+        if (GetFocus() != box) return TRUE;
+        // While the button is down, a hand that is not quite still would select anew.
+        if (GetCapture() == box) ReleaseCapture();
+        SendMessageW(box, EM_SETSEL, 0, -1);
         return TRUE;
     }
     case kRaiseLater:

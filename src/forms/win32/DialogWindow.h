@@ -48,6 +48,7 @@ public:
     void SayWhySaving(const std::string& reason) override;
     int ShowModal() override;
     void EndModal(int result) override;
+    void SelectText(int control) override;
 
     void StartTimer(int timer, int milliseconds) override;
     void StopTimer(int timer) override;

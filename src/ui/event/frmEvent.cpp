@@ -89,6 +89,11 @@ frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application
        &frmEvent::lblWeeklyStartDate_Click);
     On(IDC_lblDailyStartDate, Raised::Click, "lblDailyStartDate_Click", &frmEvent::lblDailyStartDate_Click);
     ListenToRule();
+    // What is typed into a number takes its place, rather than standing before or behind it.
+    for (const int number : {IDC_txtDaysWarning, IDC_txtMinutesWarning, IDC_txtDayOfMonth,
+                             IDC_txtMonthlyPeriod, IDC_txtWeeklyPeriod, IDC_txtDailyPeriod})
+        On(number, Raised::Focus, "txtNumber_GotFocus",
+           [this, number] { TextBox(this->window(), number).HighlightText(); });
 }
 
 // Whatever else decides the next dates, so that the preview follows it.

@@ -47,6 +47,8 @@ public:
     void Type(Window& window, int control, const std::string& text) override {
         Fake(window).Type(control, text);
     }
+    void ClickInto(Window& window, int control) override { Fake(window).ClickInto(control); }
+    void TypeAtCaret(Window& window, char letter) override { Fake(window).TypeAtCaret(letter); }
     void TypeForeign(Window& window, int control) override { Fake(window).unreadable = control; }
     void Choose(Window& window, int control, int position) override {
         Fake(window).Choose(control, position);

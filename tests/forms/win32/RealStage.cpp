@@ -54,6 +54,21 @@ public:
             SendMessageW(edit, WM_CHAR, c, 1);
         pump_.ProcessPending();
     }
+    void ClickInto(Window& window, int control) override {
+        RECT box{};
+        GetClientRect(ControlOf(window, control), &box);
+        const LPARAM place = MAKELPARAM(1, box.bottom / 2);
+        PostMessageW(ControlOf(window, control), WM_LBUTTONDOWN, MK_LBUTTON, place);
+        pump_.ProcessPending();
+        PostMessageW(ControlOf(window, control), WM_MOUSEMOVE, MK_LBUTTON, place);
+        PostMessageW(ControlOf(window, control), WM_LBUTTONUP, 0, place);
+        pump_.ProcessPending();
+    }
+    void TypeAtCaret(Window& window, char letter) override {
+        EXPECT_EQ(HandleOf(window), GetAncestor(GetFocus(), GA_ROOT));
+        PostMessageW(GetFocus(), WM_CHAR, static_cast<WPARAM>(letter), 1);
+        pump_.ProcessPending();
+    }
     void TypeForeign(Window& window, int control) override {
         SendMessageW(ControlOf(window, control), WM_CHAR, 0x041F, 1);
     }
