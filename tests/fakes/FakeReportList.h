@@ -23,8 +23,8 @@ public:
 
     // What the user would see.
     int RowCount() const { return shown_; }
-    // Throws std::logic_error when the rows have changed without a Refresh, which on the screen would paint
-    // rubbish.
+    // Throws std::logic_error when the rows have changed without a Refresh, which
+    // on the screen would paint rubbish.
     std::string Cell(int row, int column) const;
     Colour CellColour(int row, int column) const;
     std::vector<std::string> Column(int column) const;

@@ -37,8 +37,8 @@ FakeWindow* FakeWindowFactory::WithCaption(const std::string& caption) const {
 
 void FakeWindowFactory::Advance(int milliseconds) {
     while (milliseconds > 0) {
-        // A tick can start and stop any timer and close any window, so the next one is looked for anew each
-        // time.
+        // A tick can start and stop any timer and close any window, so the next
+        // one is looked for anew each time.
         int step = milliseconds;
         for (const FakeWindow* window : desktop_->windows)
             for (const auto& [id, timer] : window->timers_)

@@ -10,9 +10,9 @@
 
 namespace kaz {
 
-// Files in memory under Windows rules: letter case does not matter, "/" is as good as "\", a drive's root is
-// always there, a folder has to be made before its files, and a file that is open cannot be replaced or
-// deleted.
+// Files in memory under Windows rules: letter case does not matter, "/" is as good as "\",
+// a drive's root is always there, a folder has to be made before its files, and a file that
+// is open cannot be replaced or deleted.
 class MemoryFileSystem : public FileSystem {
 public:
     struct Node {

@@ -265,8 +265,8 @@ TEST(Clock, WhatIsOnTheScreenAtWhichMinute) {
     }
 }
 
-// Only the list and the host wait for the dialog; what is saved in it hits the event that has moved
-// meanwhile.
+// Only the list and the host wait for the dialog; what is saved in it hits the
+// event that has moved meanwhile.
 TEST(Clock, TheListBehindADialogIsFilledWhenTheDialogIsLeft) {
     Clockwork story;
     story.Events({Single("Dentist"), Pills()});

@@ -131,8 +131,8 @@ TEST(TwoWriters, LoseNothingOfEachOther) {
     EXPECT_EQ(disk.OpenFiles(), 0);
 }
 
-// What one adds the other deletes at once, before either knows that its save has stayed: that comes to an
-// end.
+// What one adds the other deletes at once, before either knows that its save
+// has stayed: that comes to an end.
 TEST(TwoWriters, ComeToAnEndWhenTheyDisagree) {
     SharedDisk disk;
     disk.Put(kFile, FileOf({}));

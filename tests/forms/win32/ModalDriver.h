@@ -8,9 +8,9 @@
 
 namespace kaz {
 
-// The user in front of modal boxes. Each box that appears gets the next step; steps only post, so that they
-// cannot be caught inside a box themselves. A box without a step is closed, and the program ends when a box
-// stays.
+// The user in front of modal boxes. Each box that appears gets the next step; steps only
+// post, so that they cannot be caught inside a box themselves. A box without a step is
+// closed, and the program ends when a box stays.
 class ModalDriver {
 public:
     using Step = std::function<void(HWND box)>;

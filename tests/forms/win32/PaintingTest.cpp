@@ -24,8 +24,8 @@ class PaintingTest : public FormTest {
 protected:
     ~PaintingTest() override { app.openWindows.UnloadAll(); }
 
-    // An event of each type, in the order of the days left: expired, of the day, own, shared, of somebody
-    // else.
+    // An event of each type, in the order of the days left: expired, of the day,
+    // own, shared, of somebody else.
     void OpenMainWithAllTypes() {
         app.settings.StoreSetting("Networked", true);
         ShareAsAnn({Of("Ann", OneOff("1", "Release of the spring catalogue", kToday.PlusDays(12)))});

@@ -48,8 +48,8 @@ public:
         const auto& windows = dynamic_cast<FakeWindowFactory&>(stage->Windows());
         for (int dialog = IDD_REMINDER; dialog <= IDD_UNSAVED; ++dialog)
             alive += windows.All(dialog).size();
-        // What the fakes have written down is not the program's; the mark of the running program grows on the
-        // disk.
+        // What the fakes have written down is not the program's; the mark of the
+        // running program grows on the disk.
         Forget(fakes_.dialogs.messages, fakes_.dialogs.questions, fakes_.sound.calls,
                windows.Newest(IDD_MAIN)->acts);
         return {{"windows", {alive, 0}},

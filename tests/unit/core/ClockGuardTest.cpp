@@ -125,8 +125,8 @@ void IsWrongWhileAnotherMachineSaves(Days& story) {
     story.Off(1 - kTo2099);
 }
 
-// The clock stands at 15 March 2023. What a story has done to the events stands in both the memory and the
-// file.
+// The clock stands at 15 March 2023. What a story has done to the events stands
+// in both the memory and the file.
 TEST(ClockGuard, PutsBackWhatAWrongDateMovedAndKeepsWhatTheUserDid) {
     constexpr const char* kUntouched = "Dentist 03-20, Pill 03-15, Swim 03-17";
     constexpr const char* kDentist = "Dentist 03-20";

@@ -96,8 +96,8 @@ TEST_F(FilesOfOthers, AreAskedForOneAfterTheOtherUntilTheProgramEnds) {
     for (std::size_t at = 0; at < many.size(); ++at)
         many[at].IDCode = std::to_string(100000 + at);
     Share("Bob", many);
-    // With the owner and the code of another's event; and one that would be Ann's own, which she does not
-    // see.
+    // With the owner and the code of another's event; and one that would be
+    // Ann's own, which she does not see.
     Share("Eve", {many[0], Runs("C:\\own", "Ann")});
     Ring();
     EXPECT_THAT(desk.TakeLog(), ElementsAre("Not running C:\\22 of Bob - too many questions are open",

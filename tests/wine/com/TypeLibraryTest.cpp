@@ -42,8 +42,8 @@ std::map<long, std::wstring> FunctionsOf(const ComPointer<ITypeInfo>& info, bool
 
 }  // namespace
 
-// Compiled hosts know the operations by their slots (seven are IDispatch's own) and the events by their
-// numbers.
+// Compiled hosts know the operations by their slots (seven are IDispatch's own)
+// and the events by their numbers.
 TEST(TypeLibrary, OperationsAndEventsStandInTheirOrder) {
     HREFTYPE own = 0;
     ComPointer<ITypeInfo> slots;

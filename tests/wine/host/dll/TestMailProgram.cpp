@@ -1,6 +1,6 @@
-// What a mail program brings along so that other programs can send mail: here one that writes each mail into
-// the file that KAZ_TEST_MAILS names, as UTF-8. The text says what is to happen: "stuck", "cancel", or
-// nothing.
+// What a mail program brings along so that other programs can send mail: here one that writes
+// each mail into the file that KAZ_TEST_MAILS names, as UTF-8. The text says what is to
+// happen: "stuck", "cancel", or nothing.
 
 #include <windows.h>
 #include <mapi.h>
