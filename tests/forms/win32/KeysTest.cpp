@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <optional>
 
 namespace kaz {
@@ -21,6 +22,15 @@ protected:
             PostMessageW(GetFocus(), message, static_cast<WPARAM>(key), detail);
             stage->Pump().ProcessPending();
         }
+    }
+    void PressWithCtrl(int key) {
+        std::array<BYTE, 256> before{};
+        GetKeyboardState(before.data());
+        std::array<BYTE, 256> held = before;
+        held[VK_CONTROL] = 0x80;
+        SetKeyboardState(held.data());
+        Press(WM_KEYDOWN, {key});
+        SetKeyboardState(before.data());
     }
     void PressEverything() {
         Press(WM_CHAR, {'y', 'n', ' '});
@@ -57,6 +67,25 @@ TEST_F(KeysTest, EnterSavesAnEventButForItsDescriptionAndTheAccessKeyPressesItsB
     window->SetText(IDC_txtDesc, "Saved");
     Press(WM_SYSCHAR, {'s'}, kWithAlt);
     EXPECT_EQ("Saved", form.Event().Desc());
+}
+
+TEST_F(KeysTest, CtrlEnterSavesAnEventFromEveryControl) {
+    frmEvent form(stage->Windows().Create(IDD_EVENT), app, Daily("000001", "Rent", kToday), EditMode::Whole);
+    form.OnRaised(0, Raised::Load, 0);
+    TurnTo(IDD_EVENT);
+    window->Show(Activation::TakeFocus);
+    window->SetFocus(IDC_txtDesc);
+    const HWND first = GetFocus();
+    HWND control = first;
+    do {
+        const std::string text = "Saved in " + std::to_string(GetDlgCtrlID(control));
+        window->SetText(IDC_txtDesc, text);
+        PressWithCtrl(VK_RETURN);
+        EXPECT_EQ(text, form.Event().Desc());
+        Press(WM_KEYDOWN, {VK_TAB});
+        EXPECT_NE(control, GetFocus());
+        control = GetFocus();
+    } while (control != first && !HasFailure());
 }
 
 TEST_F(KeysTest, AWindowThatComesByItselfLeavesTheKeyboardWhereItIs) {
