@@ -33,6 +33,7 @@ enum class Raised {
     TrayLost,      // the shell has started anew, without the tray icon
     Activated,     // the user came to the window, or back to it; `detail` is kByMouse when by a click on it
     Wheel,         // the mouse wheel over the window; `detail` is the clicks, positive away from the user
+    Leave,         // a text box has lost the keyboard
     LeadsOut,      // a key in a grid of days led out of it; `detail` is by how many days
 };
 

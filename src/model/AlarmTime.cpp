@@ -9,11 +9,26 @@ namespace kaz {
 
 namespace {
 
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 // Two digits as a number; -1 when they are none.
 int TwoDigits(std::string_view text) {
-    const bool digits = text.size() == 2 &&
-                        std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const bool digits = text.size() == 2 && std::all_of(text.begin(), text.end(), IsDigit);
     return digits ? (text[0] - '0') * 10 + (text[1] - '0') : -1;
+}
+
+// One digit or two.
+int UpToTwoDigits(std::string_view text) {
+    return text.size() == 1 && IsDigit(text[0]) ? text[0] - '0' : TwoDigits(text);
+}
+
+// Takes "am" or "pm" from the end; '\0' when there is neither.
+char TakeHalfOfDay(std::string_view& time) {
+    if (time.size() < 2 || (time.back() | 0x20) != 'm') return '\0';
+    const char half = static_cast<char>(time[time.size() - 2] | 0x20);
+    if (half != 'a' && half != 'p') return '\0';
+    time = Trim(time.substr(0, time.size() - 2));
+    return half;
 }
 
 }  // namespace
@@ -23,6 +38,23 @@ std::optional<DateValue> TypedTime(std::string_view text) {
     if (time.size() != 5 || (time[2] != ':' && time[2] != ';')) return std::nullopt;
     const int hour = TwoDigits(time.substr(0, 2));
     const int minute = TwoDigits(time.substr(3));
+    if (hour < 0 || hour > 23 || minute < 0 || minute > 59) return std::nullopt;
+    return DateValue::FromTime(hour, minute);
+}
+
+std::optional<DateValue> TimeInShort(std::string_view text) {
+    std::string_view time = Trim(text);
+    const char half = TakeHalfOfDay(time);
+    const std::size_t separator = time.find_first_of(":;.");
+    const bool bare = separator == std::string_view::npos;
+    const std::size_t hourEnd = !bare ? separator : time.size() > 2 ? time.size() - 2 : time.size();
+    int hour = UpToTwoDigits(time.substr(0, hourEnd));
+    const bool fullHour = bare && hourEnd == time.size();
+    const int minute = fullHour ? 0 : TwoDigits(time.substr(bare ? hourEnd : hourEnd + 1));
+    if (half != '\0') {
+        if (hour < 1 || hour > 12) return std::nullopt;
+        hour = hour % 12 + (half == 'p' ? 12 : 0);
+    }
     if (hour < 0 || hour > 23 || minute < 0 || minute > 59) return std::nullopt;
     return DateValue::FromTime(hour, minute);
 }

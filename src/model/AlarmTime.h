@@ -14,6 +14,10 @@ inline constexpr int kMostMinutesWarning = 60;
 // Nothing for any other text.
 std::optional<DateValue> TypedTime(std::string_view text);
 
+// The time of day that a short form such as "7:30", "7.30", "730", "7" or "3:15 pm" means. Nothing for what
+// could mean another one, such as "7:3".
+std::optional<DateValue> TimeInShort(std::string_view text);
+
 // When the alarm of an event sounds.
 struct AlarmMoment {
     DateValue time;      // without a date, as alarms are compared with the clock

@@ -117,7 +117,10 @@ void FakeWindow::Type(int control, const std::string& text) {
 
 void FakeWindow::ClickInto(int control) {
     textSelected_ = false;
-    if (std::exchange(focus, control) != control) Raise(control, Raised::Focus);
+    const int before = std::exchange(focus, control);
+    if (before == control) return;
+    Raise(before, Raised::Leave);
+    Raise(control, Raised::Focus);
 }
 
 void FakeWindow::TypeAtCaret(char letter) {

@@ -87,7 +87,7 @@ TEST_F(frmEventTest, SaysWhatIsWrongAtTheFieldInFaultAndLosesNothing) {
     } cases[] = {
         {0,
          IDC_txtTime,
-         {"7:30", "07.30", "24:00", "12:60", "+1:30", ""},
+         {"7:30", "7:3", "24:00", "12:60", "+1:30", ""},
          "Please specify a time in the range of 00:00 to 23:59"},
         {0, IDC_txtMinutesWarning, {"61", "99999"}, "Maximum warning is 60 minutes"},
         {0,
@@ -199,6 +199,22 @@ TEST_F(frmEventTest, WhatIsTypedIntoANumberTakesItsPlaceUnlessTheCaretIsPutIntoI
     }));
     EXPECT_EQ(17, event.DaysWarning());
     EXPECT_EQ(17, event.MinutesWarning());
+}
+
+TEST_F(frmEventTest, ATimeInShortIsWrittenOutWhenItsBoxIsLeft) {
+    clsEvent event = OfKind(RecurWeekdays);
+    EXPECT_TRUE(Edit(event, [&] {
+        Click(IDC_chkTimed);
+        for (const auto& [typed, left] : {std::pair{"7:3", "7:3"}, {"late", "late"}, {"3:15 pm", "15:15"}}) {
+            stage->ClickInto(*window, IDC_txtTime);
+            Type(IDC_txtTime, typed);
+            EXPECT_EQ(typed, Text(IDC_txtTime));
+            stage->ClickInto(*window, IDC_txtMinutesWarning);
+            EXPECT_EQ(left, Text(IDC_txtTime));
+        }
+        EXPECT_EQ("(Alarm will sound at 3:15pm)", Text(IDC_lblAlarmAdvice));
+    }));
+    EXPECT_EQ(DateValue::FromTime(15, 15), event.DueTime());
 }
 
 TEST_F(frmEventTest, ANewEventIsOfferedWhatSuitsTheDay) {

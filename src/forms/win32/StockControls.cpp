@@ -34,6 +34,7 @@ std::optional<Raised> RaisedByCommand(HWND control, unsigned notification) {
         {ControlKind::AnyButton, BN_SETFOCUS, Raised::Focus},
         {ControlKind::Edit, EN_CHANGE, Raised::Change},
         {ControlKind::Edit, EN_SETFOCUS, Raised::Focus},
+        {ControlKind::Edit, EN_KILLFOCUS, Raised::Leave},
         {ControlKind::ComboBox, CBN_SELCHANGE, Raised::Select},
         {ControlKind::ComboBox, CBN_EDITCHANGE, Raised::Change},
         {ControlKind::ComboBox, CBN_SETFOCUS, Raised::Focus},

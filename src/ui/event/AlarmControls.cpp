@@ -71,6 +71,15 @@ void AlarmControls::ShowAdvice() {
     lblAlarmAdvice.Text(advice);
 }
 
+void AlarmControls::CompleteTime() {
+    try {
+        if (const auto time = TimeInShort(TypedText(txtTime)))
+            txtTime.Text(FormatDate(*time, "HH:MM", locale_));
+    } catch (const FieldFault&) {
+        // Saving will tell.
+    }
+}
+
 void AlarmControls::FillEmpty() {
     if (Trim(TypedText(txtMinutesWarning)).empty()) txtMinutesWarning.Text("0");
 }

@@ -27,6 +27,8 @@ public:
     // Says when the alarm will sound, as far as time and minutes are typed.
     void ShowAdvice();
     void FillEmpty();
+    // Writes out a time in a short form; what is none stays as it is typed.
+    void CompleteTime();
 
 private:
     // Throws FieldFault.

@@ -74,6 +74,7 @@ frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application
     On(IDC_cmdAbort, Raised::Click, "cmdAbort_Click", &frmEvent::cmdAbort_Click);
     On(IDC_chkTimed, Raised::Click, "chkTimed_Click", &frmEvent::chkTimed_Click);
     On(IDC_txtTime, Raised::Change, "txtTime_Change", &frmEvent::txtTime_Change);
+    On(IDC_txtTime, Raised::Leave, "txtTime_LostFocus", &frmEvent::txtTime_LostFocus);
     On(IDC_txtMinutesWarning, Raised::Change, "txtMinutesWarning_Change", &frmEvent::txtTime_Change);
     On(IDC_chkMakeNoise, Raised::Click, "chkMakeNoise_Click", &frmEvent::chkMakeNoise_Click);
     On(IDC_chkRunFile, Raised::Click, "chkRunFile_Click", &frmEvent::chkRunFile_Click);
@@ -257,6 +258,11 @@ void frmEvent::chkTimed_Click() {
 void frmEvent::txtTime_Change() {
     alarm_.ShowAdvice();
     ShowPreview();
+}
+
+void frmEvent::txtTime_LostFocus() {
+    alarm_.CompleteTime();
+    txtTime_Change();
 }
 
 void frmEvent::chkMakeNoise_Click() {

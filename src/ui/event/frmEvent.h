@@ -44,6 +44,7 @@ private:
     void cmdAbort_Click();
     void chkTimed_Click();
     void txtTime_Change();
+    void txtTime_LostFocus();
     void chkMakeNoise_Click();
     void chkRunFile_Click();
     void chkEmailTo_Click();

@@ -24,7 +24,7 @@ protected:
     WindowFixture() { window->SetListener(this); }
 
     void OnRaised(int control, Raised what, int detail) noexcept override {
-        if (what != Raised::Resize && what != Raised::Focus)
+        if (what != Raised::Resize && what != Raised::Focus && what != Raised::Leave)
             raised.push_back({control, what, what == Raised::CloseBox ? detail : 0});
         if (handler) handler(control, what);
     }
