@@ -46,7 +46,7 @@ public:
     void LogToFile(const std::string& fileName, std::string_view text, bool newLog) noexcept;
     void LogError(const ErrorInfo& error, std::string_view procedure, std::string_view module) noexcept;
 
-    // Promised: the program itself never calls these; the trail stays empty.
+    // Promised: the program itself adds nothing to the trail, and so never asks for it.
     void AddDebug(std::string_view text, std::string_view procedure, std::string_view module) noexcept;
     void AddAction(std::string_view text, std::string_view procedure, std::string_view module) noexcept;
     void WriteActionsToLog() noexcept;
