@@ -41,6 +41,16 @@ void ReminderWindows::SetShown(ReminderKind kind, DateValue day, std::vector<std
     shown_[static_cast<std::size_t>(kind)] = Showing{day, std::move(lines)};
 }
 
+bool ReminderWindows::ShowNow() {
+    bool any = false;
+    for (const ReminderKind kind : {ReminderKind::ComingUp, ReminderKind::Today})
+        if (const auto form = Find(kind)) {
+            form->ShowNow();
+            any = true;
+        }
+    return any;
+}
+
 void ReminderWindows::SetRung(const AlarmRinging& ringing) {
     // A pass can look back to the day before.
     std::erase_if(rung_, [&](const AlarmRinging& old) {

@@ -46,6 +46,10 @@ public:
     // or lets it sleep. On the next day they are news.
     bool HasShown(ReminderKind kind, DateValue day, const std::vector<std::string>& lines) const;
     void SetShown(ReminderKind kind, DateValue day, std::vector<std::string> lines);
+    void ForgetShown() { shown_ = {}; }
+    // Has those for today and for what comes up appear at once, and the user in them. False when neither is
+    // there.
+    bool ShowNow();
 
     // Whether this ringing has been listed or has run its file, however many ticks see its minute and whether
     // or not its window has been closed since.

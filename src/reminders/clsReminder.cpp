@@ -166,6 +166,12 @@ void clsReminder::DisplayReminders() {
     trap([&] { stores_.platform.pump.ProcessPending(); });
 }
 
+bool clsReminder::ShowAgain() {
+    windows_.ForgetShown();
+    DisplayReminders();
+    return windows_.ShowNow();
+}
+
 void clsReminder::ShowUpcoming(DateValue today) {
     std::vector<std::string> lines;
     visible_.ForEach(events_, EventSource::Local, [&](const VisibleEvent& seen) {

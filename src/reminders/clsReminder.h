@@ -36,6 +36,9 @@ public:
     // those of today. A window without any is closed; one that has shown the same on this day already stays
     // as the user left it.
     void DisplayReminders();
+    // Shows both anew, whether they have been closed or sleep, in front and with the keyboard. False when
+    // there is nothing in either.
+    bool ShowAgain();
     // Shows the events of the database whose alarm minute is now and runs the files of those that have one.
     // With the time of the pass before, also those whose minute has come and gone since then, a day at most.
     void DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass = {});

@@ -67,6 +67,11 @@ void frmReminder::Arm(int milliseconds) {
     Timer1.Start(milliseconds);
 }
 
+void frmReminder::ShowNow() {
+    Arm(kAtOnce);
+    window().Show(Activation::TakeFocus);
+}
+
 void frmReminder::ShowOnTop() {
     Arm(kAtOnce);
     window().SetTopMost(true);

@@ -30,6 +30,8 @@ public:
 
     // Ends any sleep and makes the window come to the front, two seconds later.
     void Wake();
+    // Shows it at once, to a user who has asked for it.
+    void ShowNow();
     // Shows it at once and above all other windows: an alarm is late by two seconds already.
     void ShowOnTop();
     // Whether it has been closed; it may live on until its handlers have ended.

@@ -240,6 +240,22 @@ const Tale kTales[] = {
       {"15 09:31:00", "", ComputerSleepsUntil("15 23:58:50")},
       {"15 23:58:55", "", ComputerSleepsUntil("16 00:00:30")},
       {"16 00:00:33", "ALARM! Train", {}}}},
+    {"Today's reminders are asked for again: closed, asleep, at midnight before any tick, and without any",
+     {Loud(Single("Tea"), "C:\\gong.wav"), Soon("Trip", 2, 2), WithAlarm(Single("Train"), 23, 59)},
+     {{"15 09:00:10", "COMING UP In 2 days: Trip, TODAY! Train Tea", Both(Closes("TODAY!"), Hears("gong.wav "))},
+      {"15 09:00:20", "(COMING UP In 2 days: Trip)", LetsSleep("COMING UP", "60")},
+      {"15 09:00:40", "", Chooses(IDM_SHOWAGAIN)},
+      {"15 09:00:41", "COMING UP In 2 days: Trip, TODAY! Train Tea", Both(Closes("TODAY!"), Hears("gong.wav "))},
+      {"15 09:00:50", "(COMING UP In 2 days: Trip)", Closes("COMING UP")},
+      {"15 23:58:40", "", ComputerSleepsUntil("16 00:00:10")},
+      {"16 00:00:10", "", Chooses(IDM_SHOWAGAIN)},
+      {"16 00:00:13", "COMING UP In 1 day: Trip, ALARM! Train", Both(Closes("ALARM!"), Deletes(0))},
+      {"16 00:00:20", "(COMING UP In 1 day: Trip)",
+       [](Clockwork& story) {
+           story.Main()->Click(IDM_SHOWAGAIN);
+           EXPECT_THAT(std::exchange(story.machine.dialogs.messages, {}), ElementsAre(HasSubstr("Nothing is due")));
+       }},
+      {"16 00:00:21", "", {}}}},
     {"A window that cannot be made",
      {Soon("Trip", 2, 1), Single("Tea", kTomorrow)},
      {{"15 23:59:50", "", [](Clockwork& story) { story.machine.windows.failures = 1; }},

@@ -143,6 +143,9 @@ inline Act Saves(const char* description, const char* alarm = nullptr, const cha
         story.Leave();
     };
 }
+inline Act Chooses(int command) {
+    return [=](Clockwork& story) { story.Main()->Click(command); };
+}
 inline Act Deletes(int row) {
     return [=](Clockwork& story) {
         story.Main()->Report(IDC_ListEvents).UserSelects({row});

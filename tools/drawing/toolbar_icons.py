@@ -90,6 +90,23 @@ def editlayers(d):
         d.fill(SHEET, disc(slope + e, middle, max(1, d.whole(1))))
 
 
+def bell(d, x, bottom, u):
+    """Its edges are of amber; `u` is a fourteenth of its height."""
+    def shape(g):
+        yield disc(x, bottom - 1.6 * u, 1.6 * u + g)
+        yield disc(x, bottom - 12.4 * u, 1.3 * u + g)
+        low, high, side = bottom - 2 * u + g, bottom - 12.6 * u - g, 6 * u + g
+        yield (f"M {x - side:.3f},{low:.3f} C {x - 3.4 * u - g:.3f},{low - 2.4 * u:.3f} {x - 5 * u - g:.3f},{high:.3f}"
+               f" {x:.3f},{high:.3f} C {x + 5 * u + g:.3f},{high:.3f} {x + 3.4 * u + g:.3f},{low - 2.4 * u:.3f}"
+               f" {x + side:.3f},{low:.3f} Z")
+    d.fill(AMBER_EDGE, *shape(edge(d) * 0.8))
+    d.fill(AMBER, *shape(0))
+
+
+def reminders(d):
+    bell(d, d.size / 2, d.size - d.whole(1), (d.size - 2 * d.whole(1)) / 14)
+
+
 def options(d):
     middle = d.size / 2
     body, outer, half = d.whole(5.3), middle - d.whole(0.6), d.whole(1.6)
@@ -157,7 +174,7 @@ def kazwarning(d):
     exclamation(d, m, m - half, m + half, 2 * t, SHEET)
 
 
-ICONS = (exit, addevent, editevent, pushevent, deleteevent, tasklist, monthview, editlayers, options, refresh, log, help,
+ICONS = (exit, addevent, editevent, pushevent, deleteevent, tasklist, monthview, editlayers, reminders, options, refresh, log, help,
          warning, kazwarning)
 
 

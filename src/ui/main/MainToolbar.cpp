@@ -15,6 +15,7 @@ std::vector<ToolButton> MainToolbar() {
         {"tasklist", IDM_TASKLIST, "Show task list (Ctrl+T)", true},
         {"monthview", IDM_MONTHVIEW, "Monthly Calendar (Ctrl+M)"},
         {"editlayers", IDM_EDITLAYERS, "Edit category names (Ctrl+L)"},
+        {"reminders", IDM_REMINDERSMENU, "Reminders (Ctrl+R)"},
         {"options", IDM_OPTIONS, "Settings (Ctrl+O)", true},
         {"refresh", IDM_REFRESH, "Refresh event list (F5)"},
         {"log", IDM_LOG, "View program log (Ctrl+G)"},

@@ -76,6 +76,12 @@ void ReminderClock::TickForAlarms() {
         DoSteps({&ReminderClock::ShowAlarms});
 }
 
+// What a late tick would do first comes first: before events move on, their alarms ring.
+bool ReminderClock::ShowAgain() {
+    DoSteps({&ReminderClock::ReloadChangedFiles, &ReminderClock::ShowNewDay});
+    return stopped_ || app_.MakeReminder().ShowAgain();
+}
+
 // An alarm's minute and midnight, behind which there may be an alarm of the new day, are met at their first
 // second. Looked for anew with each tick, so that a clock that is set never leaves the timer behind.
 void ReminderClock::WaitForAlarms() {

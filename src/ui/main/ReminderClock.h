@@ -45,6 +45,8 @@ public:
     // Looks anew for the next alarm, after the events have changed.
     void WaitForAlarms();
     void Stop();
+    // Shows today's reminders again, closed or not. False when there are none.
+    bool ShowAgain();
 
     // The handlers of the timers, and of a clock that was set.
     void Tick();

@@ -233,6 +233,8 @@ void frmMain::NameCommands() {
         {IDM_TASKLIST, "Toolbar1_ButtonClick", &frmMain::cmdTaskList_Click},
         {IDM_MONTHVIEW, "Toolbar1_ButtonClick", &frmMain::cmdMonthView_Click},
         {IDM_EDITLAYERS, "Toolbar1_ButtonClick", &frmMain::cmdEditLayers_Click},
+        {IDM_REMINDERSMENU, "Toolbar1_ButtonClick", &frmMain::cmdReminders_Click},
+        {IDM_SHOWAGAIN, "mnuShowAgain_Click", &frmMain::mnuShowAgain_Click},
         {IDM_OPTIONS, "Toolbar1_ButtonClick", &frmMain::cmdOptions_Click},
         {IDM_REFRESH, "Toolbar1_ButtonClick", &frmMain::cmdRefresh_Click},
         {IDM_LOG, "ShowLog", &frmMain::cmdLog_Click},
@@ -307,6 +309,15 @@ void frmMain::cmdEditLayers_Click() {
     app_.dataWatch->Tell();
     FillCategories();
     FillEvents(Category());
+}
+
+void frmMain::cmdReminders_Click() {
+    window().ShowMenuUnder(IDC_Toolbar1, IDM_REMINDERSMENU, IDR_MENU_REMINDERS);
+}
+
+void frmMain::mnuShowAgain_Click() {
+    if (!clock_.ShowAgain())
+        app_.platform.dialogs.Message("Nothing is due today, and nothing comes up in the next days.");
 }
 
 void frmMain::cmdOptions_Click() { window().ShowMenuUnder(IDC_Toolbar1, IDM_OPTIONS, IDR_MENU_SETTINGS); }

@@ -58,10 +58,12 @@ private:
     void cmdTaskList_Click() { dialogs_.tasks(); }
     void cmdMonthView_Click();
     void cmdEditLayers_Click();
+    void cmdReminders_Click();
     void cmdOptions_Click();
     void cmdRefresh_Click() { FillEvents(Category()); }
     void cmdLog_Click();
     void cmdHelp_Click();
+    void mnuShowAgain_Click();
     void mnuShareWith_Click();
     void mnuBackup_Click();
     void mnuViewBackups_Click();
