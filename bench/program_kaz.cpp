@@ -104,10 +104,10 @@ private:
     // What the update does, in memory only.
     void MoveOn() {
         const DateValue today = machine_.clock.Today();
-        for (clsEvent& event : events_.AllEvents()) {
+        events_.ChangeEach([&](clsEvent& event) {
             if (event.DueDate() < today && event.Recurring()) event.CalcNextDueDate(today, log_);
             event.CalcDaysLeft(today);
-        }
+        });
     }
 
     void PrintMonth(CivilDate wanted) const {

@@ -71,7 +71,7 @@ void Load(benchmark::State& state, Bench& bench, const std::string& file) {
         benchmark::DoNotOptimize(database.RecordCount());
         if (database.RecordCount() == 0) throw std::runtime_error("nothing loaded");
         state.PauseTiming();
-        database.AllEvents().clear();
+        database.ChangeEvents([](std::vector<clsEvent>& events) { events.clear(); });
         state.ResumeTiming();
     }
 }
@@ -97,7 +97,8 @@ void Save(benchmark::State& state) {
     bool shared = false;
     for (auto _ : state) {
         // A save of what stands in the file already would write nothing.
-        database.AllEvents().front().SharedEvent = shared = !shared;
+        shared = !shared;
+        database.ChangeEvents([&](std::vector<clsEvent>& events) { events.front().SharedEvent = shared; });
         if (!database.SaveDB()) throw std::runtime_error("not saved");
     }
 }
@@ -127,7 +128,7 @@ void DeleteMany(benchmark::State& state) {
         clsDbXml expired = bench.Database();
         events.LoadDB(file);
         std::vector<std::string> codes;
-        for (const clsEvent& event : std::as_const(events).AllEvents())
+        for (const clsEvent& event : events.AllEvents())
             codes.push_back(event.IDCode);
         codes.pop_back();
         state.ResumeTiming();
@@ -163,7 +164,7 @@ void LoadUsers(benchmark::State& state) {
         database.LoadMultiple(list);
         if (database.RecordCount() != state.range(0)) throw std::runtime_error("not all loaded");
         state.PauseTiming();
-        database.AllEvents().clear();
+        database.ChangeEvents([](std::vector<clsEvent>& events) { events.clear(); });
         state.ResumeTiming();
     }
 }

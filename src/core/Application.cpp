@@ -68,8 +68,7 @@ void Application::MakeDatabases() {
 }
 
 void Application::Complete(clsDbXml& database) {
-    for (clsEvent& event : database.AllEvents())
-        event.Layer(clsLayers::OwnOr(event.Layer()));
+    database.ChangeEach([](clsEvent& event) { event.Layer(clsLayers::OwnOr(event.Layer())); });
     if (&database == shared.get()) MoveSharedOn();
 }
 
@@ -90,8 +89,9 @@ void Application::CatchUp() {
 void Application::MoveSharedOn() {
     if (!shared || !Networked()) return;
     const DateValue today = platform.clock.Today();
-    for (clsEvent& event : shared->AllEvents())
+    shared->ChangeEach([&](clsEvent& event) {
         if (event.Recurring() && event.DueDate() < today) event.CalcNextDueDate(today, log);
+    });
 }
 
 Stores Application::Storage() { return {platform, log, settings, layers}; }

@@ -44,7 +44,7 @@ std::optional<std::vector<clsEvent>> Kept(Application& app, const std::string& p
     clsDbXml kept(app.Storage());
     kept.LoadDB(path);
     if (kept.ReadFault()) return std::nullopt;
-    return std::move(kept.AllEvents());
+    return kept.ChangeEvents([](std::vector<clsEvent>& events) { return std::move(events); });
 }
 
 KeptCopies Copies(Application& app) {

@@ -143,7 +143,7 @@ ConflictCopies::Content ConflictCopies::NewIn(const std::string& path) {
     clsDbXml copy(app_.Storage());
     copy.LoadDB(path);
     Content content;
-    for (const clsEvent& event : std::as_const(copy).AllEvents()) {
+    for (const clsEvent& event : copy.AllEvents()) {
         const auto found = known.find(event.IDCode);
         if (found == known.end()) {
             if (!words.contains(EventDigest(event).words)) content.missing.push_back(event);

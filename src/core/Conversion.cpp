@@ -22,7 +22,7 @@ std::string NotReadText(const std::string& oldFile) {
 }
 
 // Nobody has events without any text, but a file that has become zeros reads as some.
-bool HoldsEvents(clsDB2& old) {
+bool HoldsEvents(const clsDB2& old) {
     const std::vector<clsEvent>& events = old.AllEvents();
     return std::any_of(events.begin(), events.end(), [](const clsEvent& event) {
         return event.Desc().find_first_not_of(std::string_view("\0 ", 2)) != std::string::npos;

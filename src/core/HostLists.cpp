@@ -93,11 +93,12 @@ void HostLists::SendMail(const clsEvent& event, std::size_t position) {
 // Only behind the mail, so that one which a handler failed to take is asked for again. The host may have run
 // anything in between: the event can be gone by now, or changed so that another mail is due.
 void HostLists::Mark(const std::string& code, DateValue day, const std::string& email) {
-    std::vector<clsEvent>& events = app_.events->AllEvents();
-    const auto sent = std::find_if(events.begin(), events.end(), [&](const clsEvent& event) {
-        return event.IDCode == code && event.DueDate() == day && event.Email == email && !event.MailSent;
+    app_.events->ChangeEvents([&](std::vector<clsEvent>& events) {
+        const auto sent = std::find_if(events.begin(), events.end(), [&](const clsEvent& event) {
+            return event.IDCode == code && event.DueDate() == day && event.Email == email && !event.MailSent;
+        });
+        if (sent != events.end()) sent->MailSent = true;
     });
-    if (sent != events.end()) sent->MailSent = true;
 }
 
 void HostLists::AddShared() {

@@ -29,12 +29,12 @@ int MovedEvents::PutBack(const std::vector<clsEvent>& eventsBefore,
     for (const clsEvent& event : eventsBefore)
         before.emplace(event.IDCode, &event);
     int count = 0;
-    for (clsEvent& event : events_.AllEvents()) {
-        if (event.Deleted || !event.Recurring()) continue;
+    events_.ChangeEach([&](clsEvent& event) {
+        if (event.Deleted || !event.Recurring()) return;
         const auto known = before.find(event.IDCode);
         const bool setBack = known != before.end() && SetBack(event, *known->second);
         if (setBack || BringNear(event, wrongDay)) ++count;
-    }
+    });
     return count + Revive(expiredBefore);
 }
 
@@ -74,7 +74,6 @@ int MovedEvents::Revive(const std::vector<clsEvent>& expiredBefore) {
     std::map<std::string_view, const clsEvent*> before;
     for (const clsEvent& event : expiredBefore)
         before.emplace(event.IDCode, &event);
-    std::vector<clsEvent>& expired = expired_.AllEvents();
     int count = 0;
     const auto revive = [&](clsEvent& event) {
         const auto known = before.find(event.IDCode);
@@ -85,7 +84,7 @@ int MovedEvents::Revive(const std::vector<clsEvent>& expiredBefore) {
         ++count;
         return true;
     };
-    std::erase_if(expired, revive);
+    expired_.ChangeEvents([&](std::vector<clsEvent>& expired) { std::erase_if(expired, revive); });
     return count;
 }
 

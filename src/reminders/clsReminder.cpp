@@ -42,7 +42,7 @@ void ExpiredShelf::Add(const clsEvent& event) {
     if (!expired_) throw RuntimeError(ErrorNumber::InternalError);
     if (!codesRead_) ReadCodes();
     expired_->StoreRecord(event, IsAnother(event));
-    codes_.insert(std::as_const(*expired_).AllEvents().back().IDCode);
+    codes_.insert(expired_->AllEvents().back().IDCode);
 }
 
 // Looked for only when the code is in use: a long absence retires thousands of events in one pass.
@@ -52,7 +52,7 @@ bool ExpiredShelf::IsAnother(const clsEvent& event) const {
 }
 
 void ExpiredShelf::ReadCodes() {
-    for (const clsEvent& event : std::as_const(*expired_).AllEvents())
+    for (const clsEvent& event : expired_->AllEvents())
         codes_.insert(event.IDCode);
     codesRead_ = true;
 }
@@ -86,13 +86,11 @@ void clsReminder::Update(int passes) {
     // What another program has saved is not to be moved on as it was before.
     for (clsDbXml* database : {events_, expired_})
         if (database) trap([&] { database->CatchUp(); });
-    std::vector<clsEvent>& events = events_->AllEvents();
     ExpiredShelf shelf(expired_);
     std::vector<std::size_t> retired;
     std::vector<std::string> lines;
 
-    const auto examine = [&](std::size_t position) {
-        clsEvent& event = events[position];
+    const auto examine = [&](clsEvent& event, std::size_t position) {
         if (event.Deleted) return;
         event.CalcDaysLeft(today);
         if (!IsExpired(event.DueDate(), today)) return;
@@ -109,26 +107,28 @@ void clsReminder::Update(int passes) {
         }
     };
     // The passes come before the one saving of both files, and later ones only to what was left out.
-    std::vector<std::size_t> places(events.size());
-    std::iota(places.begin(), places.end(), std::size_t{0});
-    std::vector<bool> examined(events.size());
-    for (bool removed = true; removed && passes > 0; --passes) {
-        const std::vector<std::size_t> before = std::exchange(places, {});
-        for (std::size_t place = 0; place < before.size(); ++place) {
-            const std::size_t position = before[place];
-            const std::size_t count = retired.size();
-            if (!examined[position]) trap([&] { examine(position); });
-            examined[position] = true;
-            if (retired.size() == count) {
-                places.push_back(position);
-                continue;
+    events_->ChangeEvents([&](std::vector<clsEvent>& events) {
+        std::vector<std::size_t> places(events.size());
+        std::iota(places.begin(), places.end(), std::size_t{0});
+        std::vector<bool> examined(events.size());
+        for (bool removed = true; removed && passes > 0; --passes) {
+            const std::vector<std::size_t> before = std::exchange(places, {});
+            for (std::size_t place = 0; place < before.size(); ++place) {
+                const std::size_t position = before[place];
+                const std::size_t count = retired.size();
+                if (!examined[position]) trap([&] { examine(events[position], position); });
+                examined[position] = true;
+                if (retired.size() == count) {
+                    places.push_back(position);
+                    continue;
+                }
+                // Kept on purpose: the place advances also after a removal, so the event that moves up into
+                // the place of a removed one waits for the next pass.
+                if (++place < before.size()) places.push_back(before[place]);
             }
-            // Kept on purpose: the place advances also after a removal, so the event that moves up into the
-            // place of a removed one waits for the next pass.
-            if (++place < before.size()) places.push_back(before[place]);
+            removed = places.size() < before.size();
         }
-        removed = places.size() < before.size();
-    }
+    });
     stores_.log.LogEvents(lines);
 
     trap([&] {
@@ -145,16 +145,17 @@ void clsReminder::Update(int passes) {
 void clsReminder::RemoveRetired(std::vector<std::size_t> positions) {
     if (positions.empty()) return;
     std::sort(positions.begin(), positions.end());
-    std::vector<clsEvent>& events = events_->AllEvents();
-    std::size_t kept = positions.front();
-    auto next = positions.begin();
-    for (std::size_t position = kept; position < events.size(); ++position) {
-        if (next != positions.end() && *next == position)
-            ++next;
-        else
-            events[kept++] = std::move(events[position]);
-    }
-    events.resize(kept);
+    events_->ChangeEvents([&](std::vector<clsEvent>& events) {
+        std::size_t kept = positions.front();
+        auto next = positions.begin();
+        for (std::size_t position = kept; position < events.size(); ++position) {
+            if (next != positions.end() && *next == position)
+                ++next;
+            else
+                events[kept++] = std::move(events[position]);
+        }
+        events.resize(kept);
+    });
 }
 
 void clsReminder::DisplayReminders() {

@@ -27,6 +27,11 @@ const EventDigest* KnownEvents::Find(std::string_view code) const {
     return found == byCode_.end() || codeAt(*found) != code ? nullptr : &entries_[*found].digest;
 }
 
+bool KnownEvents::AreAllOf(const EventCollection& events) const {
+    if (allAtVersion_ != events.Version() && AreAllOf(events.All())) allAtVersion_ = events.Version();
+    return allAtVersion_ == events.Version();
+}
+
 bool KnownEvents::AreAllOf(const std::vector<clsEvent>& events) const {
     std::size_t count = 0;
     bool inOrder = true;

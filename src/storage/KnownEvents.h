@@ -1,5 +1,6 @@
 #pragma once
 
+#include "storage/EventCollection.h"
 #include "storage/EventDigest.h"
 
 #include <cstdint>
@@ -27,6 +28,8 @@ public:
     const EventDigest* Find(std::string_view code) const;
     // Whether these are the events, in whatever order.
     bool AreAllOf(const std::vector<clsEvent>& events) const;
+    // Once for each version of a collection, which each tick asks for.
+    bool AreAllOf(const EventCollection& events) const;
     // Of these, when they are those that it was made of: changes with whatever
     // changes the text of their file.
     std::uint64_t Print(const std::vector<clsEvent>& events) const;
@@ -34,6 +37,7 @@ public:
 private:
     std::vector<Entry> entries_;
     mutable std::vector<std::uint32_t> byCode_;  // made for the first search
+    mutable std::uint64_t allAtVersion_ = 0;
 };
 
 }  // namespace kaz

@@ -58,10 +58,11 @@ bool clsDB2::LoadDB(const std::string& fileName, bool append) {
         }
     });
     if (!read) return false;
-    std::vector<clsEvent>& events = memory_.AllEvents();
-    if (!append) events.clear();
-    events.insert(events.end(), std::make_move_iterator(loaded.begin()),
-                  std::make_move_iterator(loaded.end()));
+    memory_.ChangeEvents([&](std::vector<clsEvent>& events) {
+        if (!append) events.clear();
+        events.insert(events.end(), std::make_move_iterator(loaded.begin()),
+                      std::make_move_iterator(loaded.end()));
+    });
     return true;
 }
 
@@ -69,7 +70,7 @@ void clsDB2::LoadMultiple(const std::string& listFile) {
     const SharedFolder folder(stores_.platform.files, stores_.settings, stores_.log);
     const std::string user = stores_.settings.TextOr("Owner", "");
     const auto fileOf = [&](const std::string& name) { return WithExtension(folder.FileOf(name), ".Dat"); };
-    memory_.AllEvents().clear();
+    memory_.ChangeEvents([](std::vector<clsEvent>& events) { events.clear(); });
     watched_.Clear();
     watched_.Add(listFile);
     for (const std::string& name : folder.UsersOf(listFile)) {
@@ -91,7 +92,7 @@ bool clsDB2::SaveDB() {
 }
 
 void clsDB2::DeleteRecord(std::string_view code) {
-    if (clsEvent* event = ReadEvent(code)) event->Deleted = true;
+    memory_.MarkDeleted({std::string(code)});
     SaveDB();
 }
 
@@ -109,21 +110,20 @@ void clsDB2::WipeRecordsByOwner(std::string_view owner) {
 }
 
 void clsDB2::SetAllToSingleUser() {
-    for (clsEvent& event : AllEvents())
-        event.Owner(std::string(kSingleUser));
+    memory_.ChangeEach([](clsEvent& event) { event.Owner(std::string(kSingleUser)); });
     SaveDB();
 }
 
 void clsDB2::WipeAllButThisOwner(std::string_view owner) {
     if (owner.empty()) return;
-    for (clsEvent& event : AllEvents())
-        event.Deleted |= !IsOwner(event, owner);
+    memory_.ChangeEach([&](clsEvent& event) { event.Deleted |= !IsOwner(event, owner); });
     SaveDB();
 }
 
 void clsDB2::RenameOwner(std::string_view oldName, std::string_view newName) {
-    for (clsEvent& event : AllEvents())
+    memory_.ChangeEach([&](clsEvent& event) {
         if (IsOwner(event, oldName)) event.Owner(std::string(newName));
+    });
     SaveDB();
 }
 

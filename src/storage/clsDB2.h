@@ -37,7 +37,7 @@ public:
 
     std::int32_t RecordCount() const { return memory_.RecordCount(); }
     void DeleteRecord(std::string_view code);
-    clsEvent* ReadEvent(std::string_view code) { return memory_.ReadEvent(code); }
+    const clsEvent* ReadEvent(std::string_view code) const { return memory_.ReadEvent(code); }
     void StoreRecord(clsEvent event, bool forceNew = false) {
         memory_.StoreRecord(std::move(event), forceNew);
     }
@@ -47,7 +47,7 @@ public:
     void SetAllToSingleUser();
     void WipeAllButThisOwner(std::string_view owner);
     void RenameOwner(std::string_view oldName, std::string_view newName);
-    std::vector<clsEvent>& AllEvents() { return memory_.AllEvents(); }
+    const std::vector<clsEvent>& AllEvents() const { return memory_.AllEvents(); }
 
     // The number, counting from 1, of the record on disk with this code; -1 when there is none.
     std::int32_t SeekDiskRecord(std::string_view code);

@@ -32,8 +32,7 @@ void clsDB2::ExportToXML(clsDbXml& target) {
     ErrorTrap trap(stores_.log, "ExportToXML", "clsDB2");
     std::vector<clsEvent> withoutCode;
     std::unordered_set<std::string> codes;
-    std::vector<clsEvent>& kept = target.AllEvents();
-    for (const clsEvent& event : kept)
+    for (const clsEvent& event : target.AllEvents())
         codes.insert(event.IDCode);
     for (clsEvent event : memory_.AllEvents()) {
         event.IDCode = Tame(std::move(event.IDCode));
@@ -42,7 +41,7 @@ void clsDB2::ExportToXML(clsDbXml& target) {
         event.Email = Tame(std::move(event.Email));
         event.WavFile = Tame(std::move(event.WavFile));
         if (!event.IDCode.empty() && codes.insert(event.IDCode).second)
-            kept.push_back(std::move(event));
+            target.StoreRecord(std::move(event));
         else
             withoutCode.push_back(std::move(event));
     }

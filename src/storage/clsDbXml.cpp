@@ -19,7 +19,7 @@ namespace kaz {
 
 clsDbXml::clsDbXml(const Stores& stores)
     : stores_(stores),
-      codes_(stores.platform.clock, stores.platform.random),
+      events_(stores.platform.clock, stores.platform.random),
       watched_(stores.platform.files, stores.log),
       overwritten_(stores) {}
 
@@ -69,15 +69,14 @@ void clsDbXml::LoadDB(const std::string& fileName, bool append) {
         // Nothing of the events of another file is to be brought into this one, but what is stored from now
         // on is, as soon as the file can be read.
         SetDBFilename(fileName);
-        known_.confirmed = known_.saved = KnownEvents(events_);
+        known_.confirmed = known_.saved = KnownEvents(AllEvents());
     }
     Reload(fresh);
     if (!fresh && WasRead() && HasUnsaved()) SaveDB();
 }
 
 void clsDbXml::Forget() {
-    events_.clear();
-    codes_.Forget();
+    Exchange({});
     SetDBFilename({});
     newCodes_.clear();
     readFault_.reset();
@@ -98,7 +97,7 @@ EventChanges clsDbXml::Unsaved() const {
     EventChanges changes;
     if (!watched_.Empty()) return changes;
     std::unordered_map<std::string_view, const clsEvent*> here;
-    for (const clsEvent& event : events_) {
+    for (const clsEvent& event : AllEvents()) {
         if (const auto [there, isNew] = here.emplace(event.IDCode, &event); !isNew && !event.Deleted)
             there->second = &event;
         const EventDigest* saved = known_.saved.Find(event.IDCode);
@@ -117,16 +116,16 @@ EventChanges clsDbXml::Unsaved() const {
 
 void clsDbXml::PutOnTop(const EventChanges& changes) {
     for (const clsEvent& event : changes.stored) {
-        const auto there = Find(event.IDCode);
-        const bool another = there != events_.end() && !there->Deleted && there->Desc() != event.Desc() &&
-                             there->DueDate() != event.DueDate();
+        const clsEvent* there = ReadEvent(event.IDCode);
+        const bool another =
+            there && !there->Deleted && there->Desc() != event.Desc() && there->DueDate() != event.DueDate();
         clsEvent copy = event;
         copy.Deleted = false;
         StoreRecord(std::move(copy), another || IsTaken(event.IDCode));
     }
     for (const clsEvent& event : changes.removed) {
-        const auto there = Find(event.IDCode);
-        if (there != events_.end() && EventDigest(*there) == EventDigest(event)) there->Deleted = true;
+        const clsEvent* there = ReadEvent(event.IDCode);
+        if (there && EventDigest(*there) == EventDigest(event)) MarkDeleted({event.IDCode});
     }
     if (!changes.Empty()) TellLoad(true);
 }
@@ -134,7 +133,7 @@ void clsDbXml::PutOnTop(const EventChanges& changes) {
 std::vector<clsEvent> clsDbXml::Unseen() const {
     std::vector<clsEvent> unseen;
     if (!readFault_) return unseen;
-    for (const clsEvent& event : events_)
+    for (const clsEvent& event : AllEvents())
         if (!event.Deleted && known_.saved.Find(event.IDCode)) unseen.push_back(event);
     return unseen;
 }
@@ -146,7 +145,7 @@ std::size_t clsDbXml::GiveBack(const std::vector<clsEvent>& unseen) {
     }
     std::vector<clsEvent> gone;
     for (const clsEvent& event : unseen)
-        if (Find(event.IDCode) == events_.end()) gone.push_back(event);
+        if (!ReadEvent(event.IDCode)) gone.push_back(event);
     if (!gone.empty()) TellGone(std::move(gone), unseen);
     return 0;
 }
@@ -178,8 +177,8 @@ bool clsDbXml::KeepsUnknown() {
 }
 
 bool clsDbXml::Write() {
-    KnownEvents now(events_);
-    const std::uint64_t print = now.Print(events_);
+    KnownEvents now(AllEvents());
+    const std::uint64_t print = now.Print(AllEvents());
     if (FileHolds(print)) return true;
     if (!WriteFile()) return false;
     if (unconfirmed_)
@@ -200,7 +199,7 @@ bool clsDbXml::FileHolds(std::uint64_t print) {
     if (!lastKnownDate_ || eventsPrint_ != print) return false;
     if (!isOurText_) {
         ContentHash text;
-        WriteEvents(events_, [&](std::string_view piece) { text.Add(piece); });
+        WriteEvents(AllEvents(), [&](std::string_view piece) { text.Add(piece); });
         isOurText_ = text.Value() == contentPrint_;
     }
     return isOurText_;
@@ -211,7 +210,7 @@ bool clsDbXml::WriteFile() {
     try {
         if (fileName_.empty()) throw RuntimeError(ErrorNumber::PathFileAccess);
         file.emplace(stores_.platform.files, fileName_);
-        WriteEvents(events_, [&](std::string_view piece) { file->Write(piece); });
+        WriteEvents(AllEvents(), [&](std::string_view piece) { file->Write(piece); });
         file->Commit();
         // That of our own text, since another may be in its place already.
         lastKnownDate_ = file->Date();
@@ -226,45 +225,25 @@ bool clsDbXml::WriteFile() {
     }
 }
 
-clsDbXml::Position clsDbXml::Find(std::string_view code) {
-    return std::find_if(events_.begin(), events_.end(),
-                        [&](const clsEvent& event) { return event.IDCode == code; });
-}
-
-clsEvent* clsDbXml::ReadEvent(std::string_view code) {
-    const auto found = Find(code);
-    if (found == events_.end()) return nullptr;
-    codes_.Forget();
-    return &*found;
-}
-
 void clsDbXml::DeleteRecords(const std::vector<std::string>& codes) {
-    std::unordered_set<std::string_view> doomed(codes.begin(), codes.end());
-    for (clsEvent& event : events_)
-        if (doomed.erase(event.IDCode) > 0) event.Deleted = true;
+    MarkDeleted(codes);
     SaveDB();
 }
 
+bool clsDbXml::IsOwner(const clsEvent& event, std::string_view owner) const {
+    return StringsEqual(event.Owner(), owner, stores_.platform.locale.Folding());
+}
+
+void clsDbXml::MarkDeleted(const std::vector<std::string>& codes) {
+    std::unordered_set<std::string_view> doomed(codes.begin(), codes.end());
+    ChangeEach([&](clsEvent& event) {
+        if (doomed.erase(event.IDCode) > 0) event.Deleted = true;
+    });
+}
+
 void clsDbXml::StoreRecord(clsEvent event, bool forceNew) {
-    bool isNew = forceNew || event.IDCode.empty();
-    if (isNew) {
-        event.IDCode = UnusedCode(events_);
-    } else {
-        const auto old = codes_.MayHold(events_, event.IDCode) ? Find(event.IDCode) : events_.end();
-        isNew = old == events_.end();
-        if (!isNew) events_.erase(old);
-    }
-    if (isNew) codes_.Added(event.IDCode);
-    events_.push_back(std::move(event));
-}
-
-std::string clsDbXml::UnusedCode(const std::vector<clsEvent>& events) {
-    return codes_.Unused(events, [this](const std::string& code) { return IsTaken(code); });
-}
-
-bool clsDbXml::IsTaken(const std::string& code) {
-    return other_ && other_->codes_.MayHold(other_->events_, code) &&
-           other_->Find(code) != other_->events_.end();
+    if (forceNew || event.IDCode.empty()) event.IDCode = events_.UnusedCode(TakenElsewhere());
+    events_.Store(std::move(event));
 }
 
 void clsDbXml::WipeDiskFile() {
@@ -283,27 +262,28 @@ void clsDbXml::WipeRecordsByOwner(std::string_view owner) {
 }
 
 void clsDbXml::MarkRecordsByOwner(std::string_view owner) {
-    for (clsEvent& event : events_)
-        if (StringsEqual(event.Owner(), owner, stores_.platform.locale.Folding())) event.Deleted = true;
+    ChangeEach([&](clsEvent& event) {
+        if (IsOwner(event, owner)) event.Deleted = true;
+    });
 }
 
 void clsDbXml::SetAllToSingleUser() {
-    for (clsEvent& event : events_)
-        event.Owner(std::string(kSingleUser));
+    ChangeEach([](clsEvent& event) { event.Owner(std::string(kSingleUser)); });
     SaveDB();
 }
 
 void clsDbXml::WipeAllButThisOwner(std::string_view owner) {
     if (owner.empty()) return;
-    for (clsEvent& event : events_)
-        if (!StringsEqual(event.Owner(), owner, stores_.platform.locale.Folding())) event.Deleted = true;
+    ChangeEach([&](clsEvent& event) {
+        if (!IsOwner(event, owner)) event.Deleted = true;
+    });
     SaveDB();
 }
 
 void clsDbXml::RenameOwner(std::string_view oldName, std::string_view newName) {
-    for (clsEvent& event : events_)
-        if (StringsEqual(event.Owner(), oldName, stores_.platform.locale.Folding()))
-            event.Owner(std::string(newName));
+    ChangeEach([&](clsEvent& event) {
+        if (IsOwner(event, oldName)) event.Owner(std::string(newName));
+    });
     SaveDB();
 }
 

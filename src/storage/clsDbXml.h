@@ -3,7 +3,7 @@
 #include "base/ErrorTrap.h"
 #include "model/clsEvent.h"
 #include "storage/EventChanges.h"
-#include "storage/EventCodes.h"
+#include "storage/EventCollection.h"
 #include "storage/EventMerge.h"
 #include "storage/OverwrittenVersions.h"
 #include "storage/Stores.h"
@@ -100,13 +100,13 @@ public:
     // not be read, and a new file without them would hide that one.
     void KeepFileMissing(bool keep = true) { missingFile_ = keep ? fileName_ : std::string(); }
 
-    std::int32_t RecordCount() const { return static_cast<std::int32_t>(events_.size()); }
+    std::int32_t RecordCount() const { return static_cast<std::int32_t>(AllEvents().size()); }
     // Marks the event deleted, if there is one, and saves in any case.
     void DeleteRecord(std::string_view code) { DeleteRecords({std::string(code)}); }
     // Many with one save.
     void DeleteRecords(const std::vector<std::string>& codes);
     // The event itself, or null; valid until the collection changes.
-    clsEvent* ReadEvent(std::string_view code);
+    const clsEvent* ReadEvent(std::string_view code) const { return events_.Find(code); }
     // Takes the place of the event with the same code, at the end of the collection; an event without a code,
     // or with `forceNew`, gets a new one. Nothing is saved. Throws InternalError when every code is in use.
     void StoreRecord(clsEvent event, bool forceNew = false);
@@ -136,24 +136,39 @@ public:
     void KeepReplaced(const clsEvent& theirs) const {
         overwritten_.KeepEvents(fileName_, "changed by another", {theirs});
     }
-    // Marks every event of that owner as deleted, in memory.
+    // In memory: marks the first event of each code as deleted, or every one of the owner.
+    void MarkDeleted(const std::vector<std::string>& codes);
     void MarkRecordsByOwner(std::string_view owner);
 
-    std::vector<clsEvent>& AllEvents() {
-        codes_.Forget();
-        return events_;
+    const std::vector<clsEvent>& AllEvents() const { return events_.All(); }
+    // Runs `change` on all events, in memory. What it was given is not kept: a change that the database does
+    // not know of would not be saved.
+    template <class Change>
+    auto ChangeEvents(Change change) {
+        return events_.ChangeAll(std::move(change));
     }
-    const std::vector<clsEvent>& AllEvents() const { return events_; }
+    template <class Change>
+    void ChangeEach(Change change) {
+        ChangeEvents([&](std::vector<clsEvent>& events) {
+            for (clsEvent& event : events)
+                change(event);
+        });
+    }
 
 private:
     static constexpr std::string_view kModule = "clsDbXml";
 
-    using Position = std::vector<clsEvent>::iterator;
-
-    Position Find(std::string_view code);
+    bool IsOwner(const clsEvent& event, std::string_view owner) const;
+    // The ones before.
+    std::vector<clsEvent> Exchange(std::vector<clsEvent> events) {
+        return ChangeEvents(
+            [&](std::vector<clsEvent>& all) { return std::exchange(all, std::move(events)); });
+    }
     std::optional<FileTime> FileDate() const { return watched_.DateOf(fileName_); }
-    std::string UnusedCode(const std::vector<clsEvent>& events);
-    bool IsTaken(const std::string& code);
+    bool IsTaken(const std::string& code) const { return other_ && other_->events_.Holds(code); }
+    EventCodes::IsTaken TakenElsewhere() const {
+        return [this](const std::string& code) { return IsTaken(code); };
+    }
 
     void Reload(bool fresh);
     void Append();
@@ -181,8 +196,7 @@ private:
 
     Stores stores_;
     std::string fileName_;
-    std::vector<clsEvent> events_;
-    EventCodes codes_;
+    EventCollection events_;
     EventMerge::Memory known_;
     bool unconfirmed_ = false;  // no look has found yet what was saved
     std::map<std::pair<std::string, int>, std::string>

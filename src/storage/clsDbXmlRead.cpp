@@ -75,9 +75,10 @@ void clsDbXml::Append() {
         std::vector<clsEvent> file;
         if (lastKnownDate_ || stores_.platform.files.Kind(fileName_) != PathKind::Missing)
             ReadFile(fileName_, file);
-        codes_.Forget();
-        std::move(file.begin(), file.end(), std::back_inserter(events_));
-        known_.confirmed = known_.saved = KnownEvents(events_);
+        ChangeEvents([&](std::vector<clsEvent>& events) {
+            std::move(file.begin(), file.end(), std::back_inserter(events));
+        });
+        known_.confirmed = known_.saved = KnownEvents(AllEvents());
         eventsPrint_.reset();
         state_ = FileState::Fine;
         TellLoad(true);
@@ -146,17 +147,14 @@ void clsDbXml::TakeIn(std::vector<clsEvent> file, bool fresh) {
     KnownEvents known(file);
     eventsPrint_ = known.Print(file);
     isOurText_ = false;
-    std::vector<clsEvent> before;
     EventMerge::Result merged;
     if (fresh) {
         merged.events = std::move(file);
     } else {
-        merged = EventMerge::Run(std::move(file), events_, known_);
+        merged = EventMerge::Run(std::move(file), AllEvents(), known_);
         KeepWhatGivesWay(merged);
-        before = std::move(events_);
     }
-    codes_.Forget();
-    events_ = std::move(merged.events);
+    const std::vector<clsEvent> before = Exchange(std::move(merged.events));
     known_.confirmed = known_.saved = std::move(known);
     known_.former.clear();
     unconfirmed_ = false;
@@ -178,7 +176,7 @@ void clsDbXml::TellGone(std::vector<clsEvent> gone, const std::vector<clsEvent>&
         if (other_->DatabaseChanged()) other_->Reload(false);
         std::unordered_set<std::string_view> codes;
         std::unordered_set<std::uint64_t> words;
-        for (const clsEvent& event : other_->events_) {
+        for (const clsEvent& event : other_->AllEvents()) {
             if (event.Deleted) continue;
             codes.insert(event.IDCode);
             words.insert(EventDigest(event).words);
@@ -244,18 +242,18 @@ void clsDbXml::TellCut(const std::vector<clsEvent>& events) {
 void clsDbXml::GiveRepeatedNewCodes(std::vector<clsEvent>& events) {
     std::map<std::pair<std::string, int>, std::string> given;
     std::map<std::string, int> times;
-    codes_.Forget();
+    EventCodes codes(stores_.platform.clock, stores_.platform.random);
     for (const std::size_t place : EventCodes::Repeated(events)) {
         clsEvent& event = events[place];
         const std::pair key(event.IDCode, ++times[event.IDCode]);
         const auto before = newCodes_.find(key);
-        const bool known = before != newCodes_.end() && !codes_.MayHold(events, before->second);
-        event.IDCode = known ? before->second : UnusedCode(events);
+        const bool known = before != newCodes_.end() && !codes.MayHold(events, before->second);
+        event.IDCode = known ? before->second : codes.Unused(events, TakenElsewhere());
         if (!known)
             stores_.log.LogEvent("The code " + key.first + " is in " + fileName_ +
                                  " more than once. One of the events gets the code " + event.IDCode);
         given[key] = event.IDCode;
-        codes_.Forget();
+        codes.Forget();
     }
     newCodes_ = std::move(given);
 }

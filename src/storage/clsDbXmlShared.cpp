@@ -39,8 +39,7 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
             }
         });
     }
-    codes_.Forget();
-    events_ = std::move(events);
+    Exchange(std::move(events));
     sources_ = std::move(sources);
     const std::string own = folder.FileOf(me);
     stores_.log.LogEvent("Setting Database filename to " + own);
@@ -72,7 +71,7 @@ std::vector<clsEvent> clsDbXml::LoadFrom(const std::string& user, const std::str
         stores_.log.LogEvent("Unable to read events from " + path);
         watched_.LastWasNotRead();
         events.clear();
-        std::copy_if(events_.begin(), events_.end(), std::back_inserter(events),
+        std::copy_if(AllEvents().begin(), AllEvents().end(), std::back_inserter(events),
                      [&](const clsEvent& event) { return SourceOf(event) == user; });
     }
     return events;

@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "model/AlarmTime.h"
 #include "storage/EventXml.h"
+#include "storage/clsDbXml.h"
 
 #include <string>
 #include <utility>
@@ -72,6 +73,11 @@ inline clsEvent Running(clsEvent event, const std::string& file) {
     event.ExecFile = true;
     event.Filename = file;
     return event;
+}
+
+// All events of a database, to be changed before anybody asks what of them is saved.
+inline std::vector<clsEvent>& Changing(clsDbXml& database) {
+    return *database.ChangeEvents([](std::vector<clsEvent>& events) { return &events; });
 }
 
 // What the events say, in their order.

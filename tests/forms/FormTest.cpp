@@ -37,7 +37,7 @@ Platform FormTest::Services() {
 
 clsEvent& FormTest::Add(clsDbXml& database, const std::string& description, int days, int category) {
     const std::string code = std::to_string(100000 + database.RecordCount());
-    clsEvent& event = database.AllEvents().emplace_back(OneOff(code, description, kToday.PlusDays(days)));
+    clsEvent& event = Changing(database).emplace_back(OneOff(code, description, kToday.PlusDays(days)));
     event.Owner("Smith");
     event.Layer(static_cast<std::int16_t>(category));
     return event;

@@ -90,7 +90,7 @@ TEST_F(frmMainTest, RefillingKeepsThePlaceInTheListAndSortingTheEvents) {
     EXPECT_EQ(3, List().Current());
 
     Select({3});
-    app.events->AllEvents()[1].Deleted = true;
+    Changing(*app.events)[1].Deleted = true;
     Click(IDM_REFRESH);
     EXPECT_EQ("d", Selected());
     if (!fakes) return;  // a real menu would wait for the user

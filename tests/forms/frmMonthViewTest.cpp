@@ -10,7 +10,7 @@ namespace {
 class frmMonthViewTest : public FormTest {
 protected:
     void Save(const std::vector<clsEvent>& events) {
-        app.events->AllEvents() = events;
+        Changing(*app.events) = events;
         ASSERT_TRUE(app.events->SaveDB());
     }
     void Open(int month = 3, int year = 2023) {
@@ -104,7 +104,7 @@ TEST_F(frmMonthViewTest, ShowsTheMonthOfEachStepAndNothingElseChanges) {
 
     ASSERT_TRUE(app.events->SaveDB());
     EXPECT_EQ(before, Saved(kEventFile));
-    app.events->ReadEvent("000002")->Desc("DentistLater");
+    Changing(*app.events)[1].Desc("DentistLater");
     ASSERT_TRUE(app.events->SaveDB());
     EXPECT_EQ(ReplaceAll(before, "DentistFirstFloor", "DentistLater"), Saved(kEventFile));
     stage->Tell(*window, Raised::Activated);

@@ -104,7 +104,7 @@ TEST_F(EventCommandsTest, AnEventThatWentWhileItWasEditedIsAskedAbout) {
 
     meanwhile = {};
     Add(events(), "000001", "Ann");
-    meanwhile = [&] { events().AllEvents().clear(); };
+    meanwhile = [&] { Changing(events()).clear(); };
     machine.dialogs.yesNo = {true};
     EXPECT_TRUE(commands.Edit(Ref("000001")));
     EXPECT_THAT(Saved("Events.xml"), HasSubstr("<Desc>Typed</Desc>"));
@@ -140,9 +140,9 @@ TEST_F(EventCommandsTest, ACodeInBothFilesMeansTwoEvents) {
 
 TEST_F(EventCommandsTest, AFaultAnywhereInAMoveLeavesTheEventInOneOfTheFiles) {
     const auto moveWithFault = [&](int n, FaultInjector::Lasts lasts) {
-        events().AllEvents().clear();
+        Changing(events()).clear();
         events().SaveDB();
-        expired().AllEvents().clear();
+        Changing(expired()).clear();
         Add(expired(), "000003", "Bob");
         machine.files.faults.FailAt(n, ErrorNumber::DiskFull, lasts);
         PushExpired("000003");

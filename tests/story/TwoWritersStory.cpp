@@ -48,7 +48,7 @@ public:
         EXPECT_TRUE(database_->SaveDB());
     }
     void Delete(const std::string& what) {
-        for (const clsEvent& event : std::as_const(*database_).AllEvents())
+        for (const clsEvent& event : database_->AllEvents())
             if (event.Desc() == what) {
                 database_->DeleteRecord(std::string(event.IDCode));
                 return;
@@ -63,7 +63,7 @@ public:
     }
     std::vector<std::string> Seen() const {
         std::vector<std::string> seen;
-        for (const clsEvent& event : std::as_const(*database_).AllEvents())
+        for (const clsEvent& event : database_->AllEvents())
             if (!event.Deleted) seen.push_back(event.Desc());
         std::sort(seen.begin(), seen.end());
         return seen;
@@ -197,7 +197,7 @@ TEST(TwoWriters, AnEventThatAConflictCopyHasOtherwiseIsTheUsersChoice) {
             ASSERT_TRUE(notice);
             EXPECT_THAT(notice->text, testing::HasSubstr(i == 0 ? "\"New\"" : "is different in"));
             if (changesMeanwhile && i == 1) {
-                app.events->ReadEvent("000002")->Desc("B3");
+                Changing(*app.events)[1].Desc("B3");
                 app.events->SaveDB();
             }
             const auto press = notice->actions.at(static_cast<std::size_t>(buttons[i])).run;

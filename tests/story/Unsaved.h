@@ -149,7 +149,7 @@ protected:
         for (const char* name : {"Events.xml", "Expired.xml"}) {
             clsDbXml database(app.Storage());
             database.LoadDB(Data(name));
-            for (const clsEvent& event : std::as_const(database).AllEvents())
+            for (const clsEvent& event : database.AllEvents())
                 found.insert(event.Desc() + " " + std::to_string(event.DueDate().Day() - kStartDay) +
                              (event.SharedEvent ? "*" : "") + (name[1] == 'x' ? "E" : ""));
         }

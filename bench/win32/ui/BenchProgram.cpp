@@ -42,8 +42,7 @@ BenchProgram::~BenchProgram() {
 }
 
 void BenchProgram::Events(int count) {
-    std::vector<clsEvent>& events = app_.events->AllEvents();
-    events.clear();
+    std::vector<clsEvent> events;
     unsigned random = 12345;
     for (int i = 0; i < count; ++i) {
         random = random * 1664525U + 1013904223U;
@@ -56,6 +55,7 @@ void BenchProgram::Events(int count) {
         event.DueDate(app_.platform.clock.Today().PlusDays(1 + static_cast<int>((random >> 8) % 400)));
         events.push_back(event);
     }
+    app_.events->ChangeEvents([&](std::vector<clsEvent>& all) { all = std::move(events); });
 }
 
 }  // namespace kaz

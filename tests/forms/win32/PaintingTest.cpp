@@ -104,11 +104,10 @@ TEST_F(PaintingTest, TheBarTakesItsRoomFromTheListAtEverySize) {
 }
 
 TEST_F(PaintingTest, TodayIsMarkedInTheMonthAndItsEventsAreWritten) {
-    app.events->AllEvents() = {OneOff("1", "Dentist, bring the insurance card", kToday),
-                               Daily("2", "Water the plants", kToday.PlusDays(-12), 7)};
+    Changing(*app.events) = {OneOff("1", "Dentist, bring the insurance card", kToday),
+                             Daily("2", "Water the plants", kToday.PlusDays(-12), 7)};
     for (int i = 0; i < 12; ++i)
-        app.events->AllEvents().push_back(
-            OneOff("7", "Meeting " + std::to_string(i + 1), kToday.PlusDays(8)));
+        Changing(*app.events).push_back(OneOff("7", "Meeting " + std::to_string(i + 1), kToday.PlusDays(8)));
     app.events->SaveDB();
     ShowMonth(app, 3, 2023);
     TurnTo(IDD_MONTH);

@@ -67,7 +67,6 @@ public:
         app->events->StoreRecord(event);
         app->events->SaveDB();
     }
-    clsEvent* Event(const std::string& code) { return app->events->ReadEvent(code); }
 
     // "Swim 03-17, Pill 03-15", in the order of the names; the year, too, when it is not this one.
     static std::string Lines(const clsDbXml& database) {
@@ -105,8 +104,8 @@ void IsKilledAndTheClockPutRight(Days& story) {
 void AddsChangesAndDeletes(Days& story) {
     story.Add(Daily("4", "Walk", story.machine.clock.Today().PlusDays(1), 2));
     story.Add(OneOff("5", "Party", DateValue(45030)));
-    story.Event("1")->Desc("Swim with Bob");
-    story.Event("2")->Period(3);
+    Changing(*story.app->events)[0].Desc("Swim with Bob");
+    Changing(*story.app->events)[1].Period(3);
     story.app->events->SaveDB();
     story.app->expired->DeleteRecord("3");
 }

@@ -16,7 +16,7 @@ TEST(HostLists, WhatAHandlerDoesToTheEventDecidesWhetherItsMailIsRaisedAgain) {
     Application app{machine.Services()};
     RecordingHost host;
     app.events = std::make_unique<clsDbXml>(app.Storage());
-    std::vector<clsEvent>& events = app.events->AllEvents();
+    std::vector<clsEvent>& events = Changing(*app.events);
     const struct {
         const char* what;
         int events;

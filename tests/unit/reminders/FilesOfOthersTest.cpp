@@ -32,7 +32,7 @@ protected:
     }
     void Ring() {
         desk.machine.clock.AdvanceDays(1);
-        for (clsEvent& event : desk.shared.AllEvents())
+        for (clsEvent& event : Changing(desk.shared))
             event.DueDate(desk.machine.clock.Today());
         for (int pass = 0; pass < 2; ++pass)
             desk.Engine().DisplayAlarms(desk.shared);

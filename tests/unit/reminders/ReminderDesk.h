@@ -27,7 +27,7 @@ public:
         clsEvent event =
             OneOff(std::to_string(1000 + codes_++), description, machine.clock.Today().PlusDays(inDays));
         event.Recurring(recurring);
-        return events.AllEvents().emplace_back(event);
+        return Changing(events).emplace_back(event);
     }
     clsReminder Engine() { return clsReminder(storage, windows, &events, &expired); }
     // The texts of the log without their numbers and times, and forgets them.

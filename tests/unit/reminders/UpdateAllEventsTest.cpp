@@ -14,8 +14,7 @@ TEST(UpdateAllEvents, MovesRecurringEventsOnAndOthersOut) {
     desk.Add("Deleted", -1).Deleted = true;
     desk.Add("Past", -1);
     desk.Add("Today", 0);
-    desk.Add("Daily", -3, true);
-    desk.events.AllEvents().back().MailSent = true;
+    desk.Add("Daily", -3, true).MailSent = true;
     desk.Engine().UpdateAllEvents();
 
     EXPECT_THAT(desk.TakeLog(), ElementsAre("Event expired and deleted: 3/14/2023 Past",
@@ -89,7 +88,7 @@ TEST(UpdateAllEvents, AnExpiredEventKeepsItsPlaceBesideAnotherWithItsCode) {
     ReminderDesk desk;
     clsEvent older = desk.Add("Past", -1);
     older.Desc("Older");
-    desk.expired.AllEvents() = {older};
+    desk.expired.StoreRecord(older);
     desk.Engine().UpdateAllEvents();
     ASSERT_THAT(DescriptionsOf(desk.expired.AllEvents()), ElementsAre("Older", "Past"));
     EXPECT_NE(desk.expired.AllEvents()[0].IDCode, desk.expired.AllEvents()[1].IDCode);

@@ -24,7 +24,7 @@ struct Events {
     }
 
     bool Save(int generation) {
-        database.AllEvents().clear();
+        Changing(database).clear();
         for (int i = 0; i < 20; ++i)
             database.StoreRecord(OneOff("", std::to_string(generation), DateValue(45000)), true);
         return database.SaveDB();

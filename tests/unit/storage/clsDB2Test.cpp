@@ -115,10 +115,11 @@ TEST_F(OldDatabase, AFileThatCannotBeReadIsNoEmptyDatabase) {
 TEST_F(OldDatabase, ExportLosesNoEventAndTearsNoFileApart) {
     std::string torn = Record("9", "Ann", "</EVENT><Desc>\r\n");
     torn.replace(300, 150, Padded("x</Filename></EVENT>", 150)).replace(450, 48, Padded("a\r\n<Layer>5", 48));
-    machine.files.Put(kEventsDat, Record("1", "Ann", "a") + Record("1", "Ann", "b") + Record("", "Ann", "c") +
-                                      torn + Record("", "Ann", "d"));
+    std::string mailed = Record("1", "Ann", "a");
+    mailed.replace(mailed.find("a@b.example"), 19, "Ann <ann@b.example>");
+    machine.files.Put(kEventsDat, mailed + Record("1", "Ann", "b") + Record("", "Ann", "c") + torn +
+                                      Record("", "Ann", "d"));
     old.LoadDB(kEventsDat);
-    old.AllEvents()[0].Email = "Ann <ann@b.example>";
 
     clsDbXml target(Services());
     target.SetDBFilename("C:\\KAZ\\Events.xml");

@@ -173,7 +173,7 @@ TEST_F(EventDatabase, WhatCannotBeReadIsNotEmptyAndNotWrittenOver) {
             machine.random.script = {0.00009};
             database.StoreRecord(Event(""));
             if (isRunning) {
-                database.ReadEvent("000001")->Desc("Changed");
+                Changing(database).front().Desc("Changed");
                 database.DeleteRecord("000002");
             }
             EXPECT_EQ(database.SaveDB(), saves);
@@ -254,7 +254,7 @@ TEST_F(EventDatabase, AReloadPutsWhatIsNotSafeYetOnTop) {
         database.OnGone([&](const auto& events) { gone += events.size(); });
         database.LoadDB(kFile);
         if (row.ours == "-")
-            database.ReadEvent("000001")->Deleted = true;
+            database.MarkDeleted({"000001"});
         else
             database.StoreRecord(version(row.ours));
         EXPECT_EQ(database.HasUnsaved(), row.ours != row.before);
@@ -296,7 +296,7 @@ TEST_F(EventDatabase, ACodeBelongsToOneEvent) {
 
     EventChanges rescued;
     rescued.stored = {OneOff("000009", "Theirs, changed", DateValue(2)), Event("000007"), Event("000009")};
-    rescued.removed = {std::as_const(database).AllEvents()[1], Event("000001")};
+    rescued.removed = {database.AllEvents()[1], Event("000001")};
     database.PutOnTop(rescued);
     EXPECT_THAT(DescriptionsOf(Alive(database)),
                 ElementsAre("Theirs, changed", "Event 000007", "Event 000009"));
@@ -362,7 +362,7 @@ TEST_F(EventDatabase, StoresAndDeletesByTheFirstEventWithTheCode) {
     EXPECT_THAT(Codes(database), ElementsAre("000001", "abc"));
     EXPECT_THAT(OwnersOf(database.AllEvents()), ElementsAre("Bob", "Bob"));
     database.StoreRecord(Event("000001"), true);
-    database.AllEvents().push_back(Event("abc"));
+    Changing(database).push_back(Event("abc"));
     EXPECT_EQ(OnDisk(), "");
 
     database.DeleteRecord("abc");
