@@ -21,8 +21,8 @@ Application::Application(const Platform& services)
       layers(settings, platform.locale),
       runtimePath(platform.system.ModuleFolder()),
       sounds(platform.files, settings, log, [this] { return runtimePath; }),
-      player(platform.sound, platform.files, log),
-      reminderWindows({platform, settings, openWindows, errors, player, runtimePath}),
+      player(std::in_place, platform.sound, platform.files, log),
+      reminderWindows({platform, settings, openWindows, errors, *player, runtimePath}),
       errorReports(platform, openWindows, log),
       runMark(platform.files, platform.system, platform.clock),
       clockGuard(std::make_unique<ClockGuard>(*this)),
@@ -93,6 +93,8 @@ void Application::MoveSharedOn() {
         if (event.Recurring() && event.DueDate() < today) event.CalcNextDueDate(today, log);
     });
 }
+
+void Application::MakePlayer() { player.emplace(platform.sound, platform.files, log); }
 
 Stores Application::Storage() { return {platform, log, settings, layers}; }
 

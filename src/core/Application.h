@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ConflictCopies.h"
+#include "core/ReminderWatch.h"
 #include "core/RunMark.h"
 #include "forms/OpenWindows.h"
 #include "platform/Platform.h"
@@ -19,6 +20,7 @@
 #include "support/cSharedLogging.h"
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -57,7 +59,7 @@ public:
     bool mainListIsStale = false;
 
     clsSounds sounds;
-    cSharedSound player;
+    std::optional<cSharedSound> player;  // always there, and always in this place
 
     std::set<RaisedMail> mailsRaised;  // those that the host is just being asked for
 
@@ -74,6 +76,8 @@ public:
     ConflictCopies conflictCopies{*this};
     const std::unique_ptr<AwaitedFolder> awaitedFolder;
     const std::unique_ptr<DataWatch> dataWatch;
+    MissedReminders missed;
+    ReminderWatch reminderWatch{*this};
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.
     std::string DataPath() const;
@@ -105,6 +109,9 @@ public:
     // their owner's program may not have run for days. A single event that is past stays past.
     void MoveSharedOn();
     SharedFolder Folder() { return SharedFolder(platform.files, settings, log); }
+
+    // A player that asks anew for a sound device.
+    void MakePlayer();
 
     Stores Storage();
     // The file of the user's tasks, in the data folder.

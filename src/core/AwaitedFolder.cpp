@@ -45,7 +45,7 @@ void AwaitedFolder::BeginAnew() {
 }
 
 void AwaitedFolder::Tell(bool isThere) {
-    Health::Notice notice{kFolderNotice, Health::Weight::Alarm, "", {}};
+    Health::Notice notice{kFolderNotice, Health::Weight::Alarm, "", {}, Health::Sign::FolderAway};
     if (isThere) {
         notice.text = "Your events are not in the folder " + app_.DataPath() +
                       " yet. KAZ shows them as soon as they are; until then nothing is saved there.";

@@ -124,7 +124,8 @@ void DataWatch::Tell() {
                               Health::Weight::Alarm,
                               Sentence(),
                               {{"Try again", [this] { TryAgain(); }},
-                               {"Save a copy elsewhere...", [this] { SaveCopy(); }}}});
+                               {"Save a copy elsewhere...", [this] { SaveCopy(); }}},
+                              Health::Sign::NotSaved});
         }
         if (isAllSaved && IsAllTaken()) rescues_.Delete();
     });

@@ -77,7 +77,8 @@ void FileStates::Tell(clsDbXml& database) {
                           "The folder of your events, " + FolderOf(file) +
                               ", is not there. They stay in the list, and KAZ looks for the folder every "
                               "half minute.",
-                          {{"Try again", [this] { app_.dataWatch->TryAgain(); }}}});
+                          {{"Try again", [this] { app_.dataWatch->TryAgain(); }}},
+                          Health::Sign::FolderAway});
         break;
     case FileState::Fine:
     case FileState::NotBack:

@@ -166,9 +166,10 @@ public:
 
     virtual void SetToolbar(int control, const std::vector<ToolButton>& buttons) = 0;
 
-    // Shows the program's icon in the tray, or shows it again with another tip of at most 127 characters or
-    // with a warning sign. It goes with the window. Throws InternalError when the shell takes no icon.
-    virtual void ShowTrayIcon(const std::string& tip, bool warns) = 0;
+    // Shows an icon of the resources in the tray, or shows it again with another tip of at most 127
+    // characters or as another one. It goes with the window. Throws InternalError when the shell takes no
+    // icon.
+    virtual void ShowTrayIcon(const std::string& tip, int icon) = 0;
     virtual void HideTrayIcon() = 0;
 
     // Has Resumed raised by a computer in connected standby too, which wakes

@@ -86,6 +86,11 @@
 #define IDR_MENU_REMINDERS 205
 #define IDI_KAZ 301
 #define IDI_KAZWARNING 302
+#define IDI_KAZUNSAVED 303
+#define IDI_KAZAWAY 304
+#define IDI_KAZMISSED 305
+#define IDI_KAZQUIET 306
+#define IDI_KAZSILENT 307
 
 // The input box
 #define IDC_lblPrompt 1201

@@ -11,7 +11,7 @@ bool LooksTheSame(const Health::Notice& a, const Health::Notice& b) {
     const auto sameCaption = [](const Health::Action& x, const Health::Action& y) {
         return x.caption == y.caption;
     };
-    return a.weight == b.weight && a.text == b.text &&
+    return a.weight == b.weight && a.sign == b.sign && a.text == b.text &&
            std::equal(a.actions.begin(), a.actions.end(), b.actions.begin(), b.actions.end(), sameCaption);
 }
 

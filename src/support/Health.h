@@ -13,6 +13,9 @@ namespace kaz {
 class Health {
 public:
     enum class Weight { Note, Warning, Alarm };  // what is heavier is shown first
+    // By what the tray's icon shows it at a glance. Without one, a note shows nothing and the others a
+    // warning.
+    enum class Sign { None, NotSaved, FolderAway, Missed, Quiet, Silent };
 
     struct Action {
         std::string caption;        // of a button, such as "Try again"
@@ -23,6 +26,7 @@ public:
         Weight weight = Weight::Warning;
         std::string text;  // in a person's words: what is wrong, where and why
         std::vector<Action> actions;
+        Sign sign = Sign::None;
     };
 
     // Takes the place of the notice with the same key.

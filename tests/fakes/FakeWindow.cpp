@@ -94,11 +94,11 @@ void FakeWindow::SetSelection(int control, const std::vector<int>& positions) {
         if (position >= 0 && std::cmp_less(position, at.items.size())) at.selection.push_back(position);
 }
 
-void FakeWindow::ShowTrayIcon(const std::string& tip, bool warns) {
+void FakeWindow::ShowTrayIcon(const std::string& tip, int icon) {
     if (trayRefuses) throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
     if (!trayTip) windowsBeforeTray = desktop_->windows.size();
     trayTip = tip;
-    trayWarns = warns;
+    trayIcon = icon;
 }
 
 void FakeWindow::Raise(int control, Raised what, int detail) {

@@ -100,7 +100,7 @@ public:
     void ShowMenu(int menu) override { menus.push_back(menu); }
     void ShowMenuUnder(int, int, int menu) override { menus.push_back(menu); }
     void SetToolbar(int, const std::vector<ToolButton>& buttons) override { toolbar = buttons; }
-    void ShowTrayIcon(const std::string& tip, bool warns) override;
+    void ShowTrayIcon(const std::string& tip, int icon) override;
     void HideTrayIcon() override { trayTip.reset(); }
     void AskForResumes() override { asksForResumes = true; }
 
@@ -136,7 +136,7 @@ public:
     std::vector<int> menus;
     std::vector<ToolButton> toolbar;
     std::optional<std::string> trayTip;  // while the icon is shown
-    bool trayWarns = false;
+    int trayIcon = 0;
     std::size_t windowsBeforeTray = 0;  // how many there were when the icon was first shown
     bool trayRefuses = false;
     WindowState state = WindowState::Normal;

@@ -26,10 +26,10 @@ protected:
         return window->ControlVisible(IDC_cmdHealthNext) ? text + " " + window->Text(IDC_lblHealthCount)
                                                          : text;
     }
-    void ExpectTray(const char* tip, bool warns) {
+    void ExpectTray(const std::string& tip, int icon) {
         if (!fakes) return;  // the shell does not tell what its tray shows
         EXPECT_EQ(tip, Fake().trayTip);
-        EXPECT_EQ(warns, Fake().trayWarns);
+        EXPECT_EQ(icon, Fake().trayIcon) << tip;
     }
     std::vector<std::string> done;
 };
@@ -38,13 +38,13 @@ TEST_F(HealthBarTest, ShowsTheHeaviestAndWhatTheUserTurnedToUntilAHeavierOneCome
     Tell("a", Weight::Note, {"Yes"});
     OpenMainAndTick();
     EXPECT_EQ("About a [&Yes]", Bar());
-    ExpectTray("About a\r\nKAZ - nothing due today", false);
+    ExpectTray("About a\r\nKAZ - nothing due today", IDI_KAZ);
     Tell("a", Weight::Warning, {"Yes"});
-    ExpectTray("About a\r\nKAZ - nothing due today", true);
+    ExpectTray("About a\r\nKAZ - nothing due today", IDI_KAZWARNING);
     Tell("a", Weight::Note, {"Yes"});
     Tell("b", Weight::Warning, {"Yes", "You & I", "xwnyi"});
     EXPECT_EQ("About b [&Yes] [Y&ou && I] [xwny&i] 1 of 2", Bar());
-    ExpectTray("About b\r\nKAZ - nothing due today", true);
+    ExpectTray("About b\r\nKAZ - nothing due today", IDI_KAZWARNING);
     Click(IDC_cmdHealthNext);
     Tell("c", Weight::Note);
     EXPECT_EQ("About a [&Yes] 2 of 3", Bar());
@@ -62,7 +62,7 @@ TEST_F(HealthBarTest, ShowsTheHeaviestAndWhatTheUserTurnedToUntilAHeavierOneCome
     for (const char* key : {"d", "a", "c"})
         app.health.Clear(key);
     EXPECT_EQ("", Bar());
-    ExpectTray("KAZ - nothing due today", false);
+    ExpectTray("KAZ - nothing due today", IDI_KAZ);
     Tell(std::string(200, 'x'), Weight::Alarm);
     if (fakes) {
         EXPECT_EQ(127U, Fake().trayTip->size());
@@ -70,6 +70,46 @@ TEST_F(HealthBarTest, ShowsTheHeaviestAndWhatTheUserTurnedToUntilAHeavierOneCome
     }
     main->Unload();
     app.health.Clear(std::string(200, 'x'));
+}
+
+TEST_F(HealthBarTest, TheTraysIconSaysAtAGlanceWhetherRemindersWork) {
+    int missed = 0;
+    app.missed.count = [&] { return missed; };
+    app.missed.show = [&] { missed = 0; };
+    const auto pressFirst = [this] { Click(IDC_cmdHealth); };
+    const auto ok = [this] { Click(IDC_cmdHealth + 1); };
+    const struct {
+        std::function<void()> before;
+        int ticks;
+        int icon;
+        const char* bar;
+    } cases[] = {
+        {{}, 1, IDI_KAZ, ""},
+        {[&] { missed = 3; }, 1, IDI_KAZMISSED, "3 missed reminders wait for your answer. [&Show them]"},
+        {[&] { missed = 1; }, 1, IDI_KAZMISSED, "1 missed reminder waits for your answer. [&Show it]"},
+        {pressFirst, 1, IDI_KAZ, ""},
+        {[&] { app.settings.StoreSetting("NoSounds", true); }, 1, IDI_KAZSILENT,
+         "Reminders come without a sound: sounds are off in the settings. [&Sounds on] [&OK]"},
+        {pressFirst, 0, IDI_KAZ, ""},
+        {[&] { app.settings.StoreSetting("NoSounds", true); }, 1, IDI_KAZSILENT, nullptr},
+        {ok, 20, IDI_KAZ, ""},
+        {[&] { app.settings.StoreSetting("NoSounds", false); }, 1, IDI_KAZ, ""},
+        {[&] { machine.sound.devices = 0; }, 20, IDI_KAZSILENT,
+         "Reminders come without a sound: this computer has no sound device just now. [&OK]"},
+        {[&] { missed = 2; }, 1, IDI_KAZMISSED, nullptr},
+    };
+    OpenMain();
+    for (const auto& each : cases) {
+        if (each.before) each.before();
+        for (int i = 0; i < each.ticks; ++i)
+            Tick();
+        if (fakes) {
+            EXPECT_EQ(each.icon, Fake().trayIcon) << &each - cases;
+        }
+        if (each.bar) {
+            EXPECT_EQ(each.bar, Bar()) << &each - cases;
+        }
+    }
 }
 
 TEST_F(HealthBarTest, TakesItsRoomFromTheListAndKeepsItsPartsApart) {

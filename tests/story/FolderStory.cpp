@@ -28,6 +28,7 @@ TEST(DataFolder, ThatComesLateIsLoadedThenAndNothingIsWrittenInItsPlaceBefore) {
     story.Start().ShowMain();
     story.Advance(40);
     EXPECT_THAT(story.Lines("TODAY!"), IsEmpty());
+    EXPECT_EQ(IDI_KAZAWAY, story.Main()->trayIcon);
 
     // The folder first, as a program that synchronises makes it; its midnight too.
     story.machine.files.CreateFolder(kAway);
@@ -40,6 +41,7 @@ TEST(DataFolder, ThatComesLateIsLoadedThenAndNothingIsWrittenInItsPlaceBefore) {
     story.Advance(40);
     EXPECT_THAT(story.Lines("TODAY!"), ElementsAre("Walk", "Tea"));
     EXPECT_THAT(Stored(story, kEvents.c_str()), AllOf(HasSubstr("Tea"), HasSubstr("Walk")));
+    EXPECT_EQ(IDI_KAZ, story.Main()->trayIcon);
     EXPECT_THAT(story.machine.dialogs.messages, IsEmpty());
 }
 

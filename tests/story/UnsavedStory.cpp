@@ -62,7 +62,7 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
                 if (fault.same) then.erase(deed.mine), then.insert(deed.merged);
                 if (told) {
                     EXPECT_THAT(Bars(), AllOf(HasSubstr("not saved"), HasSubstr(fault.told)));
-                    EXPECT_TRUE(Main().trayWarns);
+                    EXPECT_EQ(IDI_KAZUNSAVED, Main().trayIcon);
                 }
                 story->Advance(31);
                 EXPECT_THAT(Shown(), testing::IsSupersetOf(NamesOf(then)));

@@ -174,8 +174,73 @@ def kazwarning(d):
     exclamation(d, m, m - half, m + half, 2 * t, SHEET)
 
 
+# The other icons of the tray: each sign has a colour and an outline of its own, for eyes that tell no colours apart.
+
+def place(d):
+    """Middle and half of the length of the square that a sign may fill."""
+    across = d.whole(10)
+    return d.size - across / 2, across / 2
+
+
+def kazunsaved(d):
+    event(d)
+    m, r = place(d)
+    square, a = box(m - r, m - r, m + r, m + r, r / 4), 0.5 * r
+    d.clear(square, grow=edge(d))
+    d.fill(RED, square)
+    thick = d.whole(2)
+    d.fill(SHEET, bar((m - a, m - a), (m + a, m + a), thick), bar((m - a, m + a), (m + a, m - a), thick))
+
+
+def kazaway(d):
+    event(d)
+    m, r = place(d)
+    e = edge(d)
+    left, right, top, bottom = m - r + e / 2, m + r - e / 2, m - 0.75 * r, m + r - e / 2
+    folder = polygon((left, top), (m - 0.1 * r, top), (m + 0.2 * r, top + 0.35 * r), (right, top + 0.35 * r), (right, bottom),
+                     (left, bottom))
+    d.clear(folder, grow=1.5 * e)
+    edged(d, AMBER, AMBER_EDGE, folder)
+    thick = d.whole(1.4)
+    d.fill("#1f1f1f", box(m - 0.5 * r, m + 0.3 * r - thick / 2, m + 0.5 * r, m + 0.3 * r + thick / 2))
+
+
+def kazmissed(d):
+    event(d)
+    m, r = place(d)
+    bottom, u = d.size - 0.3, (d.size - 2 * d.whole(2.4)) / 14
+    x = d.size - 6.4 * u
+    d.clear(disc(x, bottom - 6 * u, 6.4 * u), box(x - 6.4 * u, bottom - 6 * u, d.size, bottom), grow=edge(d))
+    bell(d, x, bottom, u)
+    d.fill(RED, disc(x + 3.4 * u, bottom - 9 * u, max(2, 3.2 * u)))
+
+
+def kazquiet(d):
+    event(d)
+    m, r = place(d)
+    moon = disc(m, m, r)
+    d.clear(moon, grow=edge(d))
+    d.fill(EDGE, moon)
+    inner = r * 0.72
+    d.fill("#ffe28a", f"M {m + inner * 0.35:.3f},{m - inner:.3f} A {inner:.3f},{inner:.3f} 0 1 0 {m + inner:.3f},{m + inner * 0.35:.3f}"
+           f" A {inner * 0.85:.3f},{inner * 0.85:.3f} 0 1 1 {m + inner * 0.35:.3f},{m - inner:.3f} Z")
+
+
+def kazsilent(d):
+    event(d)
+    m, r = place(d)
+    grey = "#4a4a4a"
+    d.clear(box(m - r, m - r, m + r, m + r, r / 4), grow=edge(d))
+    framed(d, SHEET, grey, m - r, m - r, m + r, m + r, r / 4)
+    d.fill(grey, box(m - 0.6 * r, m - 0.25 * r, m - 0.1 * r, m + 0.25 * r),
+           polygon((m - 0.3 * r, m - 0.25 * r), (m + 0.3 * r, m - 0.7 * r), (m + 0.3 * r, m + 0.7 * r),
+                   (m - 0.3 * r, m + 0.25 * r)))
+    a = 0.62 * r
+    d.fill(RED, bar((m - a, m + a), (m + a, m - a), d.whole(1.4)))
+
+
 ICONS = (exit, addevent, editevent, pushevent, deleteevent, tasklist, monthview, editlayers, reminders, options, refresh, log, help,
-         warning, kazwarning)
+         warning, kazwarning, kazunsaved, kazaway, kazmissed, kazquiet, kazsilent)
 
 
 def draw(folder):

@@ -344,9 +344,9 @@ void DialogWindow::ShowMenuUnder(int toolbar, int command, int menu) {
     ShowMenu(menu);
 }
 
-void DialogWindow::ShowTrayIcon(const std::string& tip, bool warns) {
+void DialogWindow::ShowTrayIcon(const std::string& tip, int icon) {
     if (!tray_) tray_.emplace(window_, module_, kTrayMouse);
-    if (!tray_->Show(ToWide(tip), warns))
+    if (!tray_->Show(ToWide(tip), icon))
         throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
 }
 

@@ -58,7 +58,7 @@ public:
     void ShowMenu(int menu) override;
     void ShowMenuUnder(int toolbar, int command, int menu) override;
 
-    void ShowTrayIcon(const std::string& tip, bool warns) override;
+    void ShowTrayIcon(const std::string& tip, int icon) override;
     void HideTrayIcon() override { tray_.reset(); }
 
 private:

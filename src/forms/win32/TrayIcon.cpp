@@ -1,7 +1,5 @@
 #include "forms/win32/TrayIcon.h"
 
-#include "resources/resource.h"
-
 #include <shellapi.h>
 
 #include <iterator>
@@ -22,16 +20,16 @@ TrayIcon::TrayIcon(HWND window, HINSTANCE module, UINT message)
     ChangeWindowMessageFilterEx(window_, ShellStarted(), MSGFLT_ALLOW, nullptr);
 }
 
-bool TrayIcon::Show(const std::wstring& tip, bool warns) {
+bool TrayIcon::Show(const std::wstring& tip, int icon) {
     NOTIFYICONDATAW data{};
     data.cbSize = sizeof data;
     data.hWnd = window_;
     data.uID = kId;
     data.uFlags = NIF_ICON | NIF_MESSAGE | NIF_TIP;
     data.uCallbackMessage = message_;
-    data.hIcon = static_cast<HICON>(LoadImageW(module_, MAKEINTRESOURCEW(warns ? IDI_KAZWARNING : IDI_KAZ),
-                                               IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
-                                               GetSystemMetrics(SM_CYSMICON), LR_SHARED));
+    data.hIcon = static_cast<HICON>(LoadImageW(module_, MAKEINTRESOURCEW(icon), IMAGE_ICON,
+                                               GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON),
+                                               LR_SHARED));
     lstrcpynW(data.szTip, tip.c_str(), static_cast<int>(std::size(data.szTip)));
     if (shown_ && Shell_NotifyIconW(NIM_MODIFY, &data)) return true;
     shown_ = Shell_NotifyIconW(NIM_ADD, &data) != FALSE;

@@ -16,7 +16,7 @@ public:
     TrayIcon& operator=(const TrayIcon&) = delete;
 
     // Adds the icon or, where it is there already, changes its tip and picture. False when the shell refuses.
-    bool Show(const std::wstring& tip, bool warns);
+    bool Show(const std::wstring& tip, int icon);
     void Remove();
     // The shell has started anew and knows nothing of icons.
     void Forget() { shown_ = false; }

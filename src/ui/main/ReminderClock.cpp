@@ -61,7 +61,7 @@ void ReminderClock::DoSteps(std::initializer_list<void (ReminderClock::*)()> ste
 void ReminderClock::Tick() {
     refresh_.Stop();
     DoSteps({&ReminderClock::ReloadChangedFiles, &ReminderClock::ShowNewDay, &ReminderClock::SaveAgain,
-             &ReminderClock::ShowAlarms});
+             &ReminderClock::ShowAlarms, &ReminderClock::LookAfterReminders});
     // The window has been painted and the reminders are up: while the user logs on, the shell can take
     // seconds to answer.
     if (!stopped_) ErrorTrap(app_.errors, "TimerRefresh_Timer", "frmMain")(face_.ticked);
@@ -154,6 +154,8 @@ void ReminderClock::ShowAlarms() {
     lastAlarms_ = now;
     app_.clockGuard->NoteTick();
 }
+
+void ReminderClock::LookAfterReminders() { app_.reminderWatch.Look(); }
 
 void ReminderClock::RingAlarms() {
     clsReminder reminder = app_.MakeReminder();

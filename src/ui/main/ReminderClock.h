@@ -60,6 +60,7 @@ private:
     void ShowNewDay();
     void SaveAgain();
     void ShowAlarms();
+    void LookAfterReminders();
     void RingAlarms();
 
     Application& app_;

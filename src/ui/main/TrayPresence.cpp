@@ -46,35 +46,58 @@ std::string DueToday(const Application& application) {
     return name + " - " + std::to_string(count) + (count == 1 ? " event" : " events") + " due today";
 }
 
+int IconOf(const Health::Notice& notice) {
+    switch (notice.sign) {
+    case Health::Sign::NotSaved: return IDI_KAZUNSAVED;
+    case Health::Sign::FolderAway: return IDI_KAZAWAY;
+    case Health::Sign::Missed: return IDI_KAZMISSED;
+    case Health::Sign::Quiet: return IDI_KAZQUIET;
+    case Health::Sign::Silent: return IDI_KAZSILENT;
+    case Health::Sign::None: break;
+    }
+    return notice.weight == Health::Weight::Note ? IDI_KAZ : IDI_KAZWARNING;
+}
+
+// The heaviest notice that shows by the icon, among equals one with a sign of its own; null when all is well.
+const Health::Notice* LightOf(const Health& health) {
+    const Health::Notice* light = nullptr;
+    for (const Health::Notice& notice : health.Notices()) {
+        if (light && notice.weight != light->weight) break;
+        if (notice.sign != Health::Sign::None) return &notice;
+        if (!light && IconOf(notice) != IDI_KAZ) light = &notice;
+    }
+    return light || health.Notices().empty() ? light : &health.Notices().front();
+}
+
 std::string TipOf(const Application& application) {
     std::string due = DueToday(application);
-    const auto& notices = application.health.Notices();
-    if (notices.empty()) return due;
+    const Health::Notice* light = LightOf(application.health);
+    if (!light) return due;
     const std::size_t room = kLongestTip - due.size() - kLineBreak.size();
-    const std::string& text = notices.front().text;
+    const std::string& text = light->text;
     return Beginning(text, text.size() <= room ? room : room - kDots.size()).append(kLineBreak).append(due);
 }
 
-bool WarnsOf(const Application& application) {
-    const auto& notices = application.health.Notices();
-    return !notices.empty() && notices.front().weight != Health::Weight::Note;
+int IconOf(const Application& application) {
+    const Health::Notice* light = LightOf(application.health);
+    return light ? IconOf(*light) : IDI_KAZ;
 }
 
 }  // namespace
 
 void TrayPresence::Show() {
     tip_ = TipOf(app_);
-    warns_ = WarnsOf(app_);
+    icon_ = IconOf(app_);
     ShowAgain();
 }
 
 void TrayPresence::Renew() {
-    if (IsShown() && (TipOf(app_) != tip_ || WarnsOf(app_) != warns_)) Show();
+    if (IsShown() && (TipOf(app_) != tip_ || IconOf(app_) != icon_)) Show();
 }
 
 void TrayPresence::ShowAgain() {
     ErrorTrap trap(app_.log, "ShowIconInTray", "frmMain");
-    trap([&] { window_.ShowTrayIcon(tip_, warns_); });
+    trap([&] { window_.ShowTrayIcon(tip_, icon_); });
 }
 
 void TrayPresence::OnMouse(int mouseMessage) {

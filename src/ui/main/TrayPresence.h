@@ -8,9 +8,9 @@
 
 namespace kaz {
 
-// The program in the tray: an icon, with a sign when there is something to warn of, and a tip that says first
-// what the user has to know most, as far as there is room, then the program's name and how many events are
-// due today, other users' included.
+// The program in the tray: an icon, with a sign of its own for whatever keeps reminders from working, and a
+// tip that says first what the user has to know most, as far as there is room, then the program's name and
+// how many events are due today, other users' included.
 class TrayPresence {
 public:
     // `clicked` brings the window forward.
@@ -33,7 +33,7 @@ private:
     Application& app_;
     std::function<void()> clicked_;
     std::string tip_;
-    bool warns_ = false;
+    int icon_ = 0;
 };
 
 }  // namespace kaz

@@ -48,7 +48,7 @@ TEST_F(ModalTest, DisablesTheWindowOfWorkAndNotTheOneThatCameByItself) {
 
 // As when a host opens the options while the main window is hidden: its icon must not end the program then.
 TEST_F(ModalTest, BlocksTheHiddenWindowInTheTrayWhichLeadsToTheBox) {
-    window->ShowTrayIcon("KAZ", false);
+    window->ShowTrayIcon("KAZ", IDI_KAZ);
     DialogWindow box(GetModuleHandleW(nullptr), IDD_SMALL);
     bool enabled = true;
     HWND owner = nullptr;

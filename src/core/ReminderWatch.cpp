@@ -1,0 +1,92 @@
+#include "core/ReminderWatch.h"
+
+#include "core/Application.h"
+#include "core/NamedEvents.h"
+#include "platform/Sound.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace kaz {
+
+namespace {
+
+constexpr std::string_view kModule = "ReminderWatch";
+constexpr const char* kMissed = "Missed reminders";
+constexpr const char* kSilence = "No sound";
+constexpr std::string_view kNoSounds = "NoSounds";
+constexpr std::string_view kSilenceKnown = "SilenceIsKnown";  // the user has read why it is silent
+constexpr int kDeviceLooks = 20;                              // ten minutes
+
+}  // namespace
+
+void ReminderWatch::Look() {
+    ErrorTrap trap(app_.log, "Look", kModule);
+    trap([&] { TellMissed(); });
+    trap([&] { LookForDevice(); });
+    trap([&] { TellSilence(); });
+}
+
+void ReminderWatch::TellMissed() {
+    const int count = app_.missed.count();
+    if (count <= 0) {
+        app_.health.Clear(kMissed);
+        return;
+    }
+    Health::Notice notice{kMissed,
+                          Health::Weight::Warning,
+                          Counted(static_cast<std::size_t>(count), "missed reminder") +
+                              (count == 1 ? " waits" : " wait") + " for your answer.",
+                          {},
+                          Health::Sign::Missed};
+    if (app_.missed.show) notice.actions.push_back({count == 1 ? "Show it" : "Show them", app_.missed.show});
+    app_.health.Tell(std::move(notice));
+}
+
+// Not in the first tick, since the libraries of sound take as long to load as the rest of a start.
+void ReminderWatch::LookForDevice() {
+    if (looks_++ % kDeviceLooks != 1) return;
+    hasDevice_ = app_.platform.sound.OutputDevices() >= 1;
+    // A player asks for a device once and for all: one that came after the logon, or was plugged in, gets a
+    // player of its own.
+    if (hasDevice_ && !app_.player->HasSound()) app_.MakePlayer();
+}
+
+void ReminderWatch::TellSilence() {
+    const bool off = app_.settings.Flag(kNoSounds);
+    if (hasDevice_ && !off) {
+        if (app_.settings.IsSettingPresent(kSilenceKnown)) {
+            app_.settings.DeleteSetting(kSilenceKnown);
+            app_.settings.SaveOnly(app_.settingsFileName, std::array{kSilenceKnown});
+        }
+        app_.health.Clear(kSilence);
+        return;
+    }
+    if (app_.settings.Flag(kSilenceKnown)) {
+        app_.health.Clear(kSilence);
+        return;
+    }
+    Health::Notice notice{kSilence,
+                          Health::Weight::Note,
+                          hasDevice_
+                              ? "Reminders come without a sound: sounds are off in the settings."
+                              : "Reminders come without a sound: this computer has no sound device just "
+                                "now.",
+                          {},
+                          Health::Sign::Silent};
+    if (hasDevice_)
+        notice.actions.push_back({"Sounds on", [this] {
+                                      app_.settings.StoreSetting(kNoSounds, false);
+                                      app_.settings.SaveSettings(app_.settingsFileName);
+                                      TellSilence();
+                                  }});
+    notice.actions.push_back({"OK", [this] {
+                                  app_.settings.StoreSetting(kSilenceKnown, true);
+                                  app_.settings.SaveOnly(app_.settingsFileName, std::array{kSilenceKnown});
+                                  TellSilence();
+                              }});
+    app_.health.Tell(std::move(notice));
+}
+
+}  // namespace kaz

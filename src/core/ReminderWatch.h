@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+
+namespace kaz {
+
+class Application;
+
+// What fell due and nobody has answered.
+struct MissedReminders {
+    std::function<int()> count = [] { return 0; };
+    std::function<void()> show;  // brings them before the user; empty where there is no such window
+};
+
+// Tells in the health, and so by the tray's icon and in the bar, what keeps reminders from being seen and
+// heard while all is well with the files.
+class ReminderWatch {
+public:
+    // The application outlives it.
+    explicit ReminderWatch(Application& application) : app_(application) {}
+
+    // To be called with each tick.
+    void Look();
+
+private:
+    void TellMissed();
+    void TellSilence();
+    void LookForDevice();
+
+    Application& app_;
+    int looks_ = 0;
+    bool hasDevice_ = true;
+};
+
+}  // namespace kaz
