@@ -7,7 +7,6 @@
 #include "platform/Locale.h"
 #include "platform/MessagePump.h"
 #include "reminders/AlarmFiles.h"
-#include "reminders/ReminderText.h"
 #include "storage/clsDbXml.h"
 
 #include <algorithm>
@@ -161,7 +160,8 @@ void clsReminder::RemoveRetired(std::vector<std::size_t> positions) {
 void clsReminder::DisplayReminders() {
     Update(kAllPasses);
     ErrorTrap trap(stores_.log, "DisplayReminders", kModule);
-    const DateValue today = stores_.platform.clock.Today();
+    ReminderDay today(visible_, stores_.platform.clock.Today());
+    trap([&] { today.AddReminders(events_); });
     trap([&] { ShowUpcoming(today); });
     trap([&] { ShowTodays(today); });
     trap([&] { stores_.platform.pump.ProcessPending(); });
@@ -173,48 +173,39 @@ bool clsReminder::ShowAgain() {
     return windows_.ShowNow();
 }
 
-void clsReminder::ShowUpcoming(DateValue today) {
-    std::vector<std::string> lines;
-    visible_.ForEach(events_, EventSource::Local, [&](const VisibleEvent& seen) {
-        const std::int32_t daysLeft = seen.DaysLeft(today);
-        if (daysLeft >= 1 && daysLeft <= seen.event.DaysWarning())
-            lines.push_back(UpcomingLine(daysLeft, seen.event.DescShown()));
-    });
+void clsReminder::ShowUpcoming(const ReminderDay& today) {
+    std::vector<std::string> lines = today.UpcomingLines();
     if (lines.empty()) {
         windows_.Close(ReminderKind::ComingUp);
         return;
     }
     stores_.log.LogEvent("Showing upcoming reminders");
-    if (windows_.HasShown(ReminderKind::ComingUp, today, lines)) return;
+    if (windows_.HasShown(ReminderKind::ComingUp, today.Day(), lines)) return;
     frmReminder& window = windows_.Open(ReminderKind::ComingUp);
     window.ReplaceList(lines);
     window.Wake();
     window.Heading("COMING UP");
-    windows_.SetShown(ReminderKind::ComingUp, today, std::move(lines));
+    windows_.SetShown(ReminderKind::ComingUp, today.Day(), std::move(lines));
 }
 
-void clsReminder::ShowTodays(DateValue today) {
-    std::vector<std::string> lines;
+void clsReminder::ShowTodays(const ReminderDay& today) {
+    std::vector<std::string> lines = today.TodaysLines();
     std::string sound;
-    visible_.ForEach(events_, EventSource::Local, [&](const VisibleEvent& seen) {
-        const clsEvent& event = seen.event;
-        if (event.ExecFile || seen.due != today) return;
-        lines.emplace_back(event.DescShown());
-        if (event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
-    });
+    for (const clsEvent* event : today.Todays())
+        if (event->PlayWav && !event->WavFile.empty()) sound = event->WavFile;
     if (lines.empty()) {
         windows_.Close(ReminderKind::Today);
         return;
     }
     stores_.log.LogEvent("Showing today's reminders");
-    if (windows_.HasShown(ReminderKind::Today, today, lines)) return;
+    if (windows_.HasShown(ReminderKind::Today, today.Day(), lines)) return;
     frmReminder& window = windows_.Open(ReminderKind::Today);
     window.PlaySound = !sound.empty();
     window.SoundFile = sound;
     window.ReplaceList(lines);
     window.Wake();
     window.Heading("TODAY!");
-    windows_.SetShown(ReminderKind::Today, today, std::move(lines));
+    windows_.SetShown(ReminderKind::Today, today.Day(), std::move(lines));
 }
 
 void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reminders/ReminderDay.h"
 #include "reminders/ReminderWindows.h"
 #include "storage/VisibleEvents.h"
 #include "storage/clsDbXml.h"
@@ -52,8 +53,8 @@ private:
     bool IsExpired(DateValue dueDate, std::optional<DateValue> asOf = {}) const;
     void Update(int passes);
     void RemoveRetired(std::vector<std::size_t> positions);
-    void ShowUpcoming(DateValue today);
-    void ShowTodays(DateValue today);
+    void ShowUpcoming(const ReminderDay& today);
+    void ShowTodays(const ReminderDay& today);
     EventSource PlaceOf(const clsDbXml& database) const {
         return &database == events_ ? EventSource::Local : EventSource::Shared;
     }

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "storage/VisibleEvents.h"
+#include "storage/clsDbXml.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kaz {
+
+// What the user is told on one day, today or later: the engine shows it, and a look ahead lists it. It only
+// looks; the events outlive it, unchanged.
+class ReminderDay {
+public:
+    struct ComingUp {
+        const clsEvent* event;
+        std::int32_t daysLeft;  // 1 or more
+    };
+    struct Alarm {
+        const clsEvent* event;
+        DateValue minute;
+        EventSource source;
+    };
+
+    ReminderDay(const VisibleEvents& visible, DateValue day) : visible_(visible), day_(day) {}
+
+    // What comes up within its days of warning, and what is due, in the order of the collection. Of a
+    // recurring event only its next day counts: on that day it is not told of as coming up as well.
+    void AddReminders(const clsDbXml* events);
+    // What rings or runs a file, by the minute. An event that rings more than once a day stands with the
+    // last.
+    void AddAlarms(const clsDbXml* database, EventSource source);
+
+    DateValue Day() const { return day_; }
+    const std::vector<ComingUp>& Upcoming() const { return upcoming_; }
+    const std::vector<const clsEvent*>& Todays() const { return todays_; }
+    const std::vector<Alarm>& Alarms() const { return alarms_; }
+    // The lines of the windows, as they are added.
+    std::vector<std::string> UpcomingLines() const;
+    std::vector<std::string> TodaysLines() const;
+
+private:
+    VisibleEvents visible_;
+    DateValue day_;
+    std::vector<ComingUp> upcoming_;
+    std::vector<const clsEvent*> todays_;
+    std::vector<Alarm> alarms_;
+};
+
+}  // namespace kaz
