@@ -76,7 +76,7 @@ public:
     ConflictCopies conflictCopies{*this};
     const std::unique_ptr<AwaitedFolder> awaitedFolder;
     const std::unique_ptr<DataWatch> dataWatch;
-    MissedReminders missed;
+    MissedCount missed;
     ReminderWatch reminderWatch{*this};
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.

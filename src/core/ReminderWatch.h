@@ -7,7 +7,7 @@ namespace kaz {
 class Application;
 
 // What fell due and nobody has answered.
-struct MissedReminders {
+struct MissedCount {
     std::function<int()> count = [] { return 0; };
     std::function<void()> show;  // brings them before the user; empty where there is no such window
 };
