@@ -1,12 +1,8 @@
+#include "fakes/Matchers.h"
 #include "story/Clockwork.h"
 #include "ui/list/EventRows.h"
 
-#include <gmock/gmock.h>
-
 using namespace kaz;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
 
 namespace {
 
@@ -276,8 +272,8 @@ TEST(Clock, WhatIsOnTheScreenAtWhichMinute) {
         if (tale.before) tale.before(story);
         story.Play(tale.scenes);
         EXPECT_TRUE(story.machine.windows.AllModalsShown());
-        EXPECT_THAT(story.machine.dialogs.messages, testing::IsEmpty());
-        EXPECT_THAT(story.machine.dialogs.questions, testing::IsEmpty());
+        EXPECT_THAT(story.machine.dialogs.messages, IsEmpty());
+        EXPECT_THAT(story.machine.dialogs.questions, IsEmpty());
     }
 }
 

@@ -1,13 +1,8 @@
+#include "fakes/Matchers.h"
 #include "story/Story.h"
 #include "support/Names.h"
 
-#include <gmock/gmock.h>
-
 using namespace kaz;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 TEST(Component, DoesNothingBeforeItWasStarted) {
     Story story;
@@ -112,7 +107,7 @@ TEST(Component, AHostThatThrowsEndsTheScanButNotTheProgram) {
     clsComponent& component = story.Start();
     story.host.onMail = [] { throw std::runtime_error("host"); };
     component.ScanEvents();
-    EXPECT_THAT(story.host.raised, Not(testing::Contains("TodaysEvents")));
+    EXPECT_THAT(story.host.raised, Not(Contains("TodaysEvents")));
     EXPECT_THAT(story.Log(), HasSubstr("ScanEvents of clsComponent"));
     component.ShowMain();
     EXPECT_TRUE(story.Main()->IsVisible());

@@ -1,13 +1,9 @@
+#include "fakes/Matchers.h"
 #include "story/Story.h"
-
-#include <gmock/gmock.h>
 
 #include <functional>
 
 using namespace kaz;
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
 
 namespace {
 

@@ -1,15 +1,11 @@
 #include "commands/EventCommands.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
-
-#include <gmock/gmock.h>
 
 #include <functional>
 
 using namespace kaz;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 namespace {
 
@@ -100,7 +96,7 @@ TEST_F(EventCommandsTest, AnEventThatWentWhileItWasEditedIsAskedAbout) {
     meanwhile = [&] { events().DeleteRecord("000001"); };
     EXPECT_FALSE(commands.Edit(Ref("000001")));
     EXPECT_THAT(Saved("Events.xml"), Not(HasSubstr("000001")));
-    EXPECT_THAT(machine.dialogs.questions, testing::SizeIs(1));
+    EXPECT_THAT(machine.dialogs.questions, SizeIs(1));
 
     meanwhile = {};
     Add(events(), "000001", "Ann");

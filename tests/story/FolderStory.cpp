@@ -1,15 +1,9 @@
+#include "fakes/Matchers.h"
 #include "story/Story.h"
-
-#include <gmock/gmock.h>
 
 #include <functional>
 
 using namespace kaz;
-using testing::AllOf;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 namespace {
 

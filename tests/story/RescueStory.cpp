@@ -1,11 +1,8 @@
+#include "fakes/Matchers.h"
 #include "story/Unsaved.h"
 
 namespace kaz {
 namespace {
-
-using testing::Contains;
-using testing::HasSubstr;
-using testing::Not;
 
 // A rescue in the folder that all programs of the user share belongs to one data folder.
 TEST_F(Unsaved, ARescueWaitsForItsOwnDataFolder) {
@@ -142,7 +139,7 @@ TEST_F(Unsaved, ADamagedTaskListIsReplacedByTheListOrABackup) {
             EXPECT_THAT(Main().Text(button), HasSubstr(wasOpen ? "3 tasks of the list" : "(2 tasks)"));
             Main().Click(button);
             EXPECT_EQ((std::vector<std::string>{"Milk", "Jam", "Tea"}), tasks.Items(IDC_lst_tasks));
-            EXPECT_THAT(machine.files.Text(file), testing::AllOf(HasSubstr("Jam"), HasSubstr("Tea")));
+            EXPECT_THAT(machine.files.Text(file), AllOf(HasSubstr("Jam"), HasSubstr("Tea")));
             EXPECT_THAT(machine.files.Files(), Contains(HasSubstr("tasklist (damaged, ")));
             EXPECT_EQ("", Bars());
         }

@@ -1,14 +1,8 @@
 #include "base/Text.h"
+#include "fakes/Matchers.h"
 #include "story/Story.h"
 
-#include <gmock/gmock.h>
-
 using namespace kaz;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 namespace {
 
@@ -119,7 +113,7 @@ TEST(Sharing, WhatOthersWroteIsNotTrusted) {
     question->Click(IDC_cmdYes);
     EXPECT_THAT(ann.machine.shell.opened, ElementsAre("C:\\evil.exe"));
     EXPECT_THAT(office.disk.Text(ann.folder + "\\Kaz.ini"),
-                testing::AllOf(HasSubstr("Bob|C:\\evil.exe"), Not(HasSubstr("Eve"))));
+                AllOf(HasSubstr("Bob|C:\\evil.exe"), Not(HasSubstr("Eve"))));
     for (const std::string& name : refused)
         EXPECT_THAT(office.disk.Text(ann.folder + "\\Log_KAZ.txt"),
                     HasSubstr("Shared user \"" + name + "\" refused"));

@@ -1,12 +1,8 @@
+#include "fakes/Matchers.h"
 #include "story/Unsaved.h"
 
 namespace kaz {
 namespace {
-
-using testing::AllOf;
-using testing::Contains;
-using testing::HasSubstr;
-using testing::Not;
 
 // Whatever fails, and whatever the user does: it is told, it stays in memory, it is on the disk once the
 // fault is over, or after a restart, and there is never less than before.
@@ -172,7 +168,7 @@ TEST_F(Unsaved, WhatTheFileNoLongerHoldsAtTheEndComesBack) {
         EXPECT_EQ(row.then, OnDisk());
         EXPECT_EQ(NamesOf(row.then), Shown());
         EXPECT_EQ("", story->Saved("KAZ rescue.txt"));
-        EXPECT_THAT(Bars(), testing::AnyOf("", HasSubstr("taken over")));
+        EXPECT_THAT(Bars(), AnyOf("", HasSubstr("taken over")));
     }
 }
 

@@ -1,10 +1,8 @@
+#include "fakes/Matchers.h"
 #include "story/Story.h"
 #include "ui/list/EventRows.h"
 
-#include <gmock/gmock.h>
-
 using namespace kaz;
-using testing::ElementsAre;
 
 namespace {
 
@@ -58,7 +56,7 @@ TEST(User, FindsAnEventOfEachKindOnItsDayAndAfterARestartAsItWas) {
         editor.Choose(IDC_lstMonths, 0);
     });
     Add(story, "Pills", 5, every(IDC_txtDailyPeriod, IDC_lblDailyStartDate, 2));
-    EXPECT_THAT(story.machine.dialogs.messages, testing::IsEmpty());
+    EXPECT_THAT(story.machine.dialogs.messages, IsEmpty());
     const auto events = ElementsAre("Bins", "Pills", "Filter", "Football", "Rent", "Club");
     ASSERT_THAT(Shown(story, kEventColumn), events);
     // The last Friday of the month is the same day as its 31st.

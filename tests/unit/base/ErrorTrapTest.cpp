@@ -1,16 +1,13 @@
 #include "base/ErrorTrap.h"
 
 #include "base/RuntimeError.h"
-
-#include <gmock/gmock.h>
+#include "fakes/Matchers.h"
 
 #include <stdexcept>
 #include <vector>
 
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
 
 class Sink : public ErrorSink {
 public:
@@ -33,10 +30,9 @@ TEST(ErrorTrap, EveryFailureIsClassifiedAndTheStepsGoOn) {
     trap([] { static_cast<void>(std::stoi("x")); });
     trap([] { throw std::runtime_error("odd"); });
     trap([] { throw 1; });
-    EXPECT_THAT(sink.lines,
-                ElementsAre("61 Disk full Load clsX", "13 not a date Load clsX", "7 Out of memory Load clsX",
-                            "9 Subscript out of range Load clsX", testing::StartsWith("5 "),
-                            "51 odd Load clsX", "51 Internal error Load clsX"));
+    EXPECT_THAT(sink.lines, ElementsAre("61 Disk full Load clsX", "13 not a date Load clsX",
+                                        "7 Out of memory Load clsX", "9 Subscript out of range Load clsX",
+                                        StartsWith("5 "), "51 odd Load clsX", "51 Internal error Load clsX"));
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
 #include "base/Text.h"
 
-#include <gmock/gmock.h>
+#include "fakes/Matchers.h"
 
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(Text, SplitKeepsEmptyPiecesAndObeysItsLimit) {
     EXPECT_THAT(Split("", ","), ElementsAre(""));

@@ -2,21 +2,14 @@
 
 #include "core/Startup.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "unit/core/ZipReading.h"
-
-#include <gmock/gmock.h>
 
 namespace kaz {
 namespace {
 
 using testing::_;
-using testing::AllOf;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::Pair;
 
 constexpr FileTime kDay = FileTime{24} * 60 * 60 * 10'000'000;
 const std::string kArchive = "C:\\KAZ\\Autobackups\\Wed Autobackup.zip";
@@ -179,7 +172,7 @@ TEST_F(Backup, OneWithFarMoreEventsIsKeptAsideAndOfThoseTheNewest) {
         startWith(9);
         startWith(0);
     }
-    EXPECT_THAT(aside("C:\\KAZ\\Autobackups"), testing::SizeIs(3));
+    EXPECT_THAT(aside("C:\\KAZ\\Autobackups"), SizeIs(3));
     machine.files.At("D:\\Copies\\Wed Autobackup.zip").readOnly = true;
     startWith(1);
     EXPECT_THAT(Log(), HasSubstr(kComplete));

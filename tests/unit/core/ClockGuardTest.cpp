@@ -3,18 +3,14 @@
 #include "base/DateText.h"
 #include "core/Startup.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
-
-#include <gmock/gmock.h>
 
 #include <functional>
 #include <set>
 
 namespace kaz {
 namespace {
-
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 constexpr const char* kNotice = "Date of this computer";
 constexpr int kTo2099 = 27760;  // days

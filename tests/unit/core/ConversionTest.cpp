@@ -2,17 +2,12 @@
 
 #include "core/Startup.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "storage/LegacyRecord.h"
 
-#include <gmock/gmock.h>
-
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 const std::string kConverted = "Your KAZ2 database has been converted to the new XML format (events.xml)\r\n"
                                "If you are using KAZ in networked mode, other users' shared events won't "

@@ -1,20 +1,16 @@
 #include "core/cSHAREDZipFiles.h"
+#include "fakes/Matchers.h"
 #include "fakes/MemoryFileSystem.h"
 #include "fakes/TestFolder.h"
 #include "platform/zip/LibzipArchiver.h"
 #include "unit/core/ZipReading.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Pair;
 
 constexpr const char* kZip = "C:\\KAZ\\Autobackups\\Wed.zip";
 

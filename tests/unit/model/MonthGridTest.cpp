@@ -2,15 +2,12 @@
 
 #include "base/RuntimeError.h"
 #include "fakes/FakeLocale.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "model/MonthList.h"
 
-#include <gmock/gmock.h>
-
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
 
 const DateValue kToday = DateValue::FromCivil(2023, 3, 15);
 

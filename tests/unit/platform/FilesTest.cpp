@@ -1,16 +1,13 @@
 #include "platform/Files.h"
 
 #include "fakes/ErrorOf.h"
+#include "fakes/Matchers.h"
 #include "fakes/MemoryFileSystem.h"
 #include "fakes/TestData.h"
 #include "platform/SafeFileWriter.h"
 
-#include <gmock/gmock.h>
-
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr const char* kFile = "C:\\KAZ\\Events.xml";
 

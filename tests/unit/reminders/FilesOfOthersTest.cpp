@@ -1,14 +1,9 @@
+#include "fakes/Matchers.h"
 #include "resources/resource.h"
 #include "unit/reminders/ReminderDesk.h"
 
-#include <gmock/gmock.h>
-
 namespace kaz {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 constexpr const char* kPath = "\\\\evil\\share\\run.bat";
 

@@ -1,13 +1,8 @@
+#include "fakes/Matchers.h"
 #include "unit/reminders/ReminderDesk.h"
-
-#include <gmock/gmock.h>
 
 namespace kaz {
 namespace {
-
-using ::testing::AnyOf;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 TEST(UpdateAllEvents, MovesRecurringEventsOnAndOthersOut) {
     ReminderDesk desk;

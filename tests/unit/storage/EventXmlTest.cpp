@@ -2,18 +2,13 @@
 
 #include "base/Text.h"
 #include "fakes/FakeLocale.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "fakes/TestData.h"
 #include "unit/storage/EventReading.h"
 
-#include <gmock/gmock.h>
-
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 // Every field different from its default and from its neighbours.
 clsEvent FullEvent() {

@@ -1,14 +1,12 @@
 #include "base/Text.h"
+#include "fakes/Matchers.h"
 #include "fakes/StorageDesk.h"
 #include "storage/cSharedSound.h"
 #include "storage/clsSounds.h"
 
-#include <gmock/gmock.h>
-
 namespace kaz {
 namespace {
 
-using testing::HasSubstr;
 using namespace std::string_literals;
 
 const std::string kTable = "C:\\Data\\EventWavs.ini";
@@ -77,8 +75,7 @@ TEST_F(EventSounds, ATableThatCannotBeReadIsNotWrittenOver) {
     machine.files.At(kTable).locked = true;
     sounds.Delete("000001");
     EXPECT_EQ(machine.files.Text(kTable), "000001,C:\\c.wav\r\n000002,C:\\b.wav\r\n");
-    EXPECT_THAT(Log(),
-                testing::AllOf(HasSubstr("in Initialise of clsSounds"), HasSubstr("in Delete of clsSounds")));
+    EXPECT_THAT(Log(), AllOf(HasSubstr("in Initialise of clsSounds"), HasSubstr("in Delete of clsSounds")));
     const std::string zeros(500, '\0');
     machine.files.Put(kTable, zeros);
     sounds.Initialise();

@@ -3,17 +3,14 @@
 #include "base/Numbers.h"
 #include "fakes/ErrorOf.h"
 #include "fakes/FakeLocale.h"
+#include "fakes/Matchers.h"
 #include "fakes/TestData.h"
-
-#include <gmock/gmock.h>
 
 #include <functional>
 #include <map>
 
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(TagCodec, AnswersAsTheTableSays) {
     const std::map<std::string, std::function<std::string(const std::string&)>> questions{

@@ -1,21 +1,16 @@
 #include "storage/clsDB2.h"
 
 #include "base/Text.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "fakes/StorageDesk.h"
 #include "fakes/TestData.h"
 #include "storage/LegacyRecord.h"
 
-#include <gmock/gmock.h>
-
 namespace kaz {
 namespace {
 
 using namespace std::string_literals;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
-using testing::SizeIs;
 
 const std::string kEventsDat = "C:\\KAZ\\events.dat";
 const std::string kNoNumber = "\x00\x00\x00\x00\x00\x00\xF8\x7F"s;

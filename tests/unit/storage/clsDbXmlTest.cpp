@@ -1,22 +1,16 @@
 #include "storage/clsDbXml.h"
 
 #include "base/Text.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "fakes/StorageDesk.h"
-
-#include <gmock/gmock.h>
 
 #include <utility>
 
 namespace kaz {
 namespace {
 
-using testing::ElementsAre;
-using testing::ElementsAreArray;
-using testing::HasSubstr;
 using namespace std::string_literals;
-using testing::Not;
-using testing::UnorderedElementsAreArray;
 
 const std::string kFile = "C:\\Data\\Events.xml";
 const std::string kLog = "C:\\KAZ\\log.txt";
@@ -268,7 +262,7 @@ TEST_F(EventDatabase, AReloadPutsWhatIsNotSafeYetOnTop) {
         EXPECT_EQ(OnDisk(), fileOf(row.after));
         const std::vector<std::string> kept = machine.files.FilesIn("C:\\Kept");
         EXPECT_EQ(kept.size(), *row.kept ? 1U : 0U);
-        EXPECT_THAT(kept, testing::Each(HasSubstr("Events (" + std::string(row.kept) + ", ")));
+        EXPECT_THAT(kept, Each(HasSubstr("Events (" + std::string(row.kept) + ", ")));
         EXPECT_EQ(gone, std::string_view(row.kept).starts_with("before") ? 1U : 0U);
     }
 }
@@ -300,7 +294,7 @@ TEST_F(EventDatabase, ACodeBelongsToOneEvent) {
     database.PutOnTop(rescued);
     EXPECT_THAT(DescriptionsOf(Alive(database)),
                 ElementsAre("Theirs, changed", "Event 000007", "Event 000009"));
-    EXPECT_THAT(Codes(database), testing::Not(testing::Contains("000007")));
+    EXPECT_THAT(Codes(database), Not(Contains("000007")));
 }
 
 // Each operation that a save is made of fails in turn. Before the second save another program changes the
@@ -326,8 +320,8 @@ TEST_F(EventDatabase, WhateverStepOfASaveFailsNothingIsLost) {
         EXPECT_EQ(saved, !database.SaveFault());
         EXPECT_EQ(saved, !database.HasUnsaved());
         if (!saved && lasts == Lasts::Once) {
-            EXPECT_THAT(Log(), testing::AnyOf(HasSubstr("in SaveDB of clsDbXml"), HasSubstr(kReadOnly),
-                                              HasSubstr("Unable to write events.")));
+            EXPECT_THAT(Log(), AnyOf(HasSubstr("in SaveDB of clsDbXml"), HasSubstr(kReadOnly),
+                                     HasSubstr("Unable to write events.")));
             EXPECT_THAT(machine.files.FilesIn("C:\\Data"), ElementsAre("Events.xml"));
         }
         machine.files.LosePower();

@@ -1,12 +1,8 @@
 #include "support/ErrorReport.h"
 
-#include <gmock/gmock.h>
+#include "fakes/Matchers.h"
 
 using namespace kaz;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
 
 namespace {
 

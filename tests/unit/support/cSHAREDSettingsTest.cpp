@@ -1,15 +1,11 @@
 #include "support/cSHAREDSettings.h"
 
 #include "fakes/FakePlatform.h"
+#include "fakes/Matchers.h"
 #include "platform/Files.h"
-
-#include <gmock/gmock.h>
 
 namespace kaz {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 constexpr const char* kFile = "C:\\KAZ\\Kaz.ini";
 
@@ -86,7 +82,7 @@ TEST_F(SettingsTest, WordsForYesAndNo) {
     // A word that was stored as a text is the Boolean on its way out, but stays a text in the file.
     settings.StoreSetting("C", Text(" Falsch"));
     EXPECT_EQ(settings.sGet("C"), SettingValue(false));
-    EXPECT_THAT(Saved(), testing::StartsWith("A,0\r\nB,-1\r\nC, Falsch\r\nD,0\r\nE,-1\r\n"));
+    EXPECT_THAT(Saved(), StartsWith("A,0\r\nB,-1\r\nC, Falsch\r\nD,0\r\nE,-1\r\n"));
     machine.locale.data = FakeLocale::Polish();
     Load("A,fa\263sz\r\nB,Wahr\r\n");
     EXPECT_EQ(settings.sGet("A"), Number(0));

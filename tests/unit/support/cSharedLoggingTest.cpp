@@ -2,10 +2,9 @@
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeSystemInfo.h"
+#include "fakes/Matchers.h"
 #include "fakes/MemoryFileSystem.h"
 #include "support/cSHAREDShowError.h"
-
-#include <gmock/gmock.h>
 
 #include <array>
 #include <memory>
@@ -13,9 +12,6 @@
 
 namespace kaz {
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 constexpr const char* kLog = "C:\\KAZ\\log.txt";
 
@@ -138,8 +134,7 @@ TEST_F(LoggingTest, ErrorsAreLoggedAndShownOnce) {
     ErrorTrap trap(errors, "ShowMain", "clsComponent");
     trap([] { throw RuntimeError(ErrorNumber::FileNotFound); });
     errors.ShowErr("plain", "more");
-    EXPECT_THAT(shown,
-                testing::ElementsAre("Error 53 - File not found in ShowMain of clsComponent|", "plain|more"));
+    EXPECT_THAT(shown, ElementsAre("Error 53 - File not found in ShowMain of clsComponent|", "plain|more"));
     const std::string text = files.Text(kLog);
     EXPECT_THAT(text, StartsWith("1 09:05:07, Error 6 (Overflow) in cmdSave_Click of frmEvent\r\n"));
     EXPECT_THAT(text, HasSubstr("Error 7 (inside) in Form_Load of fSHAREDErrorRpt\r\n"));
