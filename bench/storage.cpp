@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "storage/EventOperations.h"
+#include "storage/EventReplay.h"
 #include "storage/clsDbXml.h"
 
 #include <benchmark/benchmark.h>
@@ -136,6 +137,32 @@ void DeleteMany(benchmark::State& state) {
     }
 }
 
+// The same taken back, event by event, as one command.
+void UndoDeletion(benchmark::State& state) {
+    Bench bench;
+    const std::string file = bench.EventFile(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        clsDbXml events = bench.Database();
+        clsDbXml expired = bench.Database();
+        events.LoadDB(file);
+        expired.LoadDB(bench.Path("Expired.xml"));
+        std::vector<std::string> codes;
+        for (const clsEvent& event : std::as_const(events).AllEvents())
+            codes.push_back(event.IDCode);
+        EventOperations operations(events, expired, bench.stores);
+        operations.DeleteEvents(codes);
+        std::vector<ChangedEvent> changes = operations.TakeChanges();
+        for (ChangedEvent& change : changes)
+            change.Reverse();
+        state.ResumeTiming();
+        const auto result = EventReplay(events, expired, bench.stores).Run(std::move(changes));
+        state.PauseTiming();
+        if (result.done.size() != codes.size()) throw std::runtime_error("not all are back");
+        state.ResumeTiming();
+    }
+}
+
 // The others' shared files, as LoadMultiple finds them.
 constexpr int kUsers = 50;
 
@@ -229,6 +256,7 @@ BENCHMARK(ChangeCheck)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FileTimes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(AddOneByOneAndSave)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(DeleteMany)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(UndoDeletion)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Rule)->DenseRange(RecurWeekdays, RecurEveryNDays);
 
 }  // namespace

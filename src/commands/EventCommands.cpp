@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "commands/EventStep.h"
 #include "platform/Dialogs.h"
 
 namespace kaz {
@@ -18,12 +19,22 @@ constexpr std::size_t kLongestName = 200;
 std::optional<std::string> EventCommands::Add() {
     clsEvent event;
     if (!editor_(event, EditMode::Whole)) return std::nullopt;
-    return Operations().AddEvent(std::move(event));
+    EventOperations operations = Operations();
+    std::string code = operations.AddEvent(std::move(event));
+    Record("addition", operations);
+    return code;
 }
 
-std::optional<std::string> EventCommands::Edit(const EventRef& event, EditMode mode) {
-    if (Refuses(event, "edit") || event.code.empty()) return std::nullopt;
+std::optional<std::string> EventCommands::Edit(const EventRef& event) {
     EventOperations operations = Operations();
+    const auto edited = Edit(event, EditMode::Whole, operations);
+    Record("change", operations);
+    return edited;
+}
+
+std::optional<std::string> EventCommands::Edit(const EventRef& event, EditMode mode,
+                                               EventOperations& operations) {
+    if (Refuses(event, "edit") || event.code.empty()) return std::nullopt;
     const bool expired = event.source == EventSource::Expired;
     const clsEvent* found = operations.Read(event.code, expired);
     if (!found) return std::nullopt;
@@ -44,7 +55,9 @@ std::optional<std::string> EventCommands::Edit(const EventRef& event, EditMode m
 
 std::optional<std::string> EventCommands::Push(const EventRef& event) {
     if (Refuses(event, "push") || event.type == EventType::Past) return std::nullopt;
-    Operations().PushEvent(event.code, false);
+    EventOperations operations = Operations();
+    operations.PushEvent(event.code, false);
+    Record("push", operations);
     return event.code;
 }
 
@@ -70,30 +83,28 @@ bool EventCommands::Delete(const std::vector<EventRef>& events, std::string_view
             (event.source == EventSource::Expired ? expired : current).push_back(event.code);
     }
     EventOperations operations = Operations();
-    for (const clsEvent& event : operations.DeleteEvents(current))
-        RefuseOwners(event, " can delete it.");
+    const std::vector<clsEvent> others = operations.DeleteEvents(current);
     operations.DeleteExpiredEvents(expired);
+    Record("deletion", operations);
+    for (const clsEvent& event : others)
+        RefuseOwners(event, " can delete it.");
     if (refused) dialogs.Message("You can't delete events belonging to another user");
     return true;
 }
 
 std::optional<std::string> EventCommands::ShareWith(const EventRef& event,
                                                     const std::vector<EventRef>& others) {
-    auto edited = Edit(event, EditMode::SharingOnly);
-    const clsEvent* found = edited ? app_.events->ReadEvent(*edited) : nullptr;
-    if (!found) return edited;
-    const clsEvent model = *found;
-    bool changed = false;
-    for (const EventRef& other : others) {
-        if (other.source != EventSource::Local || other.IsForeign() || other.code == event.code) continue;
-        const clsEvent* shared = app_.events->ReadEvent(other.code);
-        if (!shared) continue;
-        clsEvent copy = *shared;
-        copy.ShareLike(model);
-        app_.events->StoreRecord(std::move(copy));
-        changed = true;
+    EventOperations operations = Operations();
+    auto edited = Edit(event, EditMode::SharingOnly, operations);
+    const clsEvent* found = edited ? operations.Read(*edited, false) : nullptr;
+    if (found) {
+        std::vector<std::string> codes;
+        for (const EventRef& other : others)
+            if (other.source == EventSource::Local && !other.IsForeign() && other.code != event.code)
+                codes.push_back(other.code);
+        operations.ShareLike(codes, clsEvent(*found));
     }
-    if (changed) app_.events->SaveDB();
+    Record("sharing", operations);
     return edited;
 }
 
@@ -112,6 +123,10 @@ EventOperations EventCommands::Operations() {
     if (!app_.events || !app_.expired)
         throw RuntimeError(ErrorNumber::InternalError, "The event files could not be opened");
     return EventOperations(*app_.events, *app_.expired, app_.Storage());
+}
+
+void EventCommands::Record(std::string_view what, EventOperations& operations) {
+    EventStep::Record(app_, what, operations.TakeChanges());
 }
 
 }  // namespace kaz

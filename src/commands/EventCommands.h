@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kaz {
@@ -33,7 +34,7 @@ public:
     // The code of the new event; nothing when the user gave up.
     std::optional<std::string> Add();
     // The code of the edited event; nothing when it was not stored.
-    std::optional<std::string> Edit(const EventRef& event) { return Edit(event, EditMode::Whole); }
+    std::optional<std::string> Edit(const EventRef& event);
     // The code of the event when it was there to be pushed.
     std::optional<std::string> Push(const EventRef& event);
     // Asks first; `what` is the text of the event when it is only one. False when the answer was No.
@@ -43,11 +44,13 @@ public:
     std::optional<std::string> ShareWith(const EventRef& event, const std::vector<EventRef>& others);
 
 private:
-    std::optional<std::string> Edit(const EventRef& event, EditMode mode);
+    std::optional<std::string> Edit(const EventRef& event, EditMode mode, EventOperations& operations);
     // `what` is what can't be done.
     bool Refuses(const EventRef& event, const char* what);
     void RefuseOwners(const clsEvent& event, const std::string& what);
     EventOperations Operations();
+    // What the operations have changed can be taken back.
+    void Record(std::string_view what, EventOperations& operations);
 
     Application& app_;
     Editor editor_;

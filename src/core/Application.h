@@ -15,6 +15,7 @@
 #include "storage/clsSounds.h"
 #include "support/ErrorReports.h"
 #include "support/Health.h"
+#include "support/UndoHistory.h"
 #include "support/cSHAREDSettings.h"
 #include "support/cSHAREDShowError.h"
 #include "support/cSharedLogging.h"
@@ -48,6 +49,7 @@ public:
     cSharedLogging log;
     cSHAREDShowError errors;
     Health health;  // what the bar above the list and the tray say
+    UndoHistory undo;
     cSHAREDSettings settings;
     clsLayers layers;
 

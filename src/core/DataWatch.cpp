@@ -46,6 +46,18 @@ void DataWatch::WatchTasks(std::shared_ptr<TaskList> tasks, std::function<void()
     tasksSaved_ = std::move(saved);
 }
 
+std::shared_ptr<TaskList> DataWatch::Tasks() const {
+    return tasks_ ? tasks_ : std::make_shared<TaskList>(app_.UserTasks());
+}
+
+void DataWatch::SaveTasks(const std::shared_ptr<TaskList>& tasks) {
+    ErrorTrap trap(app_.log, "SaveTasks", kModule);
+    trap([&] { tasks->Save(); });
+    if (tasks->Unsaved() && !tasks_) tasks_ = tasks;
+    if (tasksSaved_) tasksSaved_();
+    Tell();
+}
+
 bool DataWatch::IsAllSaved() const {
     const bool events = !app_.events || !app_.events->HasUnsaved();
     const bool expired = !app_.expired || !app_.expired->HasUnsaved();

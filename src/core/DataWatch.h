@@ -31,6 +31,11 @@ public:
     void WatchTasks(std::shared_ptr<TaskList> tasks, std::function<void()> saved);
     // Tasks without a window that are not saved yet; null when there are none.
     std::shared_ptr<TaskList> UnsavedTasks() const { return tasks_ && tasks_->Unsaved() ? tasks_ : nullptr; }
+    // The tasks that the user works on; without a window, those of the file, which have yet to be read.
+    std::shared_ptr<TaskList> Tasks() const;
+    // Saves the tasks, shows them where the user works on them, and tells how it stands. What cannot be saved
+    // is tried again.
+    void SaveTasks(const std::shared_ptr<TaskList>& tasks);
     FileStates& States() { return states_; }
 
     bool IsAllSaved() const;

@@ -49,7 +49,9 @@ void EventFiles::Reopen() {
     app_.sounds.Initialise();
     app_.ApplySharing();
     ReopenShared();
-    if (app_.events->DBFilename() != before) app_.MakeReminder().UpdateAllEvents();
+    if (app_.events->DBFilename() == before) return;
+    app_.undo.Clear();  // its events are in other files
+    app_.MakeReminder().UpdateAllEvents();
 }
 
 void EventFiles::LoadLate() {

@@ -161,6 +161,9 @@ public:
     // Shows a pop-up menu of the resources at the pointer (or at the focus, for the keyboard); the chosen
     // item is raised as Click.
     virtual void ShowMenu(int menu) = 0;
+    // What a command is called in the window's menus, with its key behind a tab, and whether it can be chosen
+    // there; from now on. "&" stands before the access key, "&&" for itself.
+    virtual void SetCommand(int command, const std::string& text, bool enabled) = 0;
     // Shows it beneath a button of the window's toolbar.
     virtual void ShowMenuUnder(int toolbar, int command, int menu) = 0;
 

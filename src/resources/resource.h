@@ -75,6 +75,8 @@
 #define IDM_CHECKFORUPDATE 2022
 #define IDM_HELP 2023
 #define IDM_ABOUT 2024
+#define IDM_UNDO 2030
+#define IDM_REDO 2031
 
 #define IDM_REMINDERSMENU 2040
 #define IDM_SHOWAGAIN 2041
@@ -245,6 +247,8 @@
 #define IDC_cmd_delete 1904
 #define IDC_cmd_printTasks 1905
 #define IDC_Cmd_exit 1906
+#define IDC_cmd_undoTask 1907
+#define IDC_cmd_redoTask 1908
 
 // frmUnsaved
 #define IDC_lblUnsaved 1950

@@ -23,7 +23,8 @@ clsEvent SharedLike(clsEvent event, const clsEvent& other) {
 std::string EventOperations::AddEvent(clsEvent event) {
     CatchUp();
     events_.StoreRecord(Updated(std::move(event)), true);
-    std::string code = events_.AllEvents().back().IDCode;
+    changes_.push_back({{}, events_.AllEvents().back()});
+    std::string code = changes_.back().after->IDCode;
     events_.SaveDB();
     return code;
 }
@@ -49,6 +50,7 @@ EditResult EventOperations::EditEvent(const EventEdit& edit, bool keepWhenGone) 
     copy.Deleted = false;
     const clsEvent stored = still ? *still : copy;
     StoreBack(std::move(copy), stored, fromExpired && !isGone);
+    if (isGone) changes_.back().before.reset();
     return EditResult::Stored;
 }
 
@@ -71,17 +73,38 @@ std::vector<clsEvent> EventOperations::DeleteEvents(const std::vector<std::strin
     std::vector<clsEvent> others;
     std::vector<std::string> own;
     for (const clsEvent* event : Find(events_, codes)) {
-        if (IsOthers(*event))
+        if (IsOthers(*event)) {
             others.push_back(*event);
-        else
-            own.push_back(event->IDCode);
+            continue;
+        }
+        own.push_back(event->IDCode);
+        NoteDeletion(*event, false);
     }
     if (!own.empty()) events_.DeleteRecords(own);
     return others;
 }
 
 void EventOperations::DeleteExpiredEvents(const std::vector<std::string>& codes) {
-    if (!Find(expired_, codes).empty()) expired_.DeleteRecords(codes);
+    const std::vector<const clsEvent*> found = Find(expired_, codes);
+    for (const clsEvent* event : found)
+        NoteDeletion(*event, true);
+    if (!found.empty()) expired_.DeleteRecords(codes);
+}
+
+void EventOperations::ShareLike(const std::vector<std::string>& codes, const clsEvent& model) {
+    std::vector<clsEvent> shared;
+    for (const clsEvent* event : Find(events_, codes)) {
+        if (event->Deleted || IsOthers(*event)) continue;
+        shared.push_back(SharedLike(*event, model));
+        changes_.push_back({*event, shared.back()});
+    }
+    if (shared.empty()) return;
+    events_.StoreRecords(std::move(shared));
+    events_.SaveDB();
+}
+
+void EventOperations::NoteDeletion(const clsEvent& event, bool expired) {
+    if (!event.Deleted) changes_.push_back({event, {}, expired, false});
 }
 
 // In one walk, however many they are. Of two events with the same code the first is meant.
@@ -131,6 +154,7 @@ void EventOperations::StoreBack(clsEvent event, const clsEvent& before, bool fro
     };
     const clsEvent* current = fromExpired ? holder(events_) : nullptr;
     events_.StoreRecord(std::move(event), current && !isSame(*current));
+    changes_.push_back({before, events_.AllEvents().back(), fromExpired, false});
     if (!events_.SaveDB()) return;
     // An event leaves the expired file only once it is safe in the other.
     const clsEvent* expired = holder(expired_);

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "model/clsEvent.h"
+#include "storage/ChangedEvent.h"
 #include "storage/clsDbXml.h"
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -49,6 +51,11 @@ public:
     std::vector<clsEvent> DeleteEvents(const std::vector<std::string>& codes);
     // Has no regard to ownership.
     void DeleteExpiredEvents(const std::vector<std::string>& codes);
+    // Shares the current events as `model` is shared; those of other users stay.
+    void ShareLike(const std::vector<std::string>& codes, const clsEvent& model);
+
+    // What the operations have changed since it was last asked for.
+    std::vector<ChangedEvent> TakeChanges() { return std::exchange(changes_, {}); }
 
 private:
     static std::vector<const clsEvent*> Find(const clsDbXml& database, const std::vector<std::string>& codes);
@@ -62,10 +69,12 @@ private:
     // `before` is what it was. An event whose code another one has by now gets a new one, or else it would
     // take that one's place.
     void StoreBack(clsEvent event, const clsEvent& before, bool fromExpired);
+    void NoteDeletion(const clsEvent& event, bool expired);
 
     clsDbXml& events_;
     clsDbXml& expired_;
     Stores stores_;
+    std::vector<ChangedEvent> changes_;
 };
 
 }  // namespace kaz

@@ -58,6 +58,11 @@ void TaskList::Delete(int position) {
     unsaved_ = true;
 }
 
+void TaskList::Insert(int position, std::string task) {
+    tasks_.insert(tasks_.begin() + position, std::move(task));
+    unsaved_ = true;
+}
+
 void TaskList::AddMissing(const std::vector<std::string>& tasks) {
     Join(tasks_, tasks);
     unsaved_ = true;

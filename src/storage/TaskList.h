@@ -40,6 +40,8 @@ public:
     void Add(std::string task);
     void Change(int position, std::string task);
     void Delete(int position);
+    // Before the task at the position, or at the end when there are not more.
+    void Insert(int position, std::string task);
     // Those of the tasks that the list does not have.
     void AddMissing(const std::vector<std::string>& tasks);
     // Makes the file anew, of this list, with the next Save.

@@ -246,6 +246,22 @@ void clsDbXml::StoreRecord(clsEvent event, bool forceNew) {
     events_.Store(std::move(event));
 }
 
+void clsDbXml::StoreRecords(std::vector<clsEvent> events) {
+    ChangeEvents([&](std::vector<clsEvent>& all) {
+        std::unordered_map<std::string, std::size_t> places;
+        places.reserve(all.size() + events.size());
+        for (std::size_t place = 0; place < all.size(); ++place)
+            places.emplace(all[place].IDCode, place);
+        for (clsEvent& event : events) {
+            const auto [place, isNew] = places.emplace(event.IDCode, all.size());
+            if (isNew)
+                all.push_back(std::move(event));
+            else
+                all[place->second] = std::move(event);
+        }
+    });
+}
+
 void clsDbXml::WipeDiskFile() {
     ErrorTrap trap(stores_.log, "WipeDiskFile", kModule);
     trap([&] {

@@ -110,6 +110,9 @@ public:
     // Takes the place of the event with the same code, at the end of the collection; an event without a code,
     // or with `forceNew`, gets a new one. Nothing is saved. Throws InternalError when every code is in use.
     void StoreRecord(clsEvent event, bool forceNew = false);
+    // Many under the codes that they have, each in the place of the one with its code or at the end; one that
+    // is marked deleted takes that one away. Nothing is saved.
+    void StoreRecords(std::vector<clsEvent> events);
     // Promised: the program itself never calls it.
     void WipeDiskFile();
     void WipeRecordsByOwner(std::string_view owner);

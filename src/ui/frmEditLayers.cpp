@@ -1,6 +1,7 @@
 #include "ui/frmEditLayers.h"
 
 #include "base/Text.h"
+#include "commands/CategoryStep.h"
 #include "platform/Dialogs.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
@@ -32,20 +33,16 @@ void frmEditLayers::Form_Load() {
 
 void frmEditLayers::cmdAccept_Click() {
     // All of them are read before the first one changes, so that a name which cannot be stored changes none.
-    std::vector<std::string> names;
+    CategoryStep::CategoryNames names;
     try {
-        for (const TextBox& box : txtDesc)
-            names.push_back(StorableText(box, "The name of a category"));
+        for (std::size_t slot = 0; slot < names.size(); ++slot)
+            names[slot] = StorableText(txtDesc[slot], "The name of a category");
     } catch (const FieldFault& fault) {
         app_.platform.dialogs.Message(fault.Description());
         window().SetFocus(fault.Control());
         return;
     }
-    for (std::int16_t slot = 0; slot < clsLayers::kCount; ++slot)
-        app_.layers.Layer(slot, names[static_cast<std::size_t>(slot)]);
-    app_.layers.SaveLayers();
-    // Typed by hand, so not left to the end of the program.
-    app_.settings.SaveSettings(app_.settingsFileName);
+    CategoryStep::Rename(app_, names);
     Accept();
 }
 

@@ -98,6 +98,9 @@ public:
     FakeReportList& Report(int control) override { return reports_[control]; }
     FakeDayGrid& Grid(int control) override { return grids_[control]; }
     void ShowMenu(int menu) override { menus.push_back(menu); }
+    void SetCommand(int command, const std::string& text, bool enabled) override {
+        commands[command] = enabled ? text : "(" + text + ")";
+    }
     void ShowMenuUnder(int, int, int menu) override { menus.push_back(menu); }
     void SetToolbar(int, const std::vector<ToolButton>& buttons) override { toolbar = buttons; }
     void ShowTrayIcon(const std::string& tip, int icon) override;
@@ -134,6 +137,7 @@ public:
     std::map<int, int> roomAbove;  // by control
     Tone noticeTone = Tone::Note;
     std::vector<int> menus;
+    std::map<int, std::string> commands;  // as the menus name them; in brackets those that cannot be chosen
     std::vector<ToolButton> toolbar;
     std::optional<std::string> trayTip;  // while the icon is shown
     int trayIcon = 0;

@@ -115,6 +115,18 @@ TEST_F(frmMainCommandsTest, DeletingAsksOnceAndRefusesOnce) {
     Click(IDM_DELETE);
     EXPECT_EQ("Ann's", Column());
     EXPECT_LT(machine.files.written - written, 15);  // the log counts as well
+
+    Click(IDM_UNDO);
+    EXPECT_EQ(Column(), Selected() + "|Ann's");
+    EXPECT_EQ(52U, List().Selection().size());
+    if (!fakes) return;  // what a real menu says, it does not tell
+    Fake().Raise(IDC_ListEvents, Raised::RightClick);
+    EXPECT_EQ("&Undo deletion of 2 events\tCtrl+Z", Fake().commands[IDM_UNDO]);
+    EXPECT_EQ("&Redo deletion of 52 events\tCtrl+Y", Fake().commands[IDM_REDO]);
+    Click(IDM_REDO);
+    Click(IDM_OPTIONS);
+    EXPECT_EQ("Ann's", Column());
+    EXPECT_EQ("(&Redo\tCtrl+Y)", Fake().commands[IDM_REDO]);
 }
 
 TEST_F(frmMainCommandsTest, SharingGoesToAllSelectedEventsOfTheUser) {

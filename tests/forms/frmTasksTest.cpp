@@ -54,6 +54,12 @@ TEST_F(frmTasksTest, EachChangeIsShownAndSavedAtOnce) {
     for (int i = 0; i < 2; ++i)
         Click(IDC_cmd_delete);
     EXPECT_EQ(FileOf({}), OnDisk());
+    for (int i = 0; i < 4; ++i)
+        Click(IDC_cmd_undoTask);
+    EXPECT_EQ(FileOf({"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread"}), OnDisk());
+    EXPECT_EQ(1, window->Selected(IDC_lst_tasks));
+    Click(IDC_cmd_redoTask);
+    EXPECT_THAT(Shown(), ElementsAre("Milk", "Tea", "Bread"));
 
     window->Hide();
     ShowTasks(app);

@@ -328,6 +328,12 @@ void DialogWindow::EnsureTooltips() {
 void DialogWindow::ShowMenu(int menu) {
     const Menu whole(LoadMenuW(module_, MAKEINTRESOURCEW(menu)));
     if (!whole) return;
+    for (const auto& [command, shown] : commands_) {
+        const auto id = static_cast<UINT>(command);
+        if (GetMenuState(whole.Get(), id, MF_BYCOMMAND) == static_cast<UINT>(-1)) continue;
+        const UINT state = shown.second ? 0 : static_cast<UINT>(MF_GRAYED);
+        ModifyMenuW(whole.Get(), id, MF_BYCOMMAND | MF_STRING | state, id, ToWide(shown.first).c_str());
+    }
     // The menu of a window that is not in front, as that of the tray icon, would stay open after a click
     // beside it.
     SetForegroundWindow(window_);

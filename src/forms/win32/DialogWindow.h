@@ -6,7 +6,10 @@
 #include "forms/win32/TrayIcon.h"
 #include "win32/Handles.h"
 
+#include <map>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace kaz {
 
@@ -56,6 +59,9 @@ public:
     void AskForResumes() override;
 
     void ShowMenu(int menu) override;
+    void SetCommand(int command, const std::string& text, bool enabled) override {
+        commands_[command] = {text, enabled};
+    }
     void ShowMenuUnder(int toolbar, int command, int menu) override;
 
     void ShowTrayIcon(const std::string& tip, int icon) override;
@@ -80,6 +86,7 @@ private:
     bool work_ = false;
     bool placed_ = false;
     bool hasTooltips_ = false;
+    std::map<int, std::pair<std::string, bool>> commands_;
     std::optional<WindowState> stateWhenShown_;
     int wheel_ = 0;  // turned, but less than a click
     POINT menuPoint_{};

@@ -66,6 +66,14 @@ void EventListView::SelectOwn(const std::string& code) {
     Report().Select(*row);
 }
 
+void EventListView::SelectEvents(const std::vector<UndoOutcome::Event>& events) {
+    Kept kept;
+    for (const UndoOutcome::Event& event : events)
+        kept.events.push_back({event.code, event.expired ? EventSource::Expired : EventSource::Local});
+    if (!kept.events.empty()) kept.current = kept.events.front();
+    SelectAgain(kept);
+}
+
 EventListView::Kept EventListView::Keep() const {
     Kept kept;
     for (const int row : Report().Selection())

@@ -2,6 +2,7 @@
 
 #include "commands/EventCommands.h"
 #include "forms/ReportList.h"
+#include "support/UndoHistory.h"
 #include "ui/list/EventList.h"
 
 #include <optional>
@@ -38,6 +39,9 @@ public:
     void SelectAll();
     // Selects that event alone, when it is there.
     void SelectOwn(const std::string& code);
+
+    // Selects these alone, as far as they are in the list; without any, the selection stays what it is.
+    void SelectEvents(const std::vector<UndoOutcome::Event>& events);
 
     struct Kept {
         std::vector<EventList::Key> events;

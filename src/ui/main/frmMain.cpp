@@ -1,5 +1,6 @@
 #include "ui/main/frmMain.h"
 
+#include "base/Text.h"
 #include "core/Backup.h"
 #include "core/DataWatch.h"
 #include "core/Links.h"
@@ -153,7 +154,9 @@ void frmMain::RefillKeepingSelection() {
 }
 
 void frmMain::ListEvents_MouseUp() {
-    if (list_.SelectedRow() >= 0) window().ShowMenu(IDR_MENU_LIST);
+    if (list_.SelectedRow() < 0) return;
+    NameSteps();
+    window().ShowMenu(IDR_MENU_LIST);
 }
 
 void frmMain::mnuFind_Click() {
@@ -237,6 +240,8 @@ void frmMain::NameCommands() {
         {IDM_SHOWAGAIN, "mnuShowAgain_Click", &frmMain::mnuShowAgain_Click},
         {IDM_OPTIONS, "Toolbar1_ButtonClick", &frmMain::cmdOptions_Click},
         {IDM_REFRESH, "Toolbar1_ButtonClick", &frmMain::cmdRefresh_Click},
+        {IDM_UNDO, "Undo_Click", &frmMain::mnuUndo_Click},
+        {IDM_REDO, "Redo_Click", &frmMain::mnuRedo_Click},
         {IDM_LOG, "ShowLog", &frmMain::cmdLog_Click},
         {IDM_HELPMENU, "Toolbar1_ButtonClick", &frmMain::cmdHelp_Click},
         {IDM_SHAREWITH, "mnuShareWith_Click", &frmMain::mnuShareWith_Click},
@@ -298,6 +303,31 @@ void frmMain::mnuShareWith_Click() {
     if (code) Refill(code);
 }
 
+void frmMain::TakeStep(UndoHistory::Way way) {
+    if (!app_.undo.Next(way)) return;
+    const UndoPlace place = app_.undo.Next(way)->Place();
+    const UndoOutcome outcome = app_.undo.Take(way);
+    if (place == UndoPlace::Categories) FillCategories();
+    if (place != UndoPlace::Tasks) Refill(std::nullopt);
+    if (!unloaded_) list_.SelectEvents(outcome.events);
+    if (!outcome.told.empty()) app_.platform.dialogs.Message(outcome.told);
+}
+
+void frmMain::NameSteps() {
+    const struct {
+        int command;
+        UndoHistory::Way way;
+        const char* caption;
+        const char* key;
+    } commands[] = {{IDM_UNDO, UndoHistory::Way::Back, "&Undo", "\tCtrl+Z"},
+                    {IDM_REDO, UndoHistory::Way::Again, "&Redo", "\tCtrl+Y"}};
+    for (const auto& command : commands) {
+        const UndoStep* step = app_.undo.Next(command.way);
+        const std::string what = step ? " " + ReplaceAll(OneLine(step->Name()), "&", "&&") : "";
+        window().SetCommand(command.command, command.caption + what + command.key, step != nullptr);
+    }
+}
+
 void frmMain::cmdMonthView_Click() {
     const CivilDate today = app_.platform.clock.Today().Civil();
     dialogs_.month(today.month, today.year);
@@ -320,7 +350,10 @@ void frmMain::mnuShowAgain_Click() {
         app_.platform.dialogs.Message("Nothing is due today, and nothing comes up in the next days.");
 }
 
-void frmMain::cmdOptions_Click() { window().ShowMenuUnder(IDC_Toolbar1, IDM_OPTIONS, IDR_MENU_SETTINGS); }
+void frmMain::cmdOptions_Click() {
+    NameSteps();
+    window().ShowMenuUnder(IDC_Toolbar1, IDM_OPTIONS, IDR_MENU_SETTINGS);
+}
 
 void frmMain::cmdHelp_Click() { window().ShowMenuUnder(IDC_Toolbar1, IDM_HELPMENU, IDR_MENU_HELP); }
 

@@ -65,6 +65,11 @@ private:
     void cmdHelp_Click();
     void mnuShowAgain_Click();
     void mnuShareWith_Click();
+    void mnuUndo_Click() { TakeStep(UndoHistory::Way::Back); }
+    void mnuRedo_Click() { TakeStep(UndoHistory::Way::Again); }
+    void TakeStep(UndoHistory::Way way);
+    // Has the menus say what would be taken back.
+    void NameSteps();
     void mnuBackup_Click();
     void mnuViewBackups_Click();
     void mnuCheckForUpdate_Click();

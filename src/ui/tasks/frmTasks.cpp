@@ -1,6 +1,7 @@
 #include "ui/tasks/frmTasks.h"
 
 #include "base/Text.h"
+#include "commands/TaskStep.h"
 #include "core/DataWatch.h"
 #include "forms/WindowFactory.h"
 #include "platform/Dialogs.h"
@@ -39,6 +40,8 @@ frmTasks::frmTasks(std::unique_ptr<kaz::Window> window, Application& application
     On(IDC_lst_tasks, Raised::DoubleClick, "lst_tasks_DblClick", &frmTasks::cmd_change_Click);
     On(IDC_cmd_delete, Raised::Click, "cmd_delete_Click", &frmTasks::cmd_delete_Click);
     On(IDC_cmd_printTasks, Raised::Click, "cmd_print_Click", &frmTasks::cmd_print_Click);
+    On(IDC_cmd_undoTask, Raised::Click, "cmd_undo_Click", [this] { Turn(UndoHistory::Way::Back); });
+    On(IDC_cmd_redoTask, Raised::Click, "cmd_redo_Click", [this] { Turn(UndoHistory::Way::Again); });
     On(IDC_Cmd_exit, Raised::Click, "Cmd_exit_Click", &frmTasks::Cmd_exit_Click);
 }
 
@@ -111,8 +114,10 @@ void frmTasks::cmd_add_Click() {
     if (!task || closed_) return;
     FollowFile();
     list_->Add(*task);
+    const int last = static_cast<int>(list_->Tasks().size()) - 1;
+    TaskStep::Record(app_, {last, {}, *task});
     SaveTasks();
-    Fill(static_cast<int>(list_->Tasks().size()) - 1);
+    Fill(last);
 }
 
 void frmTasks::cmd_change_Click() {
@@ -123,9 +128,11 @@ void frmTasks::cmd_change_Click() {
     int selected = static_cast<int>(list_->Tasks().size());
     if (FollowFile()) {
         selected = lst_tasks.Selected();
+        TaskStep::Record(app_, {selected, list_->Tasks()[static_cast<std::size_t>(selected)], *task});
         list_->Change(selected, *task);
     } else {
         app_.platform.dialogs.Message(std::string(kGone) + "Your text is added as a new task.");
+        TaskStep::Record(app_, {selected, {}, *task});
         list_->Add(*task);
     }
     SaveTasks();
@@ -139,9 +146,17 @@ void frmTasks::cmd_delete_Click() {
         return;
     }
     const int selected = lst_tasks.Selected();
+    TaskStep::Record(app_, {selected, list_->Tasks()[static_cast<std::size_t>(selected)], {}});
     list_->Delete(selected);
     SaveTasks();
     Fill(selected);
+}
+
+void frmTasks::Turn(UndoHistory::Way way) {
+    constexpr UndoPlace kTasks = UndoPlace::Tasks;
+    const UndoOutcome outcome = app_.undo.Take(way, &kTasks);
+    if (outcome.task >= 0) Fill(outcome.task);
+    if (!outcome.told.empty()) app_.platform.dialogs.Message(outcome.told);
 }
 
 void frmTasks::cmd_print_Click() {

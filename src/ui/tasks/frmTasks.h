@@ -34,6 +34,7 @@ private:
     void cmd_print_Click();
     void Cmd_exit_Click();
 
+    void Turn(UndoHistory::Way way);
     void Form_Activate();
     void FollowFolder();
     void Fill(int selected);

@@ -1,0 +1,84 @@
+#include "commands/EventStep.h"
+
+#include "core/NamedEvents.h"
+#include "storage/EventDigest.h"
+#include "storage/EventReplay.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+const clsEvent& SubjectOf(const ChangedEvent& change) {
+    return change.after ? *change.after : *change.before;
+}
+
+std::vector<clsEvent> SubjectsOf(const std::vector<ChangedEvent>& changes) {
+    // Several are only counted.
+    if (changes.size() > 1) return std::vector<clsEvent>(changes.size());
+    return {SubjectOf(changes.front())};
+}
+
+bool IsNone(const ChangedEvent& change) {
+    return change.before && change.after && change.wasExpired == change.isExpired &&
+           EventDigest(*change.before) == EventDigest(*change.after);
+}
+
+std::size_t SizeOf(const std::vector<ChangedEvent>& changes) {
+    std::size_t size = changes.capacity() * sizeof(ChangedEvent);
+    for (const ChangedEvent& change : changes)
+        for (const auto* event : {&change.before, &change.after})
+            if (*event) size += (*event)->Desc().size() + (*event)->ShareNames.size();
+    return size;
+}
+
+std::string LeftText(const std::vector<clsEvent>& left) {
+    return left.empty() ? std::string()
+                        : NameOf(left) + (left.size() == 1 ? " has" : " have") +
+                              " been changed or deleted since then, and " +
+                              (left.size() == 1 ? "stays as it is now." : "stay as they are now.");
+}
+
+}  // namespace
+
+void EventStep::Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes) {
+    std::erase_if(changes, IsNone);
+    if (changes.empty()) return;
+    std::string name = std::string(what) + " of " + NameOf(SubjectsOf(changes));
+    for (ChangedEvent& change : changes)
+        change.Reverse();
+    std::reverse(changes.begin(), changes.end());
+    app.undo.Add(std::make_unique<EventStep>(app, std::move(name), std::move(changes)));
+}
+
+EventStep::EventStep(Application& app, std::string name, std::vector<ChangedEvent> changes)
+    : UndoStep(UndoPlace::Events, std::move(name)),
+      app_(app),
+      changes_(std::move(changes)),
+      size_(SizeOf(changes_)) {}
+
+UndoOutcome EventStep::Turn() {
+    EventReplay::Result result = EventReplay(*app_.events, *app_.expired, app_.Storage()).Run(changes_);
+    UndoOutcome outcome;
+    outcome.changed = !result.done.empty();
+    outcome.told = LeftText(result.left);
+    outcome.newCodes = std::move(result.newCodes);
+    for (ChangedEvent& change : result.done) {
+        if (change.after) outcome.events.push_back({change.after->IDCode, change.isExpired});
+        change.Reverse();
+    }
+    std::reverse(result.done.begin(), result.done.end());
+    changes_ = std::move(result.done);
+    size_ = SizeOf(changes_);
+    return outcome;
+}
+
+void EventStep::Recode(const std::string& before, const std::string& now) {
+    for (ChangedEvent& change : changes_)
+        for (auto* event : {&change.before, &change.after})
+            if (*event && (*event)->IDCode == before) (*event)->IDCode = now;
+}
+
+}  // namespace kaz
