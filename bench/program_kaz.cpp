@@ -146,7 +146,10 @@ private:
     cSharedSound player_{machine_.sound, files_, log_};
     OpenWindows openWindows_;
     const std::string folder_ = ".";
-    ReminderWindows reminderWindows_{{platform_, settings_, openWindows_, log_, player_, folder_}};
+    SideFile side_{files_, log_};
+    Outcomes outcomes_{side_};
+    ReminderWindows reminderWindows_{
+        {platform_, settings_, openWindows_, log_, player_, outcomes_, folder_}};
     clsDbXml events_{stores_};
     clsDbXml expired_{stores_};
 };

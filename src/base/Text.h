@@ -36,6 +36,14 @@ std::string UpperAscii(std::string_view text);
 
 constexpr char HexDigit(unsigned value) { return "0123456789ABCDEF"[value & 15U]; }
 
+// Of one hexadecimal digit; -1 for any other character.
+constexpr int HexValue(char c) {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    return -1;
+}
+
 // 16 hexadecimal digits that stand for bytes of any length (64-bit FNV-1a), for the name of something.
 std::string HashDigits(std::string_view bytes);
 

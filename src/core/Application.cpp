@@ -11,6 +11,9 @@
 #include "storage/SharedCopy.h"
 #include "support/Names.h"
 
+#include <string_view>
+#include <unordered_map>
+
 namespace kaz {
 
 Application::Application(const Platform& services)
@@ -22,7 +25,9 @@ Application::Application(const Platform& services)
       runtimePath(platform.system.ModuleFolder()),
       sounds(platform.files, settings, log, [this] { return runtimePath; }),
       player(std::in_place, platform.sound, platform.files, log),
-      reminderWindows({platform, settings, openWindows, errors, *player, runtimePath}),
+      sideFile(platform.files, log),
+      outcomes(sideFile),
+      reminderWindows({platform, settings, openWindows, errors, *player, outcomes, runtimePath}),
       errorReports(platform, openWindows, log),
       runMark(platform.files, platform.system, platform.clock),
       clockGuard(std::make_unique<ClockGuard>(*this)),
@@ -60,6 +65,7 @@ void Application::ReopenDatabases() { EventFiles(*this).Reopen(); }
 void Application::MakeDatabases() {
     for (std::unique_ptr<clsDbXml>* database : {&events, &shared, &expired}) {
         *database = std::make_unique<clsDbXml>(Storage());
+        if (database != &shared) (*database)->KeepBeside(sideFile);
         (*database)->OnLoad([this, database](bool changed) {
             Complete(**database);
             mainListIsStale = mainListIsStale || changed;
@@ -92,6 +98,7 @@ void Application::MoveSharedOn() {
     shared->ChangeEach([&](clsEvent& event) {
         if (event.Recurring() && event.DueDate() < today) event.CalcNextDueDate(today, log);
     });
+    if (outcomes.IsKnown()) Missed().NoteShared(platform.clock.Now());
 }
 
 void Application::MakePlayer() { player.emplace(platform.sound, platform.files, log); }
@@ -107,6 +114,32 @@ TaskFile Application::UserTasks() {
 clsReminder Application::MakeReminder() {
     return clsReminder(Storage(), reminderWindows, events.get(), expired.get(),
                        [this] { settings.SaveSettings(settingsFileName); });
+}
+
+MissedReminders Application::Missed() {
+    return MissedReminders(VisibleEvents(settings), outcomes, events.get(), expired.get(),
+                           Networked() ? shared.get() : nullptr);
+}
+
+void Application::CatchUpOutcomes() {
+    if (!sideFile.Refresh()) return;
+    for (clsDbXml* database : {events.get(), expired.get()})
+        if (database) database->TakeExtras();
+    mainListIsStale = true;
+}
+
+void Application::TidyOutcomes() {
+    if (!outcomes.IsKnown() || !events || clockGuard->IsInDoubt()) return;
+    std::unordered_map<std::string_view, DateValue> due;
+    for (const clsDbXml* database : {events.get(), shared.get(), expired.get()})
+        for (const clsEvent& event : database->AllEvents())
+            if (!event.Deleted) due.emplace(event.IDCode, event.DueDate());
+    outcomes.Tidy(platform.clock.Now(), [&](const SideLine& line) {
+        const auto found = due.find(line.key.code);
+        const bool isOthers = line.key.file != kOwnEvents;
+        if (!Outcomes::IsOfDay(line)) return isOthers || found != due.end();
+        return found != due.end() && found->second <= *line.day;
+    });
 }
 
 void Application::EndProgram() {

@@ -5,9 +5,12 @@
 #include "core/RunMark.h"
 #include "forms/OpenWindows.h"
 #include "platform/Platform.h"
+#include "reminders/MissedReminders.h"
+#include "reminders/Outcomes.h"
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"
 #include "storage/SharedFolder.h"
+#include "storage/SideFile.h"
 #include "storage/TaskFile.h"
 #include "storage/cSharedSound.h"
 #include "storage/clsDbXml.h"
@@ -69,6 +72,9 @@ public:
     std::unique_ptr<clsDbXml> shared;
     std::unique_ptr<clsDbXml> expired;
 
+    SideFile sideFile;  // beside the events, with what these have no room for
+    Outcomes outcomes;
+
     OpenWindows openWindows;
     ReminderWindows reminderWindows;
     ErrorReports errorReports;
@@ -120,6 +126,13 @@ public:
     TaskFile UserTasks();
     // An engine over the databases as they are now.
     clsReminder MakeReminder();
+
+    // What fell due and was not answered, in the databases as they are now.
+    MissedReminders Missed();
+    // What another computer has noted beside the events meanwhile.
+    void CatchUpOutcomes();
+    // Drops of that what nobody needs any more. Not by a clock that may be wrong.
+    void TidyOutcomes();
 
     // The end of the program: closes every open window, from the last opened to
     // the first, and saves the settings.

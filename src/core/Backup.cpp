@@ -35,7 +35,8 @@ std::vector<std::string> FilesToKeep(const Application& app) {
             app.log.CurrentLogFilename(),
             JoinPath(app.DataPath(), kTaskFile),
             WithExtension(events, kOldExtension),
-            WithExtension(expired, kOldExtension)};
+            WithExtension(expired, kOldExtension),
+            SideFile::PathFor(events)};
 }
 
 // From 1601 to the days of DateValue.

@@ -53,6 +53,10 @@ KeptCopies Copies(Application& app) {
 
 }  // namespace
 
+bool ClockGuard::HasEverTicked(const cSHAREDSettings& settings) {
+    return settings.IsSettingPresent(kLastTick);
+}
+
 bool ClockGuard::Look() noexcept {
     bool ended = false;
     ErrorTrap trap(app_.log, "Look", "ClockGuard");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/DateValue.h"
+#include "support/cSHAREDSettings.h"
 
 #include <optional>
 #include <string>
@@ -22,6 +23,10 @@ public:
     bool Look() noexcept;
     // The end of a tick: remembers the time, on the disk when something was shown and else once an hour.
     void NoteTick() noexcept;
+
+    // Whether the program has run on these settings before.
+    static bool HasEverTicked(const cSHAREDSettings& settings);
+    bool IsInDoubt() const { return doubt_.has_value(); }
 
     // The user's two answers.
     void DateWasWrong() noexcept;

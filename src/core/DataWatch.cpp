@@ -61,7 +61,8 @@ void DataWatch::SaveTasks(const std::shared_ptr<TaskList>& tasks) {
 bool DataWatch::IsAllSaved() const {
     const bool events = !app_.events || !app_.events->HasUnsaved();
     const bool expired = !app_.expired || !app_.expired->HasUnsaved();
-    return events && expired && !app_.settings.SaveFault() && !(tasks_ && tasks_->Unsaved());
+    return events && expired && !app_.sideFile.HasUnsaved() && !app_.settings.SaveFault() &&
+           !(tasks_ && tasks_->Unsaved());
 }
 
 bool DataWatch::IsAllSeen() const {
@@ -75,6 +76,7 @@ Rescued DataWatch::Collect() const {
     Rescued rescued;
     if (app_.events) rescued.events.changes = app_.events->Unsaved();
     if (app_.expired) rescued.expired.changes = app_.expired->Unsaved();
+    if (app_.sideFile.HasUnsaved()) rescued.beside = app_.sideFile.UnsavedText();
     if (app_.settings.SaveFault()) rescued.settings = app_.settings.UnsavedText();
     if (tasks_ && tasks_->Unsaved()) rescued.tasks = tasks_->Tasks();
     return rescued;
@@ -89,6 +91,7 @@ std::string DataWatch::NamesOf(const Rescued& rescued) {
                       rescued.expired.changes.stored.end());
     NameChanges(all, names);
     if (all.Empty() && !rescued.expired.changes.removed.empty()) NameChanges(rescued.expired.changes, names);
+    if (!rescued.beside.empty()) names.emplace_back("answers to reminders");
     if (!rescued.tasks.empty()) names.emplace_back("the task list");
     if (!rescued.settings.empty()) names.emplace_back("the settings");
     return Joined(names);
@@ -100,6 +103,8 @@ std::optional<DataWatch::Fault> DataWatch::FirstFault() const {
             if (database->SaveFault()) return Fault{database->DBFilename(), *database->SaveFault()};
             if (database->ReadFault()) return Fault{database->DBFilename(), *database->ReadFault()};
         }
+    if (app_.sideFile.HasUnsaved() && app_.sideFile.Fault())
+        return Fault{app_.sideFile.Path(), *app_.sideFile.Fault()};
     if (app_.settings.SaveFault()) return Fault{app_.settingsFileName, *app_.settings.SaveFault()};
     if (tasks_ && tasks_->Unsaved() && tasks_->SaveFault())
         return Fault{JoinPath(app_.DataPath(), kTaskFile), *tasks_->SaveFault()};
@@ -147,6 +152,7 @@ void DataWatch::TryAgain() {
     ErrorTrap trap(app_.log, "TryAgain", kModule);
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
         if (database && database->HasUnsaved()) trap([&] { database->SaveDB(); });
+    if (app_.sideFile.HasUnsaved()) trap([&] { app_.sideFile.Save(); });
     if (app_.settings.SaveFault())
         trap([&] { app_.settings.SaveSettings(app_.settingsFileName, cSHAREDSettings::Failure::Quiet); });
     if (tasks_ && tasks_->Unsaved())
@@ -235,6 +241,13 @@ void DataWatch::Merge(const Rescued& rescued) {
     keptEvents_.Add(rescued.events);
     keptExpired_.Add(rescued.expired);
     TakeKept();
+    if (!rescued.beside.empty()) {
+        app_.sideFile.TakeUnsaved(rescued.beside);
+        app_.sideFile.Save();
+        for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
+            database->TakeExtras();
+        ++changesTaken_;
+    }
     if (!rescued.settings.empty()) {
         app_.settings.TakeLines(rescued.settings);
         app_.layers.LoadLayers();

@@ -69,7 +69,7 @@ bool EventFiles::AreIn(const FileSystem& files, const std::string& folder) {
 }
 
 void EventFiles::Copy(FileSystem& files, const std::string& from, const std::string& to) {
-    for (const std::string_view name : {kSoundsFile, kTaskFile, kExpiredFile, kEventsFile}) {
+    for (const std::string_view name : {kSoundsFile, kTaskFile, kSideFile, kExpiredFile, kEventsFile}) {
         const std::string source = JoinPath(from, name);
         const std::string target = JoinPath(to, name);
         if (FileExists(files, source) && !FileExists(files, target))
@@ -87,6 +87,9 @@ void EventFiles::Load() {
     const std::string expiredFile = JoinPath(app_.DataPath(), kExpiredFile);
     app_.log.LogEvent("DB file: " + eventsFile);
     app_.log.LogEvent("Expired DB file: " + expiredFile);
+
+    if (const std::string side = SideFile::PathFor(eventsFile); app_.sideFile.Path() != side)
+        app_.sideFile.Open(side);
 
     Conversion local = Conversion::NotNeeded;
     Conversion expired = Conversion::NotNeeded;

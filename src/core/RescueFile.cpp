@@ -21,6 +21,7 @@ constexpr std::string_view kExpired = "=== Expired events added or changed ===\r
 constexpr std::string_view kExpiredRemoved = "=== Expired events deleted ===\r\n";
 constexpr std::string_view kEventsUnseen = "=== Events whose file could not be read ===\r\n";
 constexpr std::string_view kExpiredUnseen = "=== Expired events whose file could not be read ===\r\n";
+constexpr std::string_view kBeside = "=== Beside the events ===\r\n";
 constexpr std::string_view kSettings = "=== Settings ===\r\n";
 constexpr std::string_view kTasks = "=== Tasks ===\r\n";
 constexpr std::string_view kEnd = "=== End ===\r\n";
@@ -75,6 +76,7 @@ std::string RescueFile::TextOf(const Rescued& rescued) {
     AppendEvents(text, kExpiredRemoved, rescued.expired.changes.removed);
     AppendEvents(text, kEventsUnseen, rescued.events.unseen);
     AppendEvents(text, kExpiredUnseen, rescued.expired.unseen);
+    if (!rescued.beside.empty()) text.append(kBeside).append(rescued.beside).append(kLineBreak);
     if (!rescued.settings.empty()) text.append(kSettings).append(rescued.settings).append(kLineBreak);
     if (!rescued.tasks.empty()) text += kTasks;
     for (const std::string& task : rescued.tasks)
@@ -95,6 +97,7 @@ Rescued RescueFile::Read(std::string_view text, const Locale& locale, ErrorSink&
     };
     rescued.events = read(kEvents, kEventsRemoved, kEventsUnseen);
     rescued.expired = read(kExpired, kExpiredRemoved, kExpiredUnseen);
+    rescued.beside = Part(text, kBeside);
     // Settings that are cut short would be half a choice.
     if (whole) rescued.settings = Part(text, kSettings);
     for (const std::string_view line : Split(Part(text, kTasks), kLineBreak))

@@ -26,10 +26,11 @@ struct Rescued {
     std::string programFolder;  // to whose settings
     RescuedEvents events;
     RescuedEvents expired;
+    std::string beside;    // the lines of the side file that were added and removed
     std::string settings;  // the lines of the settings file, none when they are saved
     std::vector<std::string> tasks;
 
-    bool Empty() const { return events.Empty() && expired.Empty() && settings.empty() && tasks.empty(); }
+    bool Empty() const { return events.Empty() && expired.Empty() && beside.empty() && settings.empty() && tasks.empty(); }
 };
 
 // The file that keeps it until the next start: a plain text with a heading for each part, the events in the

@@ -9,6 +9,8 @@ namespace kaz {
 
 namespace {
 
+constexpr int kMinutesPerDay = DateValue::kSecondsPerDay / 60;
+
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Two digits as a number; -1 when they are none.
@@ -69,6 +71,48 @@ std::optional<DateValue> AlarmMinute(const clsEvent& event, DateValue day) {
     if (!event.AlarmSet() || time != time.TimeOnly().ToMinute()) return std::nullopt;
     const AlarmMoment moment = AlarmBefore(event.DueTime(), event.MinutesWarning());
     return DateValue(day.Day() - (moment.time == time ? moment.daysBefore : 0), time.SecondOfDay());
+}
+
+DateValue DayOfAlarm(const clsEvent& event, DateValue minute) {
+    const auto due = AlarmMinute(event, event.DueDate());
+    return DateValue(minute.Day() + (due ? event.DueDate().Day() - due->Day() : 0));
+}
+
+DateValue BeginningOf(const clsEvent& event, DateValue day) {
+    if (!event.AlarmSet()) return DateValue(day.Day() + 1);
+    return DateValue(day.Day(), event.DueTime().ToMinute().SecondOfDay());
+}
+
+namespace {
+
+// Of the days from `first` on whose warning can ring up to `last`.
+template <class Take>
+void ForEachWarning(const clsEvent& event, DateValue first, DateValue last, Take take) {
+    for (const SecondWarning& warning : event.Extras().warnings) {
+        // It rings so many days before its event, or one more.
+        const int before = 1 + (warning.time ? warning.daysBefore : warning.minutes / kMinutesPerDay);
+        const DaySpan days{first.DateOnly(), DateValue(last.Day() + before)};
+        for (const DateValue day : Occurrences(event, days, first.DateOnly()))
+            take(DayWarning{day, warning.MinuteFor(day, event.DueTime())});
+    }
+}
+
+}  // namespace
+
+std::vector<DayWarning> WarningsBetween(const clsEvent& event, DateValue first, DateValue last) {
+    std::vector<DayWarning> found;
+    ForEachWarning(event, first, last, [&](const DayWarning& warning) {
+        if (first <= warning.minute && warning.minute <= last) found.push_back(warning);
+    });
+    return found;
+}
+
+std::vector<DayWarning> WarningsAt(const clsEvent& event, DateValue now) {
+    std::vector<DayWarning> found;
+    ForEachWarning(event, now, now, [&](const DayWarning& warning) {
+        if (warning.minute <= now && now < BeginningOf(event, warning.day)) found.push_back(warning);
+    });
+    return found;
 }
 
 std::optional<DateValue> LastAlarm(const clsEvent& event, DateValue first, DateValue last) {

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace kaz {
 
@@ -29,6 +30,23 @@ AlarmMoment AlarmBefore(DateValue dueTime, int minutes);
 // that of the event less its minutes of warning, it is a time of the day itself. None without an alarm, or
 // when its time has a date or seconds.
 std::optional<DateValue> AlarmMinute(const clsEvent& event, DateValue day);
+
+// The day of the event whose alarm rings in that minute.
+DateValue DayOfAlarm(const clsEvent& event, DateValue minute);
+
+// When an event that falls on `day` begins: at its time if it has an alarm, else with the end of the day,
+// through all of which it is still told.
+DateValue BeginningOf(const clsEvent& event, DateValue day);
+
+// A second warning of one of its days.
+struct DayWarning {
+    DateValue day;
+    DateValue minute;
+};
+// Those whose minute lies from `first` to `last`, both included.
+std::vector<DayWarning> WarningsBetween(const clsEvent& event, DateValue first, DateValue last);
+// Those whose minute has come at `now` while their event has not begun.
+std::vector<DayWarning> WarningsAt(const clsEvent& event, DateValue now);
 
 // The last minute in which the alarm rings from `first` to `last`, both included.
 std::optional<DateValue> LastAlarm(const clsEvent& event, DateValue first, DateValue last);

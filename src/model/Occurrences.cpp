@@ -6,6 +6,7 @@ namespace kaz {
 
 Occurrences::Occurrences(const clsEvent& event, DateValue from, DateValue last, DateValue today)
     : rule_(event.Rule()),
+      extras_(event.Extras()),
       day_(from),
       last_(last),
       today_(today),
@@ -17,7 +18,9 @@ Occurrences::Occurrences(const clsEvent& event, DaySpan span, DateValue today)
     if (day_ < span.first && repeats_)
         MoveTo(span.first.Day());
     else
-        ended_ = day_ < span.first || day_ > last_;
+        ended_ = day_ < span.first || day_ > last_ || (repeats_ && IsLeftOut(day_));
+    // A due date that is skipped itself, as another program may have left it.
+    if (ended_ && repeats_ && day_ >= span.first && day_ <= last_) MoveTo(day_.Day() + 1);
 }
 
 Occurrences Occurrences::OfRule(const clsEvent& event, DaySpan span, DateValue today) {
@@ -25,6 +28,8 @@ Occurrences Occurrences::OfRule(const clsEvent& event, DaySpan span, DateValue t
     days.MoveTo(span.first.Day());
     return days;
 }
+
+bool Occurrences::IsLeftOut(DateValue day) const { return extras_.Skips(day) || extras_.EndsBefore(day); }
 
 void Occurrences::Step() {
     if (repeats_)
@@ -37,7 +42,7 @@ void Occurrences::MoveTo(std::int32_t reference) {
     ended_ = true;
     if (reference > last_.Day()) return;
     try {
-        const auto next = FirstOccurrence(rule_, DateValue(reference), today_);
+        const auto next = NextOccurrence(rule_, extras_, DateValue(reference), today_);
         if (!next || next->dueDate <= day_ || next->dueDate > last_) return;
         day_ = next->dueDate;
         rule_.startDate = next->startDate;

@@ -12,8 +12,8 @@ struct DaySpan {
     DateValue last;
 };
 
-// The days of a span on which an event falls, in order, for a range-for. The event stays as it is. They end
-// where its rule names no further day, also when it cannot be computed: that was told when the event last
+// The days of a span on which an event happens, in order, for a range-for: none is skipped, and none is
+// behind the end of its series. The event stays as it is, and outlives the walk. They end where its rule names no further day, also when it cannot be computed: that was told when the event last
 // moved on. Each day is later than the one before, so there are at most as many as the span has.
 class Occurrences {
 public:
@@ -41,10 +41,12 @@ public:
 
 private:
     Occurrences(const clsEvent& event, DateValue from, DateValue last, DateValue today);
+    bool IsLeftOut(DateValue day) const;
     void Step();
     void MoveTo(std::int32_t reference);
 
     RecurrenceRule rule_;
+    const EventExtras& extras_;
     DateValue day_;
     DateValue last_;
     DateValue today_;

@@ -1,5 +1,6 @@
 #include "model/clsEvent.h"
 
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 
 namespace kaz {
@@ -8,6 +9,15 @@ bool clsEvent::NameInShared(std::string_view name, const CaseFolding& folding) c
     // Kept on purpose: the name is looked for anywhere in the text, so the tail of
     // a listed name counts as listed.
     return folding.Find(ShareNames, std::string(name).append(kLineBreak)) != std::string_view::npos;
+}
+
+const EventExtras& clsEvent::Extras() const {
+    static const EventExtras kNone;
+    return extras_ ? *extras_ : kNone;
+}
+
+void clsEvent::Extras(const EventExtras& value) {
+    extras_ = value.Empty() ? nullptr : std::make_shared<const EventExtras>(value);
 }
 
 void clsEvent::ShareLike(const clsEvent& other) {
@@ -33,11 +43,20 @@ void clsEvent::CalcDueDate(DateValue reference, DateValue today, ErrorSink& erro
     MailSent = false;  // for a kind that is not known too, so that a new occurrence can be mailed
     ErrorTrap trap(errors, "CalcDueDate", "clsEvent");
     trap([&] {
-        const auto next = FirstOccurrence(Rule(), reference, today);
+        const auto next = NextOccurrence(Rule(), Extras(), reference, today);
         if (!next) return;
         dueDate_ = next->dueDate;
         startDate_ = next->startDate;
     });
+}
+
+bool clsEvent::IsOver(DateValue day, DateValue today) const {
+    if (!recurring_ || !Extras().lastDay) return false;
+    try {
+        return !NextOccurrence(Rule(), Extras(), day.DateOnly(), today);
+    } catch (const RuntimeError&) {
+        return Extras().EndsBefore(day);
+    }
 }
 
 void clsEvent::CalcDaysLeft(DateValue today) { daysLeft_ = dueDate_.Day() - today.Day(); }

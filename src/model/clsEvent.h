@@ -3,9 +3,11 @@
 #include "base/CaseFolding.h"
 #include "base/DateValue.h"
 #include "base/ErrorTrap.h"
+#include "model/EventExtras.h"
 #include "model/Recurrence.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -83,18 +85,24 @@ public:
     DateValue DueDate() const { return dueDate_; }
     void DueDate(DateValue value) { dueDate_ = value.DateOnly(); }
 
+    // What it has beside the fields of its file; copies of the event share it.
+    const EventExtras& Extras() const;
+    void Extras(const EventExtras& value);
+
     // Takes over with whom the other event is shared.
     void ShareLike(const clsEvent& other);
 
     // What decides its days.
     RecurrenceRule Rule() const;
 
-    // Sets DueDate to the first occurrence on or after today (for the interval rules StartDate too) and
-    // clears MailSent. `today` is the clock's day. A rule that cannot be computed is reported as one error
-    // and leaves the dates as they were.
+    // Sets DueDate to the first occurrence on or after today that happens (for the interval rules StartDate
+    // too) and clears MailSent. `today` is the clock's day. Behind the end of the series the dates stay as
+    // they were; a rule that cannot be computed is reported as one error and leaves them, too.
     void CalcNextDueDate(DateValue today, ErrorSink& errors);
     // Counted from `after`, whose time of day counts for the day-of-month rule.
     void CalcNextAfterDate(DateValue after, DateValue today, ErrorSink& errors);
+    // Whether its series has an end and no occurrence from `day` on: it expires like a single event then.
+    bool IsOver(DateValue day, DateValue today) const;
     // Sets DaysLeft: 0 today, 1 tomorrow, negative when overdue.
     void CalcDaysLeft(DateValue today);
 
@@ -120,6 +128,7 @@ private:
     std::int16_t daysWarning_ = 0;
     bool alarmSet_ = false;
     bool recurring_ = false;
+    std::shared_ptr<const EventExtras> extras_;  // null for the many that have none
 };
 
 }  // namespace kaz

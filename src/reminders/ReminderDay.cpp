@@ -45,17 +45,18 @@ void ReminderDay::AddAlarms(const clsDbXml* database, EventSource source) {
                      [](const Alarm& a, const Alarm& b) { return a.minute < b.minute; });
 }
 
-std::vector<std::string> ReminderDay::UpcomingLines() const {
-    std::vector<std::string> lines;
-    for (const ComingUp& next : upcoming_)
-        lines.push_back(UpcomingLine(next.daysLeft, next.event->DescShown()));
+std::vector<ReminderLine> ReminderDay::UpcomingLines() const {
+    std::vector<ReminderLine> lines;
+    for (const auto& [event, daysLeft] : upcoming_)
+        lines.push_back(LineOf(*event, OwnOccurrence(*event, DateValue(day_.Day() + daysLeft)),
+                               UpcomingLine(daysLeft, event->DescShown())));
     return lines;
 }
 
-std::vector<std::string> ReminderDay::TodaysLines() const {
-    std::vector<std::string> lines;
+std::vector<ReminderLine> ReminderDay::TodaysLines() const {
+    std::vector<ReminderLine> lines;
     for (const clsEvent* event : todays_)
-        lines.emplace_back(event->DescShown());
+        lines.push_back(LineOf(*event, OwnOccurrence(*event, day_), std::string(event->DescShown())));
     return lines;
 }
 

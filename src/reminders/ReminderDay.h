@@ -1,10 +1,10 @@
 #pragma once
 
+#include "reminders/ReminderLines.h"
 #include "storage/VisibleEvents.h"
 #include "storage/clsDbXml.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace kaz {
@@ -37,8 +37,8 @@ public:
     const std::vector<const clsEvent*>& Todays() const { return todays_; }
     const std::vector<Alarm>& Alarms() const { return alarms_; }
     // The lines of the windows, as they are added.
-    std::vector<std::string> UpcomingLines() const;
-    std::vector<std::string> TodaysLines() const;
+    std::vector<ReminderLine> UpcomingLines() const;
+    std::vector<ReminderLine> TodaysLines() const;
 
 private:
     VisibleEvents visible_;

@@ -5,30 +5,30 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace kaz {
 
-void ReminderLines::Add(const std::vector<std::string>& texts) {
+ReminderLine LineOf(const clsEvent& event, const OccurrenceRef& occurrence, std::string text) {
+    return {std::move(text), occurrence,
+            event.AlarmSet() ? std::optional(event.DueTime().TimeOnly()) : std::nullopt};
+}
+
+void ReminderLines::Add(const std::vector<ReminderLine>& added) {
     // Kept on purpose: a line goes before the first one whose number is not smaller, so among
     // equals the last added comes first. For many lines at once that is the newest first,
     // then ordered without disturbing equals.
-    std::vector<Line> lines;
-    lines.reserve(texts.size() + lines_.size());
-    std::transform(texts.rbegin(), texts.rend(), std::back_inserter(lines), [](const std::string& text) {
-        return Line{NumberOf(text), text};
-    });
-    std::move(lines_.begin(), lines_.end(), std::back_inserter(lines));
-    std::stable_sort(lines.begin(), lines.end(),
-                     [](const Line& a, const Line& b) { return a.number < b.number; });
-    lines_ = std::move(lines);
-}
-
-std::vector<std::string> ReminderLines::Texts() const {
-    std::vector<std::string> texts;
-    texts.reserve(lines_.size());
-    for (const Line& line : lines_)
-        texts.push_back(line.text);
-    return texts;
+    std::vector<ReminderLine> all(added.rbegin(), added.rend());
+    std::move(lines_.begin(), lines_.end(), std::back_inserter(all));
+    std::vector<std::pair<std::int16_t, std::size_t>> order;
+    order.reserve(all.size());
+    for (const ReminderLine& line : all)
+        order.emplace_back(NumberOf(line.text), order.size());
+    std::sort(order.begin(), order.end());
+    lines_.clear();
+    lines_.reserve(all.size());
+    for (const auto& [number, place] : order)
+        lines_.push_back(std::move(all[place]));
 }
 
 std::int16_t ReminderLines::NumberOf(std::string_view text) {

@@ -1,31 +1,43 @@
 #pragma once
 
+#include "reminders/Outcomes.h"
+
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kaz {
 
+// What a reminder window says of one occurrence.
+struct ReminderLine {
+    std::string text;
+    std::optional<OccurrenceRef> occurrence = {};  // none in a line that belongs to no event
+    std::optional<DateValue> time = {};            // of day, of an event that has one
+};
+
+ReminderLine LineOf(const clsEvent& event, const OccurrenceRef& occurrence, std::string text);
+
 // The lines of a reminder window, the nearest first.
 class ReminderLines {
 public:
     // The lines in the order in which they would come to stand when added one by one.
-    void Add(const std::vector<std::string>& texts);
+    void Add(const std::vector<ReminderLine>& added);
     void Clear() { lines_.clear(); }
     bool Empty() const { return lines_.empty(); }
-    std::vector<std::string> Texts() const;
+    const std::vector<ReminderLine>& All() const { return lines_; }
+    // The position counts from 0, in the order of All.
+    void Remove(std::size_t position) {
+        lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(position));
+    }
 
     // The number that a line is ordered by: the days of "In 3 days: ...", else the digits that it starts
     // with, else 0. Numbers beyond 16 bits count as the nearest end.
     static std::int16_t NumberOf(std::string_view text);
 
 private:
-    struct Line {
-        std::int16_t number;
-        std::string text;
-    };
-    std::vector<Line> lines_;
+    std::vector<ReminderLine> lines_;
 };
 
 }  // namespace kaz

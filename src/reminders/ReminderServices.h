@@ -3,6 +3,7 @@
 #include "base/ErrorTrap.h"
 #include "forms/OpenWindows.h"
 #include "platform/Platform.h"
+#include "reminders/Outcomes.h"
 #include "storage/cSharedSound.h"
 #include "support/cSHAREDSettings.h"
 
@@ -17,6 +18,7 @@ struct ReminderServices {
     OpenWindows& openWindows;
     ErrorSink& errors;
     cSharedSound& player;
+    Outcomes& outcomes;
     const std::string& applicationFolder;  // where the default alarm sound is
 };
 

@@ -59,6 +59,16 @@ void ReminderWindows::SetRung(const AlarmRinging& ringing) {
     if (rung_.insert(ringing).second) ++timesShown_;
 }
 
+std::set<OccurrenceRef> ReminderWindows::Ringing() const {
+    std::set<OccurrenceRef> ringing;
+    if (const auto form = Find(ReminderKind::Alarm))
+        for (const ReminderLine& line : form->Lines())
+            if (line.occurrence) ringing.insert(*line.occurrence);
+    return ringing;
+}
+
+void ReminderWindows::ShowMissed(std::vector<MissedReminder> missed) { missed_ = std::move(missed); }
+
 std::shared_ptr<frmRunFile> ReminderWindows::OpenQuestion() const {
     auto form = question_.lock();
     return form && !form->Closed() ? form : nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/DateValue.h"
+#include "reminders/MissedReminders.h"
 #include "reminders/ReminderServices.h"
 #include "reminders/frmReminder.h"
 #include "reminders/frmRunFile.h"
@@ -56,6 +57,15 @@ public:
     bool HasRung(const AlarmRinging& ringing) const { return rung_.contains(ringing); }
     void SetRung(const AlarmRinging& ringing);
 
+    // What the alarm window shows now, and nobody has closed yet.
+    std::set<OccurrenceRef> Ringing() const;
+    Outcomes& Told() const { return services_.outcomes; }
+
+    // What fell due and was not answered. The window that is open, or opened by something new among it, shows
+    // it.
+    void ShowMissed(std::vector<MissedReminder> missed);
+    const std::vector<MissedReminder>& Missed() const { return missed_; }
+
     // How often something has been shown or run since the start.
     int TimesShown() const { return timesShown_; }
 
@@ -77,6 +87,7 @@ private:
     };
     std::array<std::optional<Showing>, 3> shown_;
     std::set<AlarmRinging> rung_;
+    std::vector<MissedReminder> missed_;
     int timesShown_ = 0;
     std::deque<FileQuestion> waiting_;
     std::weak_ptr<frmRunFile> question_;

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <set>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -56,6 +57,14 @@ void ExpiredShelf::ReadCodes() {
     codesRead_ = true;
 }
 
+std::vector<std::string> TextsOf(const std::vector<ReminderLine>& lines) {
+    std::vector<std::string> texts;
+    texts.reserve(lines.size());
+    for (const ReminderLine& line : lines)
+        texts.push_back(line.text);
+    return texts;
+}
+
 // The most minutes after which a file is still run: those by which a clock is put forward in spring. Much
 // later it would do its work where nobody expects it any more.
 constexpr int kLatestRun = 60;
@@ -95,7 +104,8 @@ void clsReminder::Update(int passes) {
         if (!IsExpired(event.DueDate(), today)) return;
         const std::string what =
             GeneralDateText(event.DueDate(), stores_.platform.locale.Data()) + " " + event.Desc();
-        if (event.Recurring()) {
+        MissedReminders::NotePassed(windows_.Told(), event, today);
+        if (event.Recurring() && !event.IsOver(today, today)) {
             lines.push_back("Event expired and updated: " + what);
             event.CalcNextDueDate(today, stores_.log);
             event.CalcDaysLeft(today);
@@ -130,6 +140,8 @@ void clsReminder::Update(int passes) {
     });
     stores_.log.LogEvents(lines);
 
+    // Behind a crash something may be told of twice, but nothing not at all.
+    trap([&] { windows_.Told().Save(); });
     trap([&] {
         // First the file that receives the events: a crash in between leaves them
         // in both files, never in none.
@@ -174,22 +186,22 @@ bool clsReminder::ShowAgain() {
 }
 
 void clsReminder::ShowUpcoming(const ReminderDay& today) {
-    std::vector<std::string> lines = today.UpcomingLines();
+    const std::vector<ReminderLine> lines = today.UpcomingLines();
     if (lines.empty()) {
         windows_.Close(ReminderKind::ComingUp);
         return;
     }
     stores_.log.LogEvent("Showing upcoming reminders");
-    if (windows_.HasShown(ReminderKind::ComingUp, today.Day(), lines)) return;
+    if (windows_.HasShown(ReminderKind::ComingUp, today.Day(), TextsOf(lines))) return;
     frmReminder& window = windows_.Open(ReminderKind::ComingUp);
     window.ReplaceList(lines);
     window.Wake();
     window.Heading("COMING UP");
-    windows_.SetShown(ReminderKind::ComingUp, today.Day(), std::move(lines));
+    windows_.SetShown(ReminderKind::ComingUp, today.Day(), TextsOf(lines));
 }
 
 void clsReminder::ShowTodays(const ReminderDay& today) {
-    std::vector<std::string> lines = today.TodaysLines();
+    const std::vector<ReminderLine> lines = today.TodaysLines();
     std::string sound;
     for (const clsEvent* event : today.Todays())
         if (event->PlayWav && !event->WavFile.empty()) sound = event->WavFile;
@@ -198,14 +210,14 @@ void clsReminder::ShowTodays(const ReminderDay& today) {
         return;
     }
     stores_.log.LogEvent("Showing today's reminders");
-    if (windows_.HasShown(ReminderKind::Today, today.Day(), lines)) return;
+    if (windows_.HasShown(ReminderKind::Today, today.Day(), TextsOf(lines))) return;
     frmReminder& window = windows_.Open(ReminderKind::Today);
     window.PlaySound = !sound.empty();
     window.SoundFile = sound;
     window.ReplaceList(lines);
     window.Wake();
     window.Heading("TODAY!");
-    windows_.SetShown(ReminderKind::Today, today.Day(), std::move(lines));
+    windows_.SetShown(ReminderKind::Today, today.Day(), TextsOf(lines));
 }
 
 void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass) {
@@ -213,7 +225,9 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
     const DateValue now = stores_.platform.clock.Now().ToMinute();
     const DateValue since = FirstMinute(lastPass, now);
     const bool ofOthers = PlaceOf(database) == EventSource::Shared;
-    std::vector<std::string> lines;
+    Outcomes& told = windows_.Told();
+    const std::set<OccurrenceRef> onScreen = windows_.Ringing();
+    std::vector<ReminderLine> lines;
     std::vector<AlarmRinging> listed;
     std::vector<clsEvent> toRun;
     std::string sound;
@@ -221,38 +235,44 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
     trap([&] {
         visible_.ForEach(&database, PlaceOf(database), [&](const VisibleEvent& seen) {
             const clsEvent& event = seen.event;
+            const auto list = [&](const OccurrenceRef& of) {
+                lines.push_back(LineOf(event, of, std::string(event.DescShown())));
+                // A sound of somebody else's choice would be looked for on his computer.
+                if (!ofOthers && event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
+            };
+            if (!event.Extras().warnings.empty() && !event.ExecFile)
+                for (const DayWarning& warning : WarningsAt(event, now)) {
+                    const OccurrenceRef of{KeyOf(database, event), warning.day, warning.minute};
+                    if (!onScreen.contains(of) && !told.IsAnswered(of) && !told.IsAsleep(of)) list(of);
+                }
             const std::optional<DateValue> minute = LastAlarm(event, since, now);
             if (!minute) return;
             const AlarmRinging ringing{&database, database.SourceOf(event), event.Owner(), event.IDCode,
                                        *minute};
             if (windows_.HasRung(ringing)) return;
+            const OccurrenceRef of{KeyOf(database, event), DayOfAlarm(event, *minute), *minute};
+            // Closed by a person, perhaps at another computer, or to come at another time.
+            if (told.IsAnswered(of) || told.IsAsleep(of)) return;
             if (event.ExecFile) {
                 windows_.SetRung(ringing);
-                if (*minute >= now.PlusMinutes(-kLatestRun))
+                if (*minute >= now.PlusMinutes(-kLatestRun)) {
                     toRun.push_back(event);
-                else
+                    told.NoteAnswered(of);
+                } else {
                     stores_.log.LogEvent("Not running " + event.Filename + " - its time has passed");
+                }
             } else {
-                lines.emplace_back(event.DescShown());
+                list(of);
                 listed.push_back(ringing);
-                // A sound of somebody else's choice would be looked for on his computer.
-                if (!ofOthers && event.PlayWav && !event.WavFile.empty()) sound = event.WavFile;
             }
         });
     });
 
-    // An alarm stays until the user closes it, and then it is over: a later pass adds what is new, and
-    // neither empties nor hides the window, nor brings back what was closed.
     if (!lines.empty())
         trap([&] {
-            frmReminder& window = windows_.Open(ReminderKind::Alarm);
-            window.AddToList(lines);
+            Ring(lines, sound);
             for (const AlarmRinging& ringing : listed)
                 windows_.SetRung(ringing);
-            window.PlaySound = true;
-            window.SoundFile = sound;
-            window.Heading("ALARM!");
-            window.ShowOnTop();
         });
 
     AlarmFiles files(stores_, windows_, saveSettings_);
@@ -261,6 +281,37 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
         // Without a source it is a copy of what this user shares, and the original has run.
         if (!ofOthers || !source.empty()) files.Run(event, ofOthers ? source : "");
     }
+    if (!toRun.empty()) told.Save();
+}
+
+// An alarm stays until the user closes it, and then it is over: a later pass adds what is new, and neither
+// empties nor hides the window, nor brings back what was closed.
+void clsReminder::Ring(const std::vector<ReminderLine>& lines, const std::string& sound) {
+    frmReminder& window = windows_.Open(ReminderKind::Alarm);
+    window.AddToList(lines);
+    window.PlaySound = true;
+    window.SoundFile = sound;
+    window.Heading("ALARM!");
+    window.ShowOnTop();
+}
+
+void clsReminder::DisplayWoken(const MissedReminders& all) {
+    ErrorTrap trap(stores_.log, "DisplayWoken", kModule);
+    const DateValue now = stores_.platform.clock.Now().ToMinute();
+    const std::set<OccurrenceRef> onScreen = windows_.Ringing();
+    std::vector<ReminderLine> lines;
+    std::string sound;
+    trap([&] {
+        for (const auto& [occurrence, until] : windows_.Told().AllAsleep()) {
+            if (until > now || onScreen.contains(occurrence)) continue;
+            const clsEvent* event = all.EventOf(occurrence);
+            if (!event) continue;
+            lines.push_back(LineOf(*event, occurrence, std::string(event->DescShown())));
+            const bool isOwn = occurrence.key.file == kOwnEvents;
+            if (isOwn && event->PlayWav && !event->WavFile.empty()) sound = event->WavFile;
+        }
+        if (!lines.empty()) Ring(lines, sound);
+    });
 }
 
 std::optional<DateValue> clsReminder::NextAlarm(const clsDbXml& database) const {
@@ -268,10 +319,15 @@ std::optional<DateValue> clsReminder::NextAlarm(const clsDbXml& database) const 
     const DateValue first(now.Day(), now.SecondOfDay() + 60);
     const DateValue last(now.Day(), DateValue::kSecondsPerDay - 60);
     std::optional<DateValue> next;
+    const auto consider = [&](DateValue minute) { next = next ? std::min(*next, minute) : minute; };
     visible_.ForEach(&database, PlaceOf(database), [&](const VisibleEvent& seen) {
-        const auto minute = LastAlarm(seen.event, first, last);
-        if (minute && (!next || *minute < *next)) next = minute;
+        if (const auto minute = LastAlarm(seen.event, first, last)) consider(*minute);
+        if (!seen.event.Extras().warnings.empty())
+            for (const DayWarning& warning : WarningsBetween(seen.event, first, last))
+                consider(warning.minute);
     });
+    for (const Outcomes::Asleep& asleep : windows_.Told().AllAsleep())
+        if (first <= asleep.until && asleep.until <= last) consider(asleep.until);
     return next;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reminders/MissedReminders.h"
 #include "reminders/ReminderDay.h"
 #include "reminders/ReminderWindows.h"
 #include "storage/VisibleEvents.h"
@@ -43,7 +44,10 @@ public:
     // Shows the events of the database whose alarm minute is now and runs the files of those that have one.
     // With the time of the pass before, also those whose minute has come and gone since then, a day at most.
     void DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass = {});
-    // The first minute after this one in which an alarm of the database rings today, as its events stand now.
+    // Shows what is asleep and whose time has come; `all` finds the events. Once for each such time.
+    void DisplayWoken(const MissedReminders& all);
+    // The first minute after this one in which an alarm of the database, or a second warning, rings today, as its events stand
+    // now.
     std::optional<DateValue> NextAlarm(const clsDbXml& database) const;
 
 private:
@@ -53,6 +57,7 @@ private:
     bool IsExpired(DateValue dueDate, std::optional<DateValue> asOf = {}) const;
     void Update(int passes);
     void RemoveRetired(std::vector<std::size_t> positions);
+    void Ring(const std::vector<ReminderLine>& lines, const std::string& sound);
     void ShowUpcoming(const ReminderDay& today);
     void ShowTodays(const ReminderDay& today);
     EventSource PlaceOf(const clsDbXml& database) const {

@@ -18,6 +18,16 @@ constexpr int kComeBack = 30000;
 constexpr int kSleepTick = 1000;
 constexpr int kSleepDigits = 4;
 constexpr double kLongestSleep = 9999;  // minutes
+
+// What a person has closed is answered, but for what is still to come: the alarm of an event of today.
+void Answer(Outcomes& outcomes, const std::vector<ReminderLine>& lines, DateValue now) {
+    std::vector<OccurrenceRef> answered;
+    for (const ReminderLine& line : lines) {
+        if (line.occurrence && line.occurrence->moment <= now) answered.push_back(*line.occurrence);
+    }
+    outcomes.Answer(answered);
+}
+
 }  // namespace
 
 frmReminder::frmReminder(std::unique_ptr<Window> window, const ReminderServices& services)
@@ -36,8 +46,8 @@ void frmReminder::Heading(const std::string& text) {
     if (!armed_) Wake();
 }
 
-void frmReminder::AddToList(const std::vector<std::string>& texts) {
-    lines_.Add(texts);
+void frmReminder::AddToList(const std::vector<ReminderLine>& lines) {
+    lines_.Add(lines);
     FillList();
 }
 
@@ -46,16 +56,16 @@ void frmReminder::ClearList() {
     FillList();
 }
 
-void frmReminder::ReplaceList(const std::vector<std::string>& texts) {
+void frmReminder::ReplaceList(const std::vector<ReminderLine>& lines) {
     lines_.Clear();
-    AddToList(texts);
+    AddToList(lines);
 }
 
 // A list box has one line for each, and draws blots for what would break it.
 void frmReminder::FillList() {
-    std::vector<std::string> texts = lines_.Texts();
-    for (std::string& text : texts)
-        text = OneLine(text);
+    std::vector<std::string> texts;
+    for (const ReminderLine& line : lines_.All())
+        texts.push_back(OneLine(line.text));
     lstReminders.Items(texts);
 }
 
@@ -136,7 +146,9 @@ void frmReminder::cmdRemindMe_Click() {
 void frmReminder::cmdContinue_Click() {
     window().Hide();
     services_.platform.pump.ProcessPending();
+    const std::vector<ReminderLine> read = lines_.All();
     services_.openWindows.Unload(*this);
+    Answer(services_.outcomes, read, services_.platform.clock.Now());
 }
 
 void frmReminder::PlayItsSound() {

@@ -20,13 +20,14 @@ public:
 
     // Heading and caption. The first one makes the window appear, two seconds later.
     void Heading(const std::string& text);
-    void AddToList(const std::string& text) { AddToList(std::vector<std::string>{text}); }
+    void AddToList(const std::string& text) { AddToList({{.text = text}}); }
     // Adds many lines with one filling of the list box.
-    void AddToList(const std::vector<std::string>& texts);
+    void AddToList(const std::vector<ReminderLine>& lines);
     // Promised: the program itself never calls it.
     void ClearList();
     // Takes these lines for those that it has.
-    void ReplaceList(const std::vector<std::string>& texts);
+    void ReplaceList(const std::vector<ReminderLine>& lines);
+    const std::vector<ReminderLine>& Lines() const { return lines_.All(); }
 
     // Ends any sleep and makes the window come to the front, two seconds later.
     void Wake();

@@ -1,7 +1,11 @@
 #include "storage/SharedCopy.h"
 
 #include "base/Text.h"
+#include "platform/Files.h"
 #include "storage/Owner.h"
+#include "storage/SideExtras.h"
+
+#include <utility>
 
 namespace kaz {
 
@@ -29,10 +33,25 @@ bool SharedCopy::Run() {
                 own.StoreRecord(std::move(copy));
             });
         }
-        published = own.SaveDB();
+        published = own.SaveDB() && PublishExtras(own);
         shared_.LoadMultiple(folder.ListFile());
     });
     return published;
+}
+
+// Behind the events: in between they come once too often.
+bool SharedCopy::PublishExtras(const clsDbXml& own) {
+    const std::string& path = own.DBFilename();
+    const std::string file = WithExtension(FileNameOf(path), "");
+    ErrorTrap trap(stores_.log, "PublishExtras", "SharedCopy");
+    return trap([&] {
+        SideFile::Lines lines;
+        for (const clsEvent& event : own.AllEvents())
+            if (!event.Deleted)
+                for (SideLine& line : ExtraLines(event, file))
+                    lines.insert(std::move(line));
+        WriteSideLines(stores_.platform.files, SideFile::PathFor(path), lines);
+    });
 }
 
 }  // namespace kaz

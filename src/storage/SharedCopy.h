@@ -18,6 +18,8 @@ public:
     bool Run();
 
 private:
+    bool PublishExtras(const clsDbXml& own);
+
     const clsDbXml& events_;
     clsDbXml& shared_;
     Stores stores_;

@@ -51,13 +51,6 @@ std::string Enclose(std::string_view value, std::string_view startTag, std::stri
     return result.append(startTag).append(value).append(endTag);
 }
 
-constexpr int HexValue(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    return -1;
-}
-
 // The leading hexadecimal digits of the pair, as a lenient number scanner reads them.
 constexpr char DecodedPair(char first, char second) {
     const int high = HexValue(first);

@@ -6,6 +6,7 @@
 #include "storage/EventCollection.h"
 #include "storage/EventMerge.h"
 #include "storage/OverwrittenVersions.h"
+#include "storage/SideFile.h"
 #include "storage/Stores.h"
 #include "storage/WatchedFiles.h"
 
@@ -82,6 +83,13 @@ public:
     void PairWith(clsDbXml& other) { other_ = &other; }
     // Whether a backup of the file has events; asked when the file has not a single byte.
     void AskForBackup(std::function<bool()> hasEvents) { backupHasEvents_ = std::move(hasEvents); }
+    // The file beside it, from which the events have their extras and to which those that are stored give
+    // theirs. It outlives this database.
+    void KeepBeside(SideFile& side) { side_ = &side; }
+    // Gives the events what that file says now.
+    void TakeExtras() {
+        if (side_) events_.ChangeAll([&](std::vector<clsEvent>& events) { side_->GiveExtras(events); });
+    }
     // Called with the events that a reload made disappear although no command of this program removed them.
     void OnGone(std::function<void(const std::vector<clsEvent>&)> gone) { onGone_ = std::move(gone); }
     // Called each time that events have come into the memory from a file or another memory; `changed` when
@@ -126,6 +134,9 @@ public:
 
     // The user in whose file the event came, as LoadMultiple found it in the list; "" for any other event.
     std::string SourceOf(const clsEvent& event) const;
+
+    // Those of the users whose file could be read at the last look, or has never been there.
+    const std::vector<std::string>& SourcesRead() const { return sourcesRead_; }
 
     // While on, loading drops shared events that are not meant for this user and gives the others the
     // category of this user's that has the same name. For files that other users wrote.
@@ -175,7 +186,8 @@ private:
 
     void Reload(bool fresh);
     void Append();
-    void TellLoad(bool changed) const {
+    void TellLoad(bool changed) {
+        TakeExtras();
         if (onLoad_) onLoad_(changed);
     }
     void LookForMissing(bool fresh);
@@ -196,6 +208,7 @@ private:
 
     void ReadUsers(const SharedFolder& folder, const std::string& listFile);
     std::vector<clsEvent> LoadFrom(const std::string& user, const std::string& path);
+    void TakeExtrasOf(const std::string& path, std::vector<clsEvent>& events);
 
     Stores stores_;
     std::string fileName_;
@@ -221,10 +234,12 @@ private:
     WatchedFiles watched_;            // empty until LoadMultiple
     std::vector<std::string> users_;  // as the list had them
     std::vector<std::string> sources_;
+    std::vector<std::string> sourcesRead_;
     bool foreignFileFilter_ = false;
     std::function<void()> copyToShared_;
     OverwrittenVersions overwritten_;
     clsDbXml* other_ = nullptr;
+    SideFile* side_ = nullptr;
     std::function<bool()> backupHasEvents_;
     std::function<void(const std::vector<clsEvent>&)> onGone_;
     std::function<void(bool)> onLoad_;

@@ -4,6 +4,7 @@
 #include "platform/Locale.h"
 #include "storage/Owner.h"
 #include "storage/SharedFolder.h"
+#include "storage/SideExtras.h"
 #include "storage/clsDbXml.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@ void clsDbXml::LoadMultiple(const std::string& listFile) {
 
     std::vector<clsEvent> events;
     std::vector<std::string> sources;
+    sourcesRead_.clear();
     ErrorTrap trap(stores_.log, "LoadMultiple", kModule);
     for (const std::string& user : users_) {
         stores_.log.LogEvent("Found shared database " + user);
@@ -66,6 +68,7 @@ std::vector<clsEvent> clsDbXml::LoadFrom(const std::string& user, const std::str
             ReadFile(path, events);
         else if (!FolderExists(stores_.platform.files, FolderOf(path)))
             throw RuntimeError(ErrorNumber::PathNotFound);
+        sourcesRead_.push_back(user);
     } catch (...) {
         stores_.log.Report(CurrentError(), "LoadDB", kModule);
         stores_.log.LogEvent("Unable to read events from " + path);
@@ -74,7 +77,19 @@ std::vector<clsEvent> clsDbXml::LoadFrom(const std::string& user, const std::str
         std::copy_if(AllEvents().begin(), AllEvents().end(), std::back_inserter(events),
                      [&](const clsEvent& event) { return SourceOf(event) == user; });
     }
+    TakeExtrasOf(path, events);
     return events;
+}
+
+// What their owner's side file says of them; without it they come too often, never too seldom.
+void clsDbXml::TakeExtrasOf(const std::string& path, std::vector<clsEvent>& events) {
+    const std::string side = SideFile::PathFor(path);
+    watched_.Add(side);
+    ErrorTrap trap(stores_.log, "LoadMultiple", kModule);
+    const bool read = trap([&] {
+        GiveExtras(events, ReadSideLines(stores_.platform.files, side), WithExtension(FileNameOf(path), ""));
+    });
+    if (!read) watched_.LastWasNotRead();
 }
 
 std::string clsDbXml::SourceOf(const clsEvent& event) const {

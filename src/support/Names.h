@@ -14,6 +14,7 @@ inline constexpr std::string_view kLogFile = "Log_KAZ.txt";
 inline constexpr std::string_view kSettingsFile = "Kaz.ini";
 inline constexpr std::string_view kEventsFile = "Events.xml";
 inline constexpr std::string_view kExpiredFile = "Expired.xml";
+inline constexpr std::string_view kSideFile = "Events.side";  // SideFile makes it of the events file's name
 inline constexpr std::string_view kTaskFile = "tasklist.xml";
 inline constexpr std::string_view kSoundsFile = "EventWavs.ini";
 // The extension of the event files from before the XML files.

@@ -61,7 +61,7 @@ void ReminderClock::DoSteps(std::initializer_list<void (ReminderClock::*)()> ste
 void ReminderClock::Tick() {
     refresh_.Stop();
     DoSteps({&ReminderClock::ReloadChangedFiles, &ReminderClock::ShowNewDay, &ReminderClock::SaveAgain,
-             &ReminderClock::ShowAlarms, &ReminderClock::LookAfterReminders});
+             &ReminderClock::ShowAlarms, &ReminderClock::ShowMissed, &ReminderClock::LookAfterReminders});
     // The window has been painted and the reminders are up: while the user logs on, the shell can take
     // seconds to answer.
     if (!stopped_) ErrorTrap(app_.errors, "TimerRefresh_Timer", "frmMain")(face_.ticked);
@@ -71,9 +71,10 @@ void ReminderClock::Tick() {
 // Between two ticks of the other timer, and under an open dialog.
 void ReminderClock::TickForAlarms() {
     if (IsNewDay())
-        DoSteps({&ReminderClock::ReloadChangedFiles, &ReminderClock::ShowNewDay, &ReminderClock::ShowAlarms});
+        DoSteps({&ReminderClock::ReloadChangedFiles, &ReminderClock::ShowNewDay, &ReminderClock::ShowAlarms,
+                 &ReminderClock::ShowMissed});
     else
-        DoSteps({&ReminderClock::ShowAlarms});
+        DoSteps({&ReminderClock::ShowAlarms, &ReminderClock::ShowMissed});
 }
 
 // What a late tick would do first comes first: before events move on, their alarms ring.
@@ -111,6 +112,7 @@ void ReminderClock::ReloadChangedFiles() {
         app_.mainListIsStale = true;
         lastDay_ = 0;  // its events have not had their day yet
     }
+    app_.CatchUpOutcomes();
     // Not CatchUp: a change of this program counts as saved once a look has found it.
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
         if (database) database->LoadDBIfChanged(database->DBFilename());
@@ -131,6 +133,7 @@ void ReminderClock::ShowNewDay() {
     if (lastAlarms_) trap([&] { RingAlarms(); });
     trap([&] { app_.MoveSharedOn(); });
     trap([&] { app_.MakeReminder().DisplayReminders(); });
+    trap([&] { app_.TidyOutcomes(); });
     if (stopped_) return;
     expiryWaits_ = app_.expired && app_.expired->HasUnsaved();
     // The host makes its first lists when it wants them.
@@ -161,6 +164,13 @@ void ReminderClock::RingAlarms() {
     clsReminder reminder = app_.MakeReminder();
     if (app_.events) reminder.DisplayAlarms(*app_.events, lastAlarms_);
     if (app_.shared && app_.Networked()) reminder.DisplayAlarms(*app_.shared, lastAlarms_);
+    reminder.DisplayWoken(app_.Missed());
+}
+
+// Behind the alarms: what has just begun to ring is not missed.
+void ReminderClock::ShowMissed() {
+    app_.reminderWindows.ShowMissed(
+        app_.Missed().List(app_.platform.clock.Now(), app_.reminderWindows.Ringing()));
 }
 
 }  // namespace kaz

@@ -62,6 +62,7 @@ private:
     void ShowAlarms();
     void LookAfterReminders();
     void RingAlarms();
+    void ShowMissed();
 
     Application& app_;
     TimerControl refresh_;

@@ -55,7 +55,9 @@ public:
     clsDbXml expired{storage};
     clsDbXml shared{storage};
     OpenWindows openWindows;
-    ReminderWindows windows{{machine.Services(), settings, openWindows, errors, player, folder}};
+    SideFile side{machine.files, log};
+    Outcomes outcomes{side};
+    ReminderWindows windows{{machine.Services(), settings, openWindows, errors, player, outcomes, folder}};
 
 private:
     int codes_ = 0;

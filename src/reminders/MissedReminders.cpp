@@ -1,0 +1,220 @@
+#include "reminders/MissedReminders.h"
+
+#include "base/Text.h"
+#include "model/AlarmTime.h"
+#include "model/Occurrences.h"
+#include "platform/Files.h"
+#include "storage/SharedFolder.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+// A series is looked through for so long; what is older than that is told by its last day.
+constexpr int kLongestLook = 400;
+constexpr std::size_t kLongestText = 500;
+
+bool IsTold(const clsEvent& event) { return !event.ExecFile || event.AlarmSet(); }
+
+// What is told of one event already, so that a walk over many of its days looks there once.
+class Told {
+public:
+    Told(const Outcomes& outcomes, const SideKey& key)
+        : answers_(outcomes.AnswersOf(key)),
+          asleep_(outcomes.AsleepOf(key)) {
+        for (const Outcomes::Open& open : outcomes.OpenOf(key))
+            noted_ = std::max(noted_, open.last.day);
+    }
+
+    bool Has(const clsEvent& event, DateValue day) const {
+        if (day <= noted_) return true;
+        if (answers_.Empty() && asleep_.empty()) return false;
+        const DateValue moment = MomentOf(event, day);
+        return answers_.Has(day, moment) ||
+               std::any_of(asleep_.begin(), asleep_.end(), [&](const Outcomes::Asleep& asleep) {
+                   return asleep.occurrence.day == day && moment <= asleep.occurrence.moment;
+               });
+    }
+
+private:
+    Outcomes::Answers answers_;
+    std::vector<Outcomes::Asleep> asleep_;
+    DateValue noted_{kFirstDay};
+};
+
+// The event's unanswered days before `end`, as one entry.
+std::optional<Outcomes::Open> Passed(const Outcomes& outcomes, const SideKey& key, const clsEvent& event,
+                                     DateValue end, DateValue today) {
+    const Told told(outcomes, key);
+    std::optional<Outcomes::Open> open;
+    const auto look = [&](DateValue day) {
+        if (told.Has(event, day)) return;
+        if (!open) open = Outcomes::Open{{key, day, day}, day, 0, ""};
+        open->last.day = day;
+        ++open->count;
+    };
+    const DateValue last(end.Day() - 1);
+    const DateValue first = std::max(event.DueDate(), DateValue(end.Day() - kLongestLook));
+    for (const DateValue day : Occurrences(event, {first, last}, today))
+        look(day);
+    if (!open && event.DueDate() < first && !event.Extras().Skips(event.DueDate())) look(event.DueDate());
+    if (open) open->last.moment = MomentOf(event, open->last.day);
+    return open;
+}
+
+std::string WhoseFile(const std::string& user) { return WithExtension(SharedFolder::NameOf(user), ""); }
+
+std::string UserOf(std::string_view file) {
+    return file == kOwnEvents ? std::string() : std::string(file.substr(std::min(file.size(), WhoseFile("").size())));
+}
+
+std::string ShortText(const clsEvent& event) { return Beginning(event.DescShown(), kLongestText); }
+
+}  // namespace
+
+void MissedReminders::NotePassed(Outcomes& outcomes, const clsEvent& event, DateValue today) {
+    if (!IsTold(event)) return;
+    const SideKey key = OwnOccurrence(event, event.DueDate()).key;
+    if (const auto open = Passed(outcomes, key, event, today, today)) outcomes.AddOpen(*open);
+}
+
+void MissedReminders::BeginAnew(DateValue now) {
+    const DateValue yesterday(now.Day() - 1);
+    visible_.ForEach(events_, EventSource::Local, [&](const VisibleEvent& seen) {
+        const SideKey key = KeyOf(*events_, seen.event);
+        if (const auto passed = Passed(outcomes_, key, seen.event, now.DateOnly(), now.DateOnly())) {
+            outcomes_.AddOpen(*passed);
+            outcomes_.NoteAnswered(passed->last);
+        }
+        NoteEntered(seen.event, now);
+    });
+}
+
+void MissedReminders::NoteEntered(const clsEvent& event, DateValue now) {
+    const OccurrenceRef due = OwnOccurrence(event, event.DueDate());
+    if (event.AlarmSet() && due.moment < now.ToMinute()) outcomes_.NoteAnswered(due);
+    for (const DayWarning& warning : WarningsAt(event, now.ToMinute().PlusMinutes(-1)))
+        outcomes_.NoteAnswered({due.key, warning.day, warning.minute});
+}
+
+void MissedReminders::NoteShared(DateValue now) {
+    if (!shared_) return;
+    std::map<std::string, std::vector<Outcomes::Awaited>> coming;
+    std::map<SideKey, const clsEvent*> current;
+    for (const std::string& user : shared_->SourcesRead())
+        coming[WhoseFile(user)];
+    visible_.ForEach(shared_, EventSource::Shared, [&](const VisibleEvent& seen) {
+        const auto minute = AlarmMinute(seen.event, seen.due);
+        const SideKey key = KeyOf(*shared_, seen.event);
+        const auto file = coming.find(key.file);
+        if (!minute || file == coming.end()) return;
+        file->second.push_back({{key, seen.due, *minute}, ShortText(seen.event)});
+        current.emplace(key, &seen.event);
+        // Of somebody who has just joined, nothing of before counts.
+        if (!outcomes_.KnowsFile(key.file) && *minute < now.ToMinute())
+            outcomes_.NoteAnswered({key, seen.due, *minute});
+    });
+    for (const Outcomes::Awaited& awaited : outcomes_.AllAwaited()) {
+        const SideKey& key = awaited.occurrence.key;
+        const auto found = current.find(key);
+        const clsEvent* event = found == current.end() ? nullptr : found->second;
+        if (!coming.contains(key.file) || awaited.occurrence.moment > now) continue;
+        if (event && event->DueDate() <= awaited.occurrence.day) continue;
+        std::optional<Outcomes::Open> open;
+        if (event) {
+            clsEvent before = *event;
+            before.DueDate(awaited.occurrence.day);
+            open = Passed(outcomes_, key, before, std::min(event->DueDate(), now.PlusDays(1).DateOnly()),
+                          now.DateOnly());
+        } else if (!outcomes_.IsAnswered(awaited.occurrence) && !outcomes_.IsAsleep(awaited.occurrence)) {
+            open = Outcomes::Open{awaited.occurrence, awaited.occurrence.day, 1, ""};
+        }
+        if (!open) continue;
+        open->text = awaited.text;
+        outcomes_.AddOpen(*open);
+    }
+    for (const auto& [file, awaited] : coming)
+        outcomes_.SetAwaited(file, awaited);
+}
+
+std::vector<MissedReminder> MissedReminders::List(DateValue now,
+                                                  const std::set<OccurrenceRef>& onScreen) const {
+    std::vector<MissedReminder> list;
+    if (!outcomes_.IsKnown()) return list;
+    AddOpen(list, onScreen);
+    AddDue(list, events_, EventSource::Local, now, onScreen);
+    AddDue(list, shared_, EventSource::Shared, now, onScreen);
+    std::stable_sort(list.begin(), list.end(), [](const MissedReminder& a, const MissedReminder& b) {
+        return a.moment > b.moment;
+    });
+    return list;
+}
+
+void MissedReminders::AddOpen(std::vector<MissedReminder>& list,
+                              const std::set<OccurrenceRef>& onScreen) const {
+    std::map<SideKey, std::size_t> places;
+    for (const Outcomes::Open& open : outcomes_.AllOpen()) {
+        if (open.count == 1 && onScreen.contains(open.last)) continue;
+        EventSource source = EventSource::Local;
+        const clsEvent* event = EventOf(open.last, &source);
+        // Own events that have gone were deleted by somebody who knew of them.
+        if (!event && open.text.empty()) continue;
+        const auto [place, isNew] = places.emplace(open.last.key, list.size());
+        if (isNew) list.emplace_back();
+        MissedReminder& missed = list[place->second];
+        missed.occurrences.push_back(open.last);
+        missed.count = open.count + (isNew ? 0 : missed.count);
+        missed.moment = open.last.moment;
+        missed.isTimed = !event || AlarmMinute(*event, open.last.day);
+        missed.text = event ? std::string(event->DescShown()) : open.text;
+        missed.source = source;
+        if (event && event->ExecFile) missed.file = event->Filename;
+        if (event && !event->MailSent) missed.mail = event->Email;
+        missed.whose = UserOf(open.last.key.file);
+    }
+}
+
+void MissedReminders::AddDue(std::vector<MissedReminder>& list, const clsDbXml* database, EventSource source,
+                             DateValue now, const std::set<OccurrenceRef>& onScreen) const {
+    visible_.ForEach(database, source, [&](const VisibleEvent& seen) {
+        const clsEvent& event = seen.event;
+        // What has passed has been noted by whoever moved it on.
+        if (!event.AlarmSet() || (source == EventSource::Local && seen.due < now.DateOnly())) return;
+        const auto minute = AlarmMinute(event, seen.due);
+        if (!minute || *minute >= now.ToMinute()) return;
+        const OccurrenceRef due{KeyOf(*database, event), seen.due, *minute};
+        if (onScreen.contains(due) || outcomes_.IsAnswered(due) || outcomes_.IsAsleep(due)) return;
+        list.push_back({{due}, *minute, true, 1, std::string(event.DescShown()),
+                        database->SourceOf(event), event.ExecFile ? event.Filename : "", "", source});
+    });
+}
+
+const clsEvent* MissedReminders::EventOf(const OccurrenceRef& occurrence, EventSource* source) const {
+    const auto find = [&](const clsDbXml* database, EventSource place, auto fits) -> const clsEvent* {
+        if (!database) return nullptr;
+        for (const clsEvent& event : database->AllEvents()) {
+            if (event.Deleted || !fits(event) || CheckOf(event) != occurrence.key.check) continue;
+            if (source) *source = place;
+            return &event;
+        }
+        return nullptr;
+    };
+    const auto hasCode = [&](const clsEvent& event) { return event.IDCode == occurrence.key.code; };
+    if (occurrence.key.file != kOwnEvents)
+        return find(shared_, EventSource::Shared, [&](const clsEvent& event) {
+            return hasCode(event) && KeyOf(*shared_, event).file == occurrence.key.file;
+        });
+    if (const clsEvent* event = find(events_, EventSource::Local, hasCode)) return event;
+    if (const clsEvent* event = find(expired_, EventSource::Expired, hasCode)) return event;
+    // It got another code when it expired.
+    return find(expired_, EventSource::Expired,
+                [&](const clsEvent& event) { return event.DueDate() == occurrence.day; });
+}
+
+}  // namespace kaz
