@@ -22,6 +22,7 @@ std::optional<std::string> EventCommands::Add() {
     EventOperations operations = Operations();
     std::string code = operations.AddEvent(std::move(event));
     Record("addition", operations);
+    NoteEntered(code, nullptr);
     return code;
 }
 
@@ -44,7 +45,10 @@ std::optional<std::string> EventCommands::Edit(const EventRef& event, EditMode m
     }
     EventEdit edit{*found, *found, expired, mode};
     if (!editor_(edit.after, mode)) return std::nullopt;
-    if (operations.EditEvent(edit) == EditResult::Stored) return event.code;
+    if (operations.EditEvent(edit) == EditResult::Stored) {
+        NoteEntered(event.code, &edit.before);
+        return event.code;
+    }
     const bool keep = app_.platform.dialogs.AskYesNo(
         "This event was deleted or moved while you were editing it.\r\nDo you want to keep your version as a "
         "new event?");
@@ -58,6 +62,7 @@ std::optional<std::string> EventCommands::Push(const EventRef& event) {
     EventOperations operations = Operations();
     operations.PushEvent(event.code, false);
     Record("push", operations);
+    NoteEntered(event.code, nullptr);
     return event.code;
 }
 
@@ -106,6 +111,17 @@ std::optional<std::string> EventCommands::ShareWith(const EventRef& event,
     }
     Record("sharing", operations);
     return edited;
+}
+
+// Of what has just been entered for a time that has passed, the user knows; and what was put to sleep for the
+// time of before is over.
+void EventCommands::NoteEntered(const std::string& code, const clsEvent* before) {
+    const clsEvent* event = app_.events->ReadEvent(code);
+    if (!event) return;
+    if (before && before->DueDate() == event->DueDate() && before->DueTime() == event->DueTime()) return;
+    app_.outcomes.Moved(KeyOf(*app_.events, *event));
+    app_.Missed().NoteEntered(*event, app_.platform.clock.Now());
+    app_.outcomes.Save();
 }
 
 bool EventCommands::Refuses(const EventRef& event, const char* what) {

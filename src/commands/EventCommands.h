@@ -45,6 +45,7 @@ public:
 
 private:
     std::optional<std::string> Edit(const EventRef& event, EditMode mode, EventOperations& operations);
+    void NoteEntered(const std::string& code, const clsEvent* before);
     // `what` is what can't be done.
     bool Refuses(const EventRef& event, const char* what);
     void RefuseOwners(const clsEvent& event, const std::string& what);
