@@ -84,7 +84,6 @@ public:
     ConflictCopies conflictCopies{*this};
     const std::unique_ptr<AwaitedFolder> awaitedFolder;
     const std::unique_ptr<DataWatch> dataWatch;
-    MissedCount missed;
     ReminderWatch reminderWatch{*this};
 
     // The folder of the event files: the setting "DataPath", by default the runtime path.

@@ -29,19 +29,17 @@ void ReminderWatch::Look() {
 }
 
 void ReminderWatch::TellMissed() {
-    const int count = app_.missed.count();
-    if (count <= 0) {
+    const std::size_t count = app_.reminderWindows.Missed().size();
+    if (count == 0) {
         app_.health.Clear(kMissed);
         return;
     }
-    Health::Notice notice{kMissed,
-                          Health::Weight::Warning,
-                          Counted(static_cast<std::size_t>(count), "missed reminder") +
-                              (count == 1 ? " waits" : " wait") + " for your answer.",
-                          {},
-                          Health::Sign::Missed};
-    if (app_.missed.show) notice.actions.push_back({count == 1 ? "Show it" : "Show them", app_.missed.show});
-    app_.health.Tell(std::move(notice));
+    app_.health.Tell({kMissed,
+                      Health::Weight::Warning,
+                      Counted(count, "missed reminder") + (count == 1 ? " waits" : " wait") +
+                          " for your answer.",
+                      {},
+                      Health::Sign::Missed});
 }
 
 // Not in the first tick, since the libraries of sound take as long to load as the rest of a start.

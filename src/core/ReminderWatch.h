@@ -1,16 +1,8 @@
 #pragma once
 
-#include <functional>
-
 namespace kaz {
 
 class Application;
-
-// What fell due and nobody has answered.
-struct MissedCount {
-    std::function<int()> count = [] { return 0; };
-    std::function<void()> show;  // brings them before the user; empty where there is no such window
-};
 
 // Tells in the health, and so by the tray's icon and in the bar, what keeps reminders from being seen and
 // heard while all is well with the files.

@@ -243,7 +243,7 @@ void clsDbXml::MarkDeleted(const std::vector<std::string>& codes) {
 
 void clsDbXml::StoreRecord(clsEvent event, bool forceNew) {
     if (forceNew || event.IDCode.empty()) event.IDCode = events_.UnusedCode(TakenElsewhere());
-    if (side_) side_->Put(event, events_.Find(event.IDCode));
+    if (side_) side_->Put(event, events_.Holds(event.IDCode) ? events_.Find(event.IDCode) : nullptr);
     events_.Store(std::move(event));
 }
 
