@@ -148,8 +148,7 @@ private:
     const std::string folder_ = ".";
     SideFile side_{files_, log_};
     Outcomes outcomes_{side_};
-    ReminderWindows reminderWindows_{
-        {platform_, settings_, openWindows_, log_, player_, outcomes_, folder_}};
+    ReminderWindows reminderWindows_{{platform_, settings_, openWindows_, log_, player_, outcomes_, folder_}};
     clsDbXml events_{stores_};
     clsDbXml expired_{stores_};
 };

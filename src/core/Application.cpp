@@ -121,6 +121,11 @@ MissedReminders Application::Missed() {
                            Networked() ? shared.get() : nullptr);
 }
 
+void Application::BeginOutcomes() {
+    if (events && sideFile.WasRead() && !sideFile.WasThere() && !ClockGuard::HasEverTicked(settings))
+        Missed().BeginAnew(platform.clock.Now());
+}
+
 void Application::CatchUpOutcomes() {
     if (!sideFile.Refresh()) return;
     for (clsDbXml* database : {events.get(), expired.get()})

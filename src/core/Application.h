@@ -128,6 +128,9 @@ public:
 
     // What fell due and was not answered, in the databases as they are now.
     MissedReminders Missed();
+    // Where the program has never run, what is in the past was never its business. To be called once the
+    // events are there, before anything moves them on.
+    void BeginOutcomes();
     // What another computer has noted beside the events meanwhile.
     void CatchUpOutcomes();
     // Drops of that what nobody needs any more. Not by a clock that may be wrong.

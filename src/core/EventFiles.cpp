@@ -55,11 +55,13 @@ void EventFiles::Reopen() {
 }
 
 void EventFiles::LoadLate() {
+    app_.sideFile.Refresh();
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()}) {
         const std::string file = database->DBFilename();
         if (!FileExists(app_.platform.files, file)) database->ExpectNoFile();
         if (ConvertOldDatabase(app_, *database, file) == Conversion::NotNeeded) database->LoadDB(file);
     }
+    app_.BeginOutcomes();
     app_.sounds.Initialise();
 }
 

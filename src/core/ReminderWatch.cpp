@@ -34,12 +34,12 @@ void ReminderWatch::TellMissed() {
         app_.health.Clear(kMissed);
         return;
     }
-    app_.health.Tell({kMissed,
-                      Health::Weight::Warning,
-                      Counted(count, "missed reminder") + (count == 1 ? " waits" : " wait") +
-                          " for your answer.",
-                      {},
-                      Health::Sign::Missed});
+    app_.health.Tell(
+        {kMissed,
+         Health::Weight::Warning,
+         Counted(count, "missed reminder") + (count == 1 ? " waits" : " wait") + " for your answer.",
+         {},
+         Health::Sign::Missed});
 }
 
 // Not in the first tick, since the libraries of sound take as long to load as the rest of a start.

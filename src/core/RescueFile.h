@@ -30,7 +30,9 @@ struct Rescued {
     std::string settings;  // the lines of the settings file, none when they are saved
     std::vector<std::string> tasks;
 
-    bool Empty() const { return events.Empty() && expired.Empty() && beside.empty() && settings.empty() && tasks.empty(); }
+    bool Empty() const {
+        return events.Empty() && expired.Empty() && beside.empty() && settings.empty() && tasks.empty();
+    }
 };
 
 // The file that keeps it until the next start: a plain text with a heading for each part, the events in the

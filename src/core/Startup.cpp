@@ -52,7 +52,7 @@ void Startup::Run() {
         RemoveAbandoned();
         TellOfDeath();
     }
-    BeginOutcomes();
+    app_.BeginOutcomes();
     app_.clockGuard->Look();
     app_.MakeReminder().UpdateAllEvents();
 }
@@ -138,18 +138,11 @@ void Startup::BackUp() {
         app_.log.LogEvent("Data automatically zipped to Autobackups folder in " + app_.DataPath());
 }
 
-// Where the program has never run, what is in the past was never its business.
-void Startup::BeginOutcomes() {
-    const SideFile& side = app_.sideFile;
-    if (app_.events && side.WasRead() && !side.WasThere() && !ClockGuard::HasEverTicked(app_.settings))
-        app_.Missed().BeginAnew(app_.platform.clock.Now());
-}
-
 // A save that was broken off leaves an unfinished file beside the whole one.
 void Startup::RemoveAbandoned() {
-    std::vector<std::string> saved{app_.settingsFileName, app_.events->DBFilename(),
+    std::vector<std::string> saved{app_.settingsFileName,      app_.events->DBFilename(),
                                    app_.expired->DBFilename(), JoinPath(app_.DataPath(), kTaskFile),
-                                   app_.sideFile.Path(), AutoBackupFile(app_, kBackupWord)};
+                                   app_.sideFile.Path(),       AutoBackupFile(app_, kBackupWord)};
     if (app_.Networked()) saved.push_back(app_.Folder().FileOf(app_.Owner()));
     int removed = 0;
     ErrorTrap trap(app_.log, "RemoveAbandoned", "Startup");

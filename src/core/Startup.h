@@ -24,7 +24,6 @@ private:
     void BackUp();
     void RemoveAbandoned();
     void TellOfDeath();
-    void BeginOutcomes();
 
     Application& app_;
     std::optional<RunMark::Died> died_;  // the run before, when it has had no end

@@ -13,8 +13,9 @@ struct DaySpan {
 };
 
 // The days of a span on which an event happens, in order, for a range-for: none is skipped, and none is
-// behind the end of its series. The event stays as it is, and outlives the walk. They end where its rule names no further day, also when it cannot be computed: that was told when the event last
-// moved on. Each day is later than the one before, so there are at most as many as the span has.
+// behind the end of its series. The event stays as it is, and outlives the walk. They end where its rule
+// names no further day, also when it cannot be computed: that was told when the event last moved on. Each day
+// is later than the one before, so there are at most as many as the span has.
 class Occurrences {
 public:
     // None before its due date. `today` is the clock's day: the day-of-month rule begins its search in the

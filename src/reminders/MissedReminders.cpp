@@ -71,7 +71,8 @@ std::optional<Outcomes::Open> Passed(const Outcomes& outcomes, const SideKey& ke
 std::string WhoseFile(const std::string& user) { return WithExtension(SharedFolder::NameOf(user), ""); }
 
 std::string UserOf(std::string_view file) {
-    return file == kOwnEvents ? std::string() : std::string(file.substr(std::min(file.size(), WhoseFile("").size())));
+    return file == kOwnEvents ? std::string()
+                              : std::string(file.substr(std::min(file.size(), WhoseFile("").size())));
 }
 
 std::string ShortText(const clsEvent& event) { return Beginning(event.DescShown(), kLongestText); }
@@ -150,9 +151,8 @@ std::vector<MissedReminder> MissedReminders::List(DateValue now,
     AddOpen(list, onScreen);
     AddDue(list, events_, EventSource::Local, now, onScreen);
     AddDue(list, shared_, EventSource::Shared, now, onScreen);
-    std::stable_sort(list.begin(), list.end(), [](const MissedReminder& a, const MissedReminder& b) {
-        return a.moment > b.moment;
-    });
+    std::stable_sort(list.begin(), list.end(),
+                     [](const MissedReminder& a, const MissedReminder& b) { return a.moment > b.moment; });
     return list;
 }
 
@@ -190,8 +190,15 @@ void MissedReminders::AddDue(std::vector<MissedReminder>& list, const clsDbXml* 
         if (!minute || *minute >= now.ToMinute()) return;
         const OccurrenceRef due{KeyOf(*database, event), seen.due, *minute};
         if (onScreen.contains(due) || outcomes_.IsAnswered(due) || outcomes_.IsAsleep(due)) return;
-        list.push_back({{due}, *minute, true, 1, std::string(event.DescShown()),
-                        database->SourceOf(event), event.ExecFile ? event.Filename : "", "", source});
+        list.push_back({{due},
+                        *minute,
+                        true,
+                        1,
+                        std::string(event.DescShown()),
+                        database->SourceOf(event),
+                        event.ExecFile ? event.Filename : "",
+                        "",
+                        source});
     });
 }
 

@@ -17,15 +17,15 @@ struct MissedReminder {
     bool isTimed = false;                    // else the moment is a day
     int count = 1;
     std::string text;
-    std::string whose;  // the user in whose file it came, "" for one's own
-    std::string file;   // that was not run
-    std::string mail;   // the addresses that had no mail
+    std::string whose;                        // the user in whose file it came, "" for one's own
+    std::string file;                         // that was not run
+    std::string mail;                         // the addresses that had no mail
     EventSource source = EventSource::Local;  // where the event is now
 };
 
 // Finds what fell due without an answer: before the engine moves an event on, what it moves it on from; and
-// of the day itself, the alarms whose time has passed. What only runs a file, and no alarm of its own, is shown
-// by no window and so missed by none.
+// of the day itself, the alarms whose time has passed. What only runs a file, and no alarm of its own, is
+// shown by no window and so missed by none.
 class MissedReminders {
 public:
     // The databases as they are now; null ones have no events.

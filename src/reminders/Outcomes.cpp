@@ -230,9 +230,7 @@ void Outcomes::SetAwaited(const std::string& file, const std::vector<Awaited>& a
     side_.Add({std::string(kKnown), {file, "", ""}, std::nullopt, ""});
 }
 
-bool Outcomes::KnowsFile(const std::string& file) const {
-    return !side_.Of(kKnown, {file, "", ""}).empty();
-}
+bool Outcomes::KnowsFile(const std::string& file) const { return !side_.Of(kKnown, {file, "", ""}).empty(); }
 
 // What lies in the future was told by a clock that was ahead; an alarm rings a day before its event at most.
 bool Outcomes::IsSpent(const SideLine& line, DateValue now) {

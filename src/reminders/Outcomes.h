@@ -12,8 +12,8 @@
 namespace kaz {
 
 // One occurrence: an event, the day on which it falls, and when it is told: the minute of its alarm or of a
-// second warning, or else the beginning of that day. An answer holds for all that was told up to its moment; an
-// event that gets a later time is to be told of once more.
+// second warning, or else the beginning of that day. An answer holds for all that was told up to its moment;
+// an event that gets a later time is to be told of once more.
 struct OccurrenceRef {
     SideKey key;
     DateValue day;
@@ -27,9 +27,9 @@ DateValue MomentOf(const clsEvent& event, DateValue day);
 // The occurrence on that day of one of the user's own events.
 OccurrenceRef OwnOccurrence(const clsEvent& event, DateValue day);
 
-// What became of each occurrence: answered, asleep, or open, which is passed and answered by nobody. An answer
-// is what a person gave; that something was shown is none. Kept in the side file, so it outlasts the program,
-// and what is answered at one computer is so at every other one that works on the same folder.
+// What became of each occurrence: answered, asleep, or open, which is passed and answered by nobody. An
+// answer is what a person gave; that something was shown is none. Kept in the side file, so it outlasts the
+// program, and what is answered at one computer is so at every other one that works on the same folder.
 class Outcomes {
 public:
     explicit Outcomes(SideFile& side) : side_(side) {}

@@ -46,8 +46,8 @@ public:
     void DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass = {});
     // Shows what is asleep and whose time has come; `all` finds the events. Once for each such time.
     void DisplayWoken(const MissedReminders& all);
-    // The first minute after this one in which an alarm of the database, or a second warning, rings today, as its events stand
-    // now.
+    // The first minute after this one in which an alarm of the database, or a second warning, rings today, as
+    // its events stand now.
     std::optional<DateValue> NextAlarm(const clsDbXml& database) const;
 
 private:

@@ -133,7 +133,8 @@ void SideFile::TakeIn(std::string_view text) {
     for (const SideLine& line : saved_)
         if (!lines_.contains(line)) merged.erase(line);
     for (const std::string& line : content.odd)
-        if (odd_.insert(line).second) log_.LogEvent("Not understood in " + path_ + ": " + Beginning(line, 200));
+        if (odd_.insert(line).second)
+            log_.LogEvent("Not understood in " + path_ + ": " + Beginning(line, 200));
     if (!content.whole) log_.LogEvent(path_ + " has no end, and is taken for cut");
     head_ = std::move(content.head);
     saved_ = std::move(content.lines);

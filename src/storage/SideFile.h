@@ -53,8 +53,8 @@ public:
 
     // Whether the memory holds what the file has not taken yet.
     bool HasUnsaved() const;
-    // Writes what is unsaved, once the file of the events is there: a folder that is synchronised can be there
-    // before its files. False when it could not be written; it stays in memory then.
+    // Writes what is unsaved, once the file of the events is there: a folder that is synchronised can be
+    // there before its files. False when it could not be written; it stays in memory then.
     bool Save();
     // Why the last save or look failed; nothing after one that did not.
     const std::optional<ErrorInfo>& Fault() const { return fault_; }
@@ -76,8 +76,8 @@ private:
     cSharedLogging& log_;
     std::string path_;
     Lines lines_;
-    Lines saved_;                 // as the file was last known to be
-    std::set<std::string> odd_;   // lines of another form
+    Lines saved_;                // as the file was last known to be
+    std::set<std::string> odd_;  // lines of another form
     std::string head_;
     std::optional<FileTime> date_;
     bool looked_ = false;

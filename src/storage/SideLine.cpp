@@ -97,8 +97,8 @@ std::string SideLine::Text() const {
 std::string SideDay(DateValue day) {
     const CivilDate civil = day.Civil();
     std::string year = std::to_string(civil.year);
-    return std::string(4 - std::min<std::size_t>(year.size(), 4), '0') + year + "-" +
-           TwoDigits(civil.month) + "-" + TwoDigits(civil.day);
+    return std::string(4 - std::min<std::size_t>(year.size(), 4), '0') + year + "-" + TwoDigits(civil.month) +
+           "-" + TwoDigits(civil.day);
 }
 
 std::string SideTime(DateValue time) {

@@ -11,7 +11,7 @@ namespace kaz {
 // What tells the events of the side file apart: a code alone does not, since it is drawn again when its event
 // has gone.
 struct SideKey {
-    std::string file;   // "Events" for the user's own ones, expired or not; "Shared_NAME" for another's
+    std::string file;  // "Events" for the user's own ones, expired or not; "Shared_NAME" for another's
     std::string code;
     std::string check;  // of its text and rule, as CheckOf gives it
 

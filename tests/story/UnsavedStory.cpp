@@ -84,7 +84,7 @@ TEST_F(Unsaved, IsToldAndKeptAndOnTheDiskWhenTheFaultIsOver) {
                 fault.end(story->machine);
                 if (ends) Start();
                 if (ends && told) {
-                    EXPECT_THAT(Bar(), HasSubstr("taken over"));
+                    EXPECT_THAT(Bars(), HasSubstr("taken over"));
                 }
                 story->Advance(70);
                 EXPECT_EQ(NamesOf(then), Shown());

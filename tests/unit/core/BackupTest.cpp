@@ -62,10 +62,10 @@ TEST_F(Backup, EachStartKeepsWhatIsThere) {
     machine.files.Put("C:\\Data\\Expired.dat", "old expired");
     Start();
     EXPECT_THAT(Archived(),
-                ElementsAre(Pair("Events.dat", "old events"),
-                            Pair("Events.side", "KAZ side 1\r\nend\r\n"), Pair("Events.xml", Events(2)),
-                            Pair("Expired.dat", "old expired"), Pair("Expired.xml", Events(3)),
-                            Pair("Kaz.ini", _), Pair("Log_KAZ.txt", _), Pair("tasklist.xml", "tasks")));
+                ElementsAre(Pair("Events.dat", "old events"), Pair("Events.side", "KAZ side 1\r\nend\r\n"),
+                            Pair("Events.xml", Events(2)), Pair("Expired.dat", "old expired"),
+                            Pair("Expired.xml", Events(3)), Pair("Kaz.ini", _), Pair("Log_KAZ.txt", _),
+                            Pair("tasklist.xml", "tasks")));
 
     machine.clock.AdvanceDays(1);
     machine.files.Put("C:\\Data\\Events.xml", Events(4));

@@ -39,10 +39,13 @@ protected:
         const FakeWindow* window = machine.windows.WithCaption(caption);
         return window ? window->Items(IDC_lstReminders) : std::vector<std::string>{};
     }
-    static std::vector<std::string> InOrder(const std::vector<std::string>& texts) {
+    static std::vector<std::string> InOrder(const std::vector<ReminderLine>& added) {
         ReminderLines lines;
-        lines.Add(texts);
-        return lines.Texts();
+        lines.Add(added);
+        std::vector<std::string> texts;
+        for (const ReminderLine& line : lines.All())
+            texts.push_back(line.text);
+        return texts;
     }
 
 private:

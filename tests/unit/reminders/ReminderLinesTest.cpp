@@ -30,8 +30,9 @@ TEST(ReminderLines, ManyAtOnceStandInTheOrderOfOneByOne) {
     }
     ReminderLines lines;
     lines.Add(added);
-    EXPECT_TRUE(std::equal(lines.All().begin(), lines.All().end(), expected.begin(), expected.end(),
-                           [](const ReminderLine& line, const std::string& text) { return line.text == text; }));
+    EXPECT_TRUE(
+        std::equal(lines.All().begin(), lines.All().end(), expected.begin(), expected.end(),
+                   [](const ReminderLine& line, const std::string& text) { return line.text == text; }));
 }
 
 }  // namespace
