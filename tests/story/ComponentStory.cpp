@@ -4,22 +4,6 @@
 
 using namespace kaz;
 
-TEST(Component, DoesNothingBeforeItWasStarted) {
-    Story story;
-    clsComponent component(story.machine.Services(), MakeMainWindow, story.host);
-    component.ScanEvents();
-    component.RefreshDates();
-    component.ShowMain();
-    component.HideMain();
-    component.SetOptions("");
-    component.ShutDown();
-    EXPECT_FALSE(component.SettingsInitialised());
-    EXPECT_EQ(component.DLLVersion(), VersionText());
-    EXPECT_THAT(story.host.raised, IsEmpty());
-    EXPECT_EQ(story.machine.windows.made, 0);
-    EXPECT_THAT(story.machine.files.Files(), IsEmpty());
-}
-
 TEST(Component, FirstStartForcesSingleUserModeAndSavesItAtOnce) {
     Story story;
     EXPECT_TRUE(story.Start().SettingsInitialised());
@@ -49,16 +33,27 @@ TEST(Component, FirstStartForcesSingleUserModeAndSavesItAtOnce) {
     EXPECT_THAT(story.Log(), HasSubstr("Not forcing single user mode"));
 }
 
-TEST(Component, TellsInTheLogWhyAFolderWillNotDo) {
+TEST(Component, DoesNothingBeforeItWasStartedAndTellsWhyAFolderWillNotDo) {
     for (const std::string folder : {"C:\\Nowhere", "", "C:\\KAZ\\Kaz.ini", "\x01?*"}) {
         Story story;
         story.Settings("OWNER,Ann\r\n");
-        EXPECT_FALSE(story.Start(folder).SettingsInitialised()) << folder;
+        clsComponent early(story.machine.Services(), MakeMainWindow, story.host);
+        for (const bool isStarted : {false, true}) {
+            clsComponent& component = isStarted ? story.Start(folder) : early;
+            component.RefreshDates();
+            component.ShowMain();
+            component.HideMain();
+            component.SetOptions("");
+            component.ScanEvents();
+            component.ShutDown();
+            EXPECT_FALSE(component.SettingsInitialised()) << folder;
+            EXPECT_EQ(component.DLLVersion(), VersionText());
+            EXPECT_THAT(story.host.raised, IsEmpty());
+            EXPECT_EQ(story.machine.windows.made, isStarted ? 1 : 0);  // the report of the failure
+            EXPECT_EQ(story.Saved("Kaz.ini"), "OWNER,Ann\r\n");
+        }
         EXPECT_THAT(story.Log(),
                     HasSubstr("Error 76 (Path not found: \"" + folder + "\") in Startup of clsComponent"));
-        story.component->ScanEvents();
-        story.component->ShutDown();
-        EXPECT_EQ(story.Saved("Kaz.ini"), "OWNER,Ann\r\n");
     }
     Story trailing;
     EXPECT_TRUE(trailing.Start("C:\\KAZ\\").SettingsInitialised());

@@ -17,6 +17,12 @@ class KeysTest : public FormTest {
 protected:
     ~KeysTest() override { app.openWindows.UnloadAll(); }
 
+    void Open(frmEvent& form) {
+        form.OnRaised(0, Raised::Load, 0);
+        TurnTo(IDD_EVENT);
+        window->Show(Activation::TakeFocus);
+        window->SetFocus(IDC_txtDesc);
+    }
     void Press(UINT message, std::initializer_list<int> keys, LPARAM detail = 1) {
         for (const int key : keys) {
             PostMessageW(GetFocus(), message, static_cast<WPARAM>(key), detail);
@@ -54,10 +60,7 @@ protected:
 
 TEST_F(KeysTest, EnterSavesAnEventButForItsDescriptionAndTheAccessKeyPressesItsButton) {
     frmEvent form(stage->Windows().Create(IDD_EVENT), app, Daily("000001", "Rent", kToday), EditMode::Whole);
-    form.OnRaised(0, Raised::Load, 0);
-    TurnTo(IDD_EVENT);
-    window->Show(Activation::TakeFocus);
-    window->SetFocus(IDC_txtDesc);
+    Open(form);
     Press(WM_KEYDOWN, {VK_RETURN});
     EXPECT_EQ("Single", form.Event().Owner());
     window->SetFocus(IDC_txtDaysWarning);
@@ -71,10 +74,7 @@ TEST_F(KeysTest, EnterSavesAnEventButForItsDescriptionAndTheAccessKeyPressesItsB
 
 TEST_F(KeysTest, CtrlEnterSavesAnEventFromEveryControl) {
     frmEvent form(stage->Windows().Create(IDD_EVENT), app, Daily("000001", "Rent", kToday), EditMode::Whole);
-    form.OnRaised(0, Raised::Load, 0);
-    TurnTo(IDD_EVENT);
-    window->Show(Activation::TakeFocus);
-    window->SetFocus(IDC_txtDesc);
+    Open(form);
     const HWND first = GetFocus();
     HWND control = first;
     do {

@@ -1,5 +1,6 @@
-#include "base/RuntimeError.h"
 #include "core/HostLists.h"
+
+#include "base/RuntimeError.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/RecordingHost.h"
 #include "fakes/Sample.h"
