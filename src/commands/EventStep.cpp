@@ -23,7 +23,8 @@ std::vector<clsEvent> SubjectsOf(const std::vector<ChangedEvent>& changes) {
 
 bool IsNone(const ChangedEvent& change) {
     return change.before && change.after && change.wasExpired == change.isExpired &&
-           EventDigest(*change.before) == EventDigest(*change.after);
+           EventDigest(*change.before) == EventDigest(*change.after) &&
+           change.before->Extras() == change.after->Extras();
 }
 
 std::size_t SizeOf(const std::vector<ChangedEvent>& changes) {
@@ -46,21 +47,26 @@ std::string LeftText(const std::vector<clsEvent>& left) {
 void EventStep::Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes) {
     std::erase_if(changes, IsNone);
     if (changes.empty()) return;
+    app.journal.Write(app.Owner(), what, changes);
     std::string name = std::string(what) + " of " + NameOf(SubjectsOf(changes));
     for (ChangedEvent& change : changes)
         change.Reverse();
     std::reverse(changes.begin(), changes.end());
-    app.undo.Add(std::make_unique<EventStep>(app, std::move(name), std::move(changes)));
+    app.undo.Add(std::make_unique<EventStep>(app, std::string(what), std::move(name), std::move(changes)));
 }
 
-EventStep::EventStep(Application& app, std::string name, std::vector<ChangedEvent> changes)
+EventStep::EventStep(Application& app, std::string what, std::string name, std::vector<ChangedEvent> changes)
     : UndoStep(UndoPlace::Events, std::move(name)),
       app_(app),
+      what_(std::move(what)),
       changes_(std::move(changes)),
       size_(SizeOf(changes_)) {}
 
 UndoOutcome EventStep::Turn() {
     EventReplay::Result result = EventReplay(*app_.events, *app_.expired, app_.Storage()).Run(changes_);
+    app_.outcomes.Save();  // what stands beside the events has come back with them
+    app_.journal.Write(app_.Owner(), (isUndone_ ? "redo of " : "undo of ") + what_, result.done);
+    isUndone_ = !isUndone_;
     UndoOutcome outcome;
     outcome.changed = !result.done.empty();
     outcome.told = LeftText(result.left);

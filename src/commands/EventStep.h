@@ -18,7 +18,7 @@ public:
     // step's name goes on with how many events, or with the text of the only one.
     static void Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes);
 
-    EventStep(Application& app, std::string name, std::vector<ChangedEvent> changes);
+    EventStep(Application& app, std::string what, std::string name, std::vector<ChangedEvent> changes);
 
     UndoOutcome Turn() override;
     std::size_t Size() const override { return size_; }
@@ -26,6 +26,8 @@ public:
 
 private:
     Application& app_;
+    std::string what_;
+    bool isUndone_ = false;
     std::vector<ChangedEvent> changes_;  // those that the next turn makes
     std::size_t size_;
 };

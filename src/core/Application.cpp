@@ -7,6 +7,7 @@
 #include "core/EventFiles.h"
 #include "platform/Files.h"
 #include "platform/SystemInfo.h"
+#include "storage/ChangesBetween.h"
 #include "storage/Owner.h"
 #include "storage/SharedCopy.h"
 #include "support/Names.h"
@@ -20,6 +21,7 @@ Application::Application(const Platform& services)
     : platform(services),
       log(platform.files, platform.clock, platform.system, {std::string(kApplicationName), VersionText()}),
       errors(log),
+      journal(platform.files, platform.clock, log, [this] { return runtimePath; }),
       settings(platform.files, platform.locale, platform.dialogs, log),
       layers(settings, platform.locale),
       runtimePath(platform.system.ModuleFolder()),
@@ -71,6 +73,10 @@ void Application::MakeDatabases() {
             mainListIsStale = mainListIsStale || changed;
         });
     }
+    for (const bool ofExpired : {false, true})
+        (ofExpired ? expired : events)->OnReload([this, ofExpired](const auto& before, const auto& now) {
+            journal.Write("another program", "", ChangesBetween(before, now, ofExpired));
+        });
 }
 
 void Application::Complete(clsDbXml& database) {
@@ -103,7 +109,7 @@ void Application::MoveSharedOn() {
 
 void Application::MakePlayer() { player.emplace(platform.sound, platform.files, log); }
 
-Stores Application::Storage() { return {platform, log, settings, layers}; }
+Stores Application::Storage() { return {platform, log, settings, layers, &journal}; }
 
 TaskFile Application::UserTasks() {
     TaskFile file(platform.files, DataPath());

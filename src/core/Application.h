@@ -9,6 +9,7 @@
 #include "reminders/Outcomes.h"
 #include "reminders/ReminderWindows.h"
 #include "reminders/clsReminder.h"
+#include "storage/ChangeJournal.h"
 #include "storage/SharedFolder.h"
 #include "storage/SideFile.h"
 #include "storage/TaskFile.h"
@@ -52,6 +53,7 @@ public:
     cSharedLogging log;
     cSHAREDShowError errors;
     Health health;  // what the bar above the list and the tray say
+    ChangeJournal journal;
     UndoHistory undo;
     cSHAREDSettings settings;
     clsLayers layers;

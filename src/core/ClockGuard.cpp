@@ -2,6 +2,7 @@
 
 #include "base/DateText.h"
 #include "core/Application.h"
+#include "core/JournalScope.h"
 #include "core/KeptCopies.h"
 #include "core/MovedEvents.h"
 #include "platform/Files.h"
@@ -157,6 +158,7 @@ void ClockGuard::PutBack(bool forGood) {
         return tell(Health::Weight::Warning,
                     "Your events of before the wrong date could not be read. They are in the folder " +
                         JoinPath(app_.runtimePath, kBackupFolder) + ".");
+    const JournalScope scope(app_, "putting back after a wrong date");
     MovedEvents moved(*app_.events, *app_.expired, lastGood_->DateOnly(), app_.log);
     const int count = moved.PutBack(*events, *expired, doubt_->since.DateOnly());
     if (count > 0) {

@@ -4,6 +4,7 @@
 #include "base/DateText.h"
 #include "base/Text.h"
 #include "core/Application.h"
+#include "core/JournalScope.h"
 #include "core/NamedEvents.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
@@ -125,6 +126,7 @@ void ConflictCopies::OfferNext(const std::string& name, std::vector<clsEvent> di
 
 void ConflictCopies::Choose(Choice choice, const clsEvent& copy) {
     if (choice == Choice::Mine) return;
+    const JournalScope scope(app_, "taking over a conflict copy");
     app_.events->StoreRecord(copy, choice == Choice::Both);
     app_.events->SaveDB();
     app_.mainListIsStale = true;
@@ -156,6 +158,7 @@ ConflictCopies::Content ConflictCopies::NewIn(const std::string& path) {
 }
 
 void ConflictCopies::TakeOver(std::vector<clsEvent> missing) {
+    const JournalScope scope(app_, "taking over a conflict copy");
     // Since they were found, their codes may have been given to others, such as those of another copy.
     for (clsEvent& event : missing)
         if (app_.events->ReadEvent(event.IDCode)) event.IDCode.clear();

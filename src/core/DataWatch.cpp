@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Application.h"
+#include "core/JournalScope.h"
 #include "core/NamedEvents.h"
 #include "core/Reason.h"
 #include "platform/Clock.h"
@@ -280,6 +281,7 @@ void DataWatch::TakeKept() {
          {std::pair{app_.events.get(), &keptEvents_}, std::pair{app_.expired.get(), &keptExpired_}}) {
         if (!database->WasRead() || kept->Empty()) continue;
         const RescuedEvents rescued = std::exchange(*kept, {});
+        const JournalScope scope(app_, "taking over from the last end");
         eventsPutBack_ += database->GiveBack(rescued.unseen);
         database->PutOnTop(rescued.changes);
         changesTaken_ += rescued.changes.stored.size() + rescued.changes.removed.size();

@@ -7,6 +7,7 @@
 #include "core/AwaitedFolder.h"
 #include "core/Backup.h"
 #include "core/DataWatch.h"
+#include "core/JournalScope.h"
 #include "core/NamedEvents.h"
 #include "core/Reason.h"
 #include "platform/Clock.h"
@@ -170,6 +171,7 @@ void FileStates::Restore(const Damage& damage, const std::string& archive) {
             }
             app_.log.LogEvent("Restored " + file + " from " + archive);
         }
+        const JournalScope scope(app_, "restoring of the file");
         damage.saved(!archive.empty());
     } catch (...) {
         const ErrorInfo error = CurrentError();
@@ -188,6 +190,7 @@ void FileStates::TellGone(clsDbXml& database, const std::vector<clsEvent>& gone)
                           ".",
                       {{gone.size() == 1 ? "Take it back" : "Take them back",
                         [this, &database, key, all = gone] {
+                            const JournalScope scope(app_, "taking back");
                             database.PutOnTop({all, {}});
                             database.SaveDB();
                             app_.health.Clear(key);

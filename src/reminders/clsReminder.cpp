@@ -7,7 +7,9 @@
 #include "platform/Locale.h"
 #include "platform/MessagePump.h"
 #include "reminders/AlarmFiles.h"
+#include "storage/ChangeJournal.h"
 #include "storage/clsDbXml.h"
+#include "support/Names.h"
 
 #include <algorithm>
 #include <numeric>
@@ -96,6 +98,7 @@ void clsReminder::Update(int passes) {
         if (database) trap([&] { database->CatchUp(); });
     ExpiredShelf shelf(expired_);
     std::vector<std::size_t> retired;
+    std::vector<ChangedEvent> moved;
     std::vector<std::string> lines;
 
     const auto examine = [&](clsEvent& event, std::size_t position) {
@@ -111,8 +114,10 @@ void clsReminder::Update(int passes) {
             event.CalcDaysLeft(today);
         } else {
             lines.push_back("Event expired and deleted: " + what);
+            const clsEvent before = event;
             shelf.Add(event);
             retired.push_back(position);
+            moved.push_back({before, expired_->AllEvents().back(), false, true});
         }
     };
     // The passes come before the one saving of both files, and later ones only to what was left out.
@@ -145,10 +150,12 @@ void clsReminder::Update(int passes) {
     trap([&] {
         // First the file that receives the events: a crash in between leaves them
         // in both files, never in none.
-        if (!expired_ || expired_->SaveDB())
+        if (!expired_ || expired_->SaveDB()) {
             RemoveRetired(retired);
-        else if (!retired.empty())
+            if (stores_.journal) stores_.journal->Write(kApplicationName, "expiry", moved);
+        } else if (!retired.empty()) {
             stores_.log.LogEvent("Expired events could not be saved and stay with the others");
+        }
     });
     trap([&] { events_->SaveDB(); });
 }

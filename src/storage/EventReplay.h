@@ -44,7 +44,7 @@ private:
         const clsEvent* event;
     };
 
-    static bool IsSame(const clsEvent& there, const clsEvent& expected);
+    bool IsSame(const clsEvent& there, const clsEvent& expected) const;
     void LookAt(Place& place);
     std::optional<Found> Find(const clsEvent& expected, bool expired) const;
     void Make(ChangedEvent change);

@@ -255,6 +255,7 @@ void clsDbXml::StoreRecords(std::vector<clsEvent> events) {
             places.emplace(all[place].IDCode, place);
         for (clsEvent& event : events) {
             const auto [place, isNew] = places.emplace(event.IDCode, all.size());
+            if (side_ && !event.Deleted) side_->Put(event, isNew ? nullptr : &all[place->second]);
             if (isNew)
                 all.push_back(std::move(event));
             else

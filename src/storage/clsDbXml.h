@@ -95,6 +95,10 @@ public:
     // Called each time that events have come into the memory from a file or another memory; `changed` when
     // that was more than the first filling: somebody else has changed what was here.
     void OnLoad(std::function<void(bool changed)> loaded) { onLoad_ = std::move(loaded); }
+    // Called with the events as they were and as they are, when the file of before was read anew.
+    using Reloaded =
+        std::function<void(const std::vector<clsEvent>& before, const std::vector<clsEvent>& now)>;
+    void OnReload(Reloaded reloaded) { onReload_ = std::move(reloaded); }
 
     // Empties the memory and forgets the file, before another one takes its place.
     void Forget();
@@ -243,6 +247,7 @@ private:
     std::function<bool()> backupHasEvents_;
     std::function<void(const std::vector<clsEvent>&)> onGone_;
     std::function<void(bool)> onLoad_;
+    Reloaded onReload_;
 };
 
 }  // namespace kaz

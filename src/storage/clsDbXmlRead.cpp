@@ -162,6 +162,7 @@ void clsDbXml::TakeIn(std::vector<clsEvent> file, bool fresh) {
         StoreRecord(std::move(event), true);
     if (!merged.gone.empty()) TellGone(std::move(merged.gone), before);
     TellLoad(!fresh);
+    if (!fresh && onReload_) onReload_(before, AllEvents());
 }
 
 void clsDbXml::KeepWhatGivesWay(const EventMerge::Result& merged) const {

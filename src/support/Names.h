@@ -11,6 +11,7 @@ inline constexpr std::string_view kApplicationName = "KAZ";
 
 // The files that the program keeps.
 inline constexpr std::string_view kLogFile = "Log_KAZ.txt";
+inline constexpr std::string_view kJournalFile = "Changes_KAZ.txt";
 inline constexpr std::string_view kSettingsFile = "Kaz.ini";
 inline constexpr std::string_view kEventsFile = "Events.xml";
 inline constexpr std::string_view kExpiredFile = "Expired.xml";

@@ -190,6 +190,8 @@ TEST_F(frmMainCommandsTest, ButtonsAndMenusOpenWhatTheySay) {
     EXPECT_THAT(Told(), ElementsAre(HasSubstr("C:\\KAZ\\log.txt")));
     machine.files.Put("C:\\KAZ\\log.txt", "");
     Click(IDM_LOG);
+    Click(IDM_CHANGES);
+    EXPECT_THAT(Told(), ElementsAre(HasSubstr("No event has been changed yet.")));
     Click(IDM_CHECKFORUPDATE);
     EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\KAZ\\log.txt", HasSubstr("example.org")));
     Click(IDM_EXIT);

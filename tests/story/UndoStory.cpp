@@ -196,6 +196,28 @@ TEST_F(UndoTest, WhatSomebodyElseHasChangedSinceIsKeptAndSaid) {
     EXPECT_THAT(machine.files.Text(kExpired), Not(HasSubstr("Typed")));
 }
 
+TEST_F(UndoTest, WhatStandsBesideAnEventComesBackWithIt) {
+    app.sideFile.Open("C:\\KAZ\\Events.side");
+    app.outcomes.Save();
+    clsEvent weekly = *app.events->ReadEvent("000002");
+    EventExtras extras;
+    extras.Skip(machine.clock.Today().PlusDays(9));
+    weekly.Extras(extras);
+    app.events->StoreRecord(weekly);
+    app.events->SaveDB();
+    app.outcomes.Save();
+    const std::string before = machine.files.Text("C:\\KAZ\\Events.side");
+    EXPECT_THAT(before, HasSubstr("2023-03-24"));
+    Delete({Ref("000002")});
+    for (const SideLine& line : SideFile::Lines(app.sideFile.All()))
+        if (line.key.code == "000002") app.sideFile.Remove(line);  // as is done sooner or later
+    app.outcomes.Save();
+    Undo();
+    EXPECT_EQ(before, machine.files.Text("C:\\KAZ\\Events.side"));
+    EXPECT_EQ(extras, app.events->ReadEvent("000002")->Extras());
+    EXPECT_THAT(machine.files.Text(app.journal.FileName()), HasSubstr("Beside skip 2023-03-24"));
+}
+
 TEST_F(UndoTest, AFaultAnywhereLosesNoEventAndIsTriedAgain) {
     bool struck = true;
     for (int n = 1; struck; ++n) {
@@ -225,6 +247,53 @@ TEST_F(UndoTest, TheHistoryIsBounded) {
     EXPECT_TRUE(Undo().changed);
     EXPECT_TRUE(Undo().changed);
     EXPECT_FALSE(Undo().changed);
+}
+
+TEST_F(UndoTest, TheJournalSaysOfEachEventWhatBecameOfItAndIsBounded) {
+    const std::string file = app.journal.FileName();
+    EXPECT_EQ("C:\\KAZ\\Changes_KAZ.txt", file);
+    std::size_t read = 0;
+    const auto lines = [&] {
+        const std::string text = machine.files.Text(file).substr(read);
+        read += text.size();
+        return ReplaceAll(text, "2023-03-15 09:00:00, ", "");
+    };
+    clsEvent old = Ours("000007", -1);
+    old.Desc("two\r\nlines");
+    Elsewhere(kEvents, [&](clsDbXml& other) { other.StoreRecord(old); });
+    machine.clock.AdvanceMinutes(-1);
+    app.CatchUp();
+    const std::string fields =
+        "DueDate 2023-03-14; Layer 1; Owner Ann; Period 1; RecurrenceType 5; StartDate "
+        "2023-03-14; File Events.xml\r\n";
+    EXPECT_EQ("another program, addition of 000007 \"two lines\": " + fields, lines());
+    app.MakeReminder().UpdateAllEvents();
+    EXPECT_EQ("KAZ, expiry of 000007 \"two lines\": File Events.xml -> Expired.xml\r\n", lines());
+    commands.Push(Ref("000001"));
+    EXPECT_EQ("Ann, push of 000001 \"Event 000001\": DueDate 2023-03-16 -> 2023-03-17\r\n", lines());
+    Undo();
+    EXPECT_THAT(lines(), HasSubstr("Ann, undo of push of 000001 \"Event 000001\": DueDate 2023-03-17 -> "));
+    Redo();
+    EXPECT_THAT(lines(), HasSubstr("Ann, redo of push of "));
+    commands.ShareWith(Ref("000001"), {Ref("000002")});
+    EXPECT_EQ("Ann, sharing of 000001 \"Event 000001\": SharedEvent 0 -> -1\r\n"
+              "Ann, sharing of 000002 \"Event 000002\": SharedEvent 0 -> -1\r\n",
+              lines());
+    commands.Edit(Ref("000002"));
+    EXPECT_THAT(lines(),
+                HasSubstr("change of 000002 \"Event 000002\": Desc \"Event 000002\" -> \"Typed\"\r\n"));
+    Delete({Ref("000007", EventSource::Expired)});
+    EXPECT_EQ("Ann, deletion of 000007 \"two lines\": " + ReplaceAll(fields, "Events", "Expired"), lines());
+
+    machine.files.At(file).readOnly = true;  // stops no command
+    commands.Push(Ref("000001"));
+    EXPECT_EQ(app.events->ReadEvent("000001")->DueDate(), machine.clock.Today().PlusDays(3));
+    EXPECT_THAT(machine.files.Text("C:\\KAZ\\log.txt"), HasSubstr("in Write of ChangeJournal"));
+    machine.files.At(file).readOnly = false;
+    machine.files.Put(file, std::string(ChangeJournal::kMostBytes, 'x'));
+    commands.Push(Ref("000001"));
+    EXPECT_EQ(ChangeJournal::kMostBytes, machine.files.Text("C:\\KAZ\\Changes_KAZ (old).txt").size());
+    EXPECT_LT(machine.files.Text(file).size(), 200U);
 }
 
 }  // namespace

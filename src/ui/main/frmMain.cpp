@@ -240,6 +240,7 @@ void frmMain::NameCommands() {
         {IDM_SHOWAGAIN, "mnuShowAgain_Click", &frmMain::mnuShowAgain_Click},
         {IDM_OPTIONS, "Toolbar1_ButtonClick", &frmMain::cmdOptions_Click},
         {IDM_REFRESH, "Toolbar1_ButtonClick", &frmMain::cmdRefresh_Click},
+        {IDM_CHANGES, "Changes_Click", &frmMain::mnuChanges_Click},
         {IDM_UNDO, "Undo_Click", &frmMain::mnuUndo_Click},
         {IDM_REDO, "Redo_Click", &frmMain::mnuRedo_Click},
         {IDM_LOG, "ShowLog", &frmMain::cmdLog_Click},
@@ -375,6 +376,15 @@ void frmMain::cmdLog_Click() {
     else
         app_.platform.dialogs.Message("There is no log \"" + fileName + "\".\r\nThis session's log is \"" +
                                       app_.log.CurrentLogFilename() + "\".");
+}
+
+void frmMain::mnuChanges_Click() {
+    const std::string fileName = app_.journal.FileName();
+    if (FileExists(app_.platform.files, fileName))
+        OpenForUser(app_.platform, fileName);
+    else
+        app_.platform.dialogs.Message("No event has been changed yet. \"" + fileName +
+                                      "\" is made with the first change.");
 }
 
 void frmMain::mnuBackup_Click() {

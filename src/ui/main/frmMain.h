@@ -65,6 +65,7 @@ private:
     void cmdHelp_Click();
     void mnuShowAgain_Click();
     void mnuShareWith_Click();
+    void mnuChanges_Click();
     void mnuUndo_Click() { TakeStep(UndoHistory::Way::Back); }
     void mnuRedo_Click() { TakeStep(UndoHistory::Way::Again); }
     void TakeStep(UndoHistory::Way way);

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "core/EventFiles.h"
+#include "core/JournalScope.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "resources/resource.h"
@@ -121,6 +122,7 @@ void OptionsSaving::StoreOwner(const Options& options) {
     // The saves in here would publish events under a name that is just going, and in the new folder what
     // has to leave the old one. Reopening the databases publishes.
     if (app_.events) app_.events->CopyToShared({});
+    const JournalScope scope(app_, "change of the user");
     if (!options.networked) {
         app_.settings.StoreSetting("Owner", std::string(kSingleUser));
         if (app_.events) app_.events->SetAllToSingleUser();

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "storage/ChangedEvent.h"
+
+#include <vector>
+
+namespace kaz {
+
+// What a user sees as changed between two states of a database, by the codes of the events: that the days
+// have moved a recurring event on is no change.
+std::vector<ChangedEvent> ChangesBetween(const std::vector<clsEvent>& before,
+                                         const std::vector<clsEvent>& after, bool expired);
+
+}  // namespace kaz
