@@ -1,9 +1,12 @@
 #include "commands/EventCommands.h"
 
+#include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "commands/EventStep.h"
+#include "platform/Clock.h"
 #include "platform/Dialogs.h"
+#include "platform/Locale.h"
 
 namespace kaz {
 
@@ -64,6 +67,98 @@ std::optional<std::string> EventCommands::Push(const EventRef& event) {
     Record("push", operations);
     NoteEntered(event.code, nullptr);
     return event.code;
+}
+
+std::optional<DateValue> EventCommands::NextDayOf(const EventRef& event) const {
+    const clsEvent* found = event.IsForeign() || event.source != EventSource::Local || !app_.events
+                                ? nullptr
+                                : app_.events->ReadEvent(event.code);
+    return found && found->Recurring() ? std::optional(found->DueDate()) : std::nullopt;
+}
+
+std::string EventCommands::NameOfDay(DateValue day) const {
+    return FormatDate(day, app_.EuropeanDates() ? "DDD D MMM" : "DDD MMM D", app_.platform.locale.Data());
+}
+
+std::optional<std::string> EventCommands::Skip(const EventRef& event, std::optional<DateValue> day) {
+    const auto left = DayToLeave(event, day, "skip");
+    if (!left) return std::nullopt;
+    EventOperations operations = Operations();
+    const clsEvent before = *operations.Read(event.code, false);
+    const bool done = operations.SkipDay(event.code, *left);
+    Record("skip", operations);
+    if (done)
+        NoteLeft(before, *left);
+    else
+        TellNoSuchDay(before, *left);
+    return event.code;
+}
+
+std::optional<std::string> EventCommands::Move(const EventRef& event, std::optional<DateValue> day) {
+    const auto left = DayToLeave(event, day, "move");
+    const auto to = left ? AskForDate(*left) : std::nullopt;
+    if (!to) return std::nullopt;
+    EventOperations operations = Operations();
+    const clsEvent* found = operations.Read(event.code, false);
+    if (!found) return std::nullopt;  // deleted while the date was chosen
+    const clsEvent before = *found;
+    const auto added = operations.MoveDay(event.code, *left, *to);
+    EventStep::Record(app_, "move", operations.TakeChanges(), EventStep::Of::First);
+    if (!added) {
+        TellNoSuchDay(before, *left);
+        return event.code;
+    }
+    NoteLeft(before, *left);
+    NoteEntered(*added, nullptr);
+    return added;
+}
+
+std::optional<DateValue> EventCommands::DayToLeave(const EventRef& event, std::optional<DateValue> day,
+                                                   const char* what) {
+    if (Refuses(event, what)) return std::nullopt;
+    Dialogs& dialogs = app_.platform.dialogs;
+    if (event.source == EventSource::Expired) {
+        dialogs.Message("This event has expired. To have it again, edit it.");
+        return std::nullopt;
+    }
+    EventOperations operations = Operations();
+    const clsEvent* found = operations.Read(event.code, false);
+    if (!found || found->Deleted) return std::nullopt;
+    if (operations.IsOthers(*found)) {
+        RefuseOwners(*found, std::string(" can ") + what + " it");
+        return std::nullopt;
+    }
+    if (!found->Recurring()) {
+        dialogs.Message("This event is shown once. Push puts it off by a day, and Edit gives it another "
+                        "date.");
+        return std::nullopt;
+    }
+    const DateValue left = day.value_or(found->DueDate());
+    if (left >= app_.platform.clock.Today()) return left;
+    dialogs.Message(NameOfDay(left) + " has passed.");
+    return std::nullopt;
+}
+
+// Nothing when the user gave up, or left it where it was.
+std::optional<DateValue> EventCommands::AskForDate(DateValue day) {
+    Dialogs& dialogs = app_.platform.dialogs;
+    for (DateValue initial = day;;) {
+        const auto to = dialogs.PickDate("Move " + NameOfDay(day) + " to", initial);
+        if (!to || to->DateOnly() == day) return std::nullopt;
+        if (to->DateOnly() >= app_.platform.clock.Today()) return to->DateOnly();
+        dialogs.Message("That day has passed. Please choose today or a later one.");
+        initial = app_.platform.clock.Today();
+    }
+}
+
+void EventCommands::NoteLeft(const clsEvent& before, DateValue day) {
+    app_.outcomes.Skipped(KeyOf(*app_.events, before), day);
+    app_.outcomes.Save();
+}
+
+void EventCommands::TellNoSuchDay(const clsEvent& event, DateValue day) {
+    app_.platform.dialogs.Message("\"" + OneLine(Beginning(event.Desc(), kLongestName)) +
+                                  "\" does not fall on " + NameOfDay(day) + " any more.");
 }
 
 bool EventCommands::Delete(const std::vector<EventRef>& events, std::string_view what) {

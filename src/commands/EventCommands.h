@@ -37,6 +37,15 @@ public:
     std::optional<std::string> Edit(const EventRef& event);
     // The code of the event when it was there to be pushed.
     std::optional<std::string> Push(const EventRef& event);
+    // The day on which the commands below act, if no other is chosen: the due date of one of the user's own
+    // recurring events; nothing for any other event.
+    std::optional<DateValue> NextDayOf(const EventRef& event) const;
+    // The event does not happen on that day, or on its due date. Its code when it was there to be skipped.
+    std::optional<std::string> Skip(const EventRef& event, std::optional<DateValue> day = {});
+    // Asks for another date on which it happens instead, once, as an event of its own; its code.
+    std::optional<std::string> Move(const EventRef& event, std::optional<DateValue> day = {});
+    // "Fri 25 Dec", as the user writes dates.
+    std::string NameOfDay(DateValue day) const;
     // Asks first; `what` is the text of the event when it is only one. False when the answer was No.
     bool Delete(const std::vector<EventRef>& events, std::string_view what);
     // Lets the user choose with whom the event is shared, and shares the
@@ -50,6 +59,12 @@ private:
     bool Refuses(const EventRef& event, const char* what);
     void RefuseOwners(const clsEvent& event, const std::string& what);
     EventOperations Operations();
+    // The day, if it can be left out of the event; else the user is told why not.
+    std::optional<DateValue> DayToLeave(const EventRef& event, std::optional<DateValue> day,
+                                        const char* what);
+    std::optional<DateValue> AskForDate(DateValue day);
+    void NoteLeft(const clsEvent& before, DateValue day);
+    void TellNoSuchDay(const clsEvent& event, DateValue day);
     // What the operations have changed can be taken back.
     void Record(std::string_view what, EventOperations& operations);
 

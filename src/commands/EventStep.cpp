@@ -15,9 +15,9 @@ const clsEvent& SubjectOf(const ChangedEvent& change) {
     return change.after ? *change.after : *change.before;
 }
 
-std::vector<clsEvent> SubjectsOf(const std::vector<ChangedEvent>& changes) {
+std::vector<clsEvent> SubjectsOf(const std::vector<ChangedEvent>& changes, EventStep::Of of) {
     // Several are only counted.
-    if (changes.size() > 1) return std::vector<clsEvent>(changes.size());
+    if (changes.size() > 1 && of == EventStep::Of::Each) return std::vector<clsEvent>(changes.size());
     return {SubjectOf(changes.front())};
 }
 
@@ -44,11 +44,11 @@ std::string LeftText(const std::vector<clsEvent>& left) {
 
 }  // namespace
 
-void EventStep::Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes) {
+void EventStep::Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes, Of of) {
     std::erase_if(changes, IsNone);
     if (changes.empty()) return;
     app.journal.Write(app.Owner(), what, changes);
-    std::string name = std::string(what) + " of " + NameOf(SubjectsOf(changes));
+    std::string name = std::string(what) + " of " + NameOf(SubjectsOf(changes, of));
     for (ChangedEvent& change : changes)
         change.Reverse();
     std::reverse(changes.begin(), changes.end());

@@ -15,8 +15,11 @@ namespace kaz {
 class EventStep : public UndoStep {
 public:
     // What the user has just done to events becomes his last step. `what` is a noun, such as "deletion"; the
-    // step's name goes on with how many events, or with the text of the only one.
-    static void Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes);
+    // step's name goes on with how many events, or with the text of the only one, or of the first, when the
+    // others are parts of it.
+    enum class Of { Each, First };
+    static void Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes,
+                       Of of = Of::Each);
 
     EventStep(Application& app, std::string what, std::string name, std::vector<ChangedEvent> changes);
 

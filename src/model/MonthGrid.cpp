@@ -37,23 +37,25 @@ int MonthGrid::Today() const {
     return today_ < first_ || today_ > last_ ? 0 : today_.Day() - first_.Day() + 1;
 }
 
-void MonthGrid::Place(const clsEvent& event) {
+void MonthGrid::Place(const clsEvent& event, bool isForeign) {
     std::optional<std::uint32_t> kept;
     for (const DateValue day : Occurrences(event, {first_, last_}, today_)) {
-        if (!kept) kept = Keep(event);
+        if (!kept) kept = Keep(event, isForeign);
         Enter(day, *kept);
     }
 }
 
-std::uint32_t MonthGrid::Keep(const clsEvent& event) {
+std::uint32_t MonthGrid::Keep(const clsEvent& event, bool isForeign) {
     const std::size_t start = texts_.size();
     const std::size_t owner = networked_ ? event.Owner().size() : 0;
     texts_.append(event.DescShown());
     texts_.append(event.Owner(), 0, owner);
+    texts_.append(event.IDCode);
     std::replace_if(texts_.begin() + static_cast<std::ptrdiff_t>(start), texts_.end(), IsControl, ' ');
     events_.push_back({start, static_cast<std::uint32_t>(event.DescShown().size()),
                        static_cast<std::uint32_t>(owner),
-                       event.AlarmSet() ? event.DueTime().MinuteOfDay() : -1});
+                       event.AlarmSet() ? event.DueTime().MinuteOfDay() : -1,
+                       static_cast<std::uint32_t>(event.IDCode.size()), isForeign});
     return static_cast<std::uint32_t>(events_.size() - 1);
 }
 
@@ -65,7 +67,7 @@ MonthGrid::Entry MonthGrid::At(int day, std::size_t position) const {
     const Text& text = events_[days_[static_cast<std::size_t>(day - 1)][position]];
     const std::string_view all(texts_);
     return {all.substr(text.start, text.description), all.substr(text.start + text.description, text.owner),
-            text.minute};
+            text.minute, all.substr(text.start + text.description + text.owner, text.code), text.isForeign};
 }
 
 std::string MonthGrid::LineInBox(int day, std::size_t position) const {

@@ -26,6 +26,8 @@ public:
         std::string_view description;
         std::string_view owner;
         int minute = -1;  // of the day, for an event with an alarm
+        std::string_view code;
+        bool isForeign = false;
     };
 
     // `month` is 1 to 12, `year` 100 to 9999; throws InvalidCall otherwise. `today` is the clock's day.
@@ -34,7 +36,9 @@ public:
 
     // Enters the event on every day of the month that it falls on. A rule that names no day, or none any
     // more, is entered nowhere and reported to nobody: it was when the program started.
-    void Place(const clsEvent& event);
+    // `isForeign`: it belongs to another user.
+    void Place(const clsEvent& event, bool isForeign = false);
+    Entry At(int day, std::size_t position) const;
 
     int Month() const { return month_; }
     int Year() const { return year_; }
@@ -51,7 +55,6 @@ public:
 
     // `day` is 1 to Length(), `position` less than its Count().
     std::size_t Count(int day) const { return days_[static_cast<std::size_t>(day - 1)].size(); }
-    Entry At(int day, std::size_t position) const;
     // The beginning of the description and, in a network, the owner in square brackets.
     std::string LineInBox(int day, std::size_t position) const;
     // The description whole, with the owner in a network and behind the time of its alarm: for the eye.
@@ -59,12 +62,14 @@ public:
 
 private:
     struct Text {
-        std::size_t start = 0;  // in texts_: the description, then the owner
+        std::size_t start = 0;  // in texts_: the description, then the owner, then the code
         std::uint32_t description = 0;
         std::uint32_t owner = 0;
         int minute = -1;
+        std::uint32_t code = 0;
+        bool isForeign = false;
     };
-    std::uint32_t Keep(const clsEvent& event);
+    std::uint32_t Keep(const clsEvent& event, bool isForeign);
     void Enter(DateValue date, std::uint32_t event);
     std::string OwnerMark(const Entry& entry) const;
 

@@ -205,6 +205,13 @@ void Outcomes::Moved(const SideKey& key) {
             side_.Remove(line);
 }
 
+void Outcomes::Skipped(const SideKey& key, DateValue day) {
+    for (const Asleep& asleep : AsleepOf(key))
+        if (asleep.occurrence.day == day) RemoveAsleep(asleep.occurrence);
+    for (const Open& open : OpenOf(key))
+        if (open.first == day && open.last.day == day) RemoveOpen(open.last);
+}
+
 std::vector<Outcomes::Awaited> Outcomes::AllAwaited() const {
     std::vector<Awaited> all;
     ForEach(side_, kAwait, [&](const SideLine& line) {

@@ -84,6 +84,8 @@ public:
     void Sleep(const std::vector<OccurrenceRef>& occurrences, DateValue until);
     // The event has another day or time now: what is asleep or open of it is over. In memory.
     void Moved(const SideKey& key);
+    // The event does not happen on that day: what is asleep or open of it alone is over. In memory.
+    void Skipped(const SideKey& key, DateValue day);
 
     // Another user's alarm that is still to come, as it was last seen: his program moves it on, or takes it
     // away, whether it has rung here or not.

@@ -67,6 +67,13 @@ std::vector<std::string> TextsOf(const std::vector<ReminderLine>& lines) {
     return texts;
 }
 
+// A due date that is skipped, or behind the end of its series, where a program that knows of neither has
+// moved the event on to it.
+bool IsLeftOut(const clsEvent& event) {
+    const EventExtras& extras = event.Extras();
+    return event.Recurring() && (extras.Skips(event.DueDate()) || extras.EndsBefore(event.DueDate()));
+}
+
 // The most minutes after which a file is still run: those by which a clock is put forward in spring. Much
 // later it would do its work where nobody expects it any more.
 constexpr int kLatestRun = 60;
@@ -104,13 +111,15 @@ void clsReminder::Update(int passes) {
     const auto examine = [&](clsEvent& event, std::size_t position) {
         if (event.Deleted) return;
         event.CalcDaysLeft(today);
-        if (!IsExpired(event.DueDate(), today)) return;
+        const bool expired = IsExpired(event.DueDate(), today);
+        if (!expired && !IsLeftOut(event)) return;
         const std::string what =
             GeneralDateText(event.DueDate(), stores_.platform.locale.Data()) + " " + event.Desc();
-        MissedReminders::NotePassed(windows_.Told(), event, today);
-        if (event.Recurring() && !event.IsOver(today, today)) {
+        if (expired) MissedReminders::NotePassed(windows_.Told(), event, today);
+        const DateValue from = std::max(today, event.DueDate());
+        if (event.Recurring() && !event.IsOver(from, today)) {
             lines.push_back("Event expired and updated: " + what);
-            event.CalcNextDueDate(today, stores_.log);
+            event.CalcNextAfterDate(from, today, stores_.log);
             event.CalcDaysLeft(today);
         } else {
             lines.push_back("Event expired and deleted: " + what);

@@ -75,6 +75,8 @@
 #define IDM_CHECKFORUPDATE 2022
 #define IDM_HELP 2023
 #define IDM_ABOUT 2024
+#define IDM_SKIP 2025
+#define IDM_MOVEDAY 2026
 #define IDM_UNDO 2030
 #define IDM_REDO 2031
 #define IDM_CHANGES 2032
@@ -192,6 +194,8 @@
 // frmDayEvents
 #define IDC_lstDayEvents 1850
 #define IDC_cmdCloseDay 1851
+#define IDC_cmdSkipDay 1852
+#define IDC_cmdMoveDay 1853
 
 // frmOptions
 #define IDC_txtDatapath 1500

@@ -1,5 +1,6 @@
 #include "storage/EventOperations.h"
 
+#include "model/Occurrences.h"
 #include "platform/Clock.h"
 #include "storage/EventDigest.h"
 #include "storage/VisibleEvents.h"
@@ -64,9 +65,74 @@ void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
     const clsEvent before = *found;
     clsEvent copy = before;
     copy.DueDate(copy.DueDate().PlusDays(1));
+    // It happens there, though the day was skipped before, or is behind the end of the series.
+    EventExtras extras = copy.Extras();
+    extras.Unskip(copy.DueDate());
+    if (extras.EndsBefore(copy.DueDate())) extras.lastDay = copy.DueDate();
+    copy.Extras(extras);
     StoreBack(std::move(copy), before, fromExpired);
     // Kept on purpose: the expired database is saved in every case, also when nothing leaves it.
     expired_.SaveDB();
+}
+
+bool EventOperations::SkipDay(const std::string& code, DateValue day) {
+    CatchUp();
+    const clsEvent* found = events_.ReadEvent(code);
+    if (!FallsOn(found, day)) return false;
+    const DateValue today = stores_.platform.clock.Today();
+    const clsEvent before = *found;
+    clsEvent copy = before;
+    EventExtras extras = copy.Extras();
+    extras.Skip(day);
+    copy.Extras(extras);
+    if (copy.DueDate() == day) copy.CalcNextAfterDate(day, today, stores_.log);
+    copy.CalcDaysLeft(today);
+    if (copy.DueDate() == day && copy.IsOver(day, today))
+        Retire(std::move(copy), before);
+    else
+        StoreBack(std::move(copy), before, false);
+    return true;
+}
+
+std::optional<std::string> EventOperations::MoveDay(const std::string& code, DateValue day, DateValue to) {
+    CatchUp();
+    const clsEvent* found = events_.ReadEvent(code);
+    if (!FallsOn(found, day)) return std::nullopt;
+    clsEvent single = *found;
+    single.IDCode.clear();
+    single.Recurring(false);
+    // The kind that names one day of one year, however far away.
+    single.RecurrenceType(RecurEveryNDays);
+    single.Period(1);
+    single.StartDate(to);
+    EventExtras extras = single.Extras();
+    extras.skipped.clear();
+    extras.lastDay.reset();
+    extras.times = 0;
+    single.Extras(extras);
+    // Saved before the other day is left out: a crash in between tells of it twice, and never not at all.
+    const std::string added = AddEvent(std::move(single));
+    SkipDay(code, day);
+    return added;
+}
+
+bool EventOperations::FallsOn(const clsEvent* event, DateValue day) const {
+    const DateValue today = stores_.platform.clock.Today();
+    return event && !event->Deleted && event->Recurring() && day >= today &&
+           !Occurrences(*event, {day, day}, today).Empty();
+}
+
+void EventOperations::Retire(clsEvent event, const clsEvent& before) {
+    const clsEvent* there = expired_.ReadEvent(event.IDCode);
+    const bool isTaken = there && !there->Deleted && there->Desc() != event.Desc();
+    events_.StoreRecord(event);
+    expired_.StoreRecord(std::move(event), isTaken);
+    changes_.push_back({before, expired_.AllEvents().back(), false, true});
+    // An event leaves its file only once it is safe in the other.
+    if (expired_.SaveDB())
+        events_.DeleteRecord(before.IDCode);
+    else
+        events_.SaveDB();
 }
 
 std::vector<clsEvent> EventOperations::DeleteEvents(const std::vector<std::string>& codes) {

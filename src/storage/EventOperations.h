@@ -47,6 +47,12 @@ public:
     EditResult EditEvent(const EventEdit& edit, bool keepWhenGone = false);
     // Puts the due date off by one day; an expired event becomes current again.
     void PushEvent(const std::string& code, bool fromExpired);
+    // The recurring event does not happen on that day, from today on. A due date moves on; after the last of
+    // its series the event expires. False, and nothing is changed, when it does not fall on that day.
+    bool SkipDay(const std::string& code, DateValue day);
+    // Skips that day, and stores an event that is like this one, and shown once, on the day `to`, from today
+    // on. Its code; nothing, and nothing is changed, when the event does not fall on the first day.
+    std::optional<std::string> MoveDay(const std::string& code, DateValue day, DateValue to);
     // Deletes the events with one save, but for those of other users, which are returned.
     std::vector<clsEvent> DeleteEvents(const std::vector<std::string>& codes);
     // Has no regard to ownership.
@@ -69,6 +75,9 @@ private:
     // `before` is what it was. An event whose code another one has by now gets a new one, or else it would
     // take that one's place.
     void StoreBack(clsEvent event, const clsEvent& before, bool fromExpired);
+    bool FallsOn(const clsEvent* event, DateValue day) const;
+    // Moves the current event, as it is now, to the expired ones.
+    void Retire(clsEvent event, const clsEvent& before);
     void NoteDeletion(const clsEvent& event, bool expired);
 
     clsDbXml& events_;

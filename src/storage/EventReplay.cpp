@@ -59,9 +59,12 @@ void EventReplay::Make(ChangedEvent change) {
         result_.left.push_back(*change.before);
         return;
     }
+    const EventExtras expected = change.before->Extras();
     change.before = *found->event;
     change.wasExpired = found->expired;
     if (change.after) {
+        // What was skipped since stays skipped, where the change is of something else.
+        if (expected == change.after->Extras()) change.after->Extras(found->event->Extras());
         Put(std::move(change), &*found);
         return;
     }

@@ -154,6 +154,8 @@ bool clsDbXml::SaveDB() {
     if (watched_.Empty() && isKnown_ && (FileDate() != lastKnownDate_ || !WasRead())) Reload(false);
     const bool saved = MayWrite() && KeepsUnknown() && Write();
     if (saved) saveFault_.reset();
+    // Behind the events: an event without its entry comes once too often.
+    if (saved && side_) side_->Save();
     if (copyToShared_) copyToShared_();
     return saved;
 }

@@ -198,7 +198,7 @@ TEST_F(frmMainCommandsTest, ButtonsAndMenusOpenWhatTheySay) {
     EXPECT_THAT(raised, ElementsAre("ShutDownKAZ"));
     EXPECT_TRUE(stage->Find(IDD_MAIN));  // only the host may end the program now
     if (!fakes) return;                  // real menus would wait for the user
-    EXPECT_EQ(13U, Fake().toolbar.size());
+    EXPECT_EQ(14U, Fake().toolbar.size());
     for (const int menu : {IDM_OPTIONS, IDM_HELPMENU})
         Click(menu);
     EXPECT_THAT(Fake().menus, ElementsAre(IDR_MENU_SETTINGS, IDR_MENU_HELP));

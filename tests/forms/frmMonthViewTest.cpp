@@ -142,6 +142,37 @@ TEST_F(frmMonthViewTest, FollowsTheFilesTheFilterAndTheDay) {
     EXPECT_THAT(Day(), HasSubstr("March 16, 2023 (today)"));
 }
 
+TEST_F(frmMonthViewTest, ADayIsSkippedOrMovedFromItsList) {
+    Save({Daily("000001", "Tea", kToday), OneOff("000002", "Dentist", kToday.PlusDays(1))});
+    Open();
+    Press({DayKey::Right});
+    const auto onDay = [&](int row, int button) {
+        InModal(IDD_DAYEVENTS, [&] {
+            EXPECT_EQ("&Skip Thu Mar 16", Text(IDC_cmdSkipDay));
+            Choose(IDC_lstDayEvents, row);
+            Click(button);
+            if (!machine.dialogs.messages.empty()) Click(IDC_cmdCloseDay);
+        });
+        stage->Open(*window, IDC_Calbox);
+        return app.mainListIsStale;
+    };
+    app.mainListIsStale = false;
+    EXPECT_FALSE(onDay(1, IDC_cmdSkipDay));
+    EXPECT_THAT(Told(), ElementsAre(HasSubstr("This event is shown once.")));
+    EXPECT_TRUE(onDay(0, IDC_cmdSkipDay));
+    EXPECT_EQ("Thursday, March 16, 2023\r\nDentist", Day());
+    machine.dialogs.dates = {kToday.PlusDays(2)};
+    Press({DayKey::Left});
+    InModal(IDD_DAYEVENTS, [&] {
+        EXPECT_EQ("&Move Wed Mar 15 to...", Text(IDC_cmdMoveDay));
+        Click(IDC_cmdMoveDay);
+    });
+    stage->Open(*window, IDC_Calbox);
+    EXPECT_EQ("Wednesday, March 15, 2023 (today)\r\nNo events", Day());
+    Press({DayKey::Right, DayKey::Right});
+    EXPECT_EQ("Friday, March 17, 2023\r\nTea\r\nTea", Day());
+}
+
 TEST_F(frmMonthViewTest, TheListIsWrittenAsATextFileAndOpened) {
     constexpr char kFile[] = "C:\\Temp\\KazTempFile.txt";
     Save({OneOff("000001", "Dentist, second floor", kToday)});

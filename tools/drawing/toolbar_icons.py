@@ -51,6 +51,13 @@ def pushevent(d):
         d.fill(SHEET, bar((m + t, m + side * (half + t) * 0.85), (tip - t * 0.2, m - side * t * 0.7), 2 * t))
 
 
+def skipevent(d):
+    event(d)
+    m, half, t = badge(d, BAND)
+    d.fill(SHEET, polygon((m - half, m - half), (m + half * 0.5, m), (m - half, m + half)),
+           box(m + half - t, m - half, m + half + t, m + half))
+
+
 def deleteevent(d):
     event(d)
     m, half, t = badge(d, RED)
@@ -239,7 +246,7 @@ def kazsilent(d):
     d.fill(RED, bar((m - a, m + a), (m + a, m - a), d.whole(1.4)))
 
 
-ICONS = (exit, addevent, editevent, pushevent, deleteevent, tasklist, monthview, editlayers, reminders, options, refresh, log, help,
+ICONS = (exit, addevent, editevent, pushevent, skipevent, deleteevent, tasklist, monthview, editlayers, reminders, options, refresh, log, help,
          warning, kazwarning, kazunsaved, kazaway, kazmissed, kazquiet, kazsilent)
 
 

@@ -40,6 +40,10 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(0, Raised::SessionEnd, "Form_QueryUnload", &frmMain::Form_SessionEnd);
     for (const auto what : {Raised::Resumed, Raised::ClockChanged})
         On(0, what, "TimerRefresh_Timer", [this] { clock_.ClockMoved(); });
+    // What was changed in another window shows when the user comes back to this one.
+    On(0, Raised::Activated, "Form_Activate", [this] {
+        if (app_.mainListIsStale) clock_.TickSoon();
+    });
     for (const auto what : {Raised::Resize, Raised::DpiChanged})
         On(0, what, "PlaceHealthBar", [this] { bar_.Place(); });
     for (int button = 0; button < HealthBar::kButtons; ++button)
@@ -156,6 +160,7 @@ void frmMain::RefillKeepingSelection() {
 void frmMain::ListEvents_MouseUp() {
     if (list_.SelectedRow() < 0) return;
     NameSteps();
+    NameDay();
     window().ShowMenu(IDR_MENU_LIST);
 }
 
@@ -232,6 +237,8 @@ void frmMain::NameCommands() {
         {IDM_ADD, "Toolbar1_ButtonClick", &frmMain::cmdAdd_Click},
         {IDM_EDIT, "EditEvent", &frmMain::cmdEdit_Click},
         {IDM_PUSH, "PushEvent", &frmMain::cmdPush_Click},
+        {IDM_SKIP, "SkipDay", &frmMain::cmdSkip_Click},
+        {IDM_MOVEDAY, "MoveDay", &frmMain::cmdMove_Click},
         {IDM_DELETE, "DeleteEvents", &frmMain::cmdDelete_Click},
         {IDM_TASKLIST, "Toolbar1_ButtonClick", &frmMain::cmdTaskList_Click},
         {IDM_MONTHVIEW, "Toolbar1_ButtonClick", &frmMain::cmdMonthView_Click},
@@ -282,6 +289,33 @@ void frmMain::cmdPush_Click() {
     const auto event = list_.Current();
     if (!event) return;
     if (const auto code = commands_.Push(*event)) Refill(code);
+}
+
+void frmMain::cmdSkip_Click() {
+    const auto event = list_.Current();
+    if (!event) return;
+    if (const auto code = commands_.Skip(*event)) Refill(code);
+}
+
+void frmMain::cmdMove_Click() {
+    const auto event = list_.Current();
+    if (!event) return;
+    const auto code = [&] {
+        const ReminderClock::Pause pause(clock_);
+        return commands_.Move(*event);
+    }();
+    if (code) Refill(code);
+}
+
+// What cannot be skipped can be chosen all the same, and is told why.
+void frmMain::NameDay() {
+    const auto event = list_.Current();
+    const auto day = event ? commands_.NextDayOf(*event) : std::nullopt;
+    const std::string name = day ? commands_.NameOfDay(*day) : std::string();
+    window().SetCommand(IDM_SKIP, (day ? "S&kip " + name : "S&kip to the next occurrence") + "\tCtrl+K",
+                        true);
+    window().SetCommand(IDM_MOVEDAY,
+                        (day ? "&Move " + name + " to" : "&Move to another date") + " ...\tCtrl+D", true);
 }
 
 void frmMain::cmdDelete_Click() {

@@ -54,6 +54,9 @@ private:
     void cmdAdd_Click();
     void cmdEdit_Click();
     void cmdPush_Click();
+    void cmdSkip_Click();
+    void cmdMove_Click();
+    void NameDay();
     void cmdDelete_Click();
     void cmdTaskList_Click() { dialogs_.tasks(); }
     void cmdMonthView_Click();

@@ -5,21 +5,33 @@
 namespace kaz {
 
 frmDayEvents::frmDayEvents(std::unique_ptr<Window> window, ErrorSink& errors, std::string heading,
-                           std::vector<std::string> events)
+                           std::vector<std::string> events, DayCommands commands)
     : ModalForm(std::move(window), errors, "frmDayEvents"),
       heading_(std::move(heading)),
-      events_(std::move(events)) {
+      events_(std::move(events)),
+      commands_(std::move(commands)) {
     On(0, Raised::Load, "Form_Load", &frmDayEvents::Form_Load);
     On(0, Raised::CloseBox, "cmdClose_Click", &frmDayEvents::cmdClose_Click);
     On(IDC_cmdCloseDay, Raised::Click, "cmdClose_Click", &frmDayEvents::cmdClose_Click);
+    On(IDC_cmdSkipDay, Raised::Click, "cmdSkip_Click", [this] { Do(commands_.skip); });
+    On(IDC_cmdMoveDay, Raised::Click, "cmdMove_Click", [this] { Do(commands_.move); });
 }
 
 void frmDayEvents::Form_Load() {
     window().SetText(0, heading_);
+    for (const int button : {IDC_cmdSkipDay, IDC_cmdMoveDay})
+        window().SetEnabled(button, !events_.empty());
+    window().SetText(IDC_cmdSkipDay, "&Skip " + commands_.day);
+    window().SetText(IDC_cmdMoveDay, "&Move " + commands_.day + " to...");
     if (events_.empty()) events_.emplace_back("No events");
     lstEvents.Items(events_);
     lstEvents.Select(0);
     lstEvents.SetFocus();
+}
+
+// What was done shows in the month.
+void frmDayEvents::Do(const std::function<bool(int row)>& command) {
+    if (const int row = lstEvents.Selected(); row >= 0 && command(row)) Leave();
 }
 
 }  // namespace kaz

@@ -3,6 +3,7 @@
 #include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/DataWatch.h"
 #include "core/Links.h"
 #include "forms/WindowFactory.h"
 #include "model/MonthList.h"
@@ -36,7 +37,7 @@ MonthGrid FillMonth(const Application& application, int month, int year, std::in
     MonthGrid grid(month, year, application.platform.clock.Today(), application.Networked());
     const VisibleEvents visible(application.settings);
     const auto place = [&](const VisibleEvent& seen) {
-        if (clsLayers::Passes(seen.event.Layer(), category)) grid.Place(seen.event);
+        if (clsLayers::Passes(seen.event.Layer(), category)) grid.Place(seen.event, seen.isForeign);
     };
     visible.ForEach(application.events.get(), EventSource::Local, place);
     visible.ForEach(application.shared.get(), EventSource::Shared, place);
@@ -49,6 +50,7 @@ frmMonthView::frmMonthView(std::unique_ptr<kaz::Window> window, Application& app
                            MonthPrinting printing)
     : Form(std::move(window), application.errors, kName),
       app_(application),
+      commands_(application, {}),
       printing_(std::move(printing)),
       boxes_(application.platform.locale.Data(), ThisMonth(application)),
       month_(static_cast<std::int16_t>(boxes_.Grid().Month())),
@@ -174,12 +176,27 @@ void frmMonthView::Calbox_LeadsOut(int days) {
 }
 
 void frmMonthView::Calbox_DblClick(int box) {
-    if (boxes_.Grid().DayIn(box) == 0) return;
+    const int number = boxes_.Grid().DayIn(box);
+    if (number == 0) return;
+    const DayCommands commands{commands_.NameOfDay(boxes_.Grid().DateOf(number)),
+                               [this, number](int row) { return Do(&EventCommands::Skip, number, row); },
+                               [this, number](int row) { return Do(&EventCommands::Move, number, row); }};
     const auto day = std::make_shared<frmDayEvents>(app_.platform.windows.Create(IDD_DAYEVENTS), errors(),
-                                                    boxes_.Heading(box), boxes_.Lines(box));
+                                                    boxes_.Heading(box), boxes_.Lines(box), commands);
     app_.openWindows.Add(day);
     day->Ask();
     app_.openWindows.Unload(*day);
+}
+
+bool frmMonthView::Do(DayCommand command, int day, int position) {
+    const MonthGrid::Entry entry = boxes_.Grid().At(day, static_cast<std::size_t>(position));
+    const EventRef event{std::string(entry.code), EventSource::Local,
+                         entry.isForeign ? EventType::Foreign : EventType::Own};
+    if (!(commands_.*command)(event, boxes_.Grid().DateOf(day))) return false;
+    app_.mainListIsStale = true;
+    app_.dataWatch->Tell();
+    ShowMonth();
+    return true;
 }
 
 void frmMonthView::cmdViewEvents_Click() {

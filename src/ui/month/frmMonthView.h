@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/EventCommands.h"
 #include "core/Application.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
@@ -9,6 +10,8 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace kaz {
 
@@ -58,8 +61,13 @@ private:
     std::int16_t Category() const;
     DayGrid& Calbox() const { return window().Grid(IDC_Calbox); }
     void SelectDay(int day);
+    // Does it with an event of that day; true when events are others now.
+    using DayCommand = std::optional<std::string> (EventCommands::*)(const EventRef&,
+                                                                     std::optional<DateValue>);
+    bool Do(DayCommand command, int day, int position);
 
     Application& app_;
+    EventCommands commands_;
     MonthPrinting printing_;
     MonthBoxes boxes_;
     std::int16_t month_;
