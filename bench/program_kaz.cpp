@@ -48,7 +48,8 @@ struct NoArchiver : ZipArchiver {
 
 struct Fakes {
     Platform Services(FileSystem& files) {
-        return {clock, dialogs, files, locale, pump, printer, random, shell, sound, system, windows, zip};
+        return {clock,  dialogs, files, locale, pump,    printer, random,
+                screen, shell,   sound, system, windows, zip};
     }
 
     FakeClock clock;
@@ -57,6 +58,7 @@ struct Fakes {
     FakePrinter printer;
     FakePump pump;
     FakeRandom random;
+    FakeScreen screen;
     FakeShell shell;
     FakeSound sound;
     FakeSystemInfo system;
@@ -148,7 +150,9 @@ private:
     const std::string folder_ = ".";
     SideFile side_{files_, log_};
     Outcomes outcomes_{side_};
-    ReminderWindows reminderWindows_{{platform_, settings_, openWindows_, log_, player_, outcomes_, folder_}};
+    Quiet quiet_{platform_, settings_, folder_};
+    ReminderWindows reminderWindows_{
+        {platform_, settings_, openWindows_, log_, player_, outcomes_, folder_, quiet_}};
     clsDbXml events_{stores_};
     clsDbXml expired_{stores_};
 };

@@ -78,6 +78,7 @@ public:
     Outcomes outcomes;
 
     OpenWindows openWindows;
+    Quiet quiet;
     ReminderWindows reminderWindows;
     ErrorReports errorReports;
 

@@ -1,12 +1,15 @@
 #include "core/ReminderWatch.h"
 
+#include "base/DateText.h"
 #include "core/Application.h"
 #include "core/NamedEvents.h"
+#include "platform/Locale.h"
 #include "platform/Sound.h"
 
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace kaz {
 
@@ -15,6 +18,7 @@ namespace {
 constexpr std::string_view kModule = "ReminderWatch";
 constexpr const char* kMissed = "Missed reminders";
 constexpr const char* kSilence = "No sound";
+constexpr const char* kQuiet = "Quiet";
 constexpr std::string_view kNoSounds = "NoSounds";
 constexpr std::string_view kSilenceKnown = "SilenceIsKnown";  // the user has read why it is silent
 constexpr int kDeviceLooks = 20;                              // ten minutes
@@ -26,6 +30,33 @@ void ReminderWatch::Look() {
     trap([&] { TellMissed(); });
     trap([&] { LookForDevice(); });
     trap([&] { TellSilence(); });
+}
+
+void ReminderWatch::LookAtQuiet() {
+    ErrorTrap trap(app_.log, "LookAtQuiet", kModule);
+    trap([&] { TellQuiet(); });
+}
+
+void ReminderWatch::TellQuiet() {
+    const Quiet::State state = app_.quiet.Look();
+    if (state.isOn) {
+        const std::string until = FormatDate(state.until, "HH:NN", app_.platform.locale.Data());
+        app_.health.Tell({kQuiet,
+                          Health::Weight::Note,
+                          state.isByScreen ? "Quiet while another program fills the screen, until " + until +
+                                                 " at the latest. Reminders wait."
+                                           : "Quiet until " + until + ". Reminders wait until then.",
+                          {{"End quiet", [this] { EndQuiet(); }}},
+                          Health::Sign::Quiet});
+    } else {
+        app_.health.Clear(kQuiet);
+    }
+    if (std::exchange(wasQuiet_, state.isOn) && !state.isOn) app_.reminderWindows.QuietEnded();
+}
+
+void ReminderWatch::EndQuiet() {
+    app_.quiet.End();
+    TellQuiet();
 }
 
 void ReminderWatch::TellMissed() {

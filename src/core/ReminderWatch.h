@@ -13,8 +13,12 @@ public:
 
     // To be called with each tick.
     void Look();
+    // When it may just have become quiet, or ceased to be.
+    void LookAtQuiet();
 
 private:
+    void TellQuiet();
+    void EndQuiet();
     void TellMissed();
     void TellSilence();
     void LookForDevice();
@@ -22,6 +26,7 @@ private:
     Application& app_;
     int looks_ = 0;
     bool hasDevice_ = true;
+    bool wasQuiet_ = false;
 };
 
 }  // namespace kaz

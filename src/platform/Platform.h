@@ -9,6 +9,7 @@ class Locale;
 class MessagePump;
 class Printer;
 class Random;
+class Screen;
 class Shell;
 class Sound;
 class SystemInfo;
@@ -25,6 +26,7 @@ struct Platform {
     MessagePump& pump;
     Printer& printer;
     Random& random;
+    Screen& screen;
     Shell& shell;
     Sound& sound;
     SystemInfo& system;

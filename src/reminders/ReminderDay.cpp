@@ -47,16 +47,21 @@ void ReminderDay::AddAlarms(const clsDbXml* database, EventSource source) {
 
 std::vector<ReminderLine> ReminderDay::UpcomingLines() const {
     std::vector<ReminderLine> lines;
-    for (const auto& [event, daysLeft] : upcoming_)
+    for (const auto& [event, daysLeft] : upcoming_) {
         lines.push_back(LineOf(*event, OwnOccurrence(*event, DateValue(day_.Day() + daysLeft)),
                                UpcomingLine(daysLeft, event->DescShown())));
+        lines.back().breaksQuiet = false;
+    }
     return lines;
 }
 
 std::vector<ReminderLine> ReminderDay::TodaysLines() const {
     std::vector<ReminderLine> lines;
-    for (const clsEvent* event : todays_)
+    for (const clsEvent* event : todays_) {
         lines.push_back(LineOf(*event, OwnOccurrence(*event, day_), std::string(event->DescShown())));
+        // It has its alarm for that.
+        if (event->AlarmSet()) lines.back().breaksQuiet = false;
+    }
     return lines;
 }
 

@@ -11,7 +11,8 @@ namespace kaz {
 
 ReminderLine LineOf(const clsEvent& event, const OccurrenceRef& occurrence, std::string text) {
     return {std::move(text), occurrence,
-            event.AlarmSet() ? std::optional(event.DueTime().TimeOnly()) : std::nullopt};
+            event.AlarmSet() ? std::optional(event.DueTime().TimeOnly()) : std::nullopt,
+            event.Extras().always};
 }
 
 void ReminderLines::Add(const std::vector<ReminderLine>& added) {

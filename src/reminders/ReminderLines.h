@@ -15,6 +15,7 @@ struct ReminderLine {
     std::string text;
     std::optional<OccurrenceRef> occurrence = {};  // none in a line that belongs to no event
     std::optional<DateValue> time = {};            // of day, of an event that has one
+    bool breaksQuiet = false;                      // its window comes also while it is quiet
 };
 
 ReminderLine LineOf(const clsEvent& event, const OccurrenceRef& occurrence, std::string text);

@@ -4,6 +4,7 @@
 #include "forms/OpenWindows.h"
 #include "platform/Platform.h"
 #include "reminders/Outcomes.h"
+#include "reminders/Quiet.h"
 #include "storage/cSharedSound.h"
 #include "support/cSHAREDSettings.h"
 
@@ -20,6 +21,7 @@ struct ReminderServices {
     cSharedSound& player;
     Outcomes& outcomes;
     const std::string& applicationFolder;  // where the default alarm sound is
+    Quiet& quiet;
 };
 
 }  // namespace kaz

@@ -51,6 +51,12 @@ bool ReminderWindows::ShowNow() {
     return any;
 }
 
+void ReminderWindows::QuietEnded() {
+    for (const auto& window : forms_)
+        if (const auto form = window.lock(); form && !form->Closed()) form->QuietEnded();
+    AskNext();
+}
+
 void ReminderWindows::SetRung(const AlarmRinging& ringing) {
     // A pass can look back to the day before.
     std::erase_if(rung_, [&](const AlarmRinging& old) {
@@ -86,7 +92,7 @@ bool ReminderWindows::Ask(FileQuestion question) {
 }
 
 void ReminderWindows::AskNext() {
-    if (waiting_.empty() || OpenQuestion()) return;
+    if (waiting_.empty() || OpenQuestion() || services_.quiet.IsOn()) return;
     auto window = services_.platform.windows.Create(IDD_RUNFILE);
     const auto form = std::make_shared<frmRunFile>(std::move(window), services_, std::move(waiting_.front()),
                                                    [this] { AskNext(); });

@@ -52,6 +52,9 @@ public:
     // there.
     bool ShowNow();
 
+    // Has what waited because it was quiet appear, and the questions be put.
+    void QuietEnded();
+
     // Whether this ringing has been listed or has run its file, however many ticks see its minute and whether
     // or not its window has been closed since.
     bool HasRung(const AlarmRinging& ringing) const { return rung_.contains(ringing); }

@@ -8,6 +8,7 @@
 #include "storage/clsSounds.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kaz {
 
@@ -85,7 +86,18 @@ void frmReminder::ShowNow() {
 void frmReminder::ShowOnTop() {
     Arm(kAtOnce);
     window().SetTopMost(true);
-    if (!window().IsVisible()) window().Show(Activation::KeepFocus);
+    if (!MustWait() && !window().IsVisible()) window().Show(Activation::KeepFocus);
+}
+
+// Whoever is disturbed anyway sees at once what waited, too.
+bool frmReminder::MustWait() {
+    const auto breaks = [](const ReminderLine& line) { return line.breaksQuiet; };
+    waits_ = std::ranges::none_of(lines_.All(), breaks) && services_.quiet.IsOn();
+    return waits_;
+}
+
+void frmReminder::QuietEnded() {
+    if (std::exchange(waits_, false) && !sleeping_) Arm(kAtOnce);
 }
 
 void frmReminder::Form_Unload() {
@@ -98,6 +110,10 @@ void frmReminder::Form_Unload() {
 void frmReminder::Timer1_Timer() {
     if (sleeping_) {
         CountSleep();
+        return;
+    }
+    if (MustWait()) {
+        Timer1.Start(kComeBack);
         return;
     }
     if (!ComeToFront()) return;
@@ -114,7 +130,7 @@ bool frmReminder::SleepIsOver() {
 }
 
 void frmReminder::CountSleep() {
-    if (!SleepIsOver()) return;
+    if (!SleepIsOver() || MustWait()) return;
     // Kept on purpose: after a sleep the window comes back once. The timer stays off and the window counts as
     // sleeping, so that only another click, or something new to list, makes it come to the front again.
     Timer1.Stop();

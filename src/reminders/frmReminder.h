@@ -35,6 +35,8 @@ public:
     void ShowNow();
     // Shows it at once and above all other windows: an alarm is late by two seconds already.
     void ShowOnTop();
+    // What waited because it was quiet appears.
+    void QuietEnded();
     // Whether it has been closed; it may live on until its handlers have ended.
     bool Closed() const { return closed_; }
     void Form_Unload() override;
@@ -50,6 +52,7 @@ private:
     void Arm(int milliseconds);
     void CountSleep();
     bool SleepIsOver();
+    bool MustWait();
     bool ComeToFront();
     void PlayItsSound();
     void FillList();
@@ -63,6 +66,7 @@ private:
     bool armed_ = false;
     bool closed_ = false;
     bool sleeping_ = false;
+    bool waits_ = false;  // for the end of the quiet
     int sleepMinutes_ = 0;
     DateValue sleepEnd_;
     int seconds_ = 0;

@@ -84,6 +84,7 @@
 
 #define IDM_REMINDERSMENU 2040
 #define IDM_SHOWAGAIN 2041
+#define IDM_QUIET 2042
 
 #define IDR_MENU_LIST 201
 #define IDR_MENU_TRAY 202
@@ -223,6 +224,9 @@
 #define IDC_cmdAbortOptions 1522
 #define IDC_txtSecondBackup 1523
 #define IDC_cmdSecondBackup 1524
+#define IDC_chkQuietScreen 1525
+#define IDC_txtQuietFrom 1526
+#define IDC_txtQuietTo 1527
 
 // frmEditLayers: the text box of slot n is IDC_txtLayer + n, for 21 slots
 #define IDC_txtLayer 1600

@@ -6,6 +6,7 @@
 #include "fakes/FakePrinter.h"
 #include "fakes/FakePump.h"
 #include "fakes/FakeRandom.h"
+#include "fakes/FakeScreen.h"
 #include "fakes/FakeShell.h"
 #include "fakes/FakeSound.h"
 #include "fakes/FakeSystemInfo.h"
@@ -43,7 +44,8 @@ public:
     Platform Services() { return Services(files); }
     // On the disk of another machine, as two who share a folder have it.
     Platform Services(FileSystem& disk) {
-        return {clock, dialogs, disk, locale, pump, printer, random, shell, sound, system, *factory_, zip};
+        return {clock,  dialogs, disk,  locale, pump,      printer, random,
+                screen, shell,   sound, system, *factory_, zip};
     }
     // Windows from elsewhere than `windows`, for Services() from now on.
     void UseWindows(WindowFactory& factory) { factory_ = &factory; }
@@ -55,6 +57,7 @@ public:
     FakePrinter printer;
     FakePump pump;
     FakeRandom random;
+    FakeScreen screen;
     FakeShell shell;
     FakeSound sound;
     FakeSystemInfo system;

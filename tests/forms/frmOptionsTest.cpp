@@ -59,9 +59,17 @@ TEST_F(frmOptionsTest, ShowsTheSettingsAndStoresOnlyWhatIsSaved) {
         Click(IDC_cmdSecondBackup);
         EXPECT_EQ(Text(IDC_txtSecondBackup), "C:\\Local\\KAZ\\Autobackups");
         Type(IDC_txtSecondBackup, "D:/Copies\\");
+        Click(IDC_chkQuietScreen);
+        Type(IDC_txtQuietFrom, "22");
+        Save();
+        EXPECT_EQ(stage->Focus(*window), IDC_txtQuietTo);
+        Type(IDC_txtQuietTo, "7.00");
         Save();
     }));
-    EXPECT_THAT(Told(), ElementsAre("Cannot find specified WAV file. Sounds disabled."));
+    EXPECT_THAT(Told(), ElementsAre("Cannot find specified WAV file. Sounds disabled.",
+                                    "Quiet hours need two times, such as 22:00 and 07:00, or none."));
+    EXPECT_THAT(Saved("KAZ\\Kaz.ini"),
+                HasSubstr("QUIETFULLSCREEN,-1\r\nQUIETFROM,22:00\r\nQUIETTO,07:00\r\n"));
     EXPECT_THAT(Saved("KAZ\\Kaz.ini"), HasSubstr("DATESTYLE,1\r\n"));
     EXPECT_THAT(Saved("KAZ\\Kaz.ini"), HasSubstr("WAVFILE,D:\\bell.wav\r\nNOSOUNDS,-1\r\n"));
     EXPECT_TRUE(app.settings.Flag("SilentStart"));

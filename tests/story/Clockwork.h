@@ -146,6 +146,19 @@ inline Act Saves(const char* description, const char* alarm = nullptr, const cha
 inline Act Chooses(int command) {
     return [=](Clockwork& story) { story.Main()->Click(command); };
 }
+// The program ends and starts anew; nothing of before is on the screen.
+inline void Restarts(Clockwork& story) {
+    story.component->ShutDown();
+    story.Start().ShowMain();
+}
+inline Act ScreenIsTaken(bool taken) {
+    return [=](Clockwork& story) { story.machine.screen.taken = taken; };
+}
+inline Act Asks(int questions) {
+    return [=](Clockwork& story) {
+        EXPECT_EQ(story.machine.windows.All(IDD_RUNFILE).size(), static_cast<std::size_t>(questions));
+    };
+}
 inline Act Deletes(int row) {
     return [=](Clockwork& story) {
         story.Main()->Report(IDC_ListEvents).UserSelects({row});

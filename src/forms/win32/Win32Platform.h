@@ -9,6 +9,7 @@
 #include "platform/win32/Win32Locale.h"
 #include "platform/win32/Win32MessagePump.h"
 #include "platform/win32/Win32Random.h"
+#include "platform/win32/Win32Screen.h"
 #include "platform/win32/Win32Shell.h"
 #include "platform/win32/Win32Sound.h"
 #include "platform/win32/Win32SystemInfo.h"
@@ -25,8 +26,8 @@ public:
           printer_(module),
           system_(module),
           windows_(module),
-          services_{clock_,  dialogs_, files_, locale_, pump_,    printer_,
-                    random_, shell_,   sound_, system_, windows_, zip_} {}
+          services_{clock_,  dialogs_, files_, locale_, pump_,    printer_, random_,
+                    screen_, shell_,   sound_, system_, windows_, zip_} {}
     Win32Platform(const Win32Platform&) = delete;
     Win32Platform& operator=(const Win32Platform&) = delete;
 
@@ -40,6 +41,7 @@ private:
     Win32MessagePump pump_;
     Win32Printer printer_;
     Win32Random random_;
+    Win32Screen screen_;
     Win32Shell shell_;
     Win32Sound sound_;
     Win32SystemInfo system_;

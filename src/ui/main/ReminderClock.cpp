@@ -61,7 +61,8 @@ void ReminderClock::DoSteps(std::initializer_list<void (ReminderClock::*)()> ste
 void ReminderClock::Tick() {
     refresh_.Stop();
     DoSteps({&ReminderClock::ReloadChangedFiles, &ReminderClock::ShowNewDay, &ReminderClock::SaveAgain,
-             &ReminderClock::ShowAlarms, &ReminderClock::ShowMissed, &ReminderClock::LookAfterReminders});
+             &ReminderClock::LookAtQuiet, &ReminderClock::ShowAlarms, &ReminderClock::ShowMissed,
+             &ReminderClock::LookAfterReminders});
     // The window has been painted and the reminders are up: while the user logs on, the shell can take
     // seconds to answer.
     if (!stopped_) ErrorTrap(app_.errors, "TimerRefresh_Timer", "frmMain")(face_.ticked);
@@ -71,10 +72,10 @@ void ReminderClock::Tick() {
 // Between two ticks of the other timer, and under an open dialog.
 void ReminderClock::TickForAlarms() {
     if (IsNewDay())
-        DoSteps({&ReminderClock::ReloadChangedFiles, &ReminderClock::ShowNewDay, &ReminderClock::ShowAlarms,
-                 &ReminderClock::ShowMissed});
+        DoSteps({&ReminderClock::ReloadChangedFiles, &ReminderClock::ShowNewDay, &ReminderClock::LookAtQuiet,
+                 &ReminderClock::ShowAlarms, &ReminderClock::ShowMissed});
     else
-        DoSteps({&ReminderClock::ShowAlarms, &ReminderClock::ShowMissed});
+        DoSteps({&ReminderClock::LookAtQuiet, &ReminderClock::ShowAlarms, &ReminderClock::ShowMissed});
 }
 
 // What a late tick would do first comes first: before events move on, their alarms ring.
@@ -83,8 +84,9 @@ bool ReminderClock::ShowAgain() {
     return stopped_ || app_.MakeReminder().ShowAgain();
 }
 
-// An alarm's minute and midnight, behind which there may be an alarm of the new day, are met at their first
-// second. Looked for anew with each tick, so that a clock that is set never leaves the timer behind.
+// An alarm's minute, the end of a quiet and midnight, behind which there may be an alarm of the new day, are
+// met at their first second. Looked for anew with each tick, so that a clock that is set never leaves the
+// timer behind.
 void ReminderClock::WaitForAlarms() {
     const DateValue now = app_.platform.clock.Now();
     DateValue next = now.DateOnly().PlusDays(1);
@@ -95,6 +97,7 @@ void ReminderClock::WaitForAlarms() {
     };
     look(app_.events.get());
     if (app_.Networked()) look(app_.shared.get());
+    if (const Quiet::State quiet = app_.quiet.Look(); quiet.isOn) next = std::min(next, quiet.until);
 
     const int seconds =
         (next.Day() - now.Day()) * DateValue::kSecondsPerDay + next.SecondOfDay() - now.SecondOfDay();
@@ -157,6 +160,8 @@ void ReminderClock::ShowAlarms() {
     lastAlarms_ = now;
     app_.clockGuard->NoteTick();
 }
+
+void ReminderClock::LookAtQuiet() { app_.reminderWatch.LookAtQuiet(); }
 
 void ReminderClock::LookAfterReminders() { app_.reminderWatch.Look(); }
 

@@ -60,6 +60,7 @@ private:
     void ShowNewDay();
     void SaveAgain();
     void ShowAlarms();
+    void LookAtQuiet();
     void LookAfterReminders();
     void RingAlarms();
     void ShowMissed();

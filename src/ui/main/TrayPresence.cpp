@@ -103,7 +103,7 @@ void TrayPresence::ShowAgain() {
 void TrayPresence::OnMouse(int mouseMessage) {
     switch (mouseMessage) {
     case kLeftDown: clicked_(); break;
-    case kRightDown: window_.ShowMenu(IDR_MENU_TRAY); break;
+    case kRightDown: menu_(); break;
     case kMove:
     case kLeftUp:
     case kLeftDouble:

@@ -13,11 +13,13 @@ namespace kaz {
 // how many events are due today, other users' included.
 class TrayPresence {
 public:
-    // `clicked` brings the window forward.
-    TrayPresence(Window& window, Application& application, std::function<void()> clicked)
+    // `clicked` brings the window forward, `menu` shows the menu.
+    TrayPresence(Window& window, Application& application, std::function<void()> clicked,
+                 std::function<void()> menu)
         : window_(window),
           app_(application),
-          clicked_(std::move(clicked)) {}
+          clicked_(std::move(clicked)),
+          menu_(std::move(menu)) {}
 
     bool IsShown() const { return !tip_.empty(); }
     void Show();
@@ -32,6 +34,7 @@ private:
     Window& window_;
     Application& app_;
     std::function<void()> clicked_;
+    std::function<void()> menu_;
     std::string tip_;
     int icon_ = 0;
 };

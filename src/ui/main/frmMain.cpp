@@ -27,14 +27,20 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
       commands_(application, dialogs_.editor),
       size_(this->window(), application.settings),
       bar_(this->window(), application.health),
-      tray_(this->window(), application, [this] { BringForward(); }),
+      tray_(
+          this->window(), application, [this] { BringForward(); },
+          [this] {
+              reminders_.NameCommands();
+              this->window().ShowMenu(IDR_MENU_TRAY);
+          }),
       clock_(application, {this->window(), IDT_TimerRefresh}, {this->window(), IDT_TimerAlarms},
              {[this] { FillEvents(Category()); }, [this] { RefillKeepingSelection(); },
               [this] {
                   // The window has been painted and the reminders are up: while the user logs on, the shell
                   // can take seconds to answer.
                   if (!tray_.IsShown()) tray_.Show();
-              }}) {
+              }}),
+      reminders_(this->window(), application, clock_) {
     On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
     On(0, Raised::CloseBox, "Form_QueryUnload", &frmMain::Form_QueryUnload);
     On(0, Raised::SessionEnd, "Form_QueryUnload", &frmMain::Form_SessionEnd);
@@ -61,6 +67,8 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(IDM_SELECTALL, Raised::Click, "mnuSelectAll_Click", [this] { list_.SelectAll(); });
     On(IDT_TimerRefresh, Raised::Timer, "TimerRefresh_Timer", [this] { clock_.Tick(); });
     On(IDT_TimerAlarms, Raised::Timer, "TimerAlarms_Timer", [this] { clock_.TickForAlarms(); });
+    On(IDM_SHOWAGAIN, Raised::Click, "mnuShowAgain_Click", [this] { reminders_.ShowAgain(); });
+    On(IDM_QUIET, Raised::Click, "mnuQuiet_Click", [this] { reminders_.ChangeQuiet(); });
     On(0, Raised::TrayMouse, "Form_MouseMove", &frmMain::Form_MouseMove);
     On(0, Raised::TrayLost, "ShowIconInTray", [this] { tray_.ShowAgain(); });
     NameCommands();
@@ -244,7 +252,6 @@ void frmMain::NameCommands() {
         {IDM_MONTHVIEW, "Toolbar1_ButtonClick", &frmMain::cmdMonthView_Click},
         {IDM_EDITLAYERS, "Toolbar1_ButtonClick", &frmMain::cmdEditLayers_Click},
         {IDM_REMINDERSMENU, "Toolbar1_ButtonClick", &frmMain::cmdReminders_Click},
-        {IDM_SHOWAGAIN, "mnuShowAgain_Click", &frmMain::mnuShowAgain_Click},
         {IDM_OPTIONS, "Toolbar1_ButtonClick", &frmMain::cmdOptions_Click},
         {IDM_REFRESH, "Toolbar1_ButtonClick", &frmMain::cmdRefresh_Click},
         {IDM_CHANGES, "Changes_Click", &frmMain::mnuChanges_Click},
@@ -377,12 +384,8 @@ void frmMain::cmdEditLayers_Click() {
 }
 
 void frmMain::cmdReminders_Click() {
+    reminders_.NameCommands();
     window().ShowMenuUnder(IDC_Toolbar1, IDM_REMINDERSMENU, IDR_MENU_REMINDERS);
-}
-
-void frmMain::mnuShowAgain_Click() {
-    if (!clock_.ShowAgain())
-        app_.platform.dialogs.Message("Nothing is due today, and nothing comes up in the next days.");
 }
 
 void frmMain::cmdOptions_Click() {

@@ -10,6 +10,7 @@
 #include "ui/main/HealthBar.h"
 #include "ui/main/MainDialogs.h"
 #include "ui/main/ReminderClock.h"
+#include "ui/main/ReminderMenu.h"
 #include "ui/main/TrayPresence.h"
 #include "ui/main/WindowSizeSetting.h"
 
@@ -66,7 +67,6 @@ private:
     void cmdRefresh_Click() { FillEvents(Category()); }
     void cmdLog_Click();
     void cmdHelp_Click();
-    void mnuShowAgain_Click();
     void mnuShareWith_Click();
     void mnuChanges_Click();
     void mnuUndo_Click() { TakeStep(UndoHistory::Way::Back); }
@@ -114,6 +114,7 @@ private:
     ListControl cmbCategories{window(), IDC_cmbCategories};
     TrayPresence tray_;
     ReminderClock clock_;
+    ReminderMenu reminders_;
     std::string searchTerm_;
     bool loading_ = false;
     bool unloaded_ = false;

@@ -19,6 +19,9 @@ Options Options::Of(const Application& application) {
     options.disableAutoUpdate = settings.Flag("DisableAutoUpdateCheck");
     options.noAutoBackups = settings.Flag("NoAutoBackups");
     options.secondBackup = settings.TextOr("SecondBackupFolder", "");
+    options.quietScreen = settings.Flag("QuietFullScreen");
+    options.quietFrom = settings.TextOr("QuietFrom", "");
+    options.quietTo = settings.TextOr("QuietTo", "");
     return options;
 }
 

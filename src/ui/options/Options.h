@@ -19,6 +19,9 @@ struct Options {
     bool disableAutoUpdate = false;
     bool noAutoBackups = false;
     std::string secondBackup;  // a folder, empty for none
+    bool quietScreen = false;
+    std::string quietFrom;  // "HH:MM", both empty for no quiet hours
+    std::string quietTo;
 
     static Options Of(const Application& application);
 };

@@ -1,13 +1,18 @@
 #include "ui/options/OptionsSaving.h"
 
+#include "base/DateText.h"
 #include "base/Text.h"
 #include "core/EventFiles.h"
 #include "core/JournalScope.h"
+#include "model/AlarmTime.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "resources/resource.h"
 #include "storage/Owner.h"
 #include "ui/fields/FieldFault.h"
+
+#include <optional>
+#include <utility>
 
 namespace kaz {
 
@@ -29,8 +34,20 @@ void OptionsSaving::Check(Options& options) {
     options.owner = Trim(options.owner);
     if (options.owner.empty()) throw FieldFault(IDC_txtOwner, "You must specify a user ID");
     if (options.networked) CheckSharing(options);
+    CheckQuiet(options);
     CheckDataPath(options);
     CheckSecondBackup(options);
+}
+
+void OptionsSaving::CheckQuiet(Options& options) {
+    const bool none = Trim(options.quietFrom).empty() && Trim(options.quietTo).empty();
+    for (const auto& [text, control] :
+         {std::pair{&options.quietFrom, IDC_txtQuietFrom}, std::pair{&options.quietTo, IDC_txtQuietTo}}) {
+        const std::optional<DateValue> time = TypedTime(*text) ? TypedTime(*text) : TimeInShort(*text);
+        if (!none && !time)
+            throw FieldFault(control, "Quiet hours need two times, such as 22:00 and 07:00, or none.");
+        *text = none ? std::string() : FormatDate(*time, "HH:NN", {});
+    }
 }
 
 void OptionsSaving::CheckId(const std::string& id) {
@@ -107,6 +124,9 @@ void OptionsSaving::Store(const Options& options) {
     settings.StoreSetting("SilentStart", options.silentStart);
     settings.StoreSetting("NoAutoBackups", options.noAutoBackups);
     settings.StoreSetting("SecondBackupFolder", options.secondBackup);
+    settings.StoreSetting("QuietFullScreen", options.quietScreen);
+    settings.StoreSetting("QuietFrom", options.quietFrom);
+    settings.StoreSetting("QuietTo", options.quietTo);
     settings.StoreSetting("SharedDataPath", options.sharedPath);
     StoreOwner(options);
     settings.StoreSetting("DateStyle", static_cast<std::int16_t>(options.europeanDates ? 1 : 2));

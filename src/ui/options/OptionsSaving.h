@@ -26,6 +26,7 @@ public:
 private:
     void CheckDataPath(Options& options);
     void CheckSecondBackup(Options& options);
+    static void CheckQuiet(Options& options);
     void CheckSharing(const Options& options);
     void StoreOwner(const Options& options);
     std::string CopiedDataPath(const Options& options);

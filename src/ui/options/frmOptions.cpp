@@ -51,6 +51,9 @@ void frmOptions::Form_Load() {
     chkNoAutoBackups.Checked(options.noAutoBackups);
     chkDisableAutoUpdate.Checked(options.disableAutoUpdate);
     txtSecondBackup.Text(options.secondBackup);
+    chkQuietScreen.Checked(options.quietScreen);
+    txtQuietFrom.Text(options.quietFrom);
+    txtQuietTo.Text(options.quietTo);
     // Kept on purpose: it has never had an effect, and looks like it.
     chkPruneBackups.Enabled(false);
     if (!options.networked) return;
@@ -157,6 +160,9 @@ Options frmOptions::Typed() const {
     options.disableAutoUpdate = chkDisableAutoUpdate.Checked();
     options.noAutoBackups = chkNoAutoBackups.Checked();
     options.secondBackup = TypedText(txtSecondBackup);
+    options.quietScreen = chkQuietScreen.Checked();
+    options.quietFrom = TypedText(txtQuietFrom);
+    options.quietTo = TypedText(txtQuietTo);
     return options;
 }
 

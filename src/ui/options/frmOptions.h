@@ -53,6 +53,9 @@ private:
     CheckBox chkNoAutoBackups{window(), IDC_chkNoAutoBackups};
     CheckBox chkPruneBackups{window(), IDC_chkPruneBackups};
     TextBox txtSecondBackup{window(), IDC_txtSecondBackup};
+    CheckBox chkQuietScreen{window(), IDC_chkQuietScreen};
+    TextBox txtQuietFrom{window(), IDC_txtQuietFrom};
+    TextBox txtQuietTo{window(), IDC_txtQuietTo};
     CheckBox optSingle{window(), IDC_optSingle};
     CheckBox optNetworked{window(), IDC_optNetworked};
     TextBox txtSharedDBPath{window(), IDC_txtSharedDBPath};

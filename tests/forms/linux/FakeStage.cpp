@@ -14,9 +14,9 @@ namespace {
 
 // What the real window knows from its template.
 bool IsCheckBox(int control) {
-    static constexpr int kCheckBoxes[] = {IDC_chkExpired,       IDC_chkNoSound, IDC_chkSilentStart,
-                                          IDC_chkTimed,         IDC_chkShared,  IDC_chkEmailTo,
-                                          IDC_chkSpecificShare, IDC_chkRunFile, IDC_chkMakeNoise};
+    static constexpr int kCheckBoxes[] = {
+        IDC_chkExpired, IDC_chkNoSound,       IDC_chkSilentStart, IDC_chkTimed,     IDC_chkShared,
+        IDC_chkEmailTo, IDC_chkSpecificShare, IDC_chkRunFile,     IDC_chkMakeNoise, IDC_chkQuietScreen};
     return (control >= IDC_chkDay && control < IDC_chkDay + 7) ||
            std::ranges::count(kCheckBoxes, control) > 0;
 }

@@ -83,8 +83,9 @@ class RealMachine : public SoakMachine {
 public:
     Platform Services() override {
         Platform real = machine_.Services();
-        return {clock_,      real.dialogs, real.files, real.locale, stage->Pump(),    real.printer,
-                real.random, real.shell,   real.sound, real.system, stage->Windows(), real.zip};
+        return {clock_,       real.dialogs,     real.files,  real.locale, stage->Pump(),
+                real.printer, real.random,      real.screen, real.shell,  real.sound,
+                real.system,  stage->Windows(), real.zip};
     }
     std::string Folder() const override { return folder_.Path().string(); }
     void PassAnHour() override { clock_.minutes += 60 - clock_.Now().SecondOfDay() / 60 % 60; }

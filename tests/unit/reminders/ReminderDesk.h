@@ -57,7 +57,9 @@ public:
     OpenWindows openWindows;
     SideFile side{machine.files, log};
     Outcomes outcomes{side};
-    ReminderWindows windows{{machine.Services(), settings, openWindows, errors, player, outcomes, folder}};
+    Quiet quiet{machine.Services(), settings, folder};
+    ReminderWindows windows{
+        {machine.Services(), settings, openWindows, errors, player, outcomes, folder, quiet}};
 
 private:
     int codes_ = 0;
