@@ -105,7 +105,7 @@ void Application::MoveSharedOn() {
     shared->ChangeEach([&](clsEvent& event) {
         if (event.Recurring() && event.DueDate() < today) event.CalcNextDueDate(today, log);
     });
-    if (outcomes.IsKnown()) Missed().NoteShared(platform.clock.Now());
+    if (outcomes.IsKnown()) Missed().NoteShared(platform.clock.Now(), reminderWindows.Ringing());
 }
 
 void Application::MakePlayer() { player.emplace(platform.sound, platform.files, log); }

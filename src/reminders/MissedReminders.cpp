@@ -48,24 +48,34 @@ private:
     DateValue noted_{kFirstDay};
 };
 
-// The event's unanswered days before `end`, as one entry.
-std::optional<Outcomes::Open> Passed(const Outcomes& outcomes, const SideKey& key, const clsEvent& event,
-                                     DateValue end, DateValue today) {
+// The event's unanswered days before `end`, as one entry; those on the screen, which are answered there, as
+// one each.
+std::vector<Outcomes::Open> Passed(const Outcomes& outcomes, const SideKey& key, const clsEvent& event,
+                                   DateValue end, DateValue today, const std::set<OccurrenceRef>& onScreen) {
     const Told told(outcomes, key);
-    std::optional<Outcomes::Open> open;
+    std::vector<Outcomes::Open> passed;
+    std::optional<Outcomes::Open> rest;
     const auto look = [&](DateValue day) {
         if (told.Has(event, day)) return;
-        if (!open) open = Outcomes::Open{{key, day, day}, day, 0, ""};
-        open->last.day = day;
-        ++open->count;
+        const OccurrenceRef occurrence{key, day, onScreen.empty() ? day : MomentOf(event, day)};
+        if (onScreen.contains(occurrence)) {
+            passed.push_back({occurrence, day, 1, ""});
+            return;
+        }
+        if (!rest) rest = Outcomes::Open{occurrence, day, 0, ""};
+        rest->last.day = day;
+        ++rest->count;
     };
     const DateValue last(end.Day() - 1);
     const DateValue first = std::max(event.DueDate(), DateValue(end.Day() - kLongestLook));
     for (const DateValue day : Occurrences(event, {first, last}, today))
         look(day);
-    if (!open && event.DueDate() < first && !event.Extras().Skips(event.DueDate())) look(event.DueDate());
-    if (open) open->last.moment = MomentOf(event, open->last.day);
-    return open;
+    if (!rest && event.DueDate() < first && !event.Extras().Skips(event.DueDate())) look(event.DueDate());
+    if (rest) {
+        rest->last.moment = MomentOf(event, rest->last.day);
+        passed.push_back(*rest);
+    }
+    return passed;
 }
 
 std::string WhoseFile(const std::string& user) { return WithExtension(SharedFolder::NameOf(user), ""); }
@@ -79,19 +89,21 @@ std::string ShortText(const clsEvent& event) { return Beginning(event.DescShown(
 
 }  // namespace
 
-void MissedReminders::NotePassed(Outcomes& outcomes, const clsEvent& event, DateValue today) {
+void MissedReminders::NotePassed(Outcomes& outcomes, const clsEvent& event, DateValue today,
+                                 const std::set<OccurrenceRef>& onScreen) {
     if (!IsTold(event)) return;
     const SideKey key = OwnOccurrence(event, event.DueDate()).key;
-    if (const auto open = Passed(outcomes, key, event, today, today)) outcomes.AddOpen(*open);
+    for (const Outcomes::Open& open : Passed(outcomes, key, event, today, today, onScreen))
+        outcomes.AddOpen(open);
 }
 
 void MissedReminders::BeginAnew(DateValue now) {
-    const DateValue yesterday(now.Day() - 1);
     visible_.ForEach(events_, EventSource::Local, [&](const VisibleEvent& seen) {
         const SideKey key = KeyOf(*events_, seen.event);
-        if (const auto passed = Passed(outcomes_, key, seen.event, now.DateOnly(), now.DateOnly())) {
-            outcomes_.AddOpen(*passed);
-            outcomes_.NoteAnswered(passed->last);
+        for (const Outcomes::Open& open :
+             Passed(outcomes_, key, seen.event, now.DateOnly(), now.DateOnly(), {})) {
+            outcomes_.AddOpen(open);
+            outcomes_.NoteAnswered(open.last);
         }
         NoteEntered(seen.event, now);
     });
@@ -104,7 +116,7 @@ void MissedReminders::NoteEntered(const clsEvent& event, DateValue now) {
         outcomes_.NoteAnswered({due.key, warning.day, warning.minute});
 }
 
-void MissedReminders::NoteShared(DateValue now) {
+void MissedReminders::NoteShared(DateValue now, const std::set<OccurrenceRef>& onScreen) {
     if (!shared_) return;
     std::map<std::string, std::vector<Outcomes::Awaited>> coming;
     std::map<SideKey, const clsEvent*> current;
@@ -127,61 +139,82 @@ void MissedReminders::NoteShared(DateValue now) {
         const clsEvent* event = found == current.end() ? nullptr : found->second;
         if (!coming.contains(key.file) || awaited.occurrence.moment > now) continue;
         if (event && event->DueDate() <= awaited.occurrence.day) continue;
-        std::optional<Outcomes::Open> open;
+        std::vector<Outcomes::Open> passed;
         if (event) {
             clsEvent before = *event;
             before.DueDate(awaited.occurrence.day);
-            open = Passed(outcomes_, key, before, std::min(event->DueDate(), now.PlusDays(1).DateOnly()),
-                          now.DateOnly());
+            passed = Passed(outcomes_, key, before, std::min(event->DueDate(), now.PlusDays(1).DateOnly()),
+                            now.DateOnly(), onScreen);
         } else if (!outcomes_.IsAnswered(awaited.occurrence) && !outcomes_.IsAsleep(awaited.occurrence)) {
-            open = Outcomes::Open{awaited.occurrence, awaited.occurrence.day, 1, ""};
+            passed.push_back({awaited.occurrence, awaited.occurrence.day, 1, ""});
         }
-        if (!open) continue;
-        open->text = awaited.text;
-        outcomes_.AddOpen(*open);
+        for (Outcomes::Open& open : passed) {
+            open.text = awaited.text;
+            outcomes_.AddOpen(open);
+        }
     }
     for (const auto& [file, awaited] : coming)
         outcomes_.SetAwaited(file, awaited);
 }
 
+// The list as it grows: an event that repeats stands in it once.
+class MissedReminders::Found {
+public:
+    explicit Found(const std::set<OccurrenceRef>& onScreen) : onScreen_(onScreen) {}
+
+    bool IsOnScreen(const OccurrenceRef& occurrence) const { return onScreen_.contains(occurrence); }
+    // To be called with the older occurrences of an event first.
+    MissedReminder& Add(const OccurrenceRef& occurrence, int count) {
+        const auto [place, isNew] = places_.emplace(occurrence.key, list_.size());
+        if (isNew) list_.emplace_back().count = 0;
+        MissedReminder& missed = list_[place->second];
+        missed.occurrences.push_back(occurrence);
+        missed.count += count;
+        missed.moment = occurrence.moment;
+        missed.whose = UserOf(occurrence.key.file);
+        return missed;
+    }
+    std::vector<MissedReminder> TheNewestFirst() && {
+        std::stable_sort(list_.begin(), list_.end(), [](const MissedReminder& a, const MissedReminder& b) {
+            return a.moment > b.moment;
+        });
+        return std::move(list_);
+    }
+
+private:
+    const std::set<OccurrenceRef>& onScreen_;
+    std::map<SideKey, std::size_t> places_;
+    std::vector<MissedReminder> list_;
+};
+
 std::vector<MissedReminder> MissedReminders::List(DateValue now,
                                                   const std::set<OccurrenceRef>& onScreen) const {
-    std::vector<MissedReminder> list;
-    if (!outcomes_.IsKnown()) return list;
-    AddOpen(list, onScreen);
-    AddDue(list, events_, EventSource::Local, now, onScreen);
-    AddDue(list, shared_, EventSource::Shared, now, onScreen);
-    std::stable_sort(list.begin(), list.end(),
-                     [](const MissedReminder& a, const MissedReminder& b) { return a.moment > b.moment; });
-    return list;
+    if (!outcomes_.IsKnown()) return {};
+    Found found(onScreen);
+    AddOpen(found);
+    AddDue(found, events_, EventSource::Local, now);
+    AddDue(found, shared_, EventSource::Shared, now);
+    return std::move(found).TheNewestFirst();
 }
 
-void MissedReminders::AddOpen(std::vector<MissedReminder>& list,
-                              const std::set<OccurrenceRef>& onScreen) const {
-    std::map<SideKey, std::size_t> places;
+void MissedReminders::AddOpen(Found& found) const {
     for (const Outcomes::Open& open : outcomes_.AllOpen()) {
-        if (open.count == 1 && onScreen.contains(open.last)) continue;
+        if ((open.count == 1 && found.IsOnScreen(open.last)) || outcomes_.IsAsleep(open.last)) continue;
         EventSource source = EventSource::Local;
         const clsEvent* event = EventOf(open.last, &source);
         // Own events that have gone were deleted by somebody who knew of them.
         if (!event && open.text.empty()) continue;
-        const auto [place, isNew] = places.emplace(open.last.key, list.size());
-        if (isNew) list.emplace_back();
-        MissedReminder& missed = list[place->second];
-        missed.occurrences.push_back(open.last);
-        missed.count = open.count + (isNew ? 0 : missed.count);
-        missed.moment = open.last.moment;
+        MissedReminder& missed = found.Add(open.last, open.count);
         missed.isTimed = !event || AlarmMinute(*event, open.last.day);
         missed.text = event ? std::string(event->DescShown()) : open.text;
         missed.source = source;
         if (event && event->ExecFile) missed.file = event->Filename;
         if (event && !event->MailSent) missed.mail = event->Email;
-        missed.whose = UserOf(open.last.key.file);
     }
 }
 
-void MissedReminders::AddDue(std::vector<MissedReminder>& list, const clsDbXml* database, EventSource source,
-                             DateValue now, const std::set<OccurrenceRef>& onScreen) const {
+void MissedReminders::AddDue(Found& found, const clsDbXml* database, EventSource source,
+                             DateValue now) const {
     visible_.ForEach(database, source, [&](const VisibleEvent& seen) {
         const clsEvent& event = seen.event;
         // What has passed has been noted by whoever moved it on.
@@ -189,16 +222,12 @@ void MissedReminders::AddDue(std::vector<MissedReminder>& list, const clsDbXml* 
         const auto minute = AlarmMinute(event, seen.due);
         if (!minute || *minute >= now.ToMinute()) return;
         const OccurrenceRef due{KeyOf(*database, event), seen.due, *minute};
-        if (onScreen.contains(due) || outcomes_.IsAnswered(due) || outcomes_.IsAsleep(due)) return;
-        list.push_back({{due},
-                        *minute,
-                        true,
-                        1,
-                        std::string(event.DescShown()),
-                        database->SourceOf(event),
-                        event.ExecFile ? event.Filename : "",
-                        "",
-                        source});
+        if (found.IsOnScreen(due) || outcomes_.IsAnswered(due) || outcomes_.IsAsleep(due)) return;
+        MissedReminder& missed = found.Add(due, 1);
+        missed.isTimed = true;
+        missed.text = event.DescShown();
+        missed.source = source;
+        if (event.ExecFile) missed.file = event.Filename;
     });
 }
 

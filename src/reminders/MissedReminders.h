@@ -39,10 +39,12 @@ public:
 
     // At the very first start of all, nothing of before counts. In memory.
     void BeginAnew(DateValue now);
-    // To be called before the event moves on from days before `today`, or expires. In memory.
-    static void NotePassed(Outcomes& outcomes, const clsEvent& event, DateValue today);
+    // To be called before the event moves on from days before `today`, or expires; with what is `onScreen`, to
+    // be answered there. In memory.
+    static void NotePassed(Outcomes& outcomes, const clsEvent& event, DateValue today,
+                           const std::set<OccurrenceRef>& onScreen);
     // To be called when other users' events have been read, or moved on in memory. In memory.
-    void NoteShared(DateValue now);
+    void NoteShared(DateValue now, const std::set<OccurrenceRef>& onScreen);
     // Whether anything of its own time was entered late: nobody has to be told of it. In memory.
     void NoteEntered(const clsEvent& event, DateValue now);
 
@@ -53,9 +55,9 @@ public:
     const clsEvent* EventOf(const OccurrenceRef& occurrence, EventSource* source = nullptr) const;
 
 private:
-    void AddOpen(std::vector<MissedReminder>& list, const std::set<OccurrenceRef>& onScreen) const;
-    void AddDue(std::vector<MissedReminder>& list, const clsDbXml* database, EventSource source,
-                DateValue now, const std::set<OccurrenceRef>& onScreen) const;
+    class Found;
+    void AddOpen(Found& found) const;
+    void AddDue(Found& found, const clsDbXml* database, EventSource source, DateValue now) const;
 
     VisibleEvents visible_;
     Outcomes& outcomes_;

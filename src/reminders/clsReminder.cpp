@@ -103,6 +103,7 @@ void clsReminder::Update(int passes) {
     // What another program has saved is not to be moved on as it was before.
     for (clsDbXml* database : {events_, expired_})
         if (database) trap([&] { database->CatchUp(); });
+    const std::set<OccurrenceRef> onScreen = windows_.Ringing();
     ExpiredShelf shelf(expired_);
     std::vector<std::size_t> retired;
     std::vector<ChangedEvent> moved;
@@ -115,7 +116,7 @@ void clsReminder::Update(int passes) {
         if (!expired && !IsLeftOut(event)) return;
         const std::string what =
             GeneralDateText(event.DueDate(), stores_.platform.locale.Data()) + " " + event.Desc();
-        if (expired) MissedReminders::NotePassed(windows_.Told(), event, today);
+        if (expired) MissedReminders::NotePassed(windows_.Told(), event, today, onScreen);
         const DateValue from = std::max(today, event.DueDate());
         if (event.Recurring() && !event.IsOver(from, today)) {
             lines.push_back("Event expired and updated: " + what);
@@ -305,6 +306,7 @@ void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValu
 void clsReminder::Ring(const std::vector<ReminderLine>& lines, const std::string& sound) {
     frmReminder& window = windows_.Open(ReminderKind::Alarm);
     window.AddToList(lines);
+    window.HasRung = true;
     window.PlaySound = true;
     window.SoundFile = sound;
     window.Heading("ALARM!");

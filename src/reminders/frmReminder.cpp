@@ -21,10 +21,11 @@ constexpr int kSleepDigits = 4;
 constexpr double kLongestSleep = 9999;  // minutes
 
 // What a person has closed is answered, but for what is still to come: the alarm of an event of today.
-void Answer(Outcomes& outcomes, const std::vector<ReminderLine>& lines, DateValue now) {
+void Answer(Outcomes& outcomes, const std::vector<ReminderLine>& lines, std::optional<DateValue> toldUntil) {
     std::vector<OccurrenceRef> answered;
     for (const ReminderLine& line : lines) {
-        if (line.occurrence && line.occurrence->moment <= now) answered.push_back(*line.occurrence);
+        if (line.occurrence && (!toldUntil || line.occurrence->moment <= *toldUntil))
+            answered.push_back(*line.occurrence);
     }
     outcomes.Answer(answered);
 }
@@ -164,7 +165,8 @@ void frmReminder::cmdContinue_Click() {
     services_.platform.pump.ProcessPending();
     const std::vector<ReminderLine> read = lines_.All();
     services_.openWindows.Unload(*this);
-    Answer(services_.outcomes, read, services_.platform.clock.Now());
+    const auto toldUntil = HasRung ? std::nullopt : std::optional(services_.platform.clock.Now());
+    Answer(services_.outcomes, read, toldUntil);
 }
 
 void frmReminder::PlayItsSound() {

@@ -41,6 +41,7 @@ public:
     bool Closed() const { return closed_; }
     void Form_Unload() override;
 
+    bool HasRung = false;  // what it shows: then its closing answers it whatever the clock says now
     bool PlaySound = false;
     std::string SoundFile;  // one that does not exist gives way to the default sound
 
