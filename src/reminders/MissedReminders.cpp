@@ -22,6 +22,17 @@ constexpr std::size_t kLongestText = 500;
 
 bool IsTold(const clsEvent& event) { return !event.ExecFile || event.AlarmSet(); }
 
+// The days from the due date on whose alarm should have rung before this minute: that of tomorrow may have
+// been today.
+template <class Use>
+void ForEachRung(const clsEvent& event, DateValue now, Use use) {
+    const DateValue tomorrow(now.Day() + 1);
+    if (!event.AlarmSet() || event.DueDate() > tomorrow) return;
+    for (const DateValue day : Occurrences(event, {event.DueDate(), tomorrow}, now.DateOnly()))
+        if (const auto minute = AlarmMinute(event, day); minute && *minute < now.ToMinute())
+            use(day, *minute);
+}
+
 // What is told of one event already, so that a walk over many of its days looks there once.
 class Told {
 public:
@@ -110,10 +121,12 @@ void MissedReminders::BeginAnew(DateValue now) {
 }
 
 void MissedReminders::NoteEntered(const clsEvent& event, DateValue now) {
-    const OccurrenceRef due = OwnOccurrence(event, event.DueDate());
-    if (event.AlarmSet() && due.moment < now.ToMinute()) outcomes_.NoteAnswered(due);
+    const SideKey key = OwnOccurrence(event, event.DueDate()).key;
+    ForEachRung(event, now, [&](DateValue day, DateValue minute) {
+        outcomes_.NoteAnswered({key, day, minute});
+    });
     for (const DayWarning& warning : WarningsAt(event, now.ToMinute().PlusMinutes(-1)))
-        outcomes_.NoteAnswered({due.key, warning.day, warning.minute});
+        outcomes_.NoteAnswered({key, warning.day, warning.minute});
 }
 
 void MissedReminders::NoteShared(DateValue now, const std::set<OccurrenceRef>& onScreen) {
@@ -219,15 +232,15 @@ void MissedReminders::AddDue(Found& found, const clsDbXml* database, EventSource
         const clsEvent& event = seen.event;
         // What has passed has been noted by whoever moved it on.
         if (!event.AlarmSet() || (source == EventSource::Local && seen.due < now.DateOnly())) return;
-        const auto minute = AlarmMinute(event, seen.due);
-        if (!minute || *minute >= now.ToMinute()) return;
-        const OccurrenceRef due{KeyOf(*database, event), seen.due, *minute};
-        if (found.IsOnScreen(due) || outcomes_.IsAnswered(due) || outcomes_.IsAsleep(due)) return;
-        MissedReminder& missed = found.Add(due, 1);
-        missed.isTimed = true;
-        missed.text = event.DescShown();
-        missed.source = source;
-        if (event.ExecFile) missed.file = event.Filename;
+        ForEachRung(event, now, [&](DateValue day, DateValue minute) {
+            const OccurrenceRef due{KeyOf(*database, event), day, minute};
+            if (found.IsOnScreen(due) || outcomes_.IsAnswered(due) || outcomes_.IsAsleep(due)) return;
+            MissedReminder& missed = found.Add(due, 1);
+            missed.isTimed = true;
+            missed.text = event.DescShown();
+            missed.source = source;
+            if (event.ExecFile) missed.file = event.Filename;
+        });
     });
 }
 

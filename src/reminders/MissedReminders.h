@@ -39,8 +39,8 @@ public:
 
     // At the very first start of all, nothing of before counts. In memory.
     void BeginAnew(DateValue now);
-    // To be called before the event moves on from days before `today`, or expires; with what is `onScreen`, to
-    // be answered there. In memory.
+    // To be called before the event moves on from days before `today`, or expires; with what is `onScreen`,
+    // to be answered there. In memory.
     static void NotePassed(Outcomes& outcomes, const clsEvent& event, DateValue today,
                            const std::set<OccurrenceRef>& onScreen);
     // To be called when other users' events have been read, or moved on in memory. In memory.

@@ -239,14 +239,16 @@ void Outcomes::SetAwaited(const std::string& file, const std::vector<Awaited>& a
 
 bool Outcomes::KnowsFile(const std::string& file) const { return !side_.Of(kKnown, {file, "", ""}).empty(); }
 
-// What lies in the future was told by a clock that was ahead; an alarm rings a day before its event at most.
+// What lies in the future was told by a clock that was ahead. Not what is so near that the clock may only
+// have been set back a little, for an hour of summer or a journey.
 bool Outcomes::IsSpent(const SideLine& line, DateValue now) {
+    const auto isAhead = [&](DateValue day) { return day.Day() > now.Day() + 2; };
     if (!line.day) return false;
-    if (line.verb == kOpen) return line.day->Day() > now.Day() + 1;
+    if (line.verb == kOpen) return isAhead(*line.day);
     const auto until = line.verb == kAnswered
                            ? SideMoment(std::string_view(line.argument).substr(0, kTimeLength))
                            : std::nullopt;
-    return until && *until > now;
+    return until && isAhead(*until);
 }
 
 bool Outcomes::IsOld(const SideLine& line, DateValue now) {

@@ -229,7 +229,8 @@ private:
         app_->Missed().NoteEntered(event, Now());
         app_->outcomes.Save();
         Entered one{event, event.DueDate(), {}, {}};
-        if (one.event.AlarmSet() && one.IsDue(one.from.Day(), Now())) one.done.insert(one.from.Day());
+        for (const int day : {one.from.Day(), one.from.Day() + 1})
+            if (one.event.AlarmSet() && one.FallsOn(day) && one.IsDue(day, Now())) one.done.insert(day);
         entered_.push_back(one);
     }
     void Delete() {
