@@ -69,17 +69,6 @@ TEST_F(EventCommandsTest, OwnershipCountsInANetworkOnly) {
     commands.Delete({Ref("no such code")}, "Nothing");
 }
 
-TEST_F(EventCommandsTest, AnEditedExpiredEventMovesBackUnlessItCannotBeSaved) {
-    machine.files.At("C:\\KAZ\\Events.xml").readOnly = true;
-    EditExpired("000003");
-    EXPECT_THAT(Saved("Expired.xml"), HasSubstr("000003"));
-
-    machine.files.At("C:\\KAZ\\Events.xml").readOnly = false;
-    EXPECT_TRUE(EditExpired("000003"));
-    EXPECT_THAT(Saved("Expired.xml"), Not(HasSubstr("000003")));
-    EXPECT_EQ(events().ReadEvent("000003")->Desc(), "Typed");
-}
-
 TEST_F(EventCommandsTest, AChangeOfSharingAloneMovesNoDateAndSendsNoMailAgain) {
     clsEvent late = Daily("000004", "Late", Today().PlusDays(-3));
     late.MailSent = true;
