@@ -35,14 +35,14 @@ std::size_t SizeOf(const std::vector<ChangedEvent>& changes) {
     return size;
 }
 
-std::string LeftText(const std::vector<clsEvent>& left) {
+}  // namespace
+
+std::string EventStep::LeftText(const std::vector<clsEvent>& left) {
     return left.empty() ? std::string()
                         : NameOf(left) + (left.size() == 1 ? " has" : " have") +
                               " been changed or deleted since then, and " +
                               (left.size() == 1 ? "stays as it is now." : "stay as they are now.");
 }
-
-}  // namespace
 
 void EventStep::Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes, Of of) {
     std::erase_if(changes, IsNone);

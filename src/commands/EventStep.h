@@ -21,6 +21,9 @@ public:
     static void Record(Application& app, std::string_view what, std::vector<ChangedEvent> changes,
                        Of of = Of::Each);
 
+    // Of events that a change did not find as it expected them, for the user; "" without any.
+    static std::string LeftText(const std::vector<clsEvent>& left);
+
     EventStep(Application& app, std::string what, std::string name, std::vector<ChangedEvent> changes);
 
     UndoOutcome Turn() override;

@@ -39,27 +39,12 @@ std::vector<std::string> FilesToKeep(const Application& app) {
             SideFile::PathFor(events)};
 }
 
-// From 1601 to the days of DateValue.
-double DaysOf(FileTime time) {
-    constexpr double kUnitsPerDay = 864e9;
-    constexpr double kDaysBefore = 109205;
-    return static_cast<double>(time) / kUnitsPerDay - kDaysBefore;
-}
-
-std::size_t EventsIn(std::string_view text) {
-    std::size_t count = 0;
-    for (auto at = text.find(EventXml::kBlockEnd); at != std::string_view::npos;
-         at = text.find(EventXml::kBlockEnd, at + EventXml::kBlockEnd.size()))
-        ++count;
-    return count;
-}
-
 // An archive with more than twice as many events as there are now stays under a name of its own: what is gone
 // may be gone by mistake, and a week later nothing else would have it.
 void KeepRicher(Application& app, const std::string& archive) {
     FileSystem& files = app.platform.files;
     if (!FileExists(files, archive)) return;
-    const std::size_t before = EventsIn(app.platform.zip.ZpRead(archive, std::string(kEventsFile)));
+    const std::size_t before = EventXml::CountIn(app.platform.zip.ZpRead(archive, std::string(kEventsFile)));
     const auto now = static_cast<std::size_t>(app.events->RecordCount());
     if (now * 2 >= before) return;
     const std::string beginning = WithExtension(FileNameOf(archive), "") + " (";
@@ -94,6 +79,13 @@ void CopyElsewhere(Application& app, const std::string& archive) {
 
 }  // namespace
 
+DateValue DateOf(FileTime time) {
+    // From 1601 to the days of DateValue.
+    constexpr double kUnitsPerDay = 864e9;
+    constexpr double kDaysBefore = 109205;
+    return DateValue::FromSerial(static_cast<double>(time) / kUnitsPerDay - kDaysBefore);
+}
+
 std::string AutoBackupFile(const Application& app, const std::string& word) {
     const std::string day = FormatDate(app.platform.clock.Today(), "DDD", app.platform.locale.Data());
     return JoinPath(JoinPath(app.runtimePath, kBackupFolder), SafeFileName(day + " " + word + ".zip"));
@@ -124,7 +116,7 @@ bool MakeAutoBackup(Application& app, const std::string& word) {
 
 std::optional<FileBackup> NewestBackup(const Application& app, const std::string& fileName) {
     const std::string wanted = FileNameOf(fileName);
-    const auto countIn = wanted == kTaskFile ? TaskFile::CountIn : EventsIn;
+    const auto countIn = wanted == kTaskFile ? TaskFile::CountIn : EventXml::CountIn;
     const FileSystem& files = app.platform.files;
     const std::string folder = JoinPath(app.runtimePath, kBackupFolder);
     std::vector<std::pair<FileTime, std::string>> archives;
@@ -134,7 +126,7 @@ std::optional<FileBackup> NewestBackup(const Application& app, const std::string
     std::sort(archives.rbegin(), archives.rend());
     for (const auto& [time, path] : archives)
         if (const std::size_t count = countIn(app.platform.zip.ZpRead(path, wanted)))
-            return FileBackup{path, DateValue::FromSerial(DaysOf(time)), count};
+            return FileBackup{path, DateOf(time), count};
     return std::nullopt;
 }
 

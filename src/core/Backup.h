@@ -15,6 +15,9 @@ std::string AutoBackupFile(const Application& app, const std::string& word);
 // in; the log tells how it went.
 bool MakeAutoBackup(Application& app, const std::string& word);
 
+// A file's time, in UTC.
+DateValue DateOf(FileTime time);
+
 // The newest of the archives whose copy of a file holds anything: events, or tasks.
 struct FileBackup {
     std::string archive;

@@ -43,18 +43,6 @@ std::string_view Part(std::string_view text, std::string_view heading) {
     return text.substr(0, text.find("\r\n=== "));
 }
 
-std::vector<clsEvent> EventsIn(std::string_view text, const Locale& locale, ErrorSink& errors) {
-    const EventXml xml(locale.Data(), errors);
-    std::vector<clsEvent> events;
-    for (auto end = text.find(EventXml::kBlockEnd); end != std::string_view::npos;
-         end = text.find(EventXml::kBlockEnd)) {
-        const std::string_view piece = text.substr(0, end);
-        if (EventXml::HoldsBlock(piece)) xml.ReadBySearch(piece, events.emplace_back());
-        text.remove_prefix(end + EventXml::kBlockEnd.size());
-    }
-    return events;
-}
-
 }  // namespace
 
 void RescuedEvents::Add(const RescuedEvents& more) {
@@ -91,7 +79,7 @@ Rescued RescueFile::Read(std::string_view text, const Locale& locale, ErrorSink&
     rescued.programFolder = Part(text, kProgramFolder);
     const auto read = [&](std::string_view stored, std::string_view removed, std::string_view unseen) {
         const auto part = [&](std::string_view heading) {
-            return EventsIn(Part(text, heading), locale, errors);
+            return EventXml(locale.Data(), errors).ReadAll(Part(text, heading));
         };
         return RescuedEvents{{part(stored), part(removed)}, part(unseen)};
     };

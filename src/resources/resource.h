@@ -18,6 +18,7 @@
 #define IDD_DAYEVENTS 112
 #define IDD_RUNFILE 114
 #define IDD_UNSAVED 115
+#define IDD_RESTORE 120
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -266,6 +267,16 @@
 #define IDC_cmdUnsavedCopy 1952
 #define IDC_cmdUnsavedLose 1953
 #define IDC_cmdUnsavedCancel 1954
+
+// frmRestore
+#define IDC_lblBackups 2101
+#define IDC_lstBackups 2102
+#define IDC_lblBackup 2103
+#define IDC_lblBackupEvents 2104
+#define IDC_lstBackupEvents 2105
+#define IDC_cmdRestore 2106
+#define IDC_cmdRestoreAll 2107
+#define IDC_cmdCloseRestore 2108
 
 // Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id;
 // that of a tab follows its strip's: + 1 for the first tab.

@@ -157,4 +157,22 @@ void EventXml::ReadBySearch(std::string_view piece, clsEvent& event) const {
     TransferXMLToObject(values, event, locale_, errors_);
 }
 
+std::size_t EventXml::CountIn(std::string_view text) {
+    std::size_t count = 0;
+    for (auto at = text.find(kBlockEnd); at != std::string_view::npos;
+         at = text.find(kBlockEnd, at + kBlockEnd.size()))
+        ++count;
+    return count;
+}
+
+std::vector<clsEvent> EventXml::ReadAll(std::string_view text) const {
+    std::vector<clsEvent> events;
+    for (auto end = text.find(kBlockEnd); end != std::string_view::npos; end = text.find(kBlockEnd)) {
+        const std::string_view piece = text.substr(0, end);
+        if (HoldsBlock(piece)) ReadBySearch(piece, events.emplace_back());
+        text.remove_prefix(end + kBlockEnd.size());
+    }
+    return events;
+}
+
 }  // namespace kaz

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kaz {
 
@@ -27,6 +28,11 @@ public:
     // The first tag of the format in a text, "" when there is none. A text with one would break the file as
     // the value of a field that is not encoded.
     static std::string FirstTag(std::string_view text);
+
+    // How many events the text of a file holds.
+    static std::size_t CountIn(std::string_view text);
+    // Reads them all, whatever their layout.
+    std::vector<clsEvent> ReadAll(std::string_view text) const;
 
     // Whether a piece of a file, up to its block end, holds a block.
     static bool HoldsBlock(std::string_view piece);

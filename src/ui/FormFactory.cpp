@@ -17,6 +17,7 @@ MainDialogs DialogsOf(Application& application) {
             [&application] { ShowOptions(application); },
             [&application] { ShowCategories(application); },
             [&application] { ShowAbout(application); },
+            [&application] { ShowRestore(application); },
             [&application](const std::string& text) { return AskAboutUnsaved(application, text); },
             [&application] { ShowTasks(application); },
             [&application](int month, int year) { ShowMonth(application, month, year); }};

@@ -6,6 +6,7 @@
 #include "ui/frmEditLayers.h"
 #include "ui/main/frmUnsaved.h"
 #include "ui/options/frmOptions.h"
+#include "ui/restore/frmRestore.h"
 
 namespace kaz {
 
@@ -34,6 +35,11 @@ bool ShowCategories(Application& application) {
 void ShowAbout(Application& application) {
     Ask(application, std::make_shared<frmAbout>(application.platform.windows.Create(IDD_ABOUT),
                                                 application.errors, application.platform));
+}
+
+void ShowRestore(Application& application) {
+    Ask(application,
+        std::make_shared<frmRestore>(application.platform.windows.Create(IDD_RESTORE), application));
 }
 
 UnsavedAnswer AskAboutUnsaved(Application& application, const std::string& text) {

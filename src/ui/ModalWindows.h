@@ -16,6 +16,8 @@ bool ShowOptions(Application& application);
 // The category editor; true when the names were saved.
 bool ShowCategories(Application& application);
 void ShowAbout(Application& application);
+// The backups, and what can be put back of them.
+void ShowRestore(Application& application);
 // What becomes of what is not saved, when the program is to end.
 UnsavedAnswer AskAboutUnsaved(Application& application, const std::string& text);
 

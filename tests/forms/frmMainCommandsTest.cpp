@@ -122,11 +122,11 @@ TEST_F(frmMainCommandsTest, DeletingAsksOnceAndRefusesOnce) {
     if (!fakes) return;  // what a real menu says, it does not tell
     Fake().Raise(IDC_ListEvents, Raised::RightClick);
     EXPECT_EQ("&Undo deletion of 2 events\tCtrl+Z", Fake().commands[IDM_UNDO]);
-    EXPECT_EQ("&Redo deletion of 52 events\tCtrl+Y", Fake().commands[IDM_REDO]);
+    EXPECT_EQ("Re&do deletion of 52 events\tCtrl+Y", Fake().commands[IDM_REDO]);
     Click(IDM_REDO);
     Click(IDM_OPTIONS);
     EXPECT_EQ("Ann's", Column());
-    EXPECT_EQ("(&Redo\tCtrl+Y)", Fake().commands[IDM_REDO]);
+    EXPECT_EQ("(Re&do\tCtrl+Y)", Fake().commands[IDM_REDO]);
 }
 
 TEST_F(frmMainCommandsTest, SharingGoesToAllSelectedEventsOfTheUser) {

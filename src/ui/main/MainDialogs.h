@@ -17,6 +17,7 @@ struct MainDialogs {
     std::function<void()> options;
     std::function<void()> categories;
     std::function<void()> about;
+    std::function<void()> restore;
     std::function<UnsavedAnswer(const std::string& text)> unsaved;
     // Beside the main window; one that is open already comes forward.
     std::function<void()> tasks;

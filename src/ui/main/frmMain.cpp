@@ -254,6 +254,7 @@ void frmMain::NameCommands() {
         {IDM_REMINDERSMENU, "Toolbar1_ButtonClick", &frmMain::cmdReminders_Click},
         {IDM_OPTIONS, "Toolbar1_ButtonClick", &frmMain::cmdOptions_Click},
         {IDM_REFRESH, "Toolbar1_ButtonClick", &frmMain::cmdRefresh_Click},
+        {IDM_RESTORE, "Restore_Click", &frmMain::mnuRestore_Click},
         {IDM_CHANGES, "Changes_Click", &frmMain::mnuChanges_Click},
         {IDM_UNDO, "Undo_Click", &frmMain::mnuUndo_Click},
         {IDM_REDO, "Redo_Click", &frmMain::mnuRedo_Click},
@@ -362,7 +363,7 @@ void frmMain::NameSteps() {
         const char* caption;
         const char* key;
     } commands[] = {{IDM_UNDO, UndoHistory::Way::Back, "&Undo", "\tCtrl+Z"},
-                    {IDM_REDO, UndoHistory::Way::Again, "&Redo", "\tCtrl+Y"}};
+                    {IDM_REDO, UndoHistory::Way::Again, "Re&do", "\tCtrl+Y"}};
     for (const auto& command : commands) {
         const UndoStep* step = app_.undo.Next(command.way);
         const std::string what = step ? " " + ReplaceAll(OneLine(step->Name()), "&", "&&") : "";
@@ -413,6 +414,14 @@ void frmMain::cmdLog_Click() {
     else
         app_.platform.dialogs.Message("There is no log \"" + fileName + "\".\r\nThis session's log is \"" +
                                       app_.log.CurrentLogFilename() + "\".");
+}
+
+void frmMain::mnuRestore_Click() {
+    {
+        const ReminderClock::Pause pause(clock_);
+        dialogs_.restore();
+    }
+    if (!unloaded_) Refill(std::nullopt);
 }
 
 void frmMain::mnuChanges_Click() {

@@ -68,6 +68,7 @@ private:
     void cmdLog_Click();
     void cmdHelp_Click();
     void mnuShareWith_Click();
+    void mnuRestore_Click();
     void mnuChanges_Click();
     void mnuUndo_Click() { TakeStep(UndoHistory::Way::Back); }
     void mnuRedo_Click() { TakeStep(UndoHistory::Way::Again); }

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "core/Application.h"
+#include "core/BackupContents.h"
+#include "forms/Controls.h"
+#include "forms/ModalForm.h"
+#include "forms/ReportList.h"
+#include "resources/resource.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kaz {
+
+// Rows of texts, with a colour for the first cell of those that stand out.
+class TextRows : public ReportRows {
+public:
+    struct Row {
+        std::vector<std::string> cells;
+        bool standsOut = false;
+    };
+    std::vector<Row> rows;
+
+    int RowCount() const noexcept override { return static_cast<int>(rows.size()); }
+    std::string_view CellText(int row, int column) const noexcept override {
+        return rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)];
+    }
+    Colour CellColour(int row, int column) const noexcept override {
+        const bool red = column == 0 && rows[static_cast<std::size_t>(row)].standsOut;
+        return red ? Colour::Rgb(255, 0, 0) : Colour{};
+    }
+};
+
+// The backups, and what is in the selected one: first the events that are not here any more. Some of them, or
+// all, can be put back.
+class frmRestore : public ModalForm {
+public:
+    // The application outlives the form.
+    frmRestore(std::unique_ptr<kaz::Window> window, Application& application);
+
+private:
+    void Form_Load();
+    void lstBackups_Select();
+    void cmdRestore_Click();
+    void cmdRestoreAll_Click() { Restore(events_); }
+    void cmdClose_Click() { Leave(); }
+
+    void ShowBackup(std::size_t which);
+    void Restore(std::vector<BackedUpEvent> events);
+    bool AskToReplace(const std::vector<BackedUpEvent>& events) const;
+
+    Application& app_;
+    std::vector<BackupSource> backups_;
+    std::vector<BackedUpEvent> events_;  // of the backup that is shown
+    int shown_ = -1;
+    TextRows backupRows_;
+    TextRows eventRows_;
+    Label lblBackup{window(), IDC_lblBackup};
+    Button cmdRestore{window(), IDC_cmdRestore};
+    Button cmdRestoreAll{window(), IDC_cmdRestoreAll};
+};
+
+}  // namespace kaz
