@@ -4,6 +4,7 @@
 #include "fakes/Matchers.h"
 #include "fakes/RecordingErrors.h"
 #include "fakes/Sample.h"
+#include "story/Story.h"
 #include "ui/FormFactory.h"
 
 #include <algorithm>
@@ -65,7 +66,6 @@ public:
         for (int i = 0; i < steps && !testing::Test::HasFailure(); ++i)
             Step();
     }
-    const std::string& Story() const { return story_; }
 
 private:
     int Random(int from, int to) { return std::uniform_int_distribution(from, to)(random_); }
@@ -305,4 +305,56 @@ TEST(Occurrence, IsShownOrAnsweredOrSkippedOrMissedWhateverBecomesOfTheProgram) 
         SCOPED_TRACE("story " + std::to_string(seed));
         Lives(seed).Live(25);
     }
+}
+
+TEST(Occurrence, AClockThatWasAYearAheadLeavesNothingMissedAndForgetsNoAnswer) {
+    Story story;
+    story.Events({WithAlarm(Daily("000001", "Pills", DateValue(45000)), 9, 5),
+                  OneOff("000002", "Dentist", DateValue(45002))});
+    story.Start().ShowMain();
+    story.Advance(400);
+    for (const char* heading : {"ALARM!", "TODAY!"})
+        story.Reminder(heading)->Click(IDC_cmdContinue);
+    const std::string answered = story.Saved("Events.side");
+    EXPECT_THAT(answered, AllOf(HasSubstr("2023-03-15 09:05"), Not(HasSubstr("open"))));
+    for (const int days : {400, -400}) {
+        story.Jump(days);
+        story.Main()->Raise(0, Raised::ClockChanged);
+        story.Advance(70);
+        EXPECT_EQ(days > 0, story.Saved("Events.side").find("open") != std::string::npos);
+    }
+    EXPECT_EQ(answered, story.Saved("Events.side"));
+}
+
+// His program moves it on, whether it has rung here or not, and takes away what is over.
+TEST(Occurrence, OfAnotherUserIsMissedWhereverHisProgramHasPutTheEvent) {
+    Story story;
+    const auto concert = [](int inDays) {
+        return WithAlarm(SharedBy("Bob", Daily("000009", "Concert", DateValue(45000 + inDays), 7)), 18, 0);
+    };
+    const auto publish = [&](const std::vector<clsEvent>& events) {
+        story.machine.files.Put("C:\\Share\\Shared_Bob.xml", FileOf(events));
+    };
+    const auto missed = [&] {
+        story.Advance(70);
+        const std::string side = story.Saved("Events.side");
+        return Split(side, "open\tShared_Bob\t000009").size() - 1;
+    };
+    story.ShareWithBob({concert(-7)});
+    story.Start().ShowMain();
+    EXPECT_EQ(0U, missed()) << "before Bob was known";
+    publish({concert(0)});
+    EXPECT_EQ(0U, missed());
+    story.component->ShutDown();
+    story.Jump(2);
+    publish({concert(7)});
+    story.Start().ShowMain();
+    EXPECT_EQ(1U, missed());
+    publish({});
+    EXPECT_EQ(1U, missed()) << "one that is to come and was taken away is not";
+    publish({concert(7)});
+    EXPECT_EQ(1U, missed());
+    story.machine.clock.AdvanceDays(12);
+    publish({});
+    EXPECT_EQ(2U, missed());
 }
