@@ -161,6 +161,7 @@ void ClockGuard::PutBack(bool forGood) {
     const JournalScope scope(app_, "putting back after a wrong date");
     MovedEvents moved(*app_.events, *app_.expired, lastGood_->DateOnly(), app_.log);
     const int count = moved.PutBack(*events, *expired, doubt_->since.DateOnly());
+    app_.outcomes.PutBackTo(*lastGood_);
     if (count > 0) {
         // First the file that receives the events: a crash in between leaves them in both, never in none.
         if (app_.events->SaveDB()) app_.expired->SaveDB();

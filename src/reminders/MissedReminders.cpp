@@ -204,16 +204,14 @@ std::vector<MissedReminder> MissedReminders::List(DateValue now,
                                                   const std::set<OccurrenceRef>& onScreen) const {
     if (!outcomes_.IsKnown()) return {};
     Found found(onScreen);
-    AddOpen(found, now);
+    AddOpen(found);
     AddDue(found, events_, EventSource::Local, now);
     AddDue(found, shared_, EventSource::Shared, now);
     return std::move(found).TheNewestFirst();
 }
 
-void MissedReminders::AddOpen(Found& found, DateValue now) const {
+void MissedReminders::AddOpen(Found& found) const {
     for (const Outcomes::Open& open : outcomes_.AllOpen()) {
-        // It passed while the clock was ahead, and is still to come.
-        if (open.last.moment > now) continue;
         if ((open.count == 1 && found.IsOnScreen(open.last)) || outcomes_.IsAsleep(open.last)) continue;
         EventSource source = EventSource::Local;
         const clsEvent* event = EventOf(open.last, &source);

@@ -56,7 +56,7 @@ public:
 
 private:
     class Found;
-    void AddOpen(Found& found, DateValue now) const;
+    void AddOpen(Found& found) const;
     void AddDue(Found& found, const clsDbXml* database, EventSource source, DateValue now) const;
 
     VisibleEvents visible_;

@@ -239,6 +239,19 @@ void Outcomes::SetAwaited(const std::string& file, const std::vector<Awaited>& a
 
 bool Outcomes::KnowsFile(const std::string& file) const { return !side_.Of(kKnown, {file, "", ""}).empty(); }
 
+void Outcomes::PutBackTo(DateValue moment) {
+    std::vector<SideLine> leave;
+    ForEach(side_, kOpen, [&](const SideLine& line) {
+        if (const auto open = OpenIn(line); open && open->last.moment > moment) leave.push_back(line);
+    });
+    ForEach(side_, kAnswered, [&](const SideLine& line) {
+        const auto until = SideMoment(std::string_view(line.argument).substr(0, kTimeLength));
+        if (until && *until > moment) leave.push_back(line);
+    });
+    for (const SideLine& line : leave)
+        side_.Remove(line);
+}
+
 // What lies in the future was told by a clock that was ahead. Not what is so near that the clock may only
 // have been set back a little, for an hour of summer or a journey.
 bool Outcomes::IsSpent(const SideLine& line, DateValue now) {

@@ -98,6 +98,9 @@ public:
     // Whether that file has ever been looked at.
     bool KnowsFile(const std::string& file) const;
 
+    // The events were put back to where they stood at that moment: drops what passed and was answered behind
+    // it. In memory.
+    void PutBackTo(DateValue moment);
     // Drops what nobody needs any more, and what a clock that was ahead has left. Only by a clock that is
     // right. `needs` tells whether an entry of two weeks ago is needed still.
     template <class Needs>
