@@ -3,18 +3,15 @@
 #include "commands/TaskStep.h"
 #include "core/DataWatch.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/Matchers.h"
 #include "fakes/Sample.h"
 #include "storage/EventDigest.h"
-
-#include <gmock/gmock.h>
 
 #include <functional>
 #include <set>
 
 using namespace kaz;
-using testing::HasSubstr;
 using testing::IsSupersetOf;
-using testing::SizeIs;
 
 namespace {
 
