@@ -7,6 +7,7 @@
 #include "core/EventFiles.h"
 #include "platform/Files.h"
 #include "platform/SystemInfo.h"
+#include "reminders/AlarmFiles.h"
 #include "storage/ChangesBetween.h"
 #include "storage/Owner.h"
 #include "storage/SharedCopy.h"
@@ -39,6 +40,8 @@ Application::Application(const Platform& services)
     log.ApplicationFolder(runtimePath);
     errors.ShowThrough(
         [this](const std::string& text, const std::string& extra) { errorReports.Show(text, extra); });
+    reminderWindows.requests.eventOf = [this](const OccurrenceRef& of) { return Missed().EventOf(of); };
+    reminderWindows.requests.runFile = [this](const OccurrenceRef& of) { RunFileOf(of); };
 }
 
 Application::~Application() { errors.ShowThrough({}); }
@@ -126,6 +129,14 @@ clsReminder Application::MakeReminder() {
 MissedReminders Application::Missed() {
     return MissedReminders(VisibleEvents(settings), outcomes, events.get(), expired.get(),
                            Networked() ? shared.get() : nullptr);
+}
+
+void Application::RunFileOf(const OccurrenceRef& occurrence) {
+    EventSource source = EventSource::Local;
+    const clsEvent* event = Missed().EventOf(occurrence, &source);
+    if (!event || !event->ExecFile) return;
+    AlarmFiles files(Storage(), reminderWindows, [this] { settings.SaveSettings(settingsFileName); });
+    files.Run(*event, source == EventSource::Shared ? shared->SourceOf(*event) : "");
 }
 
 void Application::BeginOutcomes() {

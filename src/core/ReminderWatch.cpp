@@ -69,7 +69,7 @@ void ReminderWatch::TellMissed() {
         {kMissed,
          Health::Weight::Warning,
          Counted(count, "missed reminder") + (count == 1 ? " waits" : " wait") + " for your answer.",
-         {},
+         {{"Show them", [this] { app_.reminderWindows.OpenMissed(); }}},
          Health::Sign::Missed});
 }
 

@@ -21,6 +21,7 @@ struct MissedReminder {
     std::string file;                         // that was not run
     std::string mail;                         // the addresses that had no mail
     EventSource source = EventSource::Local;  // where the event is now
+    friend bool operator==(const MissedReminder&, const MissedReminder&) = default;
 };
 
 // Finds what fell due without an answer: before the engine moves an event on, what it moves it on from; and

@@ -189,9 +189,12 @@ bool Outcomes::IsAsleep(const OccurrenceRef& occurrence) const {
     });
 }
 
-void Outcomes::Sleep(const std::vector<OccurrenceRef>& occurrences, DateValue until) {
+void Outcomes::Sleep(const std::vector<OccurrenceRef>& occurrences, DateValue until,
+                     const std::vector<OccurrenceRef>& ended) {
     if (occurrences.empty()) return;
     side_.Refresh();
+    for (const OccurrenceRef& occurrence : ended)
+        NoteAnswered(occurrence);
     for (const OccurrenceRef& occurrence : occurrences) {
         RemoveAsleep(occurrence);
         side_.Add(Line(kSleep, occurrence, SideTime(until) + " " + SideTime(occurrence.moment)));

@@ -80,8 +80,9 @@ public:
     std::vector<Asleep> AllAsleep() const;
     std::vector<Asleep> AsleepOf(const SideKey& key) const;
     bool IsAsleep(const OccurrenceRef& occurrence) const;
-    // Lets it come again at that time, and at no other. Saves.
-    void Sleep(const std::vector<OccurrenceRef>& occurrences, DateValue until);
+    // Lets them come again at that time, and at no other; what is `ended` with them is answered. Saves.
+    void Sleep(const std::vector<OccurrenceRef>& occurrences, DateValue until,
+               const std::vector<OccurrenceRef>& ended = {});
     // The event has another day or time now: what is asleep or open of it is over. In memory.
     void Moved(const SideKey& key);
     // The event does not happen on that day: what is asleep or open of it alone is over. In memory.

@@ -54,6 +54,8 @@ bool ReminderWindows::ShowNow() {
 void ReminderWindows::QuietEnded() {
     for (const auto& window : forms_)
         if (const auto form = window.lock(); form && !form->Closed()) form->QuietEnded();
+    if (std::exchange(missedWaits_, false) && !missed_.empty())
+        MissedWindow().Appear(Activation::KeepFocus);
     AskNext();
 }
 
@@ -73,7 +75,45 @@ std::set<OccurrenceRef> ReminderWindows::Ringing() const {
     return ringing;
 }
 
-void ReminderWindows::ShowMissed(std::vector<MissedReminder> missed) { missed_ = std::move(missed); }
+std::shared_ptr<frmMissed> ReminderWindows::FindMissed() const {
+    auto form = missedForm_.lock();
+    return form && !form->Closed() ? form : nullptr;
+}
+
+frmMissed& ReminderWindows::MissedWindow() {
+    if (const auto open = FindMissed()) return *open;
+    const auto form =
+        std::make_shared<frmMissed>(services_.platform.windows.Create(IDD_MISSED), services_, requests);
+    services_.openWindows.Add(form);
+    missedForm_ = form;
+    form->Fill(missed_);
+    return *form;
+}
+
+bool ReminderWindows::ShowMissed(std::vector<MissedReminder> missed) {
+    if (missed == missed_) return false;
+    missed_ = std::move(missed);
+    std::set<OccurrenceRef> now;
+    for (const MissedReminder& one : missed_)
+        now.insert(one.occurrences.back());
+    const bool isNew = !std::ranges::includes(missedShown_, now);
+    missedShown_ = std::move(now);
+    if (const auto open = FindMissed()) {
+        open->Fill(missed_);
+        if (missed_.empty()) services_.openWindows.Unload(*open);
+    }
+    if (!isNew) return true;
+    ++timesShown_;
+    missedWaits_ = services_.quiet.IsOn();
+    if (!missedWaits_) MissedWindow().Appear(Activation::KeepFocus);
+    return true;
+}
+
+bool ReminderWindows::OpenMissed() {
+    if (missed_.empty()) return false;
+    MissedWindow().Appear(Activation::TakeFocus);
+    return true;
+}
 
 std::shared_ptr<frmRunFile> ReminderWindows::OpenQuestion() const {
     auto form = question_.lock();

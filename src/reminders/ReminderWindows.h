@@ -2,7 +2,9 @@
 
 #include "base/DateValue.h"
 #include "reminders/MissedReminders.h"
+#include "reminders/ReminderRequests.h"
 #include "reminders/ReminderServices.h"
+#include "reminders/frmMissed.h"
 #include "reminders/frmReminder.h"
 #include "reminders/frmRunFile.h"
 
@@ -31,7 +33,7 @@ struct AlarmRinging {
     friend auto operator<=>(const AlarmRinging&, const AlarmRinging&) = default;
 };
 
-// The three reminder windows of the application and what they have told already. They outlast the engines
+// The reminder windows of the application and what they have told already. They outlast the engines
 // that fill them, so that a later pass refills or closes a window instead of opening a second one.
 class ReminderWindows {
 public:
@@ -65,9 +67,14 @@ public:
     Outcomes& Told() const { return services_.outcomes; }
 
     // What fell due and was not answered. The window that is open, or opened by something new among it, shows
-    // it.
-    void ShowMissed(std::vector<MissedReminder> missed);
+    // it. True when it is not what it was.
+    bool ShowMissed(std::vector<MissedReminder> missed);
+    // Shows it to a user who asks for it. False when nothing is missed.
+    bool OpenMissed();
     const std::vector<MissedReminder>& Missed() const { return missed_; }
+
+    // Set by those who can do it.
+    ReminderRequests requests;
 
     // How often something has been shown or run since the start.
     int TimesShown() const { return timesShown_; }
@@ -80,6 +87,8 @@ private:
     std::shared_ptr<frmRunFile> OpenQuestion() const;
     void AskNext();
     std::shared_ptr<frmReminder> Find(ReminderKind kind) const;
+    std::shared_ptr<frmMissed> FindMissed() const;
+    frmMissed& MissedWindow();
 
     ReminderServices services_;
     std::array<std::weak_ptr<frmReminder>, 3> forms_;
@@ -91,6 +100,9 @@ private:
     std::array<std::optional<Showing>, 3> shown_;
     std::set<AlarmRinging> rung_;
     std::vector<MissedReminder> missed_;
+    std::set<OccurrenceRef> missedShown_;
+    std::weak_ptr<frmMissed> missedForm_;
+    bool missedWaits_ = false;  // for the end of the quiet
     int timesShown_ = 0;
     std::deque<FileQuestion> waiting_;
     std::weak_ptr<frmRunFile> question_;

@@ -20,12 +20,23 @@ constexpr int kSleepTick = 1000;
 constexpr int kSleepDigits = 4;
 constexpr double kLongestSleep = 9999;  // minutes
 
-// What a person has closed is answered, but for what is still to come: the alarm of an event of today.
-void Answer(Outcomes& outcomes, const std::vector<ReminderLine>& lines, std::optional<DateValue> toldUntil) {
+bool IsToComeAgain(const Outcomes& outcomes, const OccurrenceRef& occurrence, DateValue now) {
+    const std::vector<Outcomes::Asleep> asleep = outcomes.AsleepOf(occurrence.key);
+    return std::any_of(asleep.begin(), asleep.end(), [&](const Outcomes::Asleep& one) {
+        return one.occurrence.day == occurrence.day && one.until > now;
+    });
+}
+
+// What a person has closed is answered, but for what is still to come: the alarm of an event of today, and
+// what he has put off in another window.
+void Answer(Outcomes& outcomes, const std::vector<ReminderLine>& lines, std::optional<DateValue> toldUntil,
+            DateValue now) {
     std::vector<OccurrenceRef> answered;
     for (const ReminderLine& line : lines) {
-        if (line.occurrence && (!toldUntil || line.occurrence->moment <= *toldUntil))
-            answered.push_back(*line.occurrence);
+        const auto& occurrence = line.occurrence;
+        if (occurrence && (!toldUntil || occurrence->moment <= *toldUntil) &&
+            !IsToComeAgain(outcomes, *occurrence, now))
+            answered.push_back(*occurrence);
     }
     outcomes.Answer(answered);
 }
@@ -165,8 +176,8 @@ void frmReminder::cmdContinue_Click() {
     services_.platform.pump.ProcessPending();
     const std::vector<ReminderLine> read = lines_.All();
     services_.openWindows.Unload(*this);
-    const auto toldUntil = HasRung ? std::nullopt : std::optional(services_.platform.clock.Now());
-    Answer(services_.outcomes, read, toldUntil);
+    const DateValue now = services_.platform.clock.Now();
+    Answer(services_.outcomes, read, HasRung ? std::nullopt : std::optional(now), now);
 }
 
 void frmReminder::PlayItsSound() {

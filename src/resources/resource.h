@@ -18,6 +18,7 @@
 #define IDD_DAYEVENTS 112
 #define IDD_RUNFILE 114
 #define IDD_UNSAVED 115
+#define IDD_MISSED 116
 #define IDD_RESTORE 120
 
 // frmReminder
@@ -36,6 +37,18 @@
 #define IDC_cmdYes 1054
 #define IDC_cmdNo 1055
 #define IDC_lblRunFile 1056
+
+// frmMissed
+#define IDC_lblMissed 1061
+#define IDC_lstMissed 1062
+#define IDC_cmdMissedDone 1063
+#define IDC_cmdMissedToday 1064
+#define IDC_cmdMissedAgain 1065
+#define IDC_cmdMissedEdit 1066
+#define IDC_cmdMissedRun 1067
+#define IDC_cmdMissedMail 1068
+#define IDC_cmdMissedAll 1069
+#define IDC_cmdMissedLater 1070
 
 // frmMain
 #define IDC_ListEvents 1101
@@ -86,12 +99,22 @@
 #define IDM_REMINDERSMENU 2040
 #define IDM_SHOWAGAIN 2041
 #define IDM_QUIET 2042
+#define IDM_SHOWMISSED 2045
+
+#define IDM_AGAIN_5 2050
+#define IDM_AGAIN_10 2051
+#define IDM_AGAIN_30 2052
+#define IDM_AGAIN_60 2053
+#define IDM_AGAIN_START 2054
+#define IDM_AGAIN_TOMORROW 2055
+#define IDM_AGAIN_AT 2056
 
 #define IDR_MENU_LIST 201
 #define IDR_MENU_TRAY 202
 #define IDR_MENU_SETTINGS 203
 #define IDR_MENU_HELP 204
 #define IDR_MENU_REMINDERS 205
+#define IDR_MENU_AGAIN 206
 #define IDI_KAZ 301
 #define IDI_KAZWARNING 302
 #define IDI_KAZUNSAVED 303

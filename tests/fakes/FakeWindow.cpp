@@ -78,6 +78,11 @@ void FakeWindow::SetItems(int control, const std::vector<std::string>& items) {
     at.selection.clear();
 }
 
+std::vector<std::string> FakeWindow::Items(int control) const {
+    const auto report = reports_.find(control);
+    return report == reports_.end() ? At(control).items : report->second.Column(0);
+}
+
 int FakeWindow::Selected(int control) const {
     const ControlState& at = At(control);
     return at.selection.empty() ? -1 : at.selection.front();

@@ -89,7 +89,7 @@ public:
     void LimitText(int control, int characters) override { controls_[control].limit = characters; }
 
     void SetItems(int control, const std::vector<std::string>& items) override;
-    std::vector<std::string> Items(int control) const override { return At(control).items; }
+    std::vector<std::string> Items(int control) const override;
     int Selected(int control) const override;
     void Select(int control, int position) override;
     std::vector<int> Selection(int control) const override { return At(control).selection; }

@@ -93,8 +93,8 @@ TEST_F(HealthBarTest, TheTraysIconSaysAtAGlanceWhetherRemindersWork) {
         const char* bar;
     } cases[] = {
         {{}, 1, IDI_KAZ, ""},
-        {misses(3), 1, IDI_KAZMISSED, "3 missed reminders wait for your answer."},
-        {misses(1), 1, IDI_KAZMISSED, "1 missed reminder waits for your answer."},
+        {misses(3), 1, IDI_KAZMISSED, "3 missed reminders wait for your answer. [&Show them]"},
+        {misses(1), 1, IDI_KAZMISSED, "1 missed reminder waits for your answer. [&Show them]"},
         {misses(0), 1, IDI_KAZ, ""},
         {[&] { app.settings.StoreSetting("NoSounds", true); }, 1, IDI_KAZSILENT,
          "Reminders come without a sound: sounds are off in the settings. [&Sounds on] [&OK]"},

@@ -30,15 +30,16 @@ const Tale kTales[] = {
     {"and at midnight, with an alarm in the first minute",
      {Single("A"), Single("B"), Single("C"), WithAlarm(Pills(), 0, 0)},
      {{"15 23:59:30", "TODAY! Pills C B A", {}},
-      {"16 00:00:01", "TODAY! Pills, ALARM! Pills", {}},
-      {"16 00:00:03", "TODAY! Pills, (ALARM! Pills)", {}}}},
+      {"16 00:00:01", "TODAY! Pills, ALARM! Pills, MISSED Wed A | Wed B | Wed C", {}},
+      {"16 00:00:03", "TODAY! Pills, (ALARM! Pills), (MISSED Wed A | Wed B | Wed C)", {}}}},
     {"A daily reminder that slept and was left open",
      {Pills()},
      {{"15 09:00:05", "TODAY! Pills", LetsSleep("TODAY!", "10")},
       {"15 09:10:00", "", {}},
       {"15 09:10:06", "TODAY! Pills", {}},
       {"15 10:00:00", "(TODAY! Pills)", {}},
-      {"16 00:00:03", "TODAY! Pills", LetsSleep("TODAY!", "60")},
+      {"16 00:00:03", "TODAY! Pills, MISSED Wed Pills",
+       Both(LetsSleep("TODAY!", "60"), Presses("MISSED", kItsCloseBox))},
       {"16 00:10:00", "", ComputerSleepsUntil("16 00:20:00")},  // the same day: it sleeps on
       {"16 00:59:00", "", {}},
       {"16 01:00:05", "TODAY! Pills", Closes("TODAY!")},
@@ -62,7 +63,7 @@ const Tale kTales[] = {
     {"A single event that expires while it is edited",
      {Single("Tea")},
      {{"15 23:58:10", "TODAY! Tea", Opens(IDM_EDIT)},
-      {"16 00:00:03", "", Saves("Late tea")},
+      {"16 00:00:03", "MISSED Wed Tea", Saves("Late tea")},
       {"16 00:10:00", "", {}}}},
     {"Asleep for a month to the day, and a clock that is set",
      {Single("Tea", DateValue::FromCivil(2023, 4, 5)), Single("Exam", DateValue::FromCivil(2023, 5, 5))},
@@ -96,8 +97,8 @@ const Tale kTales[] = {
       {"16 00:00:03", "TODAY! Class Pills Train", Closes("TODAY!")},
       {"16 23:49:59", "", {}},
       {"16 23:50:01", "ALARM! Pills", Both(Closes("ALARM!"), ComputerSleepsUntil("22 23:49:17"))},
-      {"22 23:49:20", "TODAY! Pills, ALARM! Pills", Both(Closes("ALARM!"), Closes("TODAY!"))},
-      {"22 23:50:01", "ALARM! Class Pills", {}}}},
+      {"22 23:49:20", "TODAY! Pills, ALARM! Pills, MISSED Mon 23:50 Pills 4 times", Both(Closes("ALARM!"), Closes("TODAY!"))},
+      {"22 23:50:01", "ALARM! Class Pills, (MISSED Mon 23:50 Pills 4 times)", {}}}},
     {"at exactly midnight, which is the day of the event",
      {WithAlarm(Single("Train", kTomorrow), 0, 20, 20), WithAlarm(Single("Bus", kTomorrow), 0, 0),
       WithAlarm(Single("Night", kTomorrow), 0, 0, 1)},
@@ -123,7 +124,7 @@ const Tale kTales[] = {
     {"A daily alarm, and a computer that sleeps over the weekend",
      {WithAlarm(Pills(kToday.PlusDays(2)), 18, 0)},
      {{"17 09:00:20", "TODAY! Pills", ComputerSleepsUntil("20 08:00:00")},
-      {"20 08:00:03", "TODAY! Pills, ALARM! Pills", {}}}},
+      {"20 08:00:03", "TODAY! Pills, ALARM! Pills, MISSED Sat 18:00 Pills 2 times", {}}}},
     {"Another user's weekly event that is stale, while the list shows another category",
      {},
      {{"15 09:00:05", "", Shows("Layer 5")},
@@ -147,8 +148,8 @@ const Tale kTales[] = {
       {"16 00:00:03",
        "COMING UP In 1 day: Club In 1 day: Trip In 2 days: Too far In 4 days: Far, TODAY! Never before its day Walk",
        ComputerSleepsUntil("20 09:00:00")},
-      {"20 09:00:03", "TODAY! Far", ComputerSleepsUntil("21 09:00:00")},
-      {"21 09:00:03", "", {}}}},
+      {"20 09:00:03", "TODAY! Far, MISSED Sat Too far | Fri Club | Fri Trip | Thu Never before its day | Thu Walk", ComputerSleepsUntil("21 09:00:00")},
+      {"21 09:00:03", "MISSED Mon Far | Sat Too far | Fri Club | Fri Trip | Thu Never before its day | Thu Walk", {}}}},
     {"What is deleted neither rings nor comes up again",
      {WithAlarm(Daily("pills", "Pills", kToday), 9, 2), Soon("Trip", 2, 5), Single("Tea", kTomorrow)},
      {{"15 09:00:05", "COMING UP In 2 days: Trip, TODAY! Pills", Deletes(0)},
@@ -230,12 +231,12 @@ const Tale kTales[] = {
       Running(WithAlarm(Single("Lunch"), 10, 0), "C:\\backup.cmd")},
      {{"15 09:00:04", "TODAY! Train Bus Call Early", Closes("TODAY!")},
       {"15 09:00:30", "", ComputerSleepsUntil("15 11:00:20")},
-      {"15 11:00:21", "ALARM! Bus Call",
+      {"15 11:00:21", "ALARM! Bus Call, MISSED Wed 09:59 Night its file was not run: C:\\night.cmd",
        Both(Finds("C:\\backup.cmd", "Not running C:\\night.cmd - its time has passed"), Closes("ALARM!"))},
-      {"15 11:01:31", "", ClockIsSetTo("15 09:30:00")},
+      {"15 11:01:31", "(MISSED Wed 09:59 Night its file was not run: C:\\night.cmd)", ClockIsSetTo("15 09:30:00")},
       {"15 09:31:00", "", ComputerSleepsUntil("15 23:58:50")},
-      {"15 23:58:55", "", ComputerSleepsUntil("16 00:00:30")},
-      {"16 00:00:33", "ALARM! Train", {}}}},
+      {"15 23:58:55", "MISSED Wed 09:59 Night its file was not run: C:\\night.cmd", ComputerSleepsUntil("16 00:00:30")},
+      {"16 00:00:33", "ALARM! Train, (MISSED Wed 09:59 Night its file was not run: C:\\night.cmd)", {}}}},
     {"Today's reminders are asked for again: closed, asleep, at midnight before any tick, and without any",
      {Loud(Single("Tea"), "C:\\gong.wav"), Soon("Trip", 2, 2), WithAlarm(Single("Train"), 23, 59)},
      {{"15 09:00:10", "COMING UP In 2 days: Trip, TODAY! Train Tea", Both(Closes("TODAY!"), Hears("gong.wav "))},
@@ -326,14 +327,14 @@ TEST(Clock, TheListBehindADialogIsFilledWhenTheDialogIsLeft) {
     story.Events({Single("Dentist"), Pills()});
     const auto left = [&] { return story.Main()->Report(IDC_ListEvents).Column(kLeftColumn); };
     story.Play({{"15 23:59:05", "TODAY! Pills Dentist", Opens(IDM_EDIT)},
-                {"16 00:00:03", "TODAY! Pills",
+                {"16 00:00:03", "TODAY! Pills, MISSED Wed Dentist | Wed Pills",
                  [&](Clockwork&) {
                      EXPECT_THAT(left(), ElementsAre("0000", "0000"));
                      EXPECT_EQ(story.Main()->trayTip, "KAZ - 1 event due today");
                      EXPECT_THAT(story.Saved("Expired.xml"), HasSubstr("Dentist"));
                      story.host.raised.clear();
                  }},
-                {"16 00:00:20", "(TODAY! Pills)", Saves("Dentist again")}});
+                {"16 00:00:20", "(TODAY! Pills), (MISSED Wed Dentist | Wed Pills)", Saves("Dentist again")}});
     story.Advance(1);
     EXPECT_THAT(left(), ElementsAre("0000", "0000"));
     EXPECT_FALSE(story.host.raised.empty());

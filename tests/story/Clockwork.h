@@ -19,6 +19,9 @@ inline DateValue At(const char* text) {
                      DateValue::FromTime(hour, minute, second).SecondOfDay());
 }
 
+// Where a button is asked for.
+inline constexpr int kItsCloseBox = 0;
+
 // A story by the clock: what is on the screen at which minute, and what is done then.
 class Clockwork : public Story {
 public:
@@ -73,10 +76,23 @@ private:
             std::string text = heading;
             for (const std::string& line : Lines(heading))
                 text += " " + line;
-            const bool came = std::exchange(window->broughtToFront, 0) > 0;
-            screen += (screen.empty() ? "" : ", ") + (came ? text : "(" + text + ")");
+            Add(screen, *window, text);
+        }
+        if (FakeWindow* missed = Reminder("MISSED"); missed && missed->IsVisible()) {
+            std::string text;
+            const FakeReportList& list = missed->Report(IDC_lstMissed);
+            for (int row = 0; row < list.RowCount(); ++row) {
+                text += (row == 0 ? "MISSED " : " | ") + list.Cell(row, 0).substr(0, 3);
+                for (int column = 1; column < 5; ++column)
+                    if (!list.Cell(row, column).empty()) text += " " + list.Cell(row, column);
+            }
+            Add(screen, *missed, text);
         }
         return screen;
+    }
+    static void Add(std::string& screen, FakeWindow& window, const std::string& text) {
+        const bool came = std::exchange(window.broughtToFront, 0) > 0;
+        screen += (screen.empty() ? "" : ", ") + (came ? text : "(" + text + ")");
     }
 
     std::vector<Scene> scenes_;
@@ -105,6 +121,41 @@ inline Act LetsSleep(const char* heading, const char* minutes) {
         window->Type(IDC_txtSleep, minutes);
         window->Click(IDC_cmdRemindMe);
     };
+}
+// In the window with that heading, of whichever kind; rows count from 0.
+inline Act Presses(const char* heading, int button, std::vector<int> rows = {}) {
+    return [=](Clockwork& story) {
+        FakeWindow* window = story.Reminder(heading);
+        ASSERT_NE(window, nullptr) << heading;
+        const int list = window->Dialog() == IDD_MISSED ? IDC_lstMissed : IDC_lstReminders;
+        if (!rows.empty()) window->Report(list).UserSelects(rows);
+        window->Raise(list, Raised::Select);
+        if (button == kItsCloseBox)
+            window->CloseBox();
+        else
+            window->Click(button);
+    };
+}
+// The program ends, as if it died or properly, and begins again at that moment.
+inline Act IsOffUntil(const char* moment, bool dies = false) {
+    return [=](Clockwork& story) {
+        if (!dies) story.component->ShutDown();
+        story.component.reset();
+        story.machine.clock.now = At(moment);
+        story.Start().ShowMain();
+    };
+}
+// At another computer that works on the same folder.
+inline void AllIsAnsweredElsewhere(Clockwork& story) {
+    cSharedLogging log(story.machine.files, story.machine.clock, story.machine.system, {"Other", "1"});
+    SideFile side(story.machine.files, log);
+    side.Open(Story::Path("Events.side"));
+    side.Refresh();
+    Outcomes outcomes(side);
+    std::vector<OccurrenceRef> all;
+    for (const Outcomes::Open& open : outcomes.AllOpen())
+        all.push_back(open.last);
+    outcomes.Answer(all);
 }
 // No timer ticks meanwhile.
 inline Act ComputerSleepsUntil(const char* moment) {

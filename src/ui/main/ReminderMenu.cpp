@@ -20,6 +20,10 @@ void ReminderMenu::ShowAgain() {
         app_.platform.dialogs.Message("Nothing is due today, and nothing comes up in the next days.");
 }
 
+void ReminderMenu::ShowMissed() {
+    if (!app_.reminderWindows.OpenMissed()) app_.platform.dialogs.Message("No reminder was missed.");
+}
+
 void ReminderMenu::ChangeQuiet() {
     if (endsQuiet_)
         app_.quiet.End();

@@ -19,6 +19,7 @@ public:
     // quiet since.
     void NameCommands();
     void ShowAgain();
+    void ShowMissed();
     // Begins a quiet, or ends the one that is.
     void ChangeQuiet();
 

@@ -68,6 +68,7 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(IDT_TimerRefresh, Raised::Timer, "TimerRefresh_Timer", [this] { clock_.Tick(); });
     On(IDT_TimerAlarms, Raised::Timer, "TimerAlarms_Timer", [this] { clock_.TickForAlarms(); });
     On(IDM_SHOWAGAIN, Raised::Click, "mnuShowAgain_Click", [this] { reminders_.ShowAgain(); });
+    On(IDM_SHOWMISSED, Raised::Click, "mnuShowMissed_Click", [this] { reminders_.ShowMissed(); });
     On(IDM_QUIET, Raised::Click, "mnuQuiet_Click", [this] { reminders_.ChangeQuiet(); });
     On(0, Raised::TrayMouse, "Form_MouseMove", &frmMain::Form_MouseMove);
     On(0, Raised::TrayLost, "ShowIconInTray", [this] { tray_.ShowAgain(); });
@@ -89,6 +90,9 @@ void frmMain::Form_Load() {
     app_.log.LogEvent("Setting main window width and height");
     trap([&] { size_.Restore(); });
     trap([&] { window().AskForResumes(); });
+    ReminderRequests& requests = app_.reminderWindows.requests;
+    requests.edit = [this](const OccurrenceRef& of) { return EditOccurrence(of); };
+    requests.answered = [this] { clock_.TickSoon(); };
     loading_ = false;
     clock_.TickSoon();
 }
@@ -228,6 +232,8 @@ void frmMain::Unload() { app_.openWindows.Unload(*this); }
 
 void frmMain::Form_Unload() {
     unloaded_ = true;
+    app_.reminderWindows.requests.edit = ReminderRequests().edit;
+    app_.reminderWindows.requests.answered = ReminderRequests().answered;
     app_.health.OnChange({});
     clock_.Stop();
     tray_.Hide();
@@ -284,13 +290,16 @@ void frmMain::cmdAdd_Click() {
 }
 
 void frmMain::cmdEdit_Click() {
-    const auto event = list_.Current();
-    if (!event) return;
+    if (const auto event = list_.Current()) Edit(*event);
+}
+
+bool frmMain::Edit(const EventRef& event) {
     const auto code = [&] {
         const ReminderClock::Pause pause(clock_);
-        return commands_.Edit(*event);
+        return commands_.Edit(event);
     }();
     if (code) Refill(code);
+    return code.has_value();
 }
 
 void frmMain::cmdPush_Click() {
@@ -387,6 +396,25 @@ void frmMain::cmdEditLayers_Click() {
 void frmMain::cmdReminders_Click() {
     reminders_.NameCommands();
     window().ShowMenuUnder(IDC_Toolbar1, IDM_REMINDERSMENU, IDR_MENU_REMINDERS);
+}
+
+bool frmMain::EditOccurrence(const OccurrenceRef& occurrence) {
+    if (IsBlocked()) {
+        BringForward();
+        return false;
+    }
+    EventSource source = EventSource::Local;
+    const clsEvent* event = app_.Missed().EventOf(occurrence, &source);
+    const auto seen = event ? VisibleEvents(app_.settings).See(*event, source) : std::nullopt;
+    if (!seen) {
+        app_.platform.dialogs.Message("This event is not there any more.");
+        return false;
+    }
+    const EventRef shown{event->IDCode, source, seen->Type(app_.platform.clock.Today())};
+    const auto due = std::pair(event->DueDate(), event->DueTime());
+    if (!Edit(shown)) return false;
+    const clsEvent* edited = app_.events->ReadEvent(shown.code);
+    return !edited || std::pair(edited->DueDate(), edited->DueTime()) != due;
 }
 
 void frmMain::cmdOptions_Click() {

@@ -101,6 +101,10 @@ private:
     bool IsHeldUp();
     // Fills the list after what happened by itself: what is selected stays selected, wherever it stands now.
     void RefillKeepingSelection();
+    // Opens it in the editor; true when the user saved it.
+    bool Edit(const EventRef& event);
+    // For the windows of the reminders; true when it has another day or time now.
+    bool EditOccurrence(const OccurrenceRef& occurrence);
     bool AskForTerm();
     void Search(int from);
 

@@ -4,7 +4,7 @@
 #include "core/BackupContents.h"
 #include "forms/Controls.h"
 #include "forms/ModalForm.h"
-#include "forms/ReportList.h"
+#include "forms/TextRows.h"
 #include "resources/resource.h"
 
 #include <memory>
@@ -12,25 +12,6 @@
 #include <vector>
 
 namespace kaz {
-
-// Rows of texts, with a colour for the first cell of those that stand out.
-class TextRows : public ReportRows {
-public:
-    struct Row {
-        std::vector<std::string> cells;
-        bool standsOut = false;
-    };
-    std::vector<Row> rows;
-
-    int RowCount() const noexcept override { return static_cast<int>(rows.size()); }
-    std::string_view CellText(int row, int column) const noexcept override {
-        return rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)];
-    }
-    Colour CellColour(int row, int column) const noexcept override {
-        const bool red = column == 0 && rows[static_cast<std::size_t>(row)].standsOut;
-        return red ? Colour::Rgb(255, 0, 0) : Colour{};
-    }
-};
 
 // The backups, and what is in the selected one: first the events that are not here any more. Some of them, or
 // all, can be put back.

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "model/clsEvent.h"
+#include "reminders/Outcomes.h"
+
+#include <functional>
+
+namespace kaz {
+
+// What the windows of the reminders ask of the rest of the program; until somebody does it, in vain.
+struct ReminderRequests {
+    // The event of an occurrence, wherever it is now; null when it has gone. Good until the events change.
+    std::function<const clsEvent*(const OccurrenceRef&)> eventOf = [](const OccurrenceRef&) {
+        return static_cast<const clsEvent*>(nullptr);
+    };
+    // Opens it in the editor. True when it has another day or time now.
+    std::function<bool(const OccurrenceRef&)> edit = [](const OccurrenceRef&) { return false; };
+    std::function<void(const OccurrenceRef&)> runFile = [](const OccurrenceRef&) {};
+    // False when nobody could take it.
+    std::function<bool(const OccurrenceRef&)> sendMail = [](const OccurrenceRef&) { return false; };
+    // Something has been answered or put off: what others show of it is out of date.
+    std::function<void()> answered = [] {};
+};
+
+}  // namespace kaz

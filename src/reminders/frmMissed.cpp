@@ -1,0 +1,218 @@
+#include "reminders/frmMissed.h"
+
+#include "base/DateText.h"
+#include "base/Text.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/Locale.h"
+
+#include <algorithm>
+#include <numeric>
+#include <string>
+#include <utility>
+
+namespace kaz {
+
+namespace {
+
+const OccurrenceRef& NameOf(const MissedReminder& missed) { return missed.occurrences.back(); }
+
+void Append(std::string& note, const std::string& text) { note += (note.empty() ? "" : "; ") + text; }
+
+}  // namespace
+
+frmMissed::frmMissed(std::unique_ptr<Window> window, const ReminderServices& services,
+                     ReminderRequests& requests)
+    : Form(std::move(window), services.errors, "frmMissed"),
+      services_(services),
+      requests_(requests),
+      again_(this->window(), services),
+      lstMissed_(this->window().Report(IDC_lstMissed)) {
+    On(IDC_lstMissed, Raised::Select, "lstMissed_Click", &frmMissed::lstMissed_Click);
+    On(IDC_lstMissed, Raised::DoubleClick, "lstMissed_DblClick", &frmMissed::lstMissed_DblClick);
+    On(IDC_cmdMissedEdit, Raised::Click, "lstMissed_DblClick", &frmMissed::lstMissed_DblClick);
+    On(IDC_cmdMissedDone, Raised::Click, "cmdDone_Click", &frmMissed::cmdDone_Click);
+    On(IDC_cmdMissedToday, Raised::Click, "cmdAgainToday_Click", &frmMissed::cmdAgainToday_Click);
+    On(IDC_cmdMissedAgain, Raised::Click, "cmdAgain_Click", &frmMissed::cmdAgain_Click);
+    for (const int command : AgainMenu::kCommands)
+        On(command, Raised::Click, "mnuAgain_Click", [this, command] { mnuAgain_Click(command); });
+    On(IDC_cmdMissedRun, Raised::Click, "cmdRun_Click", &frmMissed::cmdRun_Click);
+    On(IDC_cmdMissedMail, Raised::Click, "cmdMail_Click", &frmMissed::cmdMail_Click);
+    On(IDC_cmdMissedAll, Raised::Click, "cmdAll_Click", &frmMissed::cmdAll_Click);
+    On(IDC_cmdMissedLater, Raised::Click, "cmdLater_Click", &frmMissed::Close);
+    On(0, Raised::CloseBox, "cmdLater_Click", &frmMissed::Close);
+    lblHeading.Text("MISSED");
+    this->window().SetText(0, "MISSED");
+    lstMissed_.SetColumns({{"Day", 110}, {"Time", 50}, {"Event", 160, true}, {"Whose", 70}, {"Note", 150}});
+    lstMissed_.SetRows(&rows_);
+}
+
+void frmMissed::Fill(std::vector<MissedReminder> missed) {
+    const Names selected = Selected();
+    missed_ = std::move(missed);
+    std::vector<TextRows::Row> rows;
+    std::vector<int> again;
+    for (const MissedReminder& one : missed_) {
+        if (selected.contains(NameOf(one))) again.push_back(static_cast<int>(rows.size()));
+        rows.push_back(RowOf(one));
+    }
+    rows_.rows = std::move(rows);
+    lstMissed_.Refresh();
+    lstMissed_.SetSelection(again);
+    ShowButtons();
+}
+
+TextRows::Row frmMissed::RowOf(const MissedReminder& missed) const {
+    const LocaleData& locale = services_.platform.locale.Data();
+    std::string note;
+    if (missed.count > 1) Append(note, std::to_string(missed.count) + " times");
+    if (!missed.file.empty()) Append(note, "its file was not run: " + OneLine(missed.file));
+    if (!missed.mail.empty()) Append(note, "its mail was not sent: " + OneLine(missed.mail));
+    const DateValue day = missed.moment.DateOnly();
+    return {{FormatDate(day, "DDD", locale) + " " + GeneralDateText(day, locale),
+             missed.isTimed ? FormatDate(missed.moment, "HH:NN", locale) : "", OneLine(missed.text),
+             missed.whose, note}};
+}
+
+void frmMissed::Appear(Activation activation) {
+    if (lstMissed_.Selection().empty()) lstMissed_.Select(0);
+    ShowButtons();
+    if (activation == Activation::TakeFocus || !window().IsVisible()) window().Show(activation);
+    window().BringToFront();
+}
+
+void frmMissed::Form_Unload() {
+    closed_ = true;
+    window().Hide();
+}
+
+void frmMissed::Close() { services_.openWindows.Unload(*this); }
+
+frmMissed::Names frmMissed::Selected() const {
+    Names names;
+    for (const int row : lstMissed_.Selection())
+        if (std::cmp_less(row, missed_.size())) names.insert(NameOf(missed_[static_cast<std::size_t>(row)]));
+    return names;
+}
+
+std::vector<MissedReminder> frmMissed::LinesOf(const Names& names) const {
+    std::vector<MissedReminder> lines;
+    std::copy_if(missed_.begin(), missed_.end(), std::back_inserter(lines),
+                 [&](const MissedReminder& missed) { return names.contains(NameOf(missed)); });
+    return lines;
+}
+
+const MissedReminder* frmMissed::Single() const {
+    const std::vector<int> rows = lstMissed_.Selection();
+    const bool isOne = rows.size() == 1 && std::cmp_less(rows.front(), missed_.size());
+    return isOne ? &missed_[static_cast<std::size_t>(rows.front())] : nullptr;
+}
+
+void frmMissed::ShowButtons() {
+    const bool any = !lstMissed_.Selection().empty();
+    for (Button* button : {&cmdDone, &cmdAgainToday, &cmdAgain})
+        button->Enabled(any);
+    const MissedReminder* single = Single();
+    cmdEdit.Enabled(single != nullptr);
+    cmdRun.Enabled(single && !single->file.empty());
+    cmdMail.Enabled(single && !single->mail.empty());
+}
+
+void frmMissed::lstMissed_DblClick() {
+    const MissedReminder* single = Single();
+    if (!single) return;
+    const OccurrenceRef name = NameOf(*single);
+    if (!requests_.eventOf(name)) {
+        services_.platform.dialogs.Message("This event is not there any more.");
+        return;
+    }
+    requests_.edit(name);
+    requests_.answered();
+}
+
+void frmMissed::cmdDone_Click() { Answer(Selected()); }
+
+void frmMissed::Answer(const Names& names) {
+    std::vector<OccurrenceRef> ended;
+    for (const MissedReminder& missed : LinesOf(names))
+        ended.insert(ended.end(), missed.occurrences.begin(), missed.occurrences.end());
+    Drop(names);
+    services_.outcomes.Answer(ended);
+    requests_.answered();
+}
+
+void frmMissed::cmdAgainToday_Click() {
+    PutOff(LinesOf(Selected()), LaterToday(services_.platform.clock.Now()));
+}
+
+void frmMissed::cmdAgain_Click() { again_.Show(false); }
+
+// The list can change while the user types a time of his own.
+void frmMissed::mnuAgain_Click(int command) {
+    const Names names = Selected();
+    const auto choice = again_.ChoiceOf(command);
+    if (!choice || closed_) return;
+    again_.Keep(*choice);
+    if (const auto until = choice->Until(services_.platform.clock.Now(), std::nullopt))
+        PutOff(LinesOf(names), *until);
+}
+
+// What has gone from its file could not come again: it stays here.
+void frmMissed::PutOff(const std::vector<MissedReminder>& lines, DateValue until) {
+    Names names;
+    std::vector<OccurrenceRef> asleep;
+    std::vector<OccurrenceRef> ended;
+    for (const MissedReminder& missed : lines) {
+        if (!requests_.eventOf(NameOf(missed))) continue;
+        names.insert(NameOf(missed));
+        asleep.push_back(NameOf(missed));
+        ended.insert(ended.end(), missed.occurrences.begin(), missed.occurrences.end());
+    }
+    const bool isAnyGone = names.size() < lines.size();
+    Drop(names);
+    services_.outcomes.Sleep(asleep, until, ended);
+    requests_.answered();
+    if (isAnyGone)
+        services_.platform.dialogs.Message(
+            "An event that is not there any more cannot come again. Choose Done for it.");
+}
+
+void frmMissed::cmdRun_Click() {
+    const MissedReminder* single = Single();
+    if (!single) return;
+    const OccurrenceRef name = NameOf(*single);
+    requests_.runFile(name);
+    Answer({name});
+}
+
+void frmMissed::cmdMail_Click() {
+    const MissedReminder* single = Single();
+    if (!single) return;
+    const OccurrenceRef name = NameOf(*single);
+    if (requests_.sendMail(name))
+        Answer({name});
+    else
+        services_.platform.dialogs.Message("The mail could not be sent. The log says why.");
+}
+
+void frmMissed::cmdAll_Click() {
+    std::vector<int> rows(missed_.size());
+    std::iota(rows.begin(), rows.end(), 0);
+    lstMissed_.SetSelection(rows);
+    ShowButtons();
+}
+
+// What is answered leaves at once.
+void frmMissed::Drop(const Names& names) {
+    std::vector<MissedReminder> left = missed_;
+    std::erase_if(left, [&](const MissedReminder& missed) { return names.contains(NameOf(missed)); });
+    const bool isEmpty = left.empty();
+    Fill(std::move(left));
+    if (isEmpty)
+        Close();
+    else if (lstMissed_.Selection().empty())
+        lstMissed_.Select(0);
+    ShowButtons();
+}
+
+}  // namespace kaz

@@ -1,0 +1,76 @@
+#include "fakes/Matchers.h"
+#include "story/Clockwork.h"
+
+using namespace kaz;
+
+namespace {
+
+struct MissedTale {
+    const char* name;
+    std::vector<clsEvent> events;
+    std::vector<Clockwork::Scene> scenes;
+    std::vector<clsEvent> ofBob = {};
+};
+
+const DateValue kWednesday(45000);
+
+clsEvent On(const char* name, int day) { return OneOff(name, name, kWednesday.PlusDays(day)); }
+clsEvent Running(clsEvent event) {
+    event.ExecFile = true;
+    event.Filename = "C:\\KAZ\\Tool.bat";
+    return event;
+}
+
+const MissedTale kMissedTales[] = {
+    {"Off from Friday to Monday: the newest first, a series once; what has its line answered leaves",
+     {WithAlarm(On("Call", 2), 18, 0), On("Dentist", 3), Daily("pills", "Pills", kWednesday.PlusDays(2))},
+     {{"17 17:00:05", "TODAY! Pills Call", IsOffUntil("20 08:00:00")},
+      {"20 08:00:03", "TODAY! Pills, MISSED Sun Pills 3 times | Sat Dentist | Fri 18:00 Call",
+       Presses("MISSED", IDC_cmdMissedDone, {0, 2})},
+      {"20 08:00:06", "(TODAY! Pills), (MISSED Sat Dentist)", Presses("MISSED", kItsCloseBox)},
+      {"20 09:00:00", "TODAY! Pills", Chooses(IDM_SHOWMISSED)},
+      {"20 09:00:05", "TODAY! Pills, MISSED Sat Dentist", IsOffUntil("20 10:00:00")},
+      {"20 10:00:03", "TODAY! Pills, MISSED Sat Dentist", Presses("MISSED", IDC_cmdMissedLater)},
+      {"20 11:00:00", "TODAY! Pills", IsOffUntil("21 08:00:00")},
+      {"21 08:00:03", "TODAY! Pills, MISSED Mon Pills | Sat Dentist", AllIsAnsweredElsewhere},
+      {"21 08:00:40", "TODAY! Pills", IsOffUntil("21 09:00:00")},
+      {"21 09:00:03", "TODAY! Pills", {}}}},
+    {"Died with an alarm on the screen; again today, until the program ends, and tomorrow at nine",
+     {WithAlarm(On("Train", 0), 9, 2), On("Bus", 0)},
+     {{"15 09:02:01", "TODAY! Bus Train, ALARM! Train", IsOffUntil("15 09:20:00", true)},
+      {"15 09:20:03", "TODAY! Bus Train, MISSED Wed 09:02 Train", Presses("MISSED", IDC_cmdMissedToday)},
+      {"15 11:19:50", "TODAY! Bus Train", Closes("TODAY!")},
+      {"15 11:20:01", "ALARM! Train", IsOffUntil("15 23:00:00")},
+      {"15 23:00:03", "TODAY! Bus Train, ALARM! Train", Both(Closes("ALARM!"), Closes("TODAY!"))},
+      {"16 00:00:10", "", IsOffUntil("17 09:00:00")},
+      {"17 09:00:03", "", {}}}},
+    {"TODAY! unread at midnight; in the night, again in ten minutes; the clock goes back an hour",
+     {On("Bus", 0), On("Tea", 1)},
+     {{"15 23:59:30", "TODAY! Bus", {}},
+      {"16 00:00:03", "TODAY! Tea, MISSED Wed Bus",
+       Both(Closes("TODAY!"), Presses("MISSED", IDM_AGAIN_TOMORROW))},
+      {"17 08:59:50", "", ClockIsSetTo("17 07:59:50")},
+      {"17 09:00:01", "ALARM! Bus", Closes("ALARM!")},
+      {"17 09:01:00", "", ClockIsSetTo("17 08:01:00")},
+      {"17 09:30:00", "", {}}}},
+    {"A file that was not run",
+     {Running(WithAlarm(On("Copy", 0), 9, 30))},
+     {{"15 09:00:05", "", IsOffUntil("15 11:00:00")},
+      {"15 11:00:03", "MISSED Wed 09:30 Copy its file was not run: C:\\KAZ\\Tool.bat",
+       Both([](Clockwork& story) { story.machine.files.Put(Clockwork::Path("Tool.bat"), "x"); },
+            Presses("MISSED", IDC_cmdMissedRun, {0}))},
+      {"15 11:00:05", "", Finds("C:\\KAZ\\Tool.bat", "")}}},
+};
+
+}  // namespace
+
+TEST(Missed, TheWindowByTheClock) {
+    for (const MissedTale& tale : kMissedTales) {
+        SCOPED_TRACE(tale.name);
+        Clockwork story;
+        story.machine.files.Put(Story::Path("Events.xml"), FileOf(tale.events));
+        if (!tale.ofBob.empty()) story.ShareWithBob(tale.ofBob);
+        story.Play(tale.scenes);
+        EXPECT_THAT(story.machine.dialogs.messages, testing::IsEmpty());
+    }
+}
