@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "core/Backup.h"
 #include "platform/Files.h"
+#include "platform/ZipArchiver.h"
 #include "storage/EventDigest.h"
 #include "storage/EventXml.h"
 #include "storage/Owner.h"
