@@ -40,6 +40,9 @@ void ReminderDay::AddAlarms(const clsDbXml* database, EventSource source) {
     visible_.ForEach(database, source, [&](const VisibleEvent& seen) {
         if (const auto minute = LastAlarm(seen.event, first, last))
             alarms_.push_back({&seen.event, *minute, source});
+        if (seen.event.ExecFile || seen.event.Extras().warnings.empty()) return;
+        for (const DayWarning& warning : WarningsBetween(seen.event, first, last))
+            alarms_.push_back({&seen.event, warning.minute, source});
     });
     std::stable_sort(alarms_.begin(), alarms_.end(),
                      [](const Alarm& a, const Alarm& b) { return a.minute < b.minute; });

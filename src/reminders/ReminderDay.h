@@ -28,8 +28,7 @@ public:
     // What comes up within its days of warning, and what is due, in the order of the collection. Of a
     // recurring event only its next day counts: on that day it is not told of as coming up as well.
     void AddReminders(const clsDbXml* events);
-    // What rings or runs a file, by the minute. An event that rings more than once a day stands with the
-    // last.
+    // What rings, second warnings too, or runs a file, by the minute.
     void AddAlarms(const clsDbXml* database, EventSource source);
 
     DateValue Day() const { return day_; }

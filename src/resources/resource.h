@@ -20,6 +20,7 @@
 #define IDD_UNSAVED 115
 #define IDD_MISSED 116
 #define IDD_RESTORE 120
+#define IDD_FORECAST 130
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -108,6 +109,8 @@
 #define IDM_AGAIN_START 2054
 #define IDM_AGAIN_TOMORROW 2055
 #define IDM_AGAIN_AT 2056
+#define IDM_FORECAST 2043
+#define IDM_TESTREMINDERS 2044
 
 #define IDR_MENU_LIST 201
 #define IDR_MENU_TRAY 202
@@ -283,6 +286,14 @@
 #define IDC_Cmd_exit 1906
 #define IDC_cmd_undoTask 1907
 #define IDC_cmd_redoTask 1908
+
+// frmForecast
+#define IDC_lblForecast 1980
+#define IDC_lstForecast 1981
+#define IDC_cmdForecastDay 1982
+#define IDC_cmdForecastToday 1983
+#define IDC_cmdForecastPrint 1984
+#define IDC_cmdForecastClose 1985
 
 // frmUnsaved
 #define IDC_lblUnsaved 1950

@@ -4,6 +4,7 @@
 #include "forms/WindowFactory.h"
 #include "ui/ModalWindows.h"
 #include "ui/event/EditEvent.h"
+#include "ui/forecast/frmForecast.h"
 #include "ui/main/frmMain.h"
 #include "ui/month/ShowMonth.h"
 #include "ui/tasks/frmTasks.h"
@@ -20,7 +21,8 @@ MainDialogs DialogsOf(Application& application) {
             [&application] { ShowRestore(application); },
             [&application](const std::string& text) { return AskAboutUnsaved(application, text); },
             [&application] { ShowTasks(application); },
-            [&application](int month, int year) { ShowMonth(application, month, year); }};
+            [&application](int month, int year) { ShowMonth(application, month, year); },
+            [&application] { ShowForecast(application); }};
 }
 
 }  // namespace

@@ -22,6 +22,7 @@ struct MainDialogs {
     // Beside the main window; one that is open already comes forward.
     std::function<void()> tasks;
     std::function<void(int month, int year)> month;
+    std::function<void()> forecast;
 };
 
 }  // namespace kaz
