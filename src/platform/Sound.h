@@ -16,6 +16,8 @@ public:
 
     virtual ~Sound() = default;
     virtual unsigned OutputDevices() const = 0;
+    // What the system calls the device that plays, perhaps cut off; "" when it does not say.
+    virtual std::string DeviceName() const = 0;
     // Whether the default device plays sounds of that format, which is as WaveFormatOf found it.
     virtual bool Plays(const std::string& format) const = 0;
     // Plays the file under the flags; an empty name means no sound (with kPurge: stop what

@@ -51,11 +51,29 @@ bool ReminderWindows::ShowNow() {
     return any;
 }
 
+void ReminderWindows::ShowTest(const std::string& line) {
+    CloseTest();
+    constexpr const char* kHeadings[] = {"COMING UP (test)", "TODAY! (test)", "ALARM! (test)"};
+    for (std::size_t i = 0; i < tests_.size(); ++i) {
+        const auto form =
+            std::make_shared<frmReminder>(services_.platform.windows.Create(IDD_REMINDER), services_);
+        services_.openWindows.Add(form);
+        tests_[i] = form;
+        form->AddToList(line);
+        form->Heading(kHeadings[i]);
+        form->ShowNow();
+    }
+}
+
+void ReminderWindows::CloseTest() {
+    for (const auto& test : tests_)
+        if (const auto form = test.lock(); form && !form->Closed()) services_.openWindows.Unload(*form);
+}
+
 void ReminderWindows::QuietEnded() {
     for (const auto& window : forms_)
         if (const auto form = window.lock(); form && !form->Closed()) form->QuietEnded();
-    if (std::exchange(missedWaits_, false) && !missed_.empty())
-        MissedWindow().Appear(Activation::KeepFocus);
+    if (std::exchange(missedWaits_, false) && !missed_.empty()) MissedWindow().Appear(Activation::KeepFocus);
     AskNext();
 }
 

@@ -54,6 +54,11 @@ public:
     // there.
     bool ShowNow();
 
+    // Shows a window of each kind with that line alone, beside the real ones: of these and of what they have
+    // shown nothing changes. Those of the test before go. Throws InternalError when one cannot be made.
+    void ShowTest(const std::string& line);
+    void CloseTest();
+
     // Has what waited because it was quiet appear, and the questions be put.
     void QuietEnded();
 
@@ -92,6 +97,7 @@ private:
 
     ReminderServices services_;
     std::array<std::weak_ptr<frmReminder>, 3> forms_;
+    std::array<std::weak_ptr<frmReminder>, 3> tests_;
     struct Showing {
         DateValue day;
         std::vector<std::string> lines;

@@ -21,6 +21,7 @@
 #define IDD_MISSED 116
 #define IDD_RESTORE 120
 #define IDD_FORECAST 130
+#define IDD_TESTREMINDERS 131
 
 // frmReminder
 #define IDC_lblHeading 1001
@@ -294,6 +295,12 @@
 #define IDC_cmdForecastToday 1983
 #define IDC_cmdForecastPrint 1984
 #define IDC_cmdForecastClose 1985
+
+// frmTestReminders
+#define IDC_lblTestResult 1990
+#define IDC_txtTestFindings 1991
+#define IDC_cmdTestAgain 1992
+#define IDC_cmdCloseTest 1993
 
 // frmUnsaved
 #define IDC_lblUnsaved 1950

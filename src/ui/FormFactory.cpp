@@ -5,6 +5,7 @@
 #include "ui/ModalWindows.h"
 #include "ui/event/EditEvent.h"
 #include "ui/forecast/frmForecast.h"
+#include "ui/forecast/frmTestReminders.h"
 #include "ui/main/frmMain.h"
 #include "ui/month/ShowMonth.h"
 #include "ui/tasks/frmTasks.h"
@@ -22,7 +23,8 @@ MainDialogs DialogsOf(Application& application) {
             [&application](const std::string& text) { return AskAboutUnsaved(application, text); },
             [&application] { ShowTasks(application); },
             [&application](int month, int year) { ShowMonth(application, month, year); },
-            [&application] { ShowForecast(application); }};
+            [&application] { ShowForecast(application); },
+            [&application] { TestReminders(application); }};
 }
 
 }  // namespace

@@ -23,6 +23,7 @@ public:
     };
 
     unsigned OutputDevices() const override { return devices; }
+    std::string DeviceName() const override { return "Speakers"; }
     bool Plays(const std::string& format) const override { return format != refusedFormat; }
     bool Play(const std::string& file, std::uint32_t flags) override {
         calls.push_back({file, flags});

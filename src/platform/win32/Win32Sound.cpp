@@ -15,6 +15,20 @@ static_assert(Sound::kAsync == SND_ASYNC && Sound::kNoDefault == SND_NODEFAULT &
 
 unsigned Win32Sound::OutputDevices() const { return waveOutGetNumDevs(); }
 
+std::string Win32Sound::DeviceName() const {
+    constexpr UINT kPreferredGet = 0x2000 + 21;  // DRVM_MAPPER_PREFERRED_GET of the system's driver kit
+    DWORD device = 0;
+    DWORD flags = 0;
+    const auto mapper = reinterpret_cast<HWAVEOUT>(static_cast<UINT_PTR>(WAVE_MAPPER));
+    if (waveOutMessage(mapper, kPreferredGet, reinterpret_cast<DWORD_PTR>(&device),
+                       reinterpret_cast<DWORD_PTR>(&flags)) != MMSYSERR_NOERROR ||
+        device == WAVE_MAPPER)
+        device = 0;
+    WAVEOUTCAPSW caps{};
+    if (waveOutGetDevCapsW(device, &caps, sizeof caps) != MMSYSERR_NOERROR) return {};
+    return ToCodePage(caps.szPname);
+}
+
 bool Win32Sound::Plays(const std::string& format) const {
     // Of plain samples the file leaves out the number of bytes that follow; they are none.
     std::string bytes = format;

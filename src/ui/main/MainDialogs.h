@@ -23,6 +23,7 @@ struct MainDialogs {
     std::function<void()> tasks;
     std::function<void(int month, int year)> month;
     std::function<void()> forecast;
+    std::function<void()> testReminders;
 };
 
 }  // namespace kaz

@@ -70,6 +70,7 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(IDM_SHOWAGAIN, Raised::Click, "mnuShowAgain_Click", [this] { reminders_.ShowAgain(); });
     On(IDM_SHOWMISSED, Raised::Click, "mnuShowMissed_Click", [this] { reminders_.ShowMissed(); });
     On(IDM_FORECAST, Raised::Click, "mnuForecast_Click", [this] { dialogs_.forecast(); });
+    On(IDM_TESTREMINDERS, Raised::Click, "mnuTestReminders_Click", [this] { dialogs_.testReminders(); });
     On(IDM_QUIET, Raised::Click, "mnuQuiet_Click", [this] { reminders_.ChangeQuiet(); });
     On(0, Raised::TrayMouse, "Form_MouseMove", &frmMain::Form_MouseMove);
     On(0, Raised::TrayLost, "ShowIconInTray", [this] { tray_.ShowAgain(); });
