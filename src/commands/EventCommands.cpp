@@ -31,7 +31,7 @@ std::optional<std::string> EventCommands::Add() {
 
 std::optional<std::string> EventCommands::Edit(const EventRef& event) {
     EventOperations operations = Operations();
-    const auto edited = Edit(event, EditMode::Whole, operations);
+    auto edited = Edit(event, EditMode::Whole, operations);
     Record("change", operations);
     return edited;
 }
@@ -102,7 +102,7 @@ std::optional<std::string> EventCommands::Move(const EventRef& event, std::optio
     const clsEvent* found = operations.Read(event.code, false);
     if (!found) return std::nullopt;  // deleted while the date was chosen
     const clsEvent before = *found;
-    const auto added = operations.MoveDay(event.code, *left, *to);
+    auto added = operations.MoveDay(event.code, *left, *to);
     EventStep::Record(app_, "move", operations.TakeChanges(), EventStep::Of::First);
     if (!added) {
         TellNoSuchDay(before, *left);

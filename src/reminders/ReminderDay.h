@@ -14,13 +14,13 @@ namespace kaz {
 class ReminderDay {
 public:
     struct ComingUp {
-        const clsEvent* event;
-        std::int32_t daysLeft;  // 1 or more
+        const clsEvent* event = nullptr;
+        std::int32_t daysLeft = 1;  // or more
     };
     struct Alarm {
-        const clsEvent* event;
+        const clsEvent* event = nullptr;
         DateValue minute;
-        EventSource source;
+        EventSource source = EventSource::Local;
     };
 
     ReminderDay(const VisibleEvents& visible, DateValue day) : visible_(visible), day_(day) {}

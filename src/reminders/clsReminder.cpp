@@ -124,10 +124,9 @@ void clsReminder::Update(int passes) {
             event.CalcDaysLeft(today);
         } else {
             lines.push_back("Event expired and deleted: " + what);
-            const clsEvent before = event;
             shelf.Add(event);
             retired.push_back(position);
-            moved.push_back({before, expired_->AllEvents().back(), false, true});
+            moved.push_back({event, expired_->AllEvents().back(), false, true});
         }
     };
     // The passes come before the one saving of both files, and later ones only to what was left out.

@@ -119,10 +119,10 @@ void frmRestore::cmdRestore_Click() {
     if (chosen.empty())
         app_.platform.dialogs.Message("Please select events first.");
     else
-        Restore(std::move(chosen));
+        Restore(chosen);
 }
 
-void frmRestore::Restore(std::vector<BackedUpEvent> events) {
+void frmRestore::Restore(const std::vector<BackedUpEvent>& events) {
     Dialogs& dialogs = app_.platform.dialogs;
     const std::size_t missing = CountOf(events, State::Missing);
     const std::size_t different = CountOf(events, State::Different);

@@ -28,7 +28,7 @@ private:
     void cmdClose_Click() { Leave(); }
 
     void ShowBackup(std::size_t which);
-    void Restore(std::vector<BackedUpEvent> events);
+    void Restore(const std::vector<BackedUpEvent>& events);
     bool AskToReplace(const std::vector<BackedUpEvent>& events) const;
 
     Application& app_;
