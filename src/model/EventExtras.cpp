@@ -1,5 +1,7 @@
 #include "model/EventExtras.h"
 
+#include "base/RuntimeError.h"
+
 #include <algorithm>
 
 namespace kaz {
@@ -46,6 +48,19 @@ std::optional<DateValue> LastDayOf(RecurrenceRule rule, DateValue first, std::in
         reference = next->dueDate.PlusDays(1);
     }
     return last;
+}
+
+EventExtras UnderRule(EventExtras extras, const RecurrenceRule& rule, DateValue today) {
+    try {
+        std::erase_if(extras.skipped, [&](std::int32_t day) {
+            const auto there = FirstOccurrence(rule, DateValue(day), today);
+            return !there || there->dueDate.Day() != day;
+        });
+        if (extras.times > 0) extras.lastDay = LastDayOf(rule, today, extras.times, today);
+    } catch (const RuntimeError&) {
+        // The user is told where its dates are computed.
+    }
+    return extras;
 }
 
 }  // namespace kaz

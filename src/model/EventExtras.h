@@ -49,4 +49,9 @@ std::optional<Occurrence> NextOccurrence(const RecurrenceRule& rule, const Event
 // fewer. `times` is 1 to 10,000. Throws as FirstOccurrence does.
 std::optional<DateValue> LastDayOf(RecurrenceRule rule, DateValue first, std::int32_t times, DateValue today);
 
+// The extras of an event that gets another rule: its end after so many times is counted anew, from the first
+// occurrence on or after `today`, and what the rule does not name is no longer skipped. With a rule that
+// cannot be computed they stay.
+EventExtras UnderRule(EventExtras extras, const RecurrenceRule& rule, DateValue today);
+
 }  // namespace kaz

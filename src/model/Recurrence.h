@@ -31,6 +31,8 @@ struct RecurrenceRule {
     DateValue startDate;      // kinds 2, 3 and 5
     std::int16_t dayNumber = 0;  // kind 4: 1 to 4, 5 or more for the last
     std::int16_t dayOfWeek = 0;  // kind 4: Sunday = 1
+
+    friend bool operator==(const RecurrenceRule&, const RecurrenceRule&) = default;
 };
 
 struct Occurrence {

@@ -52,9 +52,24 @@ std::string WarningOf(const clsEvent& event, std::optional<DateValue> next, Date
     if (alarm && *alarm < now.ToMinute())
         add(std::string("The alarm's time has passed") + (alarm->Day() == now.Day() ? " today" : "") +
             (event.Recurring() ? "; it sounds from the next date on." : "; it will not sound."));
+    if (!next && event.Recurring() && event.Extras().lastDay) add("No date is left: the series has ended.");
     if (event.ExecFile && !event.AlarmSet())
         add("Without an alarm the file is never run, and the event is not listed on its day.");
     return text;
+}
+
+// Looked for from its end on, in few steps however long the series is.
+std::optional<DateValue> LastDateOf(const clsEvent& event, DateValue today) {
+    const auto end = event.Recurring() ? event.Extras().lastDay : std::nullopt;
+    if (!end) return std::nullopt;
+    for (const std::int32_t days : {31, 400, 4000}) {
+        const DateValue first(std::max(today.Day(), end->Day() - days));
+        std::optional<DateValue> last;
+        for (const DateValue day : Occurrences::OfRule(event, {first, *end}, today))
+            last = day;
+        if (last) return last;
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -65,15 +80,17 @@ RulePreview::RulePreview(const clsEvent& event, DateValue now) {
         dates_.push_back(day);
         if (dates_.size() == kDates) break;
     }
+    lastDate_ = LastDateOf(event, today);
     warning_ = WarningOf(event, dates_.empty() ? std::nullopt : std::optional(dates_.front()), now);
 }
 
 std::string RulePreview::DatesLine(std::string_view pattern, const LocaleData& locale) const {
     if (dates_.empty()) return {};
+    const std::string shape = std::string("DDD ").append(pattern);
     std::string line;
     for (const DateValue date : dates_)
-        line.append(line.empty() ? "" : ",  ")
-            .append(FormatDate(date, std::string("DDD ").append(pattern), locale));
+        line.append(line.empty() ? "" : ",  ").append(FormatDate(date, shape, locale));
+    if (lastDate_) line.append(".  Last date:  ").append(FormatDate(*lastDate_, shape, locale));
     return (dates_.size() == 1 ? "Next date:  " : "Next dates:  ") + line;
 }
 

@@ -3,6 +3,7 @@
 #include "base/LocaleData.h"
 #include "model/clsEvent.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,13 +22,17 @@ public:
 
     // In order; only the first for an event that is shown once; fewer or none where the rule has no more.
     const std::vector<DateValue>& Dates() const { return dates_; }
-    // The dates as one line, such as "Next dates: Wed 15/03/2023, Wed 22/03/2023"; "" without dates.
+    // The last date of a series that has an end, as far as it can be told.
+    std::optional<DateValue> LastDate() const { return lastDate_; }
+    // The dates as one line, such as "Next dates: Wed 15/03/2023, Wed 22/03/2023", and the last one of a
+    // series that has an end; "" without dates.
     std::string DatesLine(std::string_view pattern, const LocaleData& locale) const;
     // One sentence or more, "" for a rule that does what everybody expects.
     const std::string& Warning() const { return warning_; }
 
 private:
     std::vector<DateValue> dates_;
+    std::optional<DateValue> lastDate_;
     std::string warning_;
 };
 

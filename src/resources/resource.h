@@ -20,6 +20,7 @@
 #define IDD_UNSAVED 115
 #define IDD_MISSED 116
 #define IDD_RESTORE 120
+#define IDD_MORE 118
 #define IDD_FORECAST 130
 #define IDD_TESTREMINDERS 131
 
@@ -170,6 +171,8 @@
 #define IDC_lblUsers 1429
 #define IDC_lstUsers 1430
 #define IDC_TabStrip1 1431  // up to 1437 for the tooltips of its tabs
+#define IDC_cmdMore 1438
+#define IDC_lblMore 1439
 #define IDC_lblPreview 1488
 #define IDC_lblPreviewWarning 1489
 #define IDC_cmdSave 1490
@@ -203,6 +206,24 @@
 #define IDC_lblDailyFrom 1482
 #define IDC_lblDailyStartDate 1483
 #define IDC_lblDaysHelp 1484
+
+// frmMore; a control of warning n, counted from 0, is that of the first one + n, for three of them
+#define IDC_optNoEnd 2101
+#define IDC_optLastDay 2102
+#define IDC_cmdLastDay 2103
+#define IDC_lblLastDay 2104
+#define IDC_optTimes 2105
+#define IDC_txtTimes 2106
+#define IDC_lblTimes 2107
+#define IDC_lstSkipped 2108
+#define IDC_cmdPutBack 2109
+#define IDC_cmdPutAllBack 2110
+#define IDC_txtWarningNumber 2111
+#define IDC_cmbWarningKind 2114
+#define IDC_txtWarningTime 2117
+#define IDC_chkAlways 2120
+#define IDC_cmdMoreOK 2121
+#define IDC_cmdMoreCancel 2122
 
 // frmMonthView
 #define IDC_Calbox 1800

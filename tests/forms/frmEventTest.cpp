@@ -361,5 +361,135 @@ TEST_F(frmEventTest, TheCloseBoxAndTheEndOfTheProgramGiveUp) {
     EXPECT_EQ(0U, app.openWindows.Count());
 }
 
+// What stands beside the rule: its end, what is skipped, more warnings, and quiet hours.
+TEST_F(frmEventTest, MoreIsChosenCheckedAndFollowsTheRule) {
+    const auto more = [&](const User& user) {
+        InModal(IDD_MORE, [&] {
+            user();
+            Click(IDC_cmdMoreOK);
+            if (!machine.dialogs.messages.empty()) Click(IDC_cmdMoreCancel);
+        });
+        Click(IDC_cmdMore);
+    };
+    const auto inDays = [&](int days) { machine.dialogs.dates = {kToday.PlusDays(days)}; };
+    const auto until = [&](int days) {
+        inDays(days);
+        Click(IDC_cmdLastDay);
+    };
+    const auto warn = [&](int row, int kind, const std::string& number, const std::string& time = "") {
+        Choose(IDC_cmbWarningKind + row, kind);
+        Type(IDC_txtWarningNumber + row, number);
+        if (!time.empty()) Type(IDC_txtWarningTime + row, time);
+    };
+    // Of an event on each Wednesday from today on: "the last day, the times; what is skipped; the warnings".
+    const auto inShort = [](const EventExtras& extras) {
+        std::string text = extras.lastDay ? "+" + std::to_string(extras.lastDay->Day() - kToday.Day()) : "";
+        if (extras.times > 0) text += " x" + std::to_string(extras.times);
+        for (const std::int32_t day : extras.skipped)
+            text += " -" + std::to_string(day - kToday.Day());
+        for (const SecondWarning& warning : extras.warnings)
+            text += warning.time ? " " + std::to_string(warning.daysBefore) + "@" +
+                                       std::to_string(warning.time->MinuteOfDay())
+                                 : " " + std::to_string(warning.minutes);
+        return text + (extras.always ? " !" : "");
+    };
+    const struct {
+        const char* what;
+        User user;
+        const char* extras;
+        const char* told;
+        const char* shown;  // in the line of the dates, and in the one beside the button
+    } cases[] = {
+        {"nothing", [&] { more([] {}); }, " -7", "", "Not on: Wed 22/03/2023."},
+        {"until a day", [&] { more([&] { until(15); }); }, "+15 -7", "",
+         "Wed 29/03/2023.  Last date:  Wed 29/03/2023"},
+        {"so many times", [&] { more([&] { Type(IDC_txtTimes, "3"); }); }, "+14 x3 -7", "",
+         "Last date:  Wed 29/03/2023"},
+        {"never again",
+         [&] {
+             more([&] { until(15); });
+             more([&] { Click(IDC_optNoEnd); });
+         },
+         " -7", "", "05/04/2023"},
+        {"before the first date", [&] { more([&] { until(-1); }); }, " -7",
+         "The series would end on Tue 14/03/2023, before its first date.", ""},
+        {"no times", [&] { more([&] { Type(IDC_txtTimes, "0"); }); }, " -7",
+         "Please enter a whole number from 1 to 10000", ""},
+        {"no last day", [&] { more([&] { Click(IDC_optLastDay); }); }, " -7", "Please choose the last day",
+         ""},
+        {"put back", [&] { more([&] { Click(IDC_cmdPutBack); }); }, "", "", "Wed 22/03/2023"},
+        {"warnings",
+         [&] {
+             more([&] {
+                 warn(0, 2, "2");
+                 warn(2, 4, "1", "1800");
+                 Click(IDC_chkAlways);
+             });
+         },
+         " -7 120 1@1080 !", "", "2 more warnings.  Also in quiet hours."},
+        {"a warning at no time", [&] { more([&] { warn(0, 4, "1", "25:00"); }); }, " -7",
+         "Please specify a time in the range of 00:00 to 23:59", ""},
+        {"a warning behind the event", [&] { more([&] { warn(1, 4, "0", "10:00"); }); }, " -7",
+         "The second warning would come when the event has begun", ""},
+        {"a warning before no time",
+         [&] {
+             Click(IDC_chkTimed);
+             more([&] { warn(1, 1, "90"); });
+             Click(IDC_chkTimed);
+         },
+         " -7", "A warning some time before the event needs its time", ""},
+        {"an alarm taken away",
+         [&] {
+             more([&] { warn(0, 3, "2"); });
+             Click(IDC_chkTimed);
+             Click(IDC_cmdSave);
+             Click(IDC_chkTimed);
+         },
+         " -7 2880", "A warning some time before the event needs its time", ""},
+        {"another rule",
+         [&] {
+             more([&] { Type(IDC_txtTimes, "4"); });
+             Type(IDC_txtDailyPeriod, "14");
+         },
+         "+42 x4", "", "Last date:  Wed 26/04/2023"},
+        {"shown once",
+         [&] {
+             more([&] {
+                 until(15);
+                 warn(0, 2, "2");
+             });
+             Click(IDC_optShowOnce);
+         },
+         " 120", "", "Next date:  Wed 15/03/2023"},
+        {"an end, and then a later start",
+         [&] {
+             more([&] { until(15); });
+             inDays(20);
+             Click(IDC_lblDailyStartDate);
+             Click(IDC_cmdSave);
+             inDays(0);
+             Click(IDC_lblDailyStartDate);
+         },
+         "+15 -7", "before its first date. Please choose Tue 04/04/2023", "Last date:  Wed 29/03/2023"},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.what);
+        clsEvent event = WithAlarm(Daily("000007", "Tea", kToday, 7), 9, 30);
+        EventExtras extras;
+        extras.Skip(kToday.PlusDays(7));
+        event.Extras(extras);
+        std::string shown;
+        EXPECT_TRUE(Edit(event, [&] {
+            one.user();
+            shown = Text(IDC_lblPreview) + "|" + Text(IDC_lblMore);
+        }));
+        EXPECT_EQ(one.extras, inShort(event.Extras()));
+        const auto told = Told();
+        EXPECT_THAT(told.empty() ? "" : told.front(), HasSubstr(one.told));
+        EXPECT_EQ(*one.told != '\0', !told.empty());
+        EXPECT_THAT(shown, HasSubstr(one.shown));
+    }
+}
+
 }  // namespace
 }  // namespace kaz

@@ -2,11 +2,14 @@
 
 #include "base/Text.h"
 #include "forms/Window.h"
+#include "forms/WindowFactory.h"
 #include "model/RulePreview.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "resources/resource.h"
 #include "storage/clsSounds.h"
+#include "ui/event/ExtrasText.h"
+#include "ui/event/frmMore.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 
@@ -63,6 +66,8 @@ frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application
       app_(application),
       event_(std::move(event)),
       mode_(mode),
+      extras_(event_.Extras()),
+      extrasRule_(event_.Rule()),
       datePattern_(application.DatePattern()),
       alarm_(this->window(), application.platform.locale.Data()),
       actions_(this->window(), application.platform.files, application.platform.dialogs),
@@ -72,6 +77,7 @@ frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application
     On(0, Raised::CloseBox, "cmdAbort_Click", &frmEvent::cmdAbort_Click);
     On(IDC_cmdSave, Raised::Click, "cmdSave_Click", &frmEvent::cmdSave_Click);
     On(IDC_cmdAbort, Raised::Click, "cmdAbort_Click", &frmEvent::cmdAbort_Click);
+    On(IDC_cmdMore, Raised::Click, "cmdMore_Click", &frmEvent::cmdMore_Click);
     On(IDC_chkTimed, Raised::Click, "chkTimed_Click", &frmEvent::chkTimed_Click);
     On(IDC_txtTime, Raised::Change, "txtTime_Change", &frmEvent::txtTime_Change);
     On(IDC_txtTime, Raised::Leave, "txtTime_LostFocus", &frmEvent::txtTime_LostFocus);
@@ -202,6 +208,9 @@ void frmEvent::CopyFields(clsEvent& event) {
     // A category that is not in the list stays as it is.
     if (cmbLayers.Selected() >= 0) event.Layer(static_cast<std::int16_t>(cmbLayers.Selected()));
     tabs_.Take(event);
+    event.Extras(ExtrasFor(event));
+    if (const std::string fault = ExtrasFault(event, Style(), app_.platform.clock.Today()); !fault.empty())
+        throw FieldFault(IDC_cmdMore, fault);
     if (!event.Email.empty()) app_.settings.StoreSetting("DefaultEmail", event.Email);
 }
 
@@ -296,10 +305,43 @@ void frmEvent::PickStartDate(IntervalFrame& frame) {
     ShowPreview();
 }
 
+// The rule and the time as they are typed decide what can be chosen there.
+void frmEvent::cmdMore_Click() {
+    try {
+        clsEvent event = AsTyped();
+        if (alarm_.Ticked()) alarm_.Take(event);
+        const auto form = std::make_shared<frmMore>(app_.platform.windows.Create(IDD_MORE), app_, event);
+        app_.openWindows.Add(form);
+        const bool accepted = form->Ask();
+        app_.openWindows.Unload(*form);
+        if (!accepted) return;
+        extras_ = form->Extras();
+        if (event.Recurring()) extrasRule_ = event.Rule();
+        ShowPreview();
+    } catch (const FieldFault& fault) {
+        app_.platform.dialogs.Message(fault.Description());
+        window().SetFocus(fault.Control());
+    }
+}
+
+EventExtras frmEvent::ExtrasFor(const clsEvent& event) const {
+    EventExtras extras = extras_;
+    if (!event.Recurring()) {
+        extras.skipped.clear();
+        extras.lastDay.reset();
+        extras.times = 0;
+    } else if (event.Rule() != extrasRule_) {
+        extras = UnderRule(std::move(extras), event.Rule(), app_.platform.clock.Today());
+    }
+    return extras;
+}
+
 void frmEvent::ShowPreview() {
     RulePreview preview;
     try {
-        preview = RulePreview(AsTyped(), app_.platform.clock.Now());
+        const clsEvent event = AsTyped();
+        preview = RulePreview(event, app_.platform.clock.Now());
+        lblMore.Text(ExtrasInWords(event, Style()));
     } catch (const FieldFault&) {
         // The user is still typing: there is nothing to show yet, and nothing to complain of.
     }
@@ -322,6 +364,7 @@ clsEvent frmEvent::AsTyped() const {
     };
     asFarAsPossible([&] { alarm_.Take(event); });
     asFarAsPossible([&] { actions_.Take(event); });
+    event.Extras(ExtrasFor(event));
     return event;
 }
 

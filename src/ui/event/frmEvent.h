@@ -42,6 +42,7 @@ private:
     void Form_Load();
     void cmdSave_Click();
     void cmdAbort_Click();
+    void cmdMore_Click();
     void chkTimed_Click();
     void txtTime_Change();
     void txtTime_LostFocus();
@@ -64,10 +65,15 @@ private:
     void PickStartDate(IntervalFrame& frame);
     void ShowPreview();
     clsEvent AsTyped() const;
+    // Those of the event as it is typed.
+    EventExtras ExtrasFor(const clsEvent& event) const;
+    DateStyle Style() const { return {datePattern_, app_.platform.locale.Data()}; }
 
     Application& app_;
     clsEvent event_;
     EditMode mode_;
+    EventExtras extras_;
+    RecurrenceRule extrasRule_;  // for which they were chosen
     std::string shownDescription_;
     std::string datePattern_;
     AlarmControls alarm_;
@@ -79,6 +85,7 @@ private:
     TextBox txtDaysWarning{window(), IDC_txtDaysWarning};
     CheckBox optRepeat{window(), IDC_optRepeat};
     CheckBox optShowOnce{window(), IDC_optShowOnce};
+    Label lblMore{window(), IDC_lblMore};
     Label lblPreview{window(), IDC_lblPreview};
     Label lblPreviewWarning{window(), IDC_lblPreviewWarning};
 };

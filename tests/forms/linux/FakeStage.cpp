@@ -14,14 +14,17 @@ namespace {
 
 // What the real window knows from its template.
 bool IsCheckBox(int control) {
-    static constexpr int kCheckBoxes[] = {
-        IDC_chkExpired, IDC_chkNoSound,       IDC_chkSilentStart, IDC_chkTimed,     IDC_chkShared,
-        IDC_chkEmailTo, IDC_chkSpecificShare, IDC_chkRunFile,     IDC_chkMakeNoise, IDC_chkQuietScreen};
+    static constexpr int kCheckBoxes[] = {IDC_chkExpired,       IDC_chkNoSound, IDC_chkSilentStart,
+                                          IDC_chkTimed,         IDC_chkShared,  IDC_chkEmailTo,
+                                          IDC_chkSpecificShare, IDC_chkRunFile, IDC_chkMakeNoise,
+                                          IDC_chkQuietScreen,   IDC_chkAlways};
     return (control >= IDC_chkDay && control < IDC_chkDay + 7) ||
            std::ranges::count(kCheckBoxes, control) > 0;
 }
-constexpr std::pair<int, int> kOptionPairs[] = {
-    {IDC_optSingle, IDC_optNetworked}, {IDC_optUSDate, IDC_optEuroDate}, {IDC_optRepeat, IDC_optShowOnce}};
+const std::vector<int> kOptionGroups[] = {{IDC_optSingle, IDC_optNetworked},
+                                          {IDC_optUSDate, IDC_optEuroDate},
+                                          {IDC_optRepeat, IDC_optShowOnce},
+                                          {IDC_optNoEnd, IDC_optLastDay, IDC_optTimes}};
 
 class FakeStage : public Stage {
 public:
@@ -40,8 +43,8 @@ public:
     }
 
     void Click(Window& window, int id) override {
-        for (const auto& [one, other] : kOptionPairs)
-            if (id == one || id == other) return Fake(window).Pick(id, {one, other});
+        for (const std::vector<int>& group : kOptionGroups)
+            if (std::ranges::count(group, id) > 0) return Fake(window).Pick(id, group);
         IsCheckBox(id) ? Fake(window).Toggle(id) : Fake(window).Click(id);
     }
     void Type(Window& window, int control, const std::string& text) override {
