@@ -2,6 +2,10 @@
 #include "fakes/FakePlatform.h"
 #include "fakes/Matchers.h"
 #include "fakes/Sample.h"
+#include "model/MonthGrid.h"
+#include "storage/SideExtras.h"
+#include "story/Story.h"
+#include "ui/list/EventRows.h"
 
 #include <functional>
 
@@ -143,5 +147,131 @@ TEST(Skip, LeavesOutOrMovesOneDayAndEachIsTakenBackInOneStep) {
             EXPECT_EQ(state, AnnsProgram(machine).State());
         }
         EXPECT_THAT(ann.State(), before);
+    }
+}
+
+namespace {
+
+// Ann or Bob, who work on one disk; each look is a program of its own.
+class Look {
+public:
+    Look(MemoryFileSystem& disk, const std::string& name, DateValue now) : folder_("C:\\" + name) {
+        disk.Put(folder_ + "\\Kaz.ini", "OWNER," + name +
+                                            "\r\nNETWORKED,-1\r\nNOAUTOBACKUPS,-1\r\nDATAPATH," + folder_ +
+                                            "\r\nSHAREDDATAPATH,C:\\Share\r\n");
+        machine_.clock.now = now;
+        component_.emplace(machine_.Services(disk), MakeMainWindow, host_);
+        component_->Startup(folder_);
+        component_->ShowMain();
+        for (int second = 0; second < 45; ++second) {
+            machine_.clock.now = DateValue::FromSerial(machine_.clock.now.Serial() + 1.0 / 86400);
+            machine_.windows.Advance(1000);
+        }
+        component_->ScanEvents();
+    }
+    ~Look() { component_->ShutDown(); }
+
+    // "T" in TODAY!, "A" in ALARM!, which is closed then, "H" in the host's list of the day.
+    std::string Told() {
+        std::string told;
+        for (const char* heading : {"TODAY!", "ALARM!"}) {
+            FakeWindow* window = machine_.windows.WithCaption(heading);
+            if (!window || !window->IsVisible()) continue;
+            for (const std::string& line : window->Items(IDC_lstReminders))
+                if (line.find("Te") != std::string::npos) told += heading[0];
+            window->Click(IDC_cmdContinue);
+        }
+        for (const std::string& line : host_.todays)
+            if (line.find("Te") != std::string::npos) told += "H";
+        return told;
+    }
+    std::string DueInList() {
+        return ReplaceAll(testing::PrintToString(Main().Report(IDC_ListEvents).Column(kDateColumn)), "\"",
+                          "");
+    }
+    // The days of the month window that it stands on.
+    std::string Month() {
+        Main().Click(IDM_MONTHVIEW);
+        FakeWindow* window = machine_.windows.Newest(IDD_MONTH);
+        std::string days;
+        for (int box = 0; box < MonthGrid::kBoxes; ++box)
+            if (!window->Grid(IDC_Calbox).Lines(box).empty()) days += " " + std::to_string(box - 2);
+        return days;
+    }
+
+private:
+    FakeWindow& Main() { return *machine_.windows.Newest(IDD_MAIN); }
+
+    std::string folder_;
+    FakePlatform machine_;
+    RecordingHost host_;
+    std::optional<clsComponent> component_;
+};
+
+}  // namespace
+
+// 15 March 2023 is a Wednesday; Tea is on Fridays at ten, the 17th, 24th and 31st.
+TEST(Skip, EverybodyIsToldOfWhatIsLeftAfterRestartsAndAnOlderProgramToo) {
+    const auto extras = [](std::vector<std::int32_t> skipped, int last, std::vector<SecondWarning> warnings) {
+        EventExtras all;
+        for (const int day : skipped)
+            all.Skip(DateValue::FromCivil(2023, 3, day));
+        if (last > 0) all.lastDay = DateValue::FromCivil(2023, 3, last);
+        all.warnings = std::move(warnings);
+        return all;
+    };
+    const struct {
+        const char* what;
+        EventExtras extras;
+        const char *replace, *by;  // in the file, by a program that knows nothing of it
+        const char *list, *month, *ann, *bob;
+    } cases[] = {
+        {"as it is", {}, "", "", "{ 03/17 }", " 17 24 31", " 17:TAH 24:TAH 31:TAH", " 17:A 24:A 31:A"},
+        {"skipped", extras({24}, 0, {}), "", "", "{ 03/17 }", " 17 31", " 17:TAH 31:TAH", " 17:A 31:A"},
+        {"its due date skipped", extras({17}, 0, {}), "", "", "{ 03/24 }", " 24 31", " 24:TAH 31:TAH",
+         " 24:A 31:A"},
+        {"ended", extras({}, 30, {}), "", "", "{ 03/17 }", " 17 24", " 17:TAH 24:TAH", " 17:A 24:A"},
+        {"ended before its due date", extras({}, 16, {}), "", "", "{}", "", "", ""},
+        {"the evening before too", extras({24}, 0, {{0, 1, DateValue::FromTime(18, 0)}}), "", "", "{ 03/17 }",
+         " 17 31", " 16pm:A 17:TAH 30pm:A 31:TAH", " 16pm:A 17:A 30pm:A 31:A"},
+        {"an older program saves it as another", extras({24}, 0, {}), ">Tea<", ">Tee<", "{ 03/17 }",
+         " 17 24 31", " 17:TAH 24:TAH 31:TAH", " 17:A 24:A 31:A"},
+        {"an older program saves it with the same text", extras({24}, 0, {}), "<DaysWarning>0",
+         "<DaysWarning>1", "{ 03/17 }", " 17 31", " 17:TAH 31:TAH", " 17:A 31:A"},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.what);
+        MemoryFileSystem disk;
+        clsEvent tea =
+            WithAlarm(SharedBy("Ann", Daily("000001", "Tea", DateValue::FromCivil(2023, 3, 17), 7)), 10, 0);
+        tea.Extras(one.extras);
+        const std::string file = FileOf({tea});
+        ASSERT_THAT(file, HasSubstr(one.replace));
+        disk.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
+        disk.Put("C:\\Bob\\Events.xml", FileOf({}));
+        disk.Put("C:\\Ann\\Events.xml", *one.replace ? ReplaceAll(file, one.replace, one.by) : file);
+        const std::vector<SideLine> lines = ExtraLines(tea, kOwnEvents);
+        WriteSideLines(disk, "C:\\Ann\\Events.side", {lines.begin(), lines.end()});
+        std::string annTold, bobTold, list, month;
+        for (int day = 15; day <= 31; ++day)
+            for (const int hour : {10, 18}) {
+                const DateValue now = DateValue(DateValue::FromCivil(2023, 3, day).Day(), hour * 3600 - 30);
+                const std::string when = " " + std::to_string(day) + (hour == 18 ? "pm:" : ":");
+                for (const bool isAnn : {true, false}) {
+                    Look look(disk, isAnn ? "Ann" : "Bob", now);
+                    if (isAnn && list.empty()) {
+                        list = look.DueInList();
+                        month = look.Month();
+                    }
+                    std::string told = look.Told();
+                    if (hour == 18) told = ReplaceAll(ReplaceAll(told, "T", ""), "H", "");
+                    if (!isAnn) told = ReplaceAll(told, "H", "");
+                    if (!told.empty()) (isAnn ? annTold : bobTold) += when + told;
+                }
+            }
+        EXPECT_EQ(one.list, list);
+        EXPECT_EQ(one.month, month);
+        EXPECT_EQ(one.ann, annTold);
+        EXPECT_EQ(one.bob, bobTold);
     }
 }

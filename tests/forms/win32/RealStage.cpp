@@ -179,7 +179,9 @@ private:
         Window* window = stage_->Find(stage_->modal_.first);
         if (!window || !window->IsVisible()) return;
         KillTimer(nullptr, timer);
-        stage_->modal_.second(*window);
+        // He may turn to a further one inside.
+        const auto user = std::move(stage_->modal_.second);
+        user(*window);
     }
 
     std::unique_ptr<Window> Create(int dialog) override {
