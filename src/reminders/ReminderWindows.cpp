@@ -60,8 +60,7 @@ void ReminderWindows::ShowTest(const std::string& line) {
         services_.openWindows.Add(form);
         tests_[i] = form;
         form->AddToList(line);
-        form->Heading(kHeadings[i]);
-        form->ShowNow();
+        form->ShowAsTest(kHeadings[i]);
     }
 }
 

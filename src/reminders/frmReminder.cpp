@@ -90,6 +90,12 @@ void frmReminder::Arm(int milliseconds) {
     Timer1.Start(milliseconds);
 }
 
+void frmReminder::ShowAsTest(const std::string& heading) {
+    lblHeading.Text(heading);
+    window().SetText(0, heading);
+    window().Show(Activation::KeepFocus);
+}
+
 void frmReminder::ShowNow() {
     Arm(kAtOnce);
     window().Show(Activation::TakeFocus);

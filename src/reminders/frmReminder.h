@@ -31,6 +31,8 @@ public:
 
     // Ends any sleep and makes the window come to the front, two seconds later.
     void Wake();
+    // Shows it under that heading, without coming back to the front: what tells of it stays before it.
+    void ShowAsTest(const std::string& heading);
     // Shows it at once, to a user who has asked for it.
     void ShowNow();
     // Shows it at once and above all other windows: an alarm is late by two seconds already.
