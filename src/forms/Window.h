@@ -150,6 +150,7 @@ public:
 
     // List boxes, combo boxes and tab strips; positions count from 0.
     virtual void SetItems(int control, const std::vector<std::string>& items) = 0;
+    // Of a report list, the texts of its first column.
     virtual std::vector<std::string> Items(int control) const = 0;
     virtual int Selected(int control) const = 0;  // -1 when none
     virtual void Select(int control, int position) = 0;

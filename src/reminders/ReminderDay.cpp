@@ -54,6 +54,7 @@ std::vector<ReminderLine> ReminderDay::UpcomingLines() const {
         lines.push_back(LineOf(*event, OwnOccurrence(*event, DateValue(day_.Day() + daysLeft)),
                                UpcomingLine(daysLeft, event->DescShown())));
         lines.back().breaksQuiet = false;
+        lines.back().tellsDay = true;
     }
     return lines;
 }

@@ -2,6 +2,7 @@
 
 #include "reminders/Outcomes.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,6 +17,14 @@ struct ReminderLine {
     std::optional<OccurrenceRef> occurrence = {};  // none in a line that belongs to no event
     std::optional<DateValue> time = {};            // of day, of an event that has one
     bool breaksQuiet = false;                      // its window comes also while it is quiet
+    bool tellsDay = false;                         // by its text, which needs none beside it
+    friend bool operator==(const ReminderLine&, const ReminderLine&) = default;
+
+    // When the event begins, if it has a time.
+    std::optional<DateValue> Start() const {
+        if (!occurrence || !time) return std::nullopt;
+        return DateValue(occurrence->day.Day(), time->SecondOfDay());
+    }
 };
 
 ReminderLine LineOf(const clsEvent& event, const OccurrenceRef& occurrence, std::string text);
@@ -28,9 +37,10 @@ public:
     void Clear() { lines_.clear(); }
     bool Empty() const { return lines_.empty(); }
     const std::vector<ReminderLine>& All() const { return lines_; }
-    // The position counts from 0, in the order of All.
-    void Remove(std::size_t position) {
-        lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(position));
+    void Remove(const std::vector<ReminderLine>& lines) {
+        std::erase_if(lines_, [&](const ReminderLine& line) {
+            return std::find(lines.begin(), lines.end(), line) != lines.end();
+        });
     }
 
     // The number that a line is ordered by: the days of "In 3 days: ...", else the digits that it starts

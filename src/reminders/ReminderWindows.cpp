@@ -20,8 +20,9 @@ std::shared_ptr<frmReminder> ReminderWindows::Find(ReminderKind kind) const {
 frmReminder& ReminderWindows::Open(ReminderKind kind) {
     ++timesShown_;
     if (const auto open = Find(kind)) return *open;
-    const auto form =
-        std::make_shared<frmReminder>(services_.platform.windows.Create(IDD_REMINDER), services_);
+    const auto form = std::make_shared<frmReminder>(
+        services_.platform.windows.Create(IDD_REMINDER), services_, requests,
+        [this, kind](const OccurrenceRef& of) { left_[static_cast<std::size_t>(kind)].insert(of); });
     services_.openWindows.Add(form);
     forms_[static_cast<std::size_t>(kind)] = form;
     return *form;
@@ -41,6 +42,28 @@ void ReminderWindows::SetShown(ReminderKind kind, DateValue day, std::vector<std
     shown_[static_cast<std::size_t>(kind)] = Showing{day, std::move(lines)};
 }
 
+std::vector<ReminderLine> ReminderWindows::WithoutLeft(ReminderKind kind, DateValue now,
+                                                       std::vector<ReminderLine> lines) {
+    const auto place = static_cast<std::size_t>(kind);
+    if (!shown_[place] || shown_[place]->day != now.DateOnly()) left_[place].clear();
+    std::erase_if(lines, [&](const ReminderLine& line) {
+        if (!line.occurrence) return false;
+        if (left_[place].contains(*line.occurrence)) return true;
+        const auto asleep = services_.outcomes.AsleepOf(line.occurrence->key);
+        return std::any_of(asleep.begin(), asleep.end(), [&](const Outcomes::Asleep& one) {
+            if (one.occurrence.day != line.occurrence->day || one.until <= now) return false;
+            // On its own day it is told, unless it was put off on that day or to another one.
+            return kind == ReminderKind::ComingUp || one.occurrence.moment.Day() >= now.Day();
+        });
+    });
+    return lines;
+}
+
+void ReminderWindows::ForgetShown() {
+    shown_ = {};
+    left_ = {};
+}
+
 bool ReminderWindows::ShowNow() {
     bool any = false;
     for (const ReminderKind kind : {ReminderKind::ComingUp, ReminderKind::Today})
@@ -55,8 +78,8 @@ void ReminderWindows::ShowTest(const std::string& line) {
     CloseTest();
     constexpr const char* kHeadings[] = {"COMING UP (test)", "TODAY! (test)", "ALARM! (test)"};
     for (std::size_t i = 0; i < tests_.size(); ++i) {
-        const auto form =
-            std::make_shared<frmReminder>(services_.platform.windows.Create(IDD_REMINDER), services_);
+        const auto form = std::make_shared<frmReminder>(services_.platform.windows.Create(IDD_REMINDER),
+                                                        services_, requests, [](const OccurrenceRef&) {});
         services_.openWindows.Add(form);
         tests_[i] = form;
         form->AddToList(line);
@@ -108,6 +131,7 @@ frmMissed& ReminderWindows::MissedWindow() {
 }
 
 bool ReminderWindows::ShowMissed(std::vector<MissedReminder> missed) {
+    if (const auto sleeping = sleepingForm_.lock(); sleeping && !sleeping->Closed()) sleeping->Fill();
     if (missed == missed_) return false;
     missed_ = std::move(missed);
     std::set<OccurrenceRef> now;
@@ -123,6 +147,19 @@ bool ReminderWindows::ShowMissed(std::vector<MissedReminder> missed) {
     ++timesShown_;
     missedWaits_ = services_.quiet.IsOn();
     if (!missedWaits_) MissedWindow().Appear(Activation::KeepFocus);
+    return true;
+}
+
+bool ReminderWindows::OpenSleeping() {
+    auto form = sleepingForm_.lock();
+    if (!form || form->Closed()) {
+        form = std::make_shared<frmSleeping>(services_.platform.windows.Create(IDD_SLEEPING), services_,
+                                             requests);
+        if (!form->Fill()) return false;
+        services_.openWindows.Add(form);
+        sleepingForm_ = form;
+    }
+    form->Appear();
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include "reminders/frmMissed.h"
 #include "reminders/frmReminder.h"
 #include "reminders/frmRunFile.h"
+#include "reminders/frmSleeping.h"
 
 #include <array>
 #include <compare>
@@ -49,7 +50,9 @@ public:
     // or lets it sleep. On the next day they are news.
     bool HasShown(ReminderKind kind, DateValue day, const std::vector<std::string>& lines) const;
     void SetShown(ReminderKind kind, DateValue day, std::vector<std::string> lines);
-    void ForgetShown() { shown_ = {}; }
+    void ForgetShown();
+    // These without what the user has dealt with by itself on that day, and what comes again later.
+    std::vector<ReminderLine> WithoutLeft(ReminderKind kind, DateValue now, std::vector<ReminderLine> lines);
     // Has those for today and for what comes up appear at once, and the user in them. False when neither is
     // there.
     bool ShowNow();
@@ -78,6 +81,9 @@ public:
     bool OpenMissed();
     const std::vector<MissedReminder>& Missed() const { return missed_; }
 
+    // Shows what the user has put off. False when there is nothing.
+    bool OpenSleeping();
+
     // Set by those who can do it.
     ReminderRequests requests;
 
@@ -104,10 +110,12 @@ private:
         bool operator==(const Showing&) const = default;
     };
     std::array<std::optional<Showing>, 3> shown_;
+    std::array<std::set<OccurrenceRef>, 3> left_;
     std::set<AlarmRinging> rung_;
     std::vector<MissedReminder> missed_;
     std::set<OccurrenceRef> missedShown_;
     std::weak_ptr<frmMissed> missedForm_;
+    std::weak_ptr<frmSleeping> sleepingForm_;
     bool missedWaits_ = false;  // for the end of the quiet
     int timesShown_ = 0;
     std::deque<FileQuestion> waiting_;

@@ -209,11 +209,7 @@ void clsReminder::ShowUpcoming(const ReminderDay& today) {
     }
     stores_.log.LogEvent("Showing upcoming reminders");
     if (windows_.HasShown(ReminderKind::ComingUp, today.Day(), TextsOf(lines))) return;
-    frmReminder& window = windows_.Open(ReminderKind::ComingUp);
-    window.ReplaceList(lines);
-    window.Wake();
-    window.Heading("COMING UP");
-    windows_.SetShown(ReminderKind::ComingUp, today.Day(), TextsOf(lines));
+    Show(ReminderKind::ComingUp, today, lines, "");
 }
 
 void clsReminder::ShowTodays(const ReminderDay& today) {
@@ -227,13 +223,23 @@ void clsReminder::ShowTodays(const ReminderDay& today) {
     }
     stores_.log.LogEvent("Showing today's reminders");
     if (windows_.HasShown(ReminderKind::Today, today.Day(), TextsOf(lines))) return;
-    frmReminder& window = windows_.Open(ReminderKind::Today);
-    window.PlaySound = !sound.empty();
-    window.SoundFile = sound;
-    window.ReplaceList(lines);
-    window.Wake();
-    window.Heading("TODAY!");
-    windows_.SetShown(ReminderKind::Today, today.Day(), TextsOf(lines));
+    Show(ReminderKind::Today, today, lines, sound);
+}
+
+void clsReminder::Show(ReminderKind kind, const ReminderDay& today, const std::vector<ReminderLine>& lines,
+                       const std::string& sound) {
+    const std::vector<ReminderLine> left = windows_.WithoutLeft(kind, stores_.platform.clock.Now(), lines);
+    if (left.empty()) {
+        windows_.Close(kind);
+    } else {
+        frmReminder& window = windows_.Open(kind);
+        window.PlaySound = !sound.empty();
+        window.SoundFile = sound;
+        window.ReplaceList(left);
+        window.Wake();
+        window.Heading(kind == ReminderKind::Today ? "TODAY!" : "COMING UP");
+    }
+    windows_.SetShown(kind, today.Day(), TextsOf(lines));
 }
 
 void clsReminder::DisplayAlarms(const clsDbXml& database, std::optional<DateValue> lastPass) {

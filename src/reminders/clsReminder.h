@@ -58,6 +58,8 @@ private:
     void Update(int passes);
     void RemoveRetired(std::vector<std::size_t> positions);
     void Ring(const std::vector<ReminderLine>& lines, const std::string& sound);
+    void Show(ReminderKind kind, const ReminderDay& today, const std::vector<ReminderLine>& lines,
+              const std::string& sound);
     void ShowUpcoming(const ReminderDay& today);
     void ShowTodays(const ReminderDay& today);
     EventSource PlaceOf(const clsDbXml& database) const {

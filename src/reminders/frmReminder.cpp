@@ -1,13 +1,16 @@
 #include "reminders/frmReminder.h"
 
+#include "base/DateText.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
+#include "platform/Locale.h"
 #include "platform/MessagePump.h"
 #include "storage/clsSounds.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace kaz {
@@ -27,29 +30,29 @@ bool IsToComeAgain(const Outcomes& outcomes, const OccurrenceRef& occurrence, Da
     });
 }
 
-// What a person has closed is answered, but for what is still to come: the alarm of an event of today, and
-// what he has put off in another window.
-void Answer(Outcomes& outcomes, const std::vector<ReminderLine>& lines, std::optional<DateValue> toldUntil,
-            DateValue now) {
-    std::vector<OccurrenceRef> answered;
-    for (const ReminderLine& line : lines) {
-        const auto& occurrence = line.occurrence;
-        if (occurrence && (!toldUntil || occurrence->moment <= *toldUntil) &&
-            !IsToComeAgain(outcomes, *occurrence, now))
-            answered.push_back(*occurrence);
-    }
-    outcomes.Answer(answered);
-}
-
 }  // namespace
 
-frmReminder::frmReminder(std::unique_ptr<Window> window, const ReminderServices& services)
+frmReminder::frmReminder(std::unique_ptr<Window> window, const ReminderServices& services,
+                         ReminderRequests& requests, std::function<void(const OccurrenceRef&)> left)
     : Form(std::move(window), services.errors, "frmReminder"),
-      services_(services) {
+      services_(services),
+      requests_(requests),
+      left_(std::move(left)),
+      again_(this->window(), services),
+      lstReminders_(this->window().Report(IDC_lstReminders)) {
     On(IDT_Timer1, Raised::Timer, "Timer1_Timer", &frmReminder::Timer1_Timer);
     On(IDC_cmdRemindMe, Raised::Click, "cmdRemindMe_Click", &frmReminder::cmdRemindMe_Click);
     On(IDC_cmdContinue, Raised::Click, "cmdContinue_Click", &frmReminder::cmdContinue_Click);
     On(0, Raised::CloseBox, "cmdContinue_Click", &frmReminder::cmdContinue_Click);
+    On(IDC_lstReminders, Raised::Select, "lstReminders_Click", &frmReminder::lstReminders_Click);
+    On(IDC_lstReminders, Raised::DoubleClick, "lstReminders_DblClick", &frmReminder::lstReminders_DblClick);
+    On(IDC_cmdLineDone, Raised::Click, "cmdDone_Click", &frmReminder::cmdDone_Click);
+    On(IDC_cmdLineAgain, Raised::Click, "cmdAgain_Click", &frmReminder::cmdAgain_Click);
+    On(IDC_cmdLineLast, Raised::Click, "cmdLast_Click", &frmReminder::cmdLast_Click);
+    for (const int command : AgainMenu::kCommands)
+        On(command, Raised::Click, "mnuAgain_Click", [this, command] { mnuAgain_Click(command); });
+    lstReminders_.SetColumns({{"Reminder", 120, true}, {"Time", 110}});
+    lstReminders_.SetRows(&rows_);
     txtSleep.MaxLength(kSleepDigits);
 }
 
@@ -74,12 +77,32 @@ void frmReminder::ReplaceList(const std::vector<ReminderLine>& lines) {
     AddToList(lines);
 }
 
-// A list box has one line for each, and draws blots for what would break it.
-void frmReminder::FillList() {
-    std::vector<std::string> texts;
-    for (const ReminderLine& line : lines_.All())
-        texts.push_back(OneLine(line.text));
-    lstReminders.Items(texts);
+void frmReminder::FillList() { Show(Selected()); }
+
+// What was selected stays selected, wherever it stands now.
+void frmReminder::Show(const std::vector<ReminderLine>& selected) {
+    std::vector<TextRows::Row> rows;
+    std::vector<int> again;
+    shown_ = lines_.All();
+    for (const ReminderLine& line : shown_) {
+        if (std::find(selected.begin(), selected.end(), line) != selected.end())
+            again.push_back(static_cast<int>(rows.size()));
+        rows.push_back({{OneLine(line.text), TimeOf(line)}});
+    }
+    rows_.rows = std::move(rows);
+    lstReminders_.Refresh();
+    lstReminders_.SetSelection(again);
+    if (again.empty()) lstReminders_.Select(0);
+    ShowButtons();
+}
+
+std::string frmReminder::TimeOf(const ReminderLine& line) const {
+    const LocaleData& locale = services_.platform.locale.Data();
+    std::string text;
+    const bool isOther = line.occurrence && line.occurrence->day != services_.platform.clock.Today();
+    if (isOther && !line.tellsDay) text = FormatDate(line.occurrence->day, "DDD D MMM", locale);
+    if (line.time) text += (text.empty() ? "" : " ") + FormatDate(*line.time, "HH:NN", locale);
+    return text;
 }
 
 void frmReminder::Wake() { Arm(kFirstShowing); }
@@ -180,10 +203,100 @@ void frmReminder::cmdRemindMe_Click() {
 void frmReminder::cmdContinue_Click() {
     window().Hide();
     services_.platform.pump.ProcessPending();
-    const std::vector<ReminderLine> read = lines_.All();
+    std::vector<ReminderLine> read = lines_.All();
     services_.openWindows.Unload(*this);
+    // What he has put off in another window is not answered in this one.
+    std::erase_if(read, [&](const ReminderLine& line) {
+        return line.occurrence &&
+               IsToComeAgain(services_.outcomes, *line.occurrence, services_.platform.clock.Now());
+    });
+    Answer(read);
+}
+
+// What a person has closed is answered, but for what is still to come: the alarm of an event of today.
+void frmReminder::Answer(const std::vector<ReminderLine>& lines) {
     const DateValue now = services_.platform.clock.Now();
-    Answer(services_.outcomes, read, HasRung ? std::nullopt : std::optional(now), now);
+    std::vector<OccurrenceRef> answered;
+    for (const ReminderLine& line : lines)
+        if (line.occurrence && (HasRung || line.occurrence->moment <= now))
+            answered.push_back(*line.occurrence);
+    services_.outcomes.Answer(answered);
+}
+
+std::vector<ReminderLine> frmReminder::Selected() const {
+    std::vector<ReminderLine> selected;
+    for (const int row : lstReminders_.Selection())
+        if (std::cmp_less(row, shown_.size())) selected.push_back(shown_[static_cast<std::size_t>(row)]);
+    return selected;
+}
+
+void frmReminder::ShowButtons() {
+    const std::vector<ReminderLine> selected = Selected();
+    const AgainChoice last = again_.Last();
+    cmdLast.Text("&Again " + last.Words());
+    cmdDone.Enabled(!selected.empty());
+    cmdAgain.Enabled(!selected.empty());
+    cmdLast.Enabled(last.kind == AgainChoice::Kind::WhenItStarts ? CanStart(selected) : !selected.empty());
+}
+
+bool frmReminder::CanStart(const std::vector<ReminderLine>& lines) const {
+    const DateValue now = services_.platform.clock.Now();
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const ReminderLine& line) { return line.Start() && *line.Start() > now; });
+}
+
+void frmReminder::Leave(const std::vector<ReminderLine>& lines) {
+    for (const ReminderLine& line : lines)
+        if (line.occurrence) left_(*line.occurrence);
+    lines_.Remove(lines);
+    FillList();
+    if (lines_.Empty()) services_.openWindows.Unload(*this);
+}
+
+void frmReminder::lstReminders_DblClick() {
+    const std::vector<ReminderLine> selected = Selected();
+    if (selected.size() != 1 || !selected.front().occurrence) return;
+    if (requests_.edit(*selected.front().occurrence) && !closed_) Leave(selected);
+}
+
+void frmReminder::cmdDone_Click() {
+    const std::vector<ReminderLine> done = Selected();
+    Leave(done);
+    Answer(done);
+    requests_.answered();
+}
+
+void frmReminder::cmdAgain_Click() { again_.Show(CanStart(Selected())); }
+
+void frmReminder::cmdLast_Click() { PutOff(Selected(), again_.Last()); }
+
+// The list can change while the user types a time of his own.
+void frmReminder::mnuAgain_Click(int command) {
+    const std::vector<ReminderLine> selected = Selected();
+    const auto choice = again_.ChoiceOf(command);
+    if (!choice || closed_) return;
+    again_.Keep(*choice);
+    PutOff(selected, *choice);
+    if (!closed_) ShowButtons();
+}
+
+void frmReminder::PutOff(const std::vector<ReminderLine>& lines, const AgainChoice& choice) {
+    const DateValue now = services_.platform.clock.Now();
+    std::map<DateValue, std::vector<OccurrenceRef>> asleep;
+    std::vector<ReminderLine> leaving;
+    for (const ReminderLine& line : lines) {
+        const auto until = choice.Until(now, line.Start());
+        if (!until || !line.occurrence) continue;
+        OccurrenceRef occurrence = *line.occurrence;
+        // What comes again before its own alarm does not take the place of that.
+        if (*until < occurrence.moment) occurrence.moment = now.ToMinute();
+        asleep[*until].push_back(occurrence);
+        leaving.push_back(line);
+    }
+    for (const auto& [until, occurrences] : asleep)
+        services_.outcomes.Sleep(occurrences, until);
+    Leave(leaving);
+    requests_.answered();
 }
 
 void frmReminder::PlayItsSound() {

@@ -2,10 +2,14 @@
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
+#include "forms/TextRows.h"
+#include "reminders/AgainMenu.h"
 #include "reminders/ReminderLines.h"
+#include "reminders/ReminderRequests.h"
 #include "reminders/ReminderServices.h"
 #include "resources/resource.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,10 +17,14 @@
 namespace kaz {
 
 // A list of reminders that comes back to the front every 30 seconds, with its sound if it has one, until the
-// user closes it or lets it sleep for some minutes.
+// user closes it or lets it sleep for some minutes. A line can be answered by itself, or come again later; a
+// window without lines closes.
 class frmReminder : public Form {
 public:
-    frmReminder(std::unique_ptr<Window> window, const ReminderServices& services);
+    // `requests` outlive the form's handlers; `left` is told of each line that the user has dealt with by
+    // itself.
+    frmReminder(std::unique_ptr<Window> window, const ReminderServices& services, ReminderRequests& requests,
+                std::function<void(const OccurrenceRef&)> left);
 
     // Heading and caption. The first one makes the window appear, two seconds later.
     void Heading(const std::string& text);
@@ -51,6 +59,22 @@ private:
     void Timer1_Timer();
     void cmdRemindMe_Click();
     void cmdContinue_Click();
+    void lstReminders_Click() { ShowButtons(); }
+    void lstReminders_DblClick();
+    void cmdDone_Click();
+    void cmdAgain_Click();
+    void cmdLast_Click();
+    void mnuAgain_Click(int command);
+
+    std::vector<ReminderLine> Selected() const;
+    void Answer(const std::vector<ReminderLine>& lines);
+    void PutOff(const std::vector<ReminderLine>& lines, const AgainChoice& choice);
+    // Takes them out of the window, which closes behind the last one.
+    void Leave(const std::vector<ReminderLine>& lines);
+    void Show(const std::vector<ReminderLine>& selected);
+    bool CanStart(const std::vector<ReminderLine>& lines) const;
+    std::string TimeOf(const ReminderLine& line) const;
+    void ShowButtons();
 
     void Arm(int milliseconds);
     void CountSleep();
@@ -61,9 +85,17 @@ private:
     void FillList();
 
     ReminderServices services_;
+    ReminderRequests& requests_;
+    std::function<void(const OccurrenceRef&)> left_;
+    AgainMenu again_;
     ReminderLines lines_;
+    std::vector<ReminderLine> shown_;  // as they stand in the list
+    TextRows rows_;
+    ReportList& lstReminders_;
     Label lblHeading{window(), IDC_lblHeading};
-    ListControl lstReminders{window(), IDC_lstReminders};
+    Button cmdDone{window(), IDC_cmdLineDone};
+    Button cmdAgain{window(), IDC_cmdLineAgain};
+    Button cmdLast{window(), IDC_cmdLineLast};
     TextBox txtSleep{window(), IDC_txtSleep};
     TimerControl Timer1{window(), IDT_Timer1};
     bool armed_ = false;

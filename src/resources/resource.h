@@ -19,6 +19,7 @@
 #define IDD_RUNFILE 114
 #define IDD_UNSAVED 115
 #define IDD_MISSED 116
+#define IDD_SLEEPING 117
 #define IDD_MORE 118
 #define IDD_RESTORE 120
 #define IDD_FORECAST 130
@@ -32,6 +33,9 @@
 #define IDC_lblMinutes 1005
 #define IDC_cmdContinue 1006
 #define IDT_Timer1 1007
+#define IDC_cmdLineDone 1008
+#define IDC_cmdLineAgain 1009
+#define IDC_cmdLineLast 1010
 
 // frmRunFile
 #define IDC_lblSource 1051
@@ -52,6 +56,13 @@
 #define IDC_cmdMissedMail 1068
 #define IDC_cmdMissedAll 1069
 #define IDC_cmdMissedLater 1070
+
+// frmSleeping
+#define IDC_lstSleeping 1081
+#define IDC_cmdSleepingWake 1082
+#define IDC_cmdSleepingDone 1083
+#define IDC_cmdSleepingEdit 1084
+#define IDC_cmdSleepingClose 1085
 
 // frmMain
 #define IDC_ListEvents 1101
@@ -103,6 +114,7 @@
 #define IDM_SHOWAGAIN 2041
 #define IDM_QUIET 2042
 #define IDM_SHOWMISSED 2045
+#define IDM_SLEEPING 2046
 
 #define IDM_AGAIN_5 2050
 #define IDM_AGAIN_10 2051

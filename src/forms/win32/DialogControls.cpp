@@ -140,6 +140,7 @@ void DialogControls::SetItems(int control, const std::vector<std::string>& items
 }
 
 std::vector<std::string> DialogControls::Items(int control) const {
+    if (const auto report = reports_.find(control); report != reports_.end()) return report->second.Texts();
     return ListContents(At(control)).Items();
 }
 

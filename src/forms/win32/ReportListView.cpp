@@ -83,6 +83,13 @@ std::vector<int> ReportListView::Selection() const {
     return rows;
 }
 
+std::vector<std::string> ReportListView::Texts() const {
+    std::vector<std::string> texts;
+    for (int row = 0; rows_ && row < std::min(shown_, rows_->RowCount()); ++row)
+        texts.emplace_back(rows_->CellText(row, 0));
+    return texts;
+}
+
 int ReportListView::Current() const { return list_ ? ListView_GetNextItem(list_, -1, LVNI_FOCUSED) : -1; }
 
 void ReportListView::SetState(int row, UINT state, UINT mask) {

@@ -28,6 +28,8 @@ public:
     void SetSelection(const std::vector<int>& rows) override;
     void ShowSortMark(int column, bool ascending) override;
 
+    // What stands in the first column, row by row.
+    std::vector<std::string> Texts() const;
     // To be called when the list has another width.
     void FitColumns();
     std::optional<LRESULT> OnNotify(const NMHDR& header) override;

@@ -24,6 +24,10 @@ void ReminderMenu::ShowMissed() {
     if (!app_.reminderWindows.OpenMissed()) app_.platform.dialogs.Message("No reminder was missed.");
 }
 
+void ReminderMenu::ShowSleeping() {
+    if (!app_.reminderWindows.OpenSleeping()) app_.platform.dialogs.Message("No reminder is asleep.");
+}
+
 void ReminderMenu::ChangeQuiet() {
     if (endsQuiet_)
         app_.quiet.End();

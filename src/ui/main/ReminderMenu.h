@@ -20,6 +20,7 @@ public:
     void NameCommands();
     void ShowAgain();
     void ShowMissed();
+    void ShowSleeping();
     // Begins a quiet, or ends the one that is.
     void ChangeQuiet();
 

@@ -69,6 +69,7 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(IDT_TimerAlarms, Raised::Timer, "TimerAlarms_Timer", [this] { clock_.TickForAlarms(); });
     On(IDM_SHOWAGAIN, Raised::Click, "mnuShowAgain_Click", [this] { reminders_.ShowAgain(); });
     On(IDM_SHOWMISSED, Raised::Click, "mnuShowMissed_Click", [this] { reminders_.ShowMissed(); });
+    On(IDM_SLEEPING, Raised::Click, "mnuSleeping_Click", [this] { reminders_.ShowSleeping(); });
     On(IDM_FORECAST, Raised::Click, "mnuForecast_Click", [this] { dialogs_.forecast(); });
     On(IDM_TESTREMINDERS, Raised::Click, "mnuTestReminders_Click", [this] { dialogs_.testReminders(); });
     On(IDM_QUIET, Raised::Click, "mnuQuiet_Click", [this] { reminders_.ChangeQuiet(); });
