@@ -165,8 +165,8 @@ public:
     // What a command is called in the window's menus, with its key behind a tab, and whether it can be chosen
     // there; from now on. "&" stands before the access key, "&&" for itself.
     virtual void SetCommand(int command, const std::string& text, bool enabled) = 0;
-    // Shows it beneath a button of the window's toolbar.
-    virtual void ShowMenuUnder(int toolbar, int command, int menu) = 0;
+    // Shows it beneath a button of the window's toolbar, or beneath any other control, which has no command.
+    virtual void ShowMenuUnder(int control, int command, int menu) = 0;
 
     virtual void SetToolbar(int control, const std::vector<ToolButton>& buttons) = 0;
 

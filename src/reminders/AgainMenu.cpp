@@ -11,9 +11,9 @@ namespace {
 constexpr const char* kLastAgain = "LastAgain";
 }
 
-void AgainMenu::Show(bool canStart) {
+void AgainMenu::ShowUnder(int button, bool canStart) {
     window_.SetCommand(IDM_AGAIN_START, "When it &starts", canStart);
-    window_.ShowMenu(IDR_MENU_AGAIN);
+    window_.ShowMenuUnder(button, 0, IDR_MENU_AGAIN);
 }
 
 std::optional<AgainChoice> AgainMenu::ChoiceOf(int command) {

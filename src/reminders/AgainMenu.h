@@ -20,7 +20,7 @@ public:
     AgainMenu(Window& window, const ReminderServices& services) : window_(window), services_(services) {}
 
     // `canStart` is whether what it is about begins at a time to come.
-    void Show(bool canStart);
+    void ShowUnder(int button, bool canStart);
     // What a command of the menu means; asks for a time of one's own. Nothing when the user gave up.
     std::optional<AgainChoice> ChoiceOf(int command);
 

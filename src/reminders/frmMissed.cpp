@@ -145,7 +145,7 @@ void frmMissed::cmdAgainToday_Click() {
     PutOff(LinesOf(Selected()), LaterToday(services_.platform.clock.Now()));
 }
 
-void frmMissed::cmdAgain_Click() { again_.Show(false); }
+void frmMissed::cmdAgain_Click() { again_.ShowUnder(IDC_cmdMissedAgain, false); }
 
 // The list can change while the user types a time of his own.
 void frmMissed::mnuAgain_Click(int command) {

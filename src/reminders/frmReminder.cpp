@@ -266,7 +266,7 @@ void frmReminder::cmdDone_Click() {
     requests_.answered();
 }
 
-void frmReminder::cmdAgain_Click() { again_.Show(CanStart(Selected())); }
+void frmReminder::cmdAgain_Click() { again_.ShowUnder(IDC_cmdLineAgain, CanStart(Selected())); }
 
 void frmReminder::cmdLast_Click() { PutOff(Selected(), again_.Last()); }
 

@@ -195,6 +195,12 @@ POINT DialogControls::MenuPointOf(HWND control) const {
     return {place.left, place.top};
 }
 
+POINT DialogControls::PointUnder(int control) const {
+    RECT place{};
+    GetWindowRect(GetDlgItem(window_, control), &place);
+    return {GetSystemMetrics(SM_MENUDROPALIGNMENT) ? place.right : place.left, place.bottom};
+}
+
 INT_PTR DialogControls::OnNotify(const NMHDR& header) {
     const int id = static_cast<int>(header.idFrom);
     if (const auto report = reports_.find(id); report != reports_.end()) {

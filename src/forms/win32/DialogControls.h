@@ -55,6 +55,7 @@ protected:
     bool IsToolbar(HWND control) const { return toolbars_.contains(GetDlgCtrlID(control)); }
     // Where the menu of a control goes that was asked for by a key, on the screen.
     POINT MenuPointOf(HWND control) const;
+    POINT PointUnder(int control) const;
 
     // What the window hears about its controls, and they answer by themselves.
     INT_PTR OnNotify(const NMHDR& header);

@@ -344,9 +344,11 @@ void DialogWindow::ShowMenu(int menu) {
     if (chosen) Raise(chosen, Raised::Click);
 }
 
-void DialogWindow::ShowMenuUnder(int toolbar, int command, int menu) {
-    if (const auto found = toolbars_.find(toolbar); found != toolbars_.end())
+void DialogWindow::ShowMenuUnder(int control, int command, int menu) {
+    if (const auto found = toolbars_.find(control); found != toolbars_.end())
         menuPoint_ = found->second.MenuPointOf(command);
+    else
+        menuPoint_ = PointUnder(control);
     ShowMenu(menu);
 }
 

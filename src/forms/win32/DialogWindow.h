@@ -62,7 +62,7 @@ public:
     void SetCommand(int command, const std::string& text, bool enabled) override {
         commands_[command] = {text, enabled};
     }
-    void ShowMenuUnder(int toolbar, int command, int menu) override;
+    void ShowMenuUnder(int control, int command, int menu) override;
 
     void ShowTrayIcon(const std::string& tip, int icon) override;
     void HideTrayIcon() override { tray_.reset(); }
