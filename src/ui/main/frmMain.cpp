@@ -1,7 +1,6 @@
 #include "ui/main/frmMain.h"
 
 #include "base/Text.h"
-#include "core/Backup.h"
 #include "core/DataWatch.h"
 #include "core/Links.h"
 #include "platform/Clock.h"
@@ -24,7 +23,6 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
       owner_(owner),
       dialogs_(std::move(dialogs)),
       list_(this->window(), IDC_ListEvents, application.platform.locale),
-      commands_(application, dialogs_.editor),
       size_(this->window(), application.settings),
       bar_(this->window(), application.health),
       tray_(
@@ -40,7 +38,11 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
                   // can take seconds to answer.
                   if (!tray_.IsShown()) tray_.Show();
               }}),
-      reminders_(this->window(), application, clock_) {
+      events_(this->window(), application, list_, clock_, dialogs_.editor,
+              {[this](const std::optional<std::string>& code) { return Refill(code); },
+               [this] { FillCategories(); }}),
+      reminders_(this->window(), application, clock_),
+      data_(application) {
     On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
     On(0, Raised::CloseBox, "Form_QueryUnload", &frmMain::Form_QueryUnload);
     On(0, Raised::SessionEnd, "Form_QueryUnload", &frmMain::Form_SessionEnd);
@@ -94,7 +96,11 @@ void frmMain::Form_Load() {
     trap([&] { size_.Restore(); });
     trap([&] { window().AskForResumes(); });
     ReminderRequests& requests = app_.reminderWindows.requests;
-    requests.edit = [this](const OccurrenceRef& of) { return EditOccurrence(of); };
+    requests.edit = [this](const OccurrenceRef& of) {
+        if (!IsBlocked()) return events_.EditOccurrence(of);
+        BringForward();
+        return false;
+    };
     requests.answered = [this] { clock_.TickSoon(); };
     loading_ = false;
     clock_.TickSoon();
@@ -148,13 +154,15 @@ void frmMain::cmbCategories_Click() {
     if (!loading_) FillEvents(Category());
 }
 
-void frmMain::Refill(const std::optional<std::string>& code) {
-    if (unloaded_) return;
+bool frmMain::Refill(const std::optional<std::string>& code) {
+    if (unloaded_) return false;
     app_.dataWatch->Tell();
-    if (IsHeldUp()) return;
+    if (IsHeldUp()) return true;
     FillEvents(Category());
     owner_.fMain_Rescan();
+    if (unloaded_) return false;
     if (code) list_.SelectOwn(*code);
+    return true;
 }
 
 // A list that is filled behind a dialog would change under it.
@@ -174,8 +182,8 @@ void frmMain::RefillKeepingSelection() {
 
 void frmMain::ListEvents_MouseUp() {
     if (list_.SelectedRow() < 0) return;
-    NameSteps();
-    NameDay();
+    events_.NameSteps();
+    events_.NameDay();
     window().ShowMenu(IDR_MENU_LIST);
 }
 
@@ -248,139 +256,44 @@ void frmMain::NameCommands() {
     const struct {
         int command;
         const char* procedure;
-        void (frmMain::*handler)();
+        std::function<void()> handler;
     } commands[] = {
-        {IDM_EXIT, "Toolbar1_ButtonClick", &frmMain::cmdExit_Click},
-        {IDM_ADD, "Toolbar1_ButtonClick", &frmMain::cmdAdd_Click},
-        {IDM_EDIT, "EditEvent", &frmMain::cmdEdit_Click},
-        {IDM_PUSH, "PushEvent", &frmMain::cmdPush_Click},
-        {IDM_SKIP, "SkipDay", &frmMain::cmdSkip_Click},
-        {IDM_MOVEDAY, "MoveDay", &frmMain::cmdMove_Click},
-        {IDM_DELETE, "DeleteEvents", &frmMain::cmdDelete_Click},
-        {IDM_TASKLIST, "Toolbar1_ButtonClick", &frmMain::cmdTaskList_Click},
-        {IDM_MONTHVIEW, "Toolbar1_ButtonClick", &frmMain::cmdMonthView_Click},
-        {IDM_EDITLAYERS, "Toolbar1_ButtonClick", &frmMain::cmdEditLayers_Click},
-        {IDM_REMINDERSMENU, "Toolbar1_ButtonClick", &frmMain::cmdReminders_Click},
-        {IDM_OPTIONS, "Toolbar1_ButtonClick", &frmMain::cmdOptions_Click},
-        {IDM_REFRESH, "Toolbar1_ButtonClick", &frmMain::cmdRefresh_Click},
-        {IDM_RESTORE, "Restore_Click", &frmMain::mnuRestore_Click},
-        {IDM_CHANGES, "Changes_Click", &frmMain::mnuChanges_Click},
-        {IDM_UNDO, "Undo_Click", &frmMain::mnuUndo_Click},
-        {IDM_REDO, "Redo_Click", &frmMain::mnuRedo_Click},
-        {IDM_LOG, "ShowLog", &frmMain::cmdLog_Click},
-        {IDM_HELPMENU, "Toolbar1_ButtonClick", &frmMain::cmdHelp_Click},
-        {IDM_SHAREWITH, "mnuShareWith_Click", &frmMain::mnuShareWith_Click},
-        {IDM_SETTINGS, "mnuSettings_Click", &frmMain::EditOptions},
-        {IDM_BACKUP, "mnuBackup_Click", &frmMain::mnuBackup_Click},
-        {IDM_VIEWBACKUPS, "mnuViewBackups_Click", &frmMain::mnuViewBackups_Click},
-        {IDM_CHECKFORUPDATE, "mnuCheckForUpdate_Click", &frmMain::mnuCheckForUpdate_Click},
-        {IDM_HELP, "mnuHelp_Click", &frmMain::mnuHelp_Click},
-        {IDM_ABOUT, "mnuAbout_Click", &frmMain::mnuAbout_Click},
-        {IDM_SHOW, "mnuShow_Click", &frmMain::mnuShow_Click},
-        {IDM_QUIT, "mnuExit_Click", &frmMain::mnuExit_Click},
+        {IDM_EXIT, "Toolbar1_ButtonClick", [this] { cmdExit_Click(); }},
+        {IDM_ADD, "Toolbar1_ButtonClick", [this] { events_.Add(); }},
+        {IDM_EDIT, "EditEvent", [this] { events_.Edit(); }},
+        {IDM_PUSH, "PushEvent", [this] { events_.Push(); }},
+        {IDM_SKIP, "SkipDay", [this] { events_.Skip(); }},
+        {IDM_MOVEDAY, "MoveDay", [this] { events_.Move(); }},
+        {IDM_DELETE, "DeleteEvents", [this] { events_.Delete(); }},
+        {IDM_TASKLIST, "Toolbar1_ButtonClick", [this] { dialogs_.tasks(); }},
+        {IDM_MONTHVIEW, "Toolbar1_ButtonClick", [this] { cmdMonthView_Click(); }},
+        {IDM_EDITLAYERS, "Toolbar1_ButtonClick", [this] { cmdEditLayers_Click(); }},
+        {IDM_REMINDERSMENU, "Toolbar1_ButtonClick", [this] { cmdReminders_Click(); }},
+        {IDM_OPTIONS, "Toolbar1_ButtonClick", [this] { cmdOptions_Click(); }},
+        {IDM_REFRESH, "Toolbar1_ButtonClick", [this] { FillEvents(Category()); }},
+        {IDM_RESTORE, "Restore_Click", [this] { mnuRestore_Click(); }},
+        {IDM_CHANGES, "Changes_Click", [this] { data_.ShowChanges(); }},
+        {IDM_UNDO, "Undo_Click", [this] { events_.Undo(); }},
+        {IDM_REDO, "Redo_Click", [this] { events_.Redo(); }},
+        {IDM_LOG, "ShowLog", [this] { data_.ShowLog(); }},
+        {IDM_HELPMENU, "Toolbar1_ButtonClick", [this] { cmdHelp_Click(); }},
+        {IDM_SHAREWITH, "mnuShareWith_Click", [this] { events_.ShareWith(); }},
+        {IDM_SETTINGS, "mnuSettings_Click", [this] { EditOptions(); }},
+        {IDM_BACKUP, "mnuBackup_Click", [this] { data_.BackUp(); }},
+        {IDM_VIEWBACKUPS, "mnuViewBackups_Click", [this] { data_.ViewBackups(); }},
+        {IDM_CHECKFORUPDATE, "mnuCheckForUpdate_Click", [this] { ShowUpdatePage(app_.platform); }},
+        {IDM_HELP, "mnuHelp_Click", [this] { ShowHelp(app_.platform); }},
+        {IDM_ABOUT, "mnuAbout_Click", [this] { dialogs_.about(); }},
+        {IDM_SHOW, "mnuShow_Click", [this] { ShowWindow(); }},
+        {IDM_QUIT, "mnuExit_Click", [this] { mnuExit_Click(); }},
     };
     for (const auto& entry : commands)
         On(entry.command, Raised::Click, entry.procedure, entry.handler);
-    On(IDC_ListEvents, Raised::DoubleClick, "ListEvents_DblClick", &frmMain::cmdEdit_Click);
+    On(IDC_ListEvents, Raised::DoubleClick, "ListEvents_DblClick", [this] { events_.Edit(); });
 }
 
 void frmMain::cmdExit_Click() {
     if (MayEnd()) owner_.fMain_ShutDownKAZ();
-}
-
-void frmMain::cmdAdd_Click() {
-    if (const auto code = commands_.Add()) Refill(code);
-}
-
-void frmMain::cmdEdit_Click() {
-    if (const auto event = list_.Current()) Edit(*event);
-}
-
-bool frmMain::Edit(const EventRef& event) {
-    const auto code = [&] {
-        const ReminderClock::Pause pause(clock_);
-        return commands_.Edit(event);
-    }();
-    if (code) Refill(code);
-    return code.has_value();
-}
-
-void frmMain::cmdPush_Click() {
-    const auto event = list_.Current();
-    if (!event) return;
-    if (const auto code = commands_.Push(*event)) Refill(code);
-}
-
-void frmMain::cmdSkip_Click() {
-    const auto event = list_.Current();
-    if (!event) return;
-    if (const auto code = commands_.Skip(*event)) Refill(code);
-}
-
-void frmMain::cmdMove_Click() {
-    const auto event = list_.Current();
-    if (!event) return;
-    const auto code = [&] {
-        const ReminderClock::Pause pause(clock_);
-        return commands_.Move(*event);
-    }();
-    if (code) Refill(code);
-}
-
-// What cannot be skipped can be chosen all the same, and is told why.
-void frmMain::NameDay() {
-    const auto event = list_.Current();
-    const auto day = event ? commands_.NextDayOf(*event) : std::nullopt;
-    const std::string name = day ? commands_.NameOfDay(*day) : std::string();
-    window().SetCommand(IDM_SKIP, (day ? "S&kip " + name : "S&kip to the next occurrence") + "\tCtrl+K",
-                        true);
-    window().SetCommand(IDM_MOVEDAY,
-                        (day ? "&Move " + name + " to" : "&Move to another date") + " ...\tCtrl+D", true);
-}
-
-void frmMain::cmdDelete_Click() {
-    const std::vector<EventRef> events = list_.Selected();
-    if (events.empty()) return;
-    const auto neighbour = list_.Neighbour();
-    if (!commands_.Delete(events, list_.Description(list_.SelectedRow()))) return;
-    Refill(std::nullopt);
-    if (neighbour && !unloaded_) list_.SelectAgain({{*neighbour}, neighbour});
-}
-
-void frmMain::mnuShareWith_Click() {
-    const auto event = list_.Current();
-    if (!event) return;
-    const std::vector<EventRef> others = list_.Selected();
-    const auto code = [&] {
-        const ReminderClock::Pause pause(clock_);
-        return commands_.ShareWith(*event, others);
-    }();
-    if (code) Refill(code);
-}
-
-void frmMain::TakeStep(UndoHistory::Way way) {
-    if (!app_.undo.Next(way)) return;
-    const UndoPlace place = app_.undo.Next(way)->Place();
-    const UndoOutcome outcome = app_.undo.Take(way);
-    if (place == UndoPlace::Categories) FillCategories();
-    if (place != UndoPlace::Tasks) Refill(std::nullopt);
-    if (!unloaded_) list_.SelectEvents(outcome.events);
-    if (!outcome.told.empty()) app_.platform.dialogs.Message(outcome.told);
-}
-
-void frmMain::NameSteps() {
-    const struct {
-        int command;
-        UndoHistory::Way way;
-        const char* caption;
-        const char* key;
-    } commands[] = {{IDM_UNDO, UndoHistory::Way::Back, "&Undo", "\tCtrl+Z"},
-                    {IDM_REDO, UndoHistory::Way::Again, "Re&do", "\tCtrl+Y"}};
-    for (const auto& command : commands) {
-        const UndoStep* step = app_.undo.Next(command.way);
-        const std::string what = step ? " " + ReplaceAll(OneLine(step->Name()), "&", "&&") : "";
-        window().SetCommand(command.command, command.caption + what + command.key, step != nullptr);
-    }
 }
 
 void frmMain::cmdMonthView_Click() {
@@ -401,27 +314,8 @@ void frmMain::cmdReminders_Click() {
     window().ShowMenuUnder(IDC_Toolbar1, IDM_REMINDERSMENU, IDR_MENU_REMINDERS);
 }
 
-bool frmMain::EditOccurrence(const OccurrenceRef& occurrence) {
-    if (IsBlocked()) {
-        BringForward();
-        return false;
-    }
-    EventSource source = EventSource::Local;
-    const clsEvent* event = app_.Missed().EventOf(occurrence, &source);
-    const auto seen = event ? VisibleEvents(app_.settings).See(*event, source) : std::nullopt;
-    if (!seen) {
-        app_.platform.dialogs.Message("This event is not there any more.");
-        return false;
-    }
-    const EventRef shown{event->IDCode, source, seen->Type(app_.platform.clock.Today())};
-    const auto due = std::pair(event->DueDate(), event->DueTime());
-    if (!Edit(shown)) return false;
-    const clsEvent* edited = app_.events->ReadEvent(shown.code);
-    return !edited || std::pair(edited->DueDate(), edited->DueTime()) != due;
-}
-
 void frmMain::cmdOptions_Click() {
-    NameSteps();
+    events_.NameSteps();
     window().ShowMenuUnder(IDC_Toolbar1, IDM_OPTIONS, IDR_MENU_SETTINGS);
 }
 
@@ -436,17 +330,6 @@ void frmMain::EditOptions() {
     if (!unloaded_) Refill(std::nullopt);
 }
 
-// Kept on purpose: this is the log's default name, not the one that the program writes, so there is something
-// to see only where a log of that name exists.
-void frmMain::cmdLog_Click() {
-    const std::string fileName = JoinPath(app_.runtimePath, cSharedLogging::kDefaultName);
-    if (FileExists(app_.platform.files, fileName))
-        OpenForUser(app_.platform, fileName);
-    else
-        app_.platform.dialogs.Message("There is no log \"" + fileName + "\".\r\nThis session's log is \"" +
-                                      app_.log.CurrentLogFilename() + "\".");
-}
-
 void frmMain::mnuRestore_Click() {
     {
         const ReminderClock::Pause pause(clock_);
@@ -454,40 +337,6 @@ void frmMain::mnuRestore_Click() {
     }
     if (!unloaded_) Refill(std::nullopt);
 }
-
-void frmMain::mnuChanges_Click() {
-    const std::string fileName = app_.journal.FileName();
-    if (FileExists(app_.platform.files, fileName))
-        OpenForUser(app_.platform, fileName);
-    else
-        app_.platform.dialogs.Message("No event has been changed yet. \"" + fileName +
-                                      "\" is made with the first change.");
-}
-
-void frmMain::mnuBackup_Click() {
-    Dialogs& dialogs = app_.platform.dialogs;
-    if (!MakeAutoBackup(app_, "Manual")) {
-        dialogs.Message("Backup failed.");
-        return;
-    }
-    const std::string folder = JoinPath(app_.runtimePath, kBackupFolder);
-    const bool inDataPath = JoinPath(app_.DataPath(), kBackupFolder) == folder;
-    if (dialogs.AskYesNo("Backup complete. Your files were zipped to the AutoBackups folder in " +
-                         app_.DataPath() + "\r\nWould you like to open this folder now?" +
-                         (inDataPath ? "" : "\r\n(The archive is in " + folder + ")")))
-        OpenForUser(app_.platform, folder);
-}
-
-// Archives are made beside the program's files, which need not be where the data are.
-void frmMain::mnuViewBackups_Click() {
-    const std::string ofData = JoinPath(app_.DataPath(), kBackupFolder);
-    const bool isThere = FolderExists(app_.platform.files, ofData);
-    OpenForUser(app_.platform, isThere ? ofData : JoinPath(app_.runtimePath, kBackupFolder));
-}
-
-void frmMain::mnuCheckForUpdate_Click() { ShowUpdatePage(app_.platform); }
-
-void frmMain::mnuHelp_Click() { ShowHelp(app_.platform); }
 
 // Kept on purpose: this ends the program by itself, while the toolbar's button only asks the host to do so.
 void frmMain::mnuExit_Click() {

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "commands/EventCommands.h"
 #include "core/Application.h"
 #include "core/MainWindow.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "resources/resource.h"
 #include "ui/list/EventListView.h"
+#include "ui/main/DataMenu.h"
+#include "ui/main/EventMenu.h"
 #include "ui/main/HealthBar.h"
 #include "ui/main/MainDialogs.h"
 #include "ui/main/ReminderClock.h"
@@ -52,36 +53,13 @@ private:
 
     void NameCommands();
     void cmdExit_Click();
-    void cmdAdd_Click();
-    void cmdEdit_Click();
-    void cmdPush_Click();
-    void cmdSkip_Click();
-    void cmdMove_Click();
-    void NameDay();
-    void cmdDelete_Click();
-    void cmdTaskList_Click() { dialogs_.tasks(); }
     void cmdMonthView_Click();
     void cmdEditLayers_Click();
     void cmdReminders_Click();
     void cmdOptions_Click();
-    void cmdRefresh_Click() { FillEvents(Category()); }
-    void cmdLog_Click();
     void cmdHelp_Click();
-    void mnuShareWith_Click();
     void mnuRestore_Click();
-    void mnuChanges_Click();
-    void mnuUndo_Click() { TakeStep(UndoHistory::Way::Back); }
-    void mnuRedo_Click() { TakeStep(UndoHistory::Way::Again); }
-    void TakeStep(UndoHistory::Way way);
-    // Has the menus say what would be taken back.
-    void NameSteps();
-    void mnuBackup_Click();
-    void mnuViewBackups_Click();
-    void mnuCheckForUpdate_Click();
-    void mnuHelp_Click();
-    void mnuAbout_Click() { dialogs_.about(); }
 
-    void mnuShow_Click() { ShowWindow(); }
     void mnuExit_Click();
     void Form_MouseMove(int mouseMessage) { tray_.OnMouse(mouseMessage); }
     // Whether one of the program's dialogs waits for its answer.
@@ -96,15 +74,12 @@ private:
     void FillCategories();
     std::int16_t Category() const;
     // After events have changed: fills the list, selects the row of that event, if there is one, and has the
-    // host's lists made anew. Behind an open dialog the list stays as it is until the next tick.
-    void Refill(const std::optional<std::string>& code);
+    // host's lists made anew. Behind an open dialog the list stays as it is until the next tick. False when
+    // the window has been unloaded.
+    bool Refill(const std::optional<std::string>& code);
     bool IsHeldUp();
     // Fills the list after what happened by itself: what is selected stays selected, wherever it stands now.
     void RefillKeepingSelection();
-    // Opens it in the editor; true when the user saved it.
-    bool Edit(const EventRef& event);
-    // For the windows of the reminders; true when it has another day or time now.
-    bool EditOccurrence(const OccurrenceRef& occurrence);
     bool AskForTerm();
     void Search(int from);
 
@@ -112,14 +87,15 @@ private:
     MainWindowEvents& owner_;
     MainDialogs dialogs_;
     EventListView list_;
-    EventCommands commands_;
     WindowSizeSetting size_;
     HealthBar bar_;
     CheckBox chkExpired{window(), IDC_chkExpired};
     ListControl cmbCategories{window(), IDC_cmbCategories};
     TrayPresence tray_;
     ReminderClock clock_;
+    EventMenu events_;
     ReminderMenu reminders_;
+    DataMenu data_;
     std::string searchTerm_;
     bool loading_ = false;
     bool unloaded_ = false;
