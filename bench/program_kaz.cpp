@@ -12,6 +12,7 @@
 #include "fakes/FakePrinter.h"
 #include "fakes/FakePump.h"
 #include "fakes/FakeRandom.h"
+#include "fakes/FakeScreen.h"
 #include "fakes/FakeShell.h"
 #include "fakes/FakeSound.h"
 #include "fakes/FakeSystemInfo.h"

@@ -18,6 +18,13 @@ std::vector<std::string> ComingUp(int count, int shift) {
     return lines;
 }
 
+std::vector<ReminderLine> LinesOf(const std::vector<std::string>& texts) {
+    std::vector<ReminderLine> lines;
+    for (const std::string& text : texts)
+        lines.push_back({.text = text});
+    return lines;
+}
+
 HWND MakeBareListBox(HWND like) {
     RECT place{};
     GetClientRect(like, &place);
@@ -53,7 +60,7 @@ void MeasureReminders() {
     const HWND list = GetDlgItem(FindWindowW(nullptr, L"COMING UP"), IDC_lstReminders);
     int shift = 0;
     Print("coming up", Least(kRounds, [&] {
-              form.ReplaceList(ComingUp(kLines, ++shift));
+              form.ReplaceList(LinesOf(ComingUp(kLines, ++shift)));
               PaintNow(list);
           }));
     const HWND bare = MakeBareListBox(list);
