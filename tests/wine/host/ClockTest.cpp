@@ -8,17 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 
 namespace kaz::test {
 
 namespace {
-
-// The file is looked at when more than a second has passed, in whole seconds.
-void SetClockAhead(int seconds) {
-    std::ofstream(std::getenv("KAZ_CLOCK")) << (seconds < 0 ? "" : "+") << seconds << "\n";
-    Sleep(2100);
-}
 
 // The real program, and a clock that is moved under it. The stories on the fakes tell more.
 TEST(Clock, AStartBehindExpiredEventsAndAnAlarmInItsFirstSeconds) {

@@ -1,6 +1,10 @@
 #include "RunningHost.h"
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
 
 namespace kaz::test {
 
@@ -69,11 +73,34 @@ HWND RunningHost::VisibleWindow(const wchar_t* title) const {
     return search.found;
 }
 
+std::string RunningHost::CellText(HWND list, int row, int column) const {
+    // The list looks for the text's place in its own process.
+    struct Cell {
+        LVITEMA item{};
+        char text[200] = "";
+    } cell;
+    void* const there =
+        VirtualAllocEx(process_.hProcess, nullptr, sizeof cell, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+    cell.item.iSubItem = column;
+    cell.item.pszText = static_cast<Cell*>(there)->text;
+    cell.item.cchTextMax = sizeof cell.text;
+    WriteProcessMemory(process_.hProcess, there, &cell, sizeof cell, nullptr);
+    SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(there));
+    ReadProcessMemory(process_.hProcess, there, &cell, sizeof cell, nullptr);
+    VirtualFreeEx(process_.hProcess, there, 0, MEM_RELEASE);
+    return cell.text;
+}
+
 int RunningHost::ExitCode() const {
     if (WaitForSingleObject(process_.hProcess, 20000) != WAIT_OBJECT_0) return -1;
     DWORD code = 0;
     GetExitCodeProcess(process_.hProcess, &code);
     return static_cast<int>(code);
+}
+
+void SetClockAhead(int seconds) {
+    std::ofstream(std::getenv("KAZ_CLOCK")) << (seconds < 0 ? "" : "+") << seconds << "\n";
+    Sleep(2100);
 }
 
 }  // namespace kaz::test

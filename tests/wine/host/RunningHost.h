@@ -24,12 +24,18 @@ public:
     HWND HostWindow() const;
     // The window of this process that the user sees under that title now, or null.
     HWND VisibleWindow(const wchar_t* title) const;
+    // What a cell of a report list of its windows shows, in the system's code page.
+    std::string CellText(HWND list, int row, int column) const;
     // The exit code, or -1 when the process does not end within some seconds.
     int ExitCode() const;
 
 private:
     PROCESS_INFORMATION process_{};
 };
+
+// Has the clock of KAZ_CLOCK be that far ahead of the machine's. The file is looked at when more than a
+// second has passed, in whole seconds.
+void SetClockAhead(int seconds);
 
 // Asks until the answer is yes, ten seconds at most; false when it stays no.
 template <class Question>
