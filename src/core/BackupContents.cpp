@@ -11,7 +11,6 @@
 #include "support/Names.h"
 
 #include <algorithm>
-#include <set>
 #include <tuple>
 #include <unordered_map>
 #include <unordered_set>
@@ -52,7 +51,7 @@ std::vector<clsEvent> EventsIn(Application& app, const std::string& path, std::s
         AdoptOrphan(event, app.Owner());
         event.Layer(clsLayers::OwnOr(event.Layer()));
     }
-    std::set<SideLine> beside;
+    SideLines beside;
     const std::string side = TextIn(app, path, FileNameOf(SideFile::PathFor(kEventsFile)));
     for (const std::string_view line : Split(side, kLineBreak))
         if (auto entry = SideLine::Parse(line)) beside.insert(std::move(*entry));

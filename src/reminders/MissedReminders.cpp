@@ -68,12 +68,14 @@ std::vector<Outcomes::Open> Passed(const Outcomes& outcomes, const SideKey& key,
     std::optional<Outcomes::Open> rest;
     const auto look = [&](DateValue day) {
         if (told.Has(event, day)) return;
-        const OccurrenceRef occurrence{key, day, onScreen.empty() ? day : MomentOf(event, day)};
-        if (onScreen.contains(occurrence)) {
-            passed.push_back({occurrence, day, 1, ""});
-            return;
+        if (!onScreen.empty()) {
+            const OccurrenceRef occurrence{key, day, MomentOf(event, day)};
+            if (onScreen.contains(occurrence)) {
+                passed.push_back({occurrence, day, 1, ""});
+                return;
+            }
         }
-        if (!rest) rest = Outcomes::Open{occurrence, day, 0, ""};
+        if (!rest) rest = Outcomes::Open{{key, day, day}, day, 0, ""};
         rest->last.day = day;
         ++rest->count;
     };

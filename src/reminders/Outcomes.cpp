@@ -155,8 +155,10 @@ std::vector<Outcomes::Open> Outcomes::OpenOf(const SideKey& key) const {
 }
 
 void Outcomes::AddOpen(const Open& open) {
-    RemoveOpen(open.last);
+    const std::size_t before = side_.Of(kOpen, open.last.key).size();
+    if (before > 0) RemoveOpen(open.last);
     side_.Add(Line(kOpen, open.last, OpenText(open)));
+    if (before < kMostEntries) return;
     const std::vector<Open> all = OpenOf(open.last.key);
     if (all.size() <= kMostEntries) return;
     Open both = all[1];
@@ -166,7 +168,6 @@ void Outcomes::AddOpen(const Open& open) {
     RemoveOpen(both.last);
     side_.Add(Line(kOpen, both.last, OpenText(both)));
 }
-
 std::vector<Outcomes::Asleep> Outcomes::AllAsleep() const {
     std::vector<Asleep> all;
     ForEach(side_, kSleep, [&](const SideLine& line) {

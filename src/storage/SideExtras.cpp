@@ -88,7 +88,7 @@ std::vector<SideLine> ExtraLines(const clsEvent& event, std::string_view file) {
     return lines;
 }
 
-void GiveExtras(std::vector<clsEvent>& events, const std::set<SideLine>& lines, std::string_view file) {
+void GiveExtras(std::vector<clsEvent>& events, const SideLines& lines, std::string_view file) {
     std::unordered_map<std::string_view, std::vector<const SideLine*>> byCode;
     for (const SideLine& line : lines)
         if (line.key.file == file && IsExtra(line)) byCode[line.key.code].push_back(&line);

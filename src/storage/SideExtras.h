@@ -3,7 +3,6 @@
 #include "model/clsEvent.h"
 #include "storage/SideLine.h"
 
-#include <set>
 #include <string_view>
 #include <vector>
 
@@ -18,6 +17,6 @@ std::vector<SideLine> ExtraLines(const clsEvent& event, std::string_view file);
 // Gives each event the extras that the entries of that file have for it, and none where they have none. An
 // entry whose check is not the event's is left alone: its event has been changed by a program that knows
 // nothing of it, or has gone.
-void GiveExtras(std::vector<clsEvent>& events, const std::set<SideLine>& lines, std::string_view file);
+void GiveExtras(std::vector<clsEvent>& events, const SideLines& lines, std::string_view file);
 
 }  // namespace kaz

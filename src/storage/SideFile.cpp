@@ -155,13 +155,8 @@ void SideFile::Remove(const SideLine& line) {
 }
 
 std::vector<SideLine> SideFile::Of(std::string_view verb, const SideKey& key) const {
-    std::vector<SideLine> found;
-    const SideLine first{std::string(verb), key, std::nullopt, ""};
-    for (auto line = lines_.lower_bound(first); line != lines_.end(); ++line) {
-        if (line->verb != verb || line->key != key) break;
-        found.push_back(*line);
-    }
-    return found;
+    const auto [first, last] = lines_.equal_range(SideGroup{verb, key});
+    return {first, last};
 }
 
 std::vector<SideLine> SideFile::OfCode(const std::string& code) const {

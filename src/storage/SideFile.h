@@ -19,7 +19,7 @@ namespace kaz {
 // that are not understood stay as they are.
 class SideFile {
 public:
-    using Lines = std::set<SideLine>;
+    using Lines = SideLines;
 
     SideFile(FileSystem& files, cSharedLogging& log) : files_(files), log_(log) {}
 

@@ -2,9 +2,12 @@
 
 #include "model/clsEvent.h"
 
+#include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace kaz {
 
@@ -37,6 +40,22 @@ struct SideLine {
     std::string Text() const;
     friend auto operator<=>(const SideLine&, const SideLine&) = default;
 };
+
+// All lines of one verb about one event, to be looked for among others in their order.
+struct SideGroup {
+    std::string_view verb;
+    const SideKey& key;
+
+    friend bool operator<(const SideLine& line, const SideGroup& group) {
+        return std::tie(line.verb, line.key) < std::tie(group.verb, group.key);
+    }
+    friend bool operator<(const SideGroup& group, const SideLine& line) {
+        return std::tie(group.verb, group.key) < std::tie(line.verb, line.key);
+    }
+};
+
+// In their order.
+using SideLines = std::set<SideLine, std::less<>>;
 
 // "2026-12-25", with a time "2026-12-25 18:30".
 std::string SideDay(DateValue day);
