@@ -1,5 +1,6 @@
 #include "base/DateText.h"
 
+#include "base/DayInShort.h"
 #include "base/Text.h"
 #include "fakes/ErrorOf.h"
 #include "fakes/FakeLocale.h"
@@ -88,6 +89,25 @@ TEST(RecogniseDate, TheOrderComesFromThePattern) {
         locale.shortDatePattern = pattern;
         EXPECT_EQ(locale.Order(), order) << pattern;
     }
+}
+
+TEST(DayInShort, ReadsADayWithoutItsYearAsTheNextOne) {
+    const DateValue today(45000);  // 15 March 2023
+    struct {
+        const char* text;
+        const char* pattern;
+        const char* day;
+    } const cases[] = {{"3/12", "DD/MM/YYYY", "2023-12-03"},      {"3/12", "MM/DD/YYYY", "2024-03-12"},
+                       {" 3.12. ", "DD/MM/YYYY", "2023-12-03"},   {"3 dec", "MM/DD/YYYY", "2023-12-03"},
+                       {"Jan 9", "DD/MM/YYYY", "2024-01-09"},     {"15/3", "DD/MM/YYYY", "2023-03-15"},
+                       {"29/2", "DD/MM/YYYY", "2024-02-29"},      {"1/3/2022", "DD/MM/YYYY", "2022-03-01"},
+                       {"2023-12-03", "MM/DD/YYYY", "2023-12-03"}};
+    for (const auto& [text, pattern, day] : cases)
+        EXPECT_EQ(Show(DayInShort(text, pattern, FakeLocale::British(), today)),
+                  std::string(day) + " 00:00:00")
+            << text;
+    for (const char* text : {"", "31/2", "15", "15:00", "3/12 15:00", "1/3/2022 15:00", "soon"})
+        EXPECT_EQ(DayInShort(text, "DD/MM/YYYY", FakeLocale::English(), today), std::nullopt) << text;
 }
 
 // What a locale shows it also reads, for dates of two-digit years as well; and no text whatever does harm.
