@@ -12,6 +12,9 @@
 #include "win32/Text.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
+
+#include <utility>
 
 namespace kaz {
 
@@ -27,15 +30,45 @@ public:
 private:
     void OnRaised(int control, Raised what, int detail) noexcept override;
     void FitCalendar();
+    static LRESULT CALLBACK OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                       DWORD_PTR self);
+    bool IsSecondClick(POINT point);
 
     DialogWindow window_;
     HWND calendar_;
+    // The last click on a day.
+    SYSTEMTIME clickedDay_{};
+    ULONGLONG clickedAt_ = 0;
 };
 
 DateBox::DateBox(HINSTANCE module)
     : window_(module, IDD_DATE),
       calendar_(GetDlgItem(window_.Handle(), IDC_calDate)) {
     FitCalendar();
+    SetWindowSubclass(calendar_, OnCalendar, 1, reinterpret_cast<DWORD_PTR>(this));
+}
+
+// The calendar knows clicks only, each of which selects a day.
+LRESULT CALLBACK DateBox::OnCalendar(HWND calendar, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                     DWORD_PTR self) {
+    const LRESULT result = DefSubclassProc(calendar, message, wParam, lParam);
+    const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    auto* box = reinterpret_cast<DateBox*>(self);
+    if (message == WM_LBUTTONUP && box->IsSecondClick(point)) box->window_.EndModal(IDOK);
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(calendar, OnCalendar, id);
+    return result;
+}
+
+bool DateBox::IsSecondClick(POINT point) {
+    MCHITTESTINFO hit{};
+    hit.cbSize = sizeof hit;
+    hit.pt = point;
+    const bool isDay =
+        SendMessageW(calendar_, MCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) == MCHT_CALENDARDATE;
+    const SYSTEMTIME before = std::exchange(clickedDay_, isDay ? hit.st : SYSTEMTIME{});
+    const ULONGLONG last = std::exchange(clickedAt_, GetTickCount64());
+    return isDay && before.wYear == hit.st.wYear && before.wMonth == hit.st.wMonth &&
+           before.wDay == hit.st.wDay && clickedAt_ - last <= GetDoubleClickTime();
 }
 
 // How large a month is depends on the language and the font, so the box grows or shrinks around it.

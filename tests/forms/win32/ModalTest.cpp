@@ -161,6 +161,21 @@ TEST_F(ModalTest, PicksADate) {
         PostMessageW(GetDlgItem(box, IDOK), BM_CLICK, 0, 0);
     });
     EXPECT_EQ(DateValue::FromCivil(2025, 12, 24), dialogs.PickDate("", DateValue::FromCivil(100, 1, 1)));
+    // By two clicks in the middle of the calendar, where there is always a day.
+    user.Then([](HWND box) {
+        const HWND calendar = GetDlgItem(box, IDC_calDate);
+        RECT place{};
+        GetClientRect(calendar, &place);
+        const LPARAM middle = MAKELPARAM(place.right / 2, place.bottom / 2);
+        for (int click = 0; click < 2; ++click) {
+            PostMessageW(calendar, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+            PostMessageW(calendar, WM_LBUTTONUP, 0, middle);
+        }
+    });
+    const auto clicked = dialogs.PickDate("", DateValue::FromCivil(2024, 2, 1));
+    ASSERT_TRUE(clicked);
+    EXPECT_EQ(2, clicked->Civil().month);
+    EXPECT_NE(1, clicked->Civil().day);
 }
 
 }  // namespace
