@@ -147,6 +147,9 @@ public:
     virtual void SelectText(int control) = 0;
     // The most characters that the user can type into a text box.
     virtual void LimitText(int control, int characters) = 0;
+    // Lets the up and down keys count in a text box, and a pair of arrows beside it, from `least` to `most`;
+    // each step is raised as a Change. What is typed may be another number.
+    virtual void SetNumberRange(int control, int least, int most) = 0;
 
     // List boxes, combo boxes and tab strips; positions count from 0.
     virtual void SetItems(int control, const std::vector<std::string>& items) = 0;

@@ -149,7 +149,7 @@
 #define IDC_calDate 1302
 
 // frmEvent: every control is in this range
-#define IDC_frmEventFirst 1400
+#define IDC_frmEventFirst 1399
 #define IDC_frmEventLast 1499
 #define IDC_lblDesc 1400
 #define IDC_txtDesc 1401
@@ -182,13 +182,13 @@
 #define IDC_chkSpecificShare 1428
 #define IDC_lblUsers 1429
 #define IDC_lstUsers 1430
-#define IDC_TabStrip1 1431  // up to 1437 for the tooltips of its tabs
-#define IDC_cmdMore 1438
-#define IDC_lblMore 1439
-#define IDC_lblPreview 1488
-#define IDC_lblPreviewWarning 1489
-#define IDC_cmdSave 1490
-#define IDC_cmdAbort 1491
+#define IDC_TabStrip1 1431  // up to 1438 for the tooltips of its tabs
+#define IDC_cmdMore 1439
+#define IDC_lblMore 1399
+#define IDC_lblPreview 1496
+#define IDC_lblPreviewWarning 1497
+#define IDC_cmdSave 1498
+#define IDC_cmdAbort 1499
 // The frame of tab n, counted from 0, is the controls from IDC_fraEvent + 8 * n on, at most eight.
 #define IDC_fraEvent 1440
 #define FRAME_CONTROLS 8
@@ -213,11 +213,22 @@
 #define IDC_lstDayName 1473
 #define IDC_lstMonths 1474
 #define IDC_lblDayXHelp 1475
+#define IDC_lblDayNumber 1476
+#define IDC_lblDayName 1477
+#define IDC_lblMonths 1478
 #define IDC_lblDailyEvery 1480
 #define IDC_txtDailyPeriod 1481
 #define IDC_lblDailyFrom 1482
 #define IDC_lblDailyStartDate 1483
 #define IDC_lblDaysHelp 1484
+#define IDC_lblOnceDate 1488
+#define IDC_txtOnceDate 1489
+#define IDC_cmdOnceDate 1490
+#define IDC_lblOnceHelp 1491
+// Its keys
+#define IDM_NEXTPAGE 2301
+#define IDM_PREVIOUSPAGE 2302
+#define IDM_PAGE 2303  // the first of seven
 
 // frmMore; a control of warning n, counted from 0, is that of the first one + n, for three of them
 #define IDC_optNoEnd 2101

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdlib>
 #include <utility>
 
 namespace kaz {
@@ -131,6 +132,14 @@ void FakeWindow::ClickInto(int control) {
 void FakeWindow::TypeAtCaret(char letter) {
     const std::string rest = std::exchange(textSelected_, false) ? std::string() : Text(focus);
     Type(focus, letter + rest);
+}
+
+bool FakeWindow::Count(int by) {
+    const auto& range = At(focus).range;
+    if (!range) return false;
+    const int number = std::atoi(Text(focus).c_str()) + by;
+    Type(focus, std::to_string(std::clamp(number, range->first, range->second)));
+    return true;
 }
 
 void FakeWindow::Toggle(int control) {

@@ -87,6 +87,9 @@ public:
     void SetFocus(int control) override { focus = control; }
     void SelectText(int control) override { textSelected_ = control == focus; }
     void LimitText(int control, int characters) override { controls_[control].limit = characters; }
+    void SetNumberRange(int control, int least, int most) override {
+        controls_[control].range = {least, most};
+    }
 
     void SetItems(int control, const std::vector<std::string>& items) override;
     std::vector<std::string> Items(int control) const override;
@@ -115,6 +118,8 @@ public:
     // Puts the caret before the text.
     void ClickInto(int control);
     void TypeAtCaret(char letter);
+    // The arrow keys, in the text box that has the keyboard: false when it is no number box.
+    bool Count(int by);
     void Toggle(int control);
     // Picks one of a group of option buttons.
     void Pick(int control, const std::vector<int>& group);
@@ -160,6 +165,7 @@ private:
         std::vector<std::string> items;
         std::vector<int> selection;
         std::optional<int> limit;
+        std::optional<std::pair<int, int>> range;
     };
     struct TimerState {
         int interval = 0;

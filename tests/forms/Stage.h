@@ -48,7 +48,8 @@ public:
     virtual void SelectRows(Window& window, int list, const std::vector<int>& rows) = 0;
     // In a list or a grid of days: opens what is selected, by the key or with the mouse.
     virtual void Open(Window& window, int control) = 0;
-    // In a grid of days that has the keyboard; the wheel turns away from the user by so many clicks.
+    // In a grid of days that has the keyboard, or up and down in a number box; the wheel turns away from the
+    // user by so many clicks.
     virtual void Press(Window& window, int grid, DayKey key) = 0;
     virtual void TurnWheel(Window& window, int grid, int clicks) = 0;
     virtual void CloseBox(Window& window) = 0;

@@ -2,6 +2,9 @@
 
 #include "FormTest.h"
 #include "ui/event/EditEvent.h"
+#include "ui/event/OnceFrame.h"
+
+#include <algorithm>
 
 namespace kaz {
 namespace {
@@ -15,14 +18,19 @@ protected:
         app.settings.StoreSetting("SharedDataPath", std::string("C:\\Share"));
         machine.files.Put("C:\\Share\\KAZShared.ini", "Ann\r\nBob\r\n");
     }
-    // The user works, presses Save and, should the dialog still be open, Abort.
+    // The user works, presses Save and, should the dialog still be open, Abort, and throws away what he has
+    // entered.
     bool Edit(clsEvent& event, const User& user, EditMode mode = EditMode::Whole) {
         InModal(IDD_EVENT, [&] {
+            if (event.Desc().empty()) Type(IDC_txtDesc, "Tea");
             user();
             Click(IDC_cmdSave);
+            machine.dialogs.yesNo = {true};
             Click(IDC_cmdAbort);
         });
-        return EditEvent(app, event, mode);
+        const bool saved = EditEvent(app, event, mode);
+        machine.dialogs.yesNo.clear();
+        return saved;
     }
 };
 
@@ -194,11 +202,13 @@ TEST_F(frmEventTest, WhatIsTypedIntoANumberTakesItsPlaceUnlessTheCaretIsPutIntoI
             stage->ClickInto(*window, number);
             stage->TypeAtCaret(*window, '1');
             EXPECT_EQ("17", Text(number)) << number;
+            stage->Press(*window, number, DayKey::Up);
+            EXPECT_EQ("18", Text(number)) << number;
         }
         Choose(IDC_TabStrip1, RecurWeekdays);
     }));
-    EXPECT_EQ(17, event.DaysWarning());
-    EXPECT_EQ(17, event.MinutesWarning());
+    EXPECT_EQ(18, event.DaysWarning());
+    EXPECT_EQ(18, event.MinutesWarning());
 }
 
 TEST_F(frmEventTest, ATimeInShortIsWrittenOutWhenItsBoxIsLeft) {
@@ -221,6 +231,9 @@ TEST_F(frmEventTest, ANewEventIsOfferedWhatSuitsTheDay) {
     clsEvent event;
     EXPECT_TRUE(Edit(event, [&] {
         EXPECT_EQ(20U, window->Items(IDC_cmbLayers).size());
+        EXPECT_EQ(OnceFrame::kPage, window->Selected(IDC_TabStrip1));
+        EXPECT_EQ("15/03/2023", Text(IDC_txtOnceDate));
+        EXPECT_TRUE(window->Checked(IDC_chkDay + 2));
         EXPECT_EQ("March", Text(IDC_lstMonthNames));
         EXPECT_EQ("15", Text(IDC_txtDayOfMonth));
         EXPECT_EQ("3rd", Text(IDC_lstDayNumber));
@@ -230,8 +243,10 @@ TEST_F(frmEventTest, ANewEventIsOfferedWhatSuitsTheDay) {
         for (const int control :
              {IDC_txtTime, IDC_cmdPickFile, IDC_txtFrequency, IDC_chkShared, IDC_chkSpecificShare})
             EXPECT_FALSE(window->Enabled(control));
+        EXPECT_FALSE(window->ControlVisible(IDC_FrameShared) || window->Enabled(IDC_optRepeat));
     }));
-    EXPECT_EQ(8, event.WeekDays());
+    EXPECT_TRUE(OnceFrame::Fits(event));
+    EXPECT_EQ(kToday, event.StartDate());
     EXPECT_EQ(1, event.Layer());
     EXPECT_EQ("Smith", event.Owner());
     EXPECT_FALSE(event.Recurring() || event.AlarmSet() || event.SharedEvent);
@@ -242,14 +257,13 @@ TEST_F(frmEventTest, TheDateOfAFrameIsAskedFor) {
     clsEvent event;
     EXPECT_TRUE(Edit(event, [&] {
         Choose(IDC_TabStrip1, RecurEveryNDays);
-        EXPECT_EQ("", Text(IDC_lblPreview));
+        EXPECT_EQ("Pick a start date", Text(IDC_lblPreview));
         Click(IDC_lblDailyStartDate);
         Click(IDC_lblDailyStartDate);  // and thinks better of it
         EXPECT_EQ("10/05/2023", Text(IDC_lblDailyStartDate));
         Type(IDC_txtDailyPeriod, "x");
         EXPECT_EQ("", Text(IDC_lblPreview));
         Type(IDC_txtDailyPeriod, "10");
-        Click(IDC_optRepeat);
         EXPECT_EQ("Next dates:  Wed 10/05/2023,  Sat 20/05/2023,  Tue 30/05/2023,  Fri 09/06/2023,  "
                   "Mon 19/06/2023",
                   Text(IDC_lblPreview));
@@ -257,8 +271,68 @@ TEST_F(frmEventTest, TheDateOfAFrameIsAskedFor) {
     EXPECT_EQ(RecurEveryNDays, event.RecurrenceType());
     EXPECT_EQ(DateValue(45056), event.StartDate());
     EXPECT_EQ(10, event.Period());
-    EXPECT_THAT(machine.dialogs.questions, Each("Enter start date for this event"));
+    EXPECT_EQ(2, std::ranges::count(machine.dialogs.questions, "Enter start date for this event"));
     EXPECT_THAT(machine.dialogs.initialDates, ElementsAre(kToday, DateValue(45056)));
+}
+
+TEST_F(frmEventTest, WhatHappensOnceHasATabWithItsDay) {
+    const auto onDay = [this](const std::string& text) {
+        return [this, text] {
+            EXPECT_EQ(OnceFrame::kPage, window->Selected(IDC_TabStrip1));
+            stage->ClickInto(*window, IDC_txtOnceDate);
+            Type(IDC_txtOnceDate, text);
+        };
+    };
+    clsEvent event = OneOff("000001", "Dentist", kToday.PlusDays(2));
+    event.DueDate(kToday.PlusDays(3));  // put off by a day
+    EXPECT_TRUE(Edit(event, [&] {
+        EXPECT_EQ("18/03/2023", Text(IDC_txtOnceDate));
+        EXPECT_EQ("10:00", Text(IDC_txtTime));
+        onDay("3/12")();
+        EXPECT_EQ("Next date:  Sun 03/12/2023", Text(IDC_lblPreview));
+        stage->ClickInto(*window, IDC_txtDaysWarning);
+        EXPECT_EQ("03/12/2023", Text(IDC_txtOnceDate));
+        machine.dialogs.dates = {DateValue(45264)};
+        Click(IDC_cmdOnceDate);
+    }));
+    EXPECT_EQ(45264, event.StartDate().Day());
+    EXPECT_TRUE(OnceFrame::Fits(event));
+
+    EXPECT_FALSE(Edit(event, onDay("31/2")));
+    EXPECT_THAT(Told(), ElementsAre("Please enter the day as a date, such as 15/03/2023"));
+    // One that has passed is not moved without a word.
+    EXPECT_FALSE(Edit(event, onDay("14/03/2023")));
+    EXPECT_TRUE(Edit(event, [&] {
+        onDay("14/03/2023")();
+        EXPECT_THAT(Text(IDC_lblPreviewWarning), HasSubstr("has passed"));
+        machine.dialogs.yesNo = {true};
+    }));
+    EXPECT_THAT(machine.dialogs.questions,
+                Contains("Tue 14/03/2023 has passed. Save the event for Wed 15/03/2023 instead?"));
+    // Under the other tabs it repeats, unless that is taken away.
+    event.StartDate(kToday);
+    EXPECT_TRUE(Edit(event, [&] {
+        Choose(IDC_TabStrip1, RecurDayOfMonth);
+        EXPECT_TRUE(window->Checked(IDC_optRepeat));
+        Click(IDC_optShowOnce);
+        Choose(IDC_TabStrip1, OnceFrame::kPage);
+        Choose(IDC_TabStrip1, RecurWeekdays);
+    }));
+    EXPECT_FALSE(event.Recurring());
+    EXPECT_EQ(RecurWeekdays, event.RecurrenceType());
+}
+
+TEST_F(frmEventTest, ADescriptionBeginsWithItsFirstLineAndItsLackIsAskedAbout) {
+    clsEvent event;
+    EXPECT_TRUE(Edit(event, [&] { window->SetText(IDC_txtDesc, " \r\n\r\n  Tea\r\n\r\n"); }));
+    EXPECT_EQ("  Tea\r\n\r\n", event.Desc());
+    const auto empty = [&] { window->SetText(IDC_txtDesc, "\r\n"); };
+    EXPECT_FALSE(Edit(event, empty));
+    EXPECT_TRUE(Edit(event, [&] {
+        empty();
+        machine.dialogs.yesNo = {true};
+    }));
+    EXPECT_EQ("", event.Desc());
 }
 
 TEST_F(frmEventTest, TicksFillWhatTheyNeed) {
@@ -347,14 +421,35 @@ TEST_F(frmEventTest, TheSharingModeShowsAndChangesTheSharingOnly) {
     EXPECT_FALSE(event.SharedEvent || event.ShareWithSpecific);
 }
 
-TEST_F(frmEventTest, TheCloseBoxAndTheEndOfTheProgramGiveUp) {
+TEST_F(frmEventTest, TheCloseBoxAsksBeforeWhatIsEnteredIsLostAndTheEndOfTheProgramDoesNot) {
     clsEvent event = OfKind(RecurWeekdays);
-    for (const User& end : {User([&] { stage->CloseBox(*window); }), User([&] { app.EndProgram(); })}) {
-        InModal(IDD_EVENT, [&] {
-            Type(IDC_txtDesc, "other");
-            end();
-        });
+    const auto close = [&] { stage->CloseBox(*window); };
+    const struct {
+        User user;
+        std::size_t questions;
+    } cases[] = {{[&] {
+                      Type(IDC_txtDesc, "other");
+                      close();
+                      EXPECT_EQ("other", Text(IDC_txtDesc));  // and is still there
+                      machine.dialogs.yesNo = {true};
+                      close();
+                  },
+                  2},
+                 {[&] {
+                      Choose(IDC_TabStrip1, RecurDayOfMonth);  // only looks
+                      close();
+                  },
+                  0},
+                 {[&] {
+                      Type(IDC_txtDesc, "other");
+                      app.EndProgram();
+                  },
+                  0}};
+    for (const auto& one : cases) {
+        machine.dialogs.questions.clear();
+        InModal(IDD_EVENT, one.user);
         EXPECT_FALSE(EditEvent(app, event, EditMode::Whole));
+        EXPECT_EQ(one.questions, machine.dialogs.questions.size());
         EXPECT_EQ(FileOf({OfKind(RecurWeekdays)}), FileOf({event}));
         EXPECT_EQ(nullptr, stage->Find(IDD_EVENT));
     }

@@ -190,7 +190,11 @@ inline Act Saves(const char* description, const char* alarm = nullptr, const cha
             story.editor->Type(IDC_txtMinutesWarning, warning);
             if (!story.editor->Checked(IDC_chkDay + 2)) story.editor->Toggle(IDC_chkDay + 2);  // Wednesday
         }
+        // If its day has passed meanwhile, it is moved to the next one.
+        story.machine.dialogs.yesNo = {true};
         story.editor->Click(IDC_cmdSave);
+        story.machine.dialogs.yesNo.clear();
+        story.machine.dialogs.questions.clear();
         story.Leave();
     };
 }

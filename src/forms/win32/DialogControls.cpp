@@ -54,6 +54,8 @@ void DialogControls::MoveFocusFrom(HWND control) {
 void DialogControls::SetEnabled(int control, bool enabled) {
     if (!enabled) MoveFocusFrom(At(control));
     EnableWindow(At(control), enabled);
+    if (const auto arrows = arrows_.find(control); arrows != arrows_.end())
+        EnableWindow(arrows->second, enabled);
 }
 
 bool DialogControls::ControlVisible(int control) const {
@@ -63,6 +65,8 @@ bool DialogControls::ControlVisible(int control) const {
 void DialogControls::SetControlVisible(int control, bool visible) {
     if (!visible) MoveFocusFrom(At(control));
     ShowWindow(At(control), visible ? SW_SHOWNA : SW_HIDE);
+    if (const auto arrows = arrows_.find(control); arrows != arrows_.end())
+        ShowWindow(arrows->second, visible ? SW_SHOWNA : SW_HIDE);
 }
 
 ControlPlace DialogControls::Place(int control) const {
@@ -132,6 +136,20 @@ void DialogControls::SetFocus(int control) {
 
 void DialogControls::LimitText(int control, int characters) {
     SendMessageW(At(control), EM_SETLIMITTEXT, static_cast<WPARAM>(characters), 0);
+}
+
+void DialogControls::SetNumberRange(int control, int least, int most) {
+    const HWND box = At(control);
+    if (!box) return;
+    const DWORD asBox = static_cast<DWORD>(GetWindowLongPtrW(box, GWL_STYLE)) & (WS_VISIBLE | WS_DISABLED);
+    const HWND arrows =
+        CreateWindowExW(0, UPDOWN_CLASSW, nullptr,
+                        WS_CHILD | asBox | UDS_ALIGNRIGHT | UDS_ARROWKEYS | UDS_SETBUDDYINT | UDS_NOTHOUSANDS,
+                        0, 0, 0, 0, window_, nullptr, module_, nullptr);
+    SendMessageW(arrows, UDM_SETBUDDY, reinterpret_cast<WPARAM>(box), 0);
+    SendMessageW(arrows, UDM_SETRANGE32, static_cast<WPARAM>(least), most);
+    SetWindowPos(arrows, box, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    arrows_[control] = arrows;
 }
 
 void DialogControls::SetItems(int control, const std::vector<std::string>& items) {

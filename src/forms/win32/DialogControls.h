@@ -33,6 +33,7 @@ public:
     void SetControlsEnabled(bool enabled) override;
     void SetFocus(int control) override;
     void LimitText(int control, int characters) override;
+    void SetNumberRange(int control, int least, int most) override;
 
     void SetItems(int control, const std::vector<std::string>& items) override;
     std::vector<std::string> Items(int control) const override;
@@ -82,7 +83,8 @@ private:
     std::map<int, ReportListView> reports_;
     std::map<int, DayGridView> grids_;
     std::map<int, NoticeView> notices_;
-    std::vector<HWND> resting_;  // disabled while the program works
+    std::map<int, HWND> arrows_;  // beside the number boxes, of which they are a part
+    std::vector<HWND> resting_;   // disabled while the program works
     HWND focusWhenEnabled_ = nullptr;
 };
 

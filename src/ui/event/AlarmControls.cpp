@@ -24,9 +24,11 @@ void AlarmControls::ShowNew(DateValue now) {
     txtMinutesWarning.Text("0");
 }
 
-void AlarmControls::Show(const clsEvent& event) {
+void AlarmControls::Show(const clsEvent& event, DateValue now) {
+    ShowNew(now);
     chkTimed.Checked(event.AlarmSet());
-    txtTime.Text(FormatDate(event.DueTime(), "HH:MM", locale_));
+    if (event.AlarmSet() || event.DueTime().SecondOfDay() != 0)
+        txtTime.Text(FormatDate(event.DueTime(), "HH:MM", locale_));
     txtMinutesWarning.Text(std::to_string(event.MinutesWarning()));
 }
 

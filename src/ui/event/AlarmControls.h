@@ -16,7 +16,8 @@ public:
 
     // What a new event is offered: no alarm, and the next full hour should one be wanted.
     void ShowNew(DateValue now);
-    void Show(const clsEvent& event);
+    // One that has no alarm and no time is offered what a new one is.
+    void Show(const clsEvent& event, DateValue now);
     // Copies the fields into the event; throws FieldFault.
     void Take(clsEvent& event) const;
 

@@ -14,9 +14,10 @@ namespace kaz {
 // What stands under one tab of the event editor: the fields of one kind of recurrence.
 class RecurrenceFrame {
 public:
-    RecurrenceFrame(Window& window, int type)
+    // `page` counts from 0; for the six kinds of the files it is their number.
+    RecurrenceFrame(Window& window, int page)
         : window_(window),
-          first_(IDC_fraEvent + FRAME_CONTROLS * type) {}
+          first_(IDC_fraEvent + FRAME_CONTROLS * page) {}
     virtual ~RecurrenceFrame() = default;
     RecurrenceFrame(const RecurrenceFrame&) = delete;
     RecurrenceFrame& operator=(const RecurrenceFrame&) = delete;
@@ -102,6 +103,8 @@ public:
     void Take(clsEvent& event) const override;
     // Asks for another starting date, beginning at the one that is there, or else at `today`.
     void PickStartDate(Dialogs& dialogs, DateValue today);
+    // Of months, weeks or days.
+    int MostPeriod() const { return mostPeriod_; }
 
 private:
     void ShowStartDate();

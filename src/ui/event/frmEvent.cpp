@@ -8,11 +8,15 @@
 #include "platform/Dialogs.h"
 #include "resources/resource.h"
 #include "storage/clsSounds.h"
+#include "ui/event/Doubts.h"
+#include "ui/event/EditorShape.h"
 #include "ui/event/ExtrasText.h"
 #include "ui/event/frmMore.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 
+#include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -20,39 +24,15 @@ namespace kaz {
 
 namespace {
 
-// Leaves of the event editor the frame for sharing and the two buttons, and makes the window fit around them.
-void ShowSharingOnly(Window& window);
+constexpr const char* kPickStart = "Pick a start date";
+constexpr const char* kTypeDay = "Type a day, or pick one";
 
-// In units of 1/96 inch.
-constexpr int kMargin = 50;  // around everything, both sides together
-constexpr int kGap = 12;     // between the frame and the buttons
-
-void MoveBy(Window& window, int control, int right, int down) {
-    ControlPlace place = window.Place(control);
-    place.left += right;
-    place.top += down;
-    window.SetPlace(control, place);
-}
-
-void ShowSharingOnly(Window& window) {
-    for (int control = IDC_frmEventFirst; control <= IDC_frmEventLast; ++control)
-        window.SetControlVisible(control, false);
-
-    const ControlPlace before = window.Place(IDC_FrameShared);
-    for (const int control :
-         {IDC_FrameShared, IDC_chkShared, IDC_chkSpecificShare, IDC_lblUsers, IDC_lstUsers}) {
-        MoveBy(window, control, kMargin / 2 - before.left, kMargin / 2 - before.top);
-        window.SetControlVisible(control, true);
-    }
-    const ControlPlace frame = window.Place(IDC_FrameShared);
-    const ControlPlace abort = window.Place(IDC_cmdAbort);
-    for (const int button : {IDC_cmdSave, IDC_cmdAbort}) {
-        MoveBy(window, button, frame.left + frame.width - (abort.left + abort.width),
-               frame.top + frame.height + kGap - abort.top);
-        window.SetControlVisible(button, true);
-    }
-    window.SetInnerSize(
-        {frame.width + kMargin, frame.top + frame.height + kGap + abort.height + kMargin / 2});
+// Lines at the start in which nothing stands.
+std::string_view WithoutBlankStart(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos) return {};
+    const std::size_t line = text.rfind('\n', first);
+    return line == std::string_view::npos ? text : text.substr(line + 1);
 }
 
 constexpr int kSaved = 1;
@@ -80,6 +60,10 @@ frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application
     On(IDC_cmdMore, Raised::Click, "cmdMore_Click", &frmEvent::cmdMore_Click);
     On(IDC_chkTimed, Raised::Click, "chkTimed_Click", &frmEvent::chkTimed_Click);
     On(IDC_txtTime, Raised::Change, "txtTime_Change", &frmEvent::txtTime_Change);
+    On(IDC_txtTime, Raised::Focus, "txtTime_GotFocus", [this] {
+        TextBox(this->window(), IDC_txtTime).HighlightText();
+        inTime_ = true;
+    });
     On(IDC_txtTime, Raised::Leave, "txtTime_LostFocus", &frmEvent::txtTime_LostFocus);
     On(IDC_txtMinutesWarning, Raised::Change, "txtMinutesWarning_Change", &frmEvent::txtTime_Change);
     On(IDC_chkMakeNoise, Raised::Click, "chkMakeNoise_Click", &frmEvent::chkMakeNoise_Click);
@@ -89,18 +73,14 @@ frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application
     On(IDC_chkSpecificShare, Raised::Click, "chkSpecificShare_Click", &frmEvent::chkShared_Click);
     On(IDC_cmdPickWav, Raised::Click, "cmdPickWav_Click", &frmEvent::cmdPickWav_Click);
     On(IDC_cmdPickFile, Raised::Click, "cmdPickFile_Click", &frmEvent::cmdPickFile_Click);
-    On(IDC_TabStrip1, Raised::Select, "TabStrip1_Click", &frmEvent::TabStrip1_Click);
     On(IDC_lblMonthlyStartDate, Raised::Click, "lblMonthlyStartDate_Click",
        &frmEvent::lblMonthlyStartDate_Click);
     On(IDC_lblWeeklyStartDate, Raised::Click, "lblWeeklyStartDate_Click",
        &frmEvent::lblWeeklyStartDate_Click);
     On(IDC_lblDailyStartDate, Raised::Click, "lblDailyStartDate_Click", &frmEvent::lblDailyStartDate_Click);
     ListenToRule();
-    // What is typed into a number takes its place, rather than standing before or behind it.
-    for (const int number : {IDC_txtDaysWarning, IDC_txtMinutesWarning, IDC_txtDayOfMonth,
-                             IDC_txtMonthlyPeriod, IDC_txtWeeklyPeriod, IDC_txtDailyPeriod})
-        On(number, Raised::Focus, "txtNumber_GotFocus",
-           [this, number] { TextBox(this->window(), number).HighlightText(); });
+    ListenToPages();
+    PrepareNumbers();
 }
 
 // Whatever else decides the next dates, so that the preview follows it.
@@ -108,11 +88,57 @@ void frmEvent::ListenToRule() {
     for (int day = 0; day < 7; ++day)
         On(IDC_chkDay + day, Raised::Click, "chkDay_Click", &frmEvent::ShowPreview);
     for (const int option : {IDC_optRepeat, IDC_optShowOnce})
-        On(option, Raised::Click, "optRepeat_Click", &frmEvent::ShowPreview);
-    for (const int text : {IDC_txtDayOfMonth, IDC_txtMonthlyPeriod, IDC_txtWeeklyPeriod, IDC_txtDailyPeriod})
+        On(option, Raised::Click, "optRepeat_Click", [this] {
+            if (!tabs_.IsOnce()) repeats_ = optRepeat.Checked();
+            ShowPreview();
+        });
+    for (const int text :
+         {IDC_txtDayOfMonth, IDC_txtMonthlyPeriod, IDC_txtWeeklyPeriod, IDC_txtDailyPeriod, IDC_txtOnceDate})
         On(text, Raised::Change, "txtPeriod_Change", &frmEvent::ShowPreview);
     for (const int list : {IDC_lstMonthNames, IDC_lstDayNumber, IDC_lstDayName, IDC_lstMonths})
         On(list, Raised::Select, "lstMonths_Click", &frmEvent::ShowPreview);
+}
+
+// Another tab chosen by a key takes the keyboard along, to its first field.
+void frmEvent::ListenToPages() {
+    On(IDC_TabStrip1, Raised::Select, "TabStrip1_Click", &frmEvent::TabStrip1_Click);
+    const auto turn = [this](int key, std::function<void()> choose) {
+        On(key, Raised::Click, "TabStrip1_KeyDown", [this, choose = std::move(choose)] {
+            if (mode_ == EditMode::SharingOnly) return;
+            choose();
+            TabStrip1_Click();
+            tabs_.SetFocus();
+        });
+    };
+    turn(IDM_NEXTPAGE, [this] { tabs_.TurnBy(1); });
+    turn(IDM_PREVIOUSPAGE, [this] { tabs_.TurnBy(-1); });
+    for (int page = 0; page < RecurrenceTabs::kPages; ++page)
+        turn(IDM_PAGE + page, [this, page] { tabs_.TurnTo(page); });
+    On(IDC_txtOnceDate, Raised::Focus, "txtOnceDate_GotFocus",
+       [this] { TextBox(this->window(), IDC_txtOnceDate).HighlightText(); });
+    On(IDC_txtOnceDate, Raised::Leave, "txtOnceDate_LostFocus", [this] { tabs_.once.CompleteDay(); });
+    On(IDC_cmdOnceDate, Raised::Click, "cmdOnceDate_Click", [this] {
+        tabs_.once.PickDay(app_.platform.dialogs);
+        ShowPreview();
+    });
+}
+
+// What is typed into a number takes its place, rather than standing before or behind it.
+void frmEvent::PrepareNumbers() {
+    const struct {
+        int control, least, most;
+    } numbers[] = {{IDC_txtDaysWarning, 0, INT16_MAX},
+                   {IDC_txtMinutesWarning, 0, kMostMinutesWarning},
+                   {IDC_txtFrequency, 1, INT16_MAX},
+                   {IDC_txtDayOfMonth, 1, 31},
+                   {IDC_txtMonthlyPeriod, 1, tabs_.months.MostPeriod()},
+                   {IDC_txtWeeklyPeriod, 1, tabs_.weeks.MostPeriod()},
+                   {IDC_txtDailyPeriod, 1, tabs_.days.MostPeriod()}};
+    for (const auto& number : numbers)
+        On(number.control, Raised::Focus, "txtNumber_GotFocus",
+           [this, id = number.control] { TextBox(this->window(), id).HighlightText(); });
+    for (const auto& number : numbers)
+        window().SetNumberRange(number.control, number.least, number.most);
 }
 
 void frmEvent::Form_Load() {
@@ -121,15 +147,17 @@ void frmEvent::Form_Load() {
     trap([&] {
         const bool networked = app_.Networked();
         share_.Load(networked, networked ? app_.Folder().Users() : std::vector<std::string>{});
+        if (!networked && mode_ == EditMode::Whole) HideSharing(window());
     });
     trap([&] {
         if (!event_.IDCode.empty()) CopyDataToForm();
     });
-    trap([&] { tabs_.ShowFrame(); });
+    repeats_ = event_.Recurring() || tabs_.IsOnce();
+    trap([&] { TabStrip1_Click(); });
     trap([&] { SetupRelatedItems(); });
     trap([&] { alarm_.ShowAdvice(); });
-    trap([&] { ShowPreview(); });
     if (mode_ == EditMode::SharingOnly) trap([&] { ConvertToPickShareMode(); });
+    trap([&] { entered_ = EnteredIn(window()); });
 }
 
 void frmEvent::ShowNew() {
@@ -141,8 +169,6 @@ void frmEvent::ShowNew() {
     cmbLayers.Items(names);
     cmbLayers.Select(clsLayers::kFirstOwn);
     txtDaysWarning.Text("0");
-    optRepeat.Checked(event_.Recurring());
-    optShowOnce.Checked(!event_.Recurring());
     alarm_.ShowNew(app_.platform.clock.Now());
     tabs_.ShowNew(app_.platform.clock.Today());
 }
@@ -152,11 +178,9 @@ void frmEvent::CopyDataToForm() {
     trap([&] { ShowDescription(); });
     trap([&] { shownDescription_ = txtDesc.Text(); });
     trap([&] { share_.Show(event_); });
-    trap([&] { alarm_.Show(event_); });
+    trap([&] { alarm_.Show(event_, app_.platform.clock.Now()); });
     trap([&] { actions_.Show(event_); });
     trap([&] {
-        optRepeat.Checked(event_.Recurring());
-        optShowOnce.Checked(!event_.Recurring());
         cmbLayers.Select(event_.Layer());
         txtDaysWarning.Text(std::to_string(event_.DaysWarning()));
     });
@@ -186,7 +210,8 @@ bool frmEvent::CopyFormToData() {
         event_ = std::move(edited);
         return true;
     } catch (const FieldFault& fault) {
-        app_.platform.dialogs.Message(fault.Description());
+        // One without a text has been asked about.
+        if (!fault.Description().empty()) app_.platform.dialogs.Message(fault.Description());
         window().SetFocus(fault.Control());
     } catch (...) {
         TellFailure();
@@ -211,6 +236,7 @@ void frmEvent::CopyFields(clsEvent& event) {
     event.Extras(ExtrasFor(event));
     if (const std::string fault = ExtrasFault(event, Style(), app_.platform.clock.Today()); !fault.empty())
         throw FieldFault(IDC_cmdMore, fault);
+    AskAboutDoubts(event);
     if (!event.Email.empty()) app_.settings.StoreSetting("DefaultEmail", event.Email);
 }
 
@@ -224,7 +250,13 @@ void frmEvent::CopyDescription(clsEvent& event) const {
             IDC_txtDesc,
             "The description is too long: it can have " + std::to_string(clsEvent::kLongestShown) +
                 " characters. What was pasted beyond them is not in the field; please shorten it");
-    event.Desc(text);
+    event.Desc(std::string(WithoutBlankStart(text)));
+}
+
+void frmEvent::AskAboutDoubts(const clsEvent& event) const {
+    for (const Doubt& doubt : DoubtsOf(event, event_, Style(), app_.platform.clock.Now()))
+        if (!app_.platform.dialogs.AskYesNo(doubt.question, Dialogs::Default::No))
+            throw FieldFault(doubt.ofDay ? tabs_.DayField() : IDC_txtDesc, "");
 }
 
 void frmEvent::TellFailure() {
@@ -253,11 +285,25 @@ bool frmEvent::ShowModal() {
 
 void frmEvent::Form_Unload() { window().EndModal(kAborted); }
 
+// Whoever saves from the box of the time, by a key, leaves it as well.
 void frmEvent::cmdSave_Click() {
+    if (inTime_) alarm_.CompleteTime();
     if (CopyFormToData()) window().EndModal(kSaved);
 }
 
-void frmEvent::cmdAbort_Click() { window().EndModal(kAborted); }
+void frmEvent::cmdAbort_Click() {
+    if (!IsChanged() ||
+        app_.platform.dialogs.AskYesNo("Throw away what you have entered?", Dialogs::Default::No))
+        window().EndModal(kAborted);
+}
+
+bool frmEvent::IsChanged() const {
+    try {
+        return extras_ != event_.Extras() || EnteredIn(window()) != entered_;
+    } catch (const RuntimeError&) {
+        return true;  // it cannot be stored, and is entered all the same
+    }
+}
 
 void frmEvent::chkTimed_Click() {
     SetupRelatedItems();
@@ -270,6 +316,7 @@ void frmEvent::txtTime_Change() {
 }
 
 void frmEvent::txtTime_LostFocus() {
+    inTime_ = false;
     alarm_.CompleteTime();
     txtTime_Change();
 }
@@ -291,8 +338,14 @@ void frmEvent::cmdPickWav_Click() { actions_.PickSound(); }
 
 void frmEvent::cmdPickFile_Click() { actions_.PickFile(); }
 
+// An event that is shown once has a tab of its own; the others are there for what repeats, and leave the
+// choice.
 void frmEvent::TabStrip1_Click() {
     tabs_.ShowFrame();
+    const bool repeats = repeats_ && !tabs_.IsOnce();
+    optRepeat.Checked(repeats);
+    optShowOnce.Checked(!repeats);
+    optRepeat.Enabled(!tabs_.IsOnce());
     ShowPreview();
 }
 
@@ -337,16 +390,22 @@ EventExtras frmEvent::ExtrasFor(const clsEvent& event) const {
 }
 
 void frmEvent::ShowPreview() {
-    RulePreview preview;
+    std::string dates;
+    std::string warning;
     try {
         const clsEvent event = AsTyped();
-        preview = RulePreview(event, app_.platform.clock.Now());
+        const DateValue now = app_.platform.clock.Now();
+        const RulePreview preview(event, now);
+        dates = preview.DatesLine(datePattern_, app_.platform.locale.Data());
+        warning = preview.Warning();
+        if (PassedDay(event, now.DateOnly())) warning = "That day has passed. " + warning;
         lblMore.Text(ExtrasInWords(event, Style()));
-    } catch (const FieldFault&) {
+    } catch (const FieldFault& fault) {
         // The user is still typing: there is nothing to show yet, and nothing to complain of.
+        if (fault.Control() == tabs_.DayField()) dates = tabs_.IsOnce() ? kTypeDay : kPickStart;
     }
-    lblPreview.Text(preview.DatesLine(datePattern_, app_.platform.locale.Data()));
-    lblPreviewWarning.Text(preview.Warning());
+    lblPreview.Text(dates);
+    lblPreviewWarning.Text(warning);
 }
 
 // Throws FieldFault while the rule is incomplete; the other fields are taken as far as they can be.

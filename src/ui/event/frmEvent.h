@@ -24,9 +24,9 @@ public:
 
     // Fills every control from the event.
     void CopyDataToForm();
+    void ShowDescription();
     // Checks the controls and copies them into the event. What is wrong is told in a message box; the field
     // at fault gets the keyboard, and the event stays as it was.
-    void ShowDescription();
     bool CopyFormToData();
     // Leaves only the frame for sharing and the two buttons.
     void ConvertToPickShareMode();
@@ -58,10 +58,14 @@ private:
     void lblDailyStartDate_Click();
 
     void ListenToRule();
+    void ListenToPages();
+    void PrepareNumbers();
     void ShowNew();
     void CopyFields(clsEvent& event);
     void CopyDescription(clsEvent& event) const;
+    void AskAboutDoubts(const clsEvent& event) const;
     void TellFailure();
+    bool IsChanged() const;
     void PickStartDate(IntervalFrame& frame);
     void ShowPreview();
     clsEvent AsTyped() const;
@@ -75,6 +79,9 @@ private:
     EventExtras extras_;
     RecurrenceRule extrasRule_;  // for which they were chosen
     std::string shownDescription_;
+    std::string entered_;  // when it was opened
+    bool repeats_ = true;  // under the tabs of rules
+    bool inTime_ = false;  // the keyboard is in the box of the time
     std::string datePattern_;
     AlarmControls alarm_;
     ActionControls actions_;

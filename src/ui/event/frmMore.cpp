@@ -9,6 +9,7 @@
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -40,7 +41,14 @@ frmMore::frmMore(std::unique_ptr<kaz::Window> window, Application& application, 
         optLastDay.Checked(false);
         optTimes.Checked(true);
     });
+    const auto prepareNumber = [this](int number, int least, int most) {
+        On(number, Raised::Focus, "txtNumber_GotFocus",
+           [this, number] { TextBox(this->window(), number).HighlightText(); });
+        this->window().SetNumberRange(number, least, most);
+    };
+    prepareNumber(IDC_txtTimes, 1, kMostTimes);
     for (int row = 0; row < WarningControls::kRows; ++row) {
+        prepareNumber(IDC_txtWarningNumber + row, 0, INT16_MAX);
         WarningControls& warning = warnings_[static_cast<std::size_t>(row)];
         On(IDC_cmbWarningKind + row, Raised::Select, "cmbWarningKind_Click",
            [&warning] { warning.FollowKind(); });

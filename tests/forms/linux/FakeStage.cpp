@@ -67,6 +67,7 @@ public:
         Fake(window).Raise(control, Raised::DoubleClick, Fake(window).Grid(control).Selected());
     }
     void Press(Window& window, int grid, DayKey key) override {
+        if (Fake(window).focus == grid && Fake(window).Count(key == DayKey::Up ? 1 : -1)) return;
         DayCursor& cursor = Fake(window).Grid(grid).Cursor();
         const int before = cursor.Selected();
         if (const int out = cursor.Press(key); out != 0)

@@ -27,6 +27,12 @@ protected:
         return KindOf(control) == ControlKind::TabStrip ||
                (KindOf(control) == ControlKind::AnyButton && Kind(control) == BS_GROUPBOX);
     }
+    // Of the event editor, counted from 0; -1 for what is always there.
+    static int PageOf(HWND control) {
+        const int id = GetDlgCtrlID(control);
+        const bool isOnPage = GetParam() == IDD_EVENT && id >= IDC_fraEvent && id < IDC_lblPreview;
+        return isOnPage ? (id - IDC_fraEvent) / FRAME_CONTROLS : -1;
+    }
     static std::wstring TextOf(HWND control) {
         wchar_t text[512] = L"";
         GetWindowTextW(control, text, 512);
@@ -59,7 +65,7 @@ protected:
 };
 
 TEST_P(DialogTemplate, HasANameForEveryControlAndNoAccessKeyTwice) {
-    std::map<wchar_t, std::string> keys;
+    std::map<wchar_t, std::map<int, std::string>> keys;
     bool labelled = false;
     for (const HWND control : controls) {
         const std::wstring text = TextOf(control);
@@ -72,10 +78,26 @@ TEST_P(DialogTemplate, HasANameForEveryControlAndNoAccessKeyTwice) {
         const bool taken = kind == ControlKind::Static && (Style(control) & SS_NOPREFIX);
         const std::size_t mark = text.find(L'&');
         if (taken || mark == std::wstring::npos || mark + 1 >= text.size()) continue;
-        const auto [other, isNew] =
-            keys.emplace(static_cast<wchar_t>(towupper(text[mark + 1])), Described(control));
-        EXPECT_TRUE(isNew) << Described(control) << " has the access key of " << other->second;
+        // Of the pages of the event editor one is there at a time.
+        auto& others = keys[static_cast<wchar_t>(towupper(text[mark + 1]))];
+        const int page = PageOf(control);
+        const auto other = page < 0                ? others.begin()
+                           : others.contains(page) ? others.find(page)
+                                                   : others.find(-1);
+        EXPECT_TRUE(other == others.end())
+            << Described(control) << " has the access key of " << other->second;
+        others[page] = Described(control);
     }
+}
+
+TEST_P(DialogTemplate, FitsASmallScreen) {
+    // What can be sized is made smaller by the screen itself.
+    if (Style(dialog.Handle()) & WS_THICKFRAME) return;
+    RECT frame{};
+    GetWindowRect(dialog.Handle(), &frame);
+    // 800 x 600 less the task bar; for the editor also 1366 x 768 at 150 %.
+    EXPECT_LE(frame.right - frame.left, 800);
+    EXPECT_LE(frame.bottom - frame.top, GetParam() == IDD_EVENT ? 464 : 560);
 }
 
 TEST_P(DialogTemplate, CutsNothingOffAndLetsNothingOverlap) {

@@ -1,9 +1,11 @@
 #include "../FormTest.h"
 #include "RealWindow.h"
+#include "base/Text.h"
 #include "ui/event/frmEvent.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -38,6 +40,25 @@ protected:
         Press(WM_KEYDOWN, {key});
         SetKeyboardState(before.data());
     }
+    // Key by key: "Ctrl+7 3 / 1 2 Alt+R Tab".
+    void PressKeys(const std::string& keys) {
+        static constexpr std::pair<std::string_view, int> kNames[] = {
+            {"Tab", VK_TAB}, {"Enter", VK_RETURN}, {"End", VK_END}, {"Space", VK_SPACE}};
+        for (std::string_view key : Split(keys, " ")) {
+            const bool ctrl = key.starts_with("Ctrl+");
+            const bool alt = key.starts_with("Alt+");
+            if (ctrl || alt) key.remove_prefix(key.find('+') + 1);
+            const auto named = std::ranges::find(kNames, key, [](const auto& name) { return name.first; });
+            const int code = named == std::end(kNames) ? key.front() : named->second;
+            if (ctrl)
+                PressWithCtrl(code);
+            else if (alt)
+                Press(WM_SYSCHAR, {code}, kWithAlt);
+            else
+                Press(named == std::end(kNames) ? WM_CHAR : WM_KEYDOWN, {code});
+            if (code == VK_SPACE) Press(WM_KEYUP, {code});
+        }
+    }
     void PressEverything() {
         Press(WM_CHAR, {'y', 'n', ' '});
         Press(WM_KEYDOWN, {VK_RETURN, VK_ESCAPE});
@@ -66,10 +87,35 @@ TEST_F(KeysTest, EnterSavesAnEventButForItsDescriptionAndTheAccessKeyPressesItsB
     window->SetFocus(IDC_txtDaysWarning);
     Press(WM_KEYDOWN, {VK_RETURN});
     EXPECT_EQ("Smith", form.Event().Owner());
-    EXPECT_EQ("\r\nRent", form.Event().Desc());
+    EXPECT_EQ("Rent", form.Event().Desc());
     window->SetText(IDC_txtDesc, "Saved");
     Press(WM_SYSCHAR, {'s'}, kWithAlt);
     EXPECT_EQ("Saved", form.Event().Desc());
+}
+
+TEST_F(KeysTest, AnEventIsEnteredInAFewKeysAfterItsText) {
+    app.settings.StoreSetting("DateStyle", std::int16_t{1});
+    const struct {
+        const char* keys;
+        const char* dates;
+        int warning = 0;
+    } cases[] = {{"Ctrl+2 5 Tab M Ctrl+Enter", "Next dates:  Fri 05/05/2023,  Sun 05/05/2024"},
+                 {"Ctrl+5 L Tab F Ctrl+Enter", "Next dates:  Fri 31/03/2023,  Fri 28/04/2023"},
+                 {"Ctrl+4 2 Tab Space Ctrl+Enter", "Next dates:  Wed 15/03/2023,  Wed 29/03/2023"},
+                 {"Tab Tab Tab Tab 3 / 1 2 Alt+R Tab 1 5 Tab 3 0 Enter", "Next date:  Sun 03/12/2023", 30},
+                 {"Ctrl+2 3 1 Tab End Ctrl+Enter", "Next dates:  Fri 31/03/2023,  Sun 30/04/2023"},
+                 {"Ctrl+Tab Ctrl+Tab Alt+Y 9 Alt+R Alt+T 1 1 Enter", "Next dates:  Sat 09/03/2024"}};
+    for (const auto& one : cases) {
+        frmEvent form(stage->Windows().Create(IDD_EVENT), app, clsEvent(), EditMode::Whole);
+        machine.dialogs.dates = {kToday};
+        Open(form);
+        Press(WM_CHAR, {'T', 'e', 'a'});
+        PressKeys(one.keys);
+        EXPECT_EQ("Tea", form.Event().Desc()) << one.keys;
+        EXPECT_THAT(Text(IDC_lblPreview), StartsWith(one.dates));
+        EXPECT_EQ(one.warning, form.Event().MinutesWarning()) << one.keys;
+        EXPECT_THAT(Told(), IsEmpty());
+    }
 }
 
 TEST_F(KeysTest, CtrlEnterSavesAnEventFromEveryControl) {
