@@ -11,8 +11,6 @@ namespace {
 
 constexpr int kMinutesPerDay = DateValue::kSecondsPerDay / 60;
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // Two digits as a number; -1 when they are none.
 int TwoDigits(std::string_view text) {
     const bool digits = text.size() == 2 && std::all_of(text.begin(), text.end(), IsDigit);

@@ -20,6 +20,11 @@ inline constexpr std::int32_t RecurEveryNDays = 5;
 inline constexpr std::int16_t kEveryMonthByDay = 13;
 inline constexpr std::int16_t kEveryMonthByWeekday = 0;
 
+// Weekdays of kind 0.
+inline constexpr std::int16_t kMondayToFriday = 62;
+inline constexpr std::int16_t kSaturdayAndSunday = 192;
+inline constexpr std::int16_t kWholeWeek = 254;
+
 // What decides the days of an event; each kind looks at its own fields only.
 struct RecurrenceRule {
     std::int32_t type = RecurWeekdays;
