@@ -22,6 +22,10 @@ constexpr std::size_t kLongestName = 200;
 std::optional<std::string> EventCommands::Add() {
     clsEvent event;
     if (!editor_(event, EditMode::Whole)) return std::nullopt;
+    return AddNew(std::move(event));
+}
+
+std::string EventCommands::AddNew(clsEvent event) {
     EventOperations operations = Operations();
     std::string code = operations.AddEvent(std::move(event));
     Record("addition", operations);

@@ -33,6 +33,8 @@ public:
 
     // The code of the new event; nothing when the user gave up.
     std::optional<std::string> Add();
+    // Stores a new event of this user's; its code.
+    std::string AddNew(clsEvent event);
     // The code of the edited event; nothing when it was not stored.
     std::optional<std::string> Edit(const EventRef& event);
     // The code of the event when it was there to be pushed.

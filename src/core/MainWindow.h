@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace kaz {
 
@@ -17,6 +18,12 @@ public:
     virtual void fMain_WindowClosed() = 0;
 };
 
+// What became of a line in words.
+struct LineAnswer {
+    bool added = false;
+    std::string told;  // what was stored, or why nothing was
+};
+
 // What the component needs of the main window. It is loaded hidden, its refresh timer running.
 class MainWindow {
 public:
@@ -24,6 +31,8 @@ public:
     // Rebuilds the list for a category index 0 to 19, or 20 for all.
     virtual void FillEvents(std::int16_t category) = 0;
     virtual void EditOptions() = 0;
+    // Stores the event that the line says.
+    virtual LineAnswer AddInWords(const std::string& line) = 0;
     virtual bool IsShown() const = 0;
     virtual void ShowWindow() = 0;
     // Restores the shown window to its normal state and brings it to the top.

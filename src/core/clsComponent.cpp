@@ -112,6 +112,14 @@ void clsComponent::ShutDown() noexcept {
     trap([&] { application_.EndProgram(); });
 }
 
+LineAnswer clsComponent::AddInWords(const std::string& line) noexcept {
+    LineAnswer answer;
+    ErrorTrap trap(application_.errors, "AddInWords", kModule);
+    trap([&] { answer.told = "The event could not be stored. The reason is in the log."; });
+    if (SettingsInitialised()) trap([&] { answer = EnsureMainWindow()->AddInWords(line); });
+    return answer;
+}
+
 void clsComponent::fMain_ShutDownKAZ() { host_.ShutDownKAZ(); }
 
 void clsComponent::fMain_Rescan() { ScanEvents(); }

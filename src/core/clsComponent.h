@@ -31,6 +31,9 @@ public:
     void HideMain() noexcept;
     void ShutDown() noexcept;
 
+    // Stores the event that a line in words says, such as "dentist tomorrow 15:30".
+    LineAnswer AddInWords(const std::string& line) noexcept;
+
     void fMain_ShutDownKAZ() override;
     void fMain_Rescan() override;
     void fMain_WindowClosed() override;

@@ -34,6 +34,8 @@ enum class Raised {
     Activated,     // the user came to the window, or back to it; `detail` is kByMouse when by a click on it
     Wheel,         // the mouse wheel over the window; `detail` is the clicks, positive away from the user
     Leave,         // a text box has lost the keyboard
+    Enter,         // the Enter key in a text box of a window without a default button
+    HotKey,        // the key of SetHotKey, wherever on the computer
     LeadsOut,      // a key in a grid of days led out of it; `detail` is by how many days
 };
 
@@ -143,6 +145,8 @@ public:
     // one that had it gets it back.
     virtual void SetControlsEnabled(bool enabled) = 0;
     virtual void SetFocus(int control) = 0;
+    // The control that has the keyboard, 0 when none of this window's has.
+    virtual int Focused() const = 0;
     // Selects the whole text of a text box that has got the keyboard, by a click too.
     virtual void SelectText(int control) = 0;
     // The most characters that the user can type into a text box.
@@ -178,6 +182,10 @@ public:
     // icon.
     virtual void ShowTrayIcon(const std::string& tip, int icon) = 0;
     virtual void HideTrayIcon() = 0;
+
+    // Has a key of the whole computer, such as "Ctrl+Alt+K", raise HotKey in place of the one before; an
+    // empty text has none. False for one that another program has, or that is none.
+    virtual bool SetHotKey(const std::string& keys) = 0;
 
     // Has Resumed raised by a computer in connected standby too, which wakes
     // unheard by those who have not asked.

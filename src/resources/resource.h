@@ -21,6 +21,7 @@
 #define IDD_MISSED 116
 #define IDD_SLEEPING 117
 #define IDD_MORE 118
+#define IDD_WORDS 119
 #define IDD_RESTORE 120
 #define IDD_FORECAST 130
 #define IDD_TESTREMINDERS 131
@@ -77,6 +78,15 @@
 #define IDC_cmdHealth 1111  // the first of three
 #define IDC_lblHealthCount 1114
 #define IDC_cmdHealthNext 1115
+#define IDC_lblSearch 1116
+#define IDC_txtSearch 1117
+
+// The line in words, in the main window and in one of its own
+#define IDC_lblWords 1131
+#define IDC_txtWords 1132
+#define IDC_lblUnderstood 1133
+#define IDC_cmdAddWords 1134
+#define IDC_cmdCloseWords 1135
 
 // Commands of menus and accelerators
 #define IDM_FIND 2001
@@ -105,6 +115,8 @@
 #define IDM_ABOUT 2024
 #define IDM_SKIP 2025
 #define IDM_MOVEDAY 2026
+#define IDM_WORDS 2027
+#define IDM_NEWINWORDS 2028
 #define IDM_UNDO 2030
 #define IDM_REDO 2031
 #define IDM_CHANGES 2032
@@ -299,6 +311,7 @@
 #define IDC_chkQuietScreen 1525
 #define IDC_txtQuietFrom 1526
 #define IDC_txtQuietTo 1527
+#define IDC_cmbWordsKey 1528
 
 // frmEditLayers: the text box of slot n is IDC_txtLayer + n, for 21 slots
 #define IDC_txtLayer 1600

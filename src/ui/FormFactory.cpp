@@ -9,6 +9,9 @@
 #include "ui/main/frmMain.h"
 #include "ui/month/ShowMonth.h"
 #include "ui/tasks/frmTasks.h"
+#include "ui/words/frmWords.h"
+
+#include <utility>
 
 namespace kaz {
 
@@ -24,7 +27,10 @@ MainDialogs DialogsOf(Application& application) {
             [&application] { ShowTasks(application); },
             [&application](int month, int year) { ShowMonth(application, month, year); },
             [&application] { ShowForecast(application); },
-            [&application] { TestReminders(application); }};
+            [&application] { TestReminders(application); },
+            [&application](std::function<void(const std::string&)> added) {
+                ShowWords(application, std::move(added));
+            }};
 }
 
 }  // namespace

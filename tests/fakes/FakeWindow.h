@@ -85,6 +85,11 @@ public:
         if (!enabled) ++timesDisabled;
     }
     void SetFocus(int control) override { focus = control; }
+    int Focused() const override { return focus; }
+    bool SetHotKey(const std::string& keys) override {
+        hotKey = keys == takenHotKey ? "" : keys;
+        return keys != takenHotKey || keys.empty();
+    }
     void SelectText(int control) override { textSelected_ = control == focus; }
     void LimitText(int control, int characters) override { controls_[control].limit = characters; }
     void SetNumberRange(int control, int least, int most) override {
@@ -148,6 +153,8 @@ public:
     int trayIcon = 0;
     std::size_t windowsBeforeTray = 0;  // how many there were when the icon was first shown
     bool trayRefuses = false;
+    std::string hotKey;
+    std::string takenHotKey;  // by another program
     WindowState state = WindowState::Normal;
     WindowSize size{800, 600};
     WindowSize screen{1920, 1080};

@@ -42,8 +42,8 @@ TEST_F(HealthBarTest, ShowsTheHeaviestAndWhatTheUserTurnedToUntilAHeavierOneCome
     Tell("a", Weight::Warning, {"Yes"});
     ExpectTray("About a\r\nKAZ - nothing due today", IDI_KAZWARNING);
     Tell("a", Weight::Note, {"Yes"});
-    Tell("b", Weight::Warning, {"Yes", "You & I", "xwnyi"});
-    EXPECT_EQ("About b [&Yes] [Y&ou && I] [xwny&i] 1 of 2", Bar());
+    Tell("b", Weight::Warning, {"Yes", "You & I", "xwniryu"});
+    EXPECT_EQ("About b [&Yes] [Y&ou && I] [xwniry&u] 1 of 2", Bar());
     ExpectTray("About b\r\nKAZ - nothing due today", IDI_KAZWARNING);
     Click(IDC_cmdHealthNext);
     Tell("c", Weight::Note);

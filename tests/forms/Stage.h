@@ -53,6 +53,9 @@ public:
     virtual void Press(Window& window, int grid, DayKey key) = 0;
     virtual void TurnWheel(Window& window, int grid, int clicks) = 0;
     virtual void CloseBox(Window& window) = 0;
+    // In a text box, which gets the keyboard first.
+    virtual void PressEnter(Window& window, int control) = 0;
+    virtual void PressEscape(Window& window, int control) = 0;
     // The system tells every window of itself: Resumed, ClockChanged, SessionEnd, Activated.
     virtual void Tell(Window& window, Raised what) = 0;
     // The time of a timer that runs has come.

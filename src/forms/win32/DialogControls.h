@@ -32,6 +32,7 @@ public:
     void SetNotice(int control, const std::string& text, Tone tone) override;
     void SetControlsEnabled(bool enabled) override;
     void SetFocus(int control) override;
+    int Focused() const override { return IsChild(window_, GetFocus()) ? GetDlgCtrlID(GetFocus()) : 0; }
     void LimitText(int control, int characters) override;
     void SetNumberRange(int control, int least, int most) override;
 

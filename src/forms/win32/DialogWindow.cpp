@@ -249,6 +249,7 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (focusWhenActive_) PostMessageW(window_, kFocusNow, 0, 0);
         Raise(0, Raised::Activated, LOWORD(wParam) == WA_CLICKACTIVE ? kByMouse : 0);
         return FALSE;
+    case WM_HOTKEY: Raise(0, Raised::HotKey); return TRUE;
     case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wParam)); return TRUE;
     case kFocusNow: {
         // A button under the mouse that activated the window would be let go of, and the click lost.
@@ -291,6 +292,8 @@ void DialogWindow::OnCommand(int id, unsigned notification, HWND control) {
             Raise(0, Raised::CloseBox, kByEscape);
         else if (id != IDOK)
             Raise(id, Raised::Click);
+        else if (KindOf(At(Focused())) == ControlKind::Edit)
+            Raise(Focused(), Raised::Enter);
         return;
     }
     if (quiet_) return;

@@ -2,6 +2,7 @@
 
 #include "forms/win32/DialogControls.h"
 #include "forms/win32/DialogKeys.h"
+#include "forms/win32/HotKey.h"
 #include "forms/win32/MessageHook.h"
 #include "forms/win32/TrayIcon.h"
 #include "win32/Handles.h"
@@ -57,6 +58,7 @@ public:
     void StopTimer(int timer) override;
 
     void AskForResumes() override;
+    bool SetHotKey(const std::string& keys) override { return hotKey_.Set(window_, keys); }
 
     void ShowMenu(int menu) override;
     void SetCommand(int command, const std::string& text, bool enabled) override {
@@ -81,6 +83,7 @@ private:
     DialogKeys keys_;
     WindowListener* listener_ = nullptr;
     std::optional<TrayIcon> tray_;
+    HotKey hotKey_;
     PowerNotification resumes_;
     ModalRun* modal_ = nullptr;
     bool work_ = false;

@@ -43,10 +43,10 @@ std::string WhenOf(const clsEvent& event, const WordsContext& context, const Loc
     if (event.Recurring()) {
         for (std::size_t at = 0; at < std::min(preview.Dates().size(), kDates); ++at)
             when += (at == 0 ? ":  " : ",  ") + Day(preview.Dates()[at], context, locale);
-        if (preview.Dates().size() > kDates) when += " ...";
         if (const auto last = preview.LastDate()) when += "  Last date:  " + Day(*last, context, locale);
     }
-    return when + "." + (preview.Warning().empty() ? "" : "  " + preview.Warning());
+    return when + (preview.Dates().size() > kDates ? " ..." : ".") +
+           (preview.Warning().empty() ? "" : "  " + preview.Warning());
 }
 
 }  // namespace

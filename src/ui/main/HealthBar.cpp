@@ -17,7 +17,7 @@ constexpr int kBarLines = 40;  // of two
 constexpr int kLeastButton = 72;
 
 // The letters that open a menu or a control of the main window by Alt already.
-constexpr std::string_view kTaken = "xwn";
+constexpr std::string_view kTaken = "xwnir";
 
 Tone ToneOf(Health::Weight weight) {
     switch (weight) {

@@ -24,6 +24,7 @@ struct MainDialogs {
     std::function<void(int month, int year)> month;
     std::function<void()> forecast;
     std::function<void()> testReminders;
+    std::function<void(std::function<void(const std::string& code)> added)> words;
 };
 
 }  // namespace kaz

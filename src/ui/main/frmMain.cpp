@@ -1,6 +1,7 @@
 #include "ui/main/frmMain.h"
 
 #include "base/Text.h"
+#include "commands/LineCommand.h"
 #include "core/DataWatch.h"
 #include "core/Links.h"
 #include "platform/Clock.h"
@@ -10,6 +11,7 @@
 #include "support/Names.h"
 #include "ui/list/EventListFill.h"
 #include "ui/main/MainToolbar.h"
+#include "ui/words/frmWords.h"
 
 #include <utility>
 #include <vector>
@@ -42,7 +44,9 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
               {[this](const std::optional<std::string>& code) { return Refill(code); },
                [this] { FillCategories(); }}),
       reminders_(this->window(), application, clock_),
-      data_(application) {
+      data_(application),
+      words_(this->window(), application, [this](const std::string& code) { Refill(code); }),
+      wordsKey_(this->window(), application, [this] { EditOptions(); }) {
     On(0, Raised::Load, "Form_Load", &frmMain::Form_Load);
     On(0, Raised::CloseBox, "Form_QueryUnload", &frmMain::Form_QueryUnload);
     On(0, Raised::SessionEnd, "Form_QueryUnload", &frmMain::Form_SessionEnd);
@@ -78,6 +82,15 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(0, Raised::TrayMouse, "Form_MouseMove", &frmMain::Form_MouseMove);
     On(0, Raised::TrayLost, "ShowIconInTray", [this] { tray_.ShowAgain(); });
     NameCommands();
+    ListenToWords();
+}
+
+void frmMain::ListenToWords() {
+    On(IDM_WORDS, Raised::Click, "mnuWords_Click", [this] { words_.TakeKeyboard(); });
+    On(IDC_txtWords, Raised::Change, "txtWords_Change", [this] { words_.ShowUnderstood(); });
+    On(IDC_txtWords, Raised::Enter, "txtWords_Enter", [this] { words_.Enter(); });
+    On(IDM_NEWINWORDS, Raised::Click, "mnuNewInWords_Click", &frmMain::OpenWords);
+    On(0, Raised::HotKey, "mnuNewInWords_Click", &frmMain::OpenWords);
 }
 
 void frmMain::Form_Load() {
@@ -95,6 +108,8 @@ void frmMain::Form_Load() {
     app_.log.LogEvent("Setting main window width and height");
     trap([&] { size_.Restore(); });
     trap([&] { window().AskForResumes(); });
+    trap([&] { words_.Prepare(); });
+    trap([&] { wordsKey_.Apply(); });
     ReminderRequests& requests = app_.reminderWindows.requests;
     requests.edit = [this](const OccurrenceRef& of) {
         if (!IsBlocked()) return events_.EditOccurrence(of);
@@ -220,10 +235,27 @@ void frmMain::HideWindow() { window().Hide(); }
 
 void frmMain::Form_QueryUnload(int how) {
     // Pressed once too often after a menu or a search, it must not take the list away.
-    if (how == kByEscape) return;
+    if (how == kByEscape) return EscapeFromBox();
     window().Hide();
     app_.platform.pump.ProcessPending();
     owner_.fMain_WindowClosed();
+}
+
+void frmMain::EscapeFromBox() {
+    if (words_.HasKeyboard() && !words_.Empty()) window().SetFocus(IDC_ListEvents);
+}
+
+LineAnswer frmMain::AddInWords(const std::string& line) {
+    const LineCommand::Added added = LineCommand(app_).Add(line);
+    if (added.code) Refill(added.code);
+    return {added.code.has_value(), added.told};
+}
+
+void frmMain::OpenWords() {
+    if (IsBlocked())
+        BringForward();
+    else
+        dialogs_.words([this](const std::string& code) { Refill(code); });
 }
 
 void frmMain::Form_SessionEnd() {
@@ -248,6 +280,7 @@ void frmMain::Form_Unload() {
     app_.health.OnChange({});
     clock_.Stop();
     tray_.Hide();
+    if (const auto words = app_.openWindows.Find(frmWords::kName)) app_.openWindows.Unload(*words);
     size_.Save();
     window().Hide();
 }
@@ -327,7 +360,9 @@ void frmMain::EditOptions() {
         dialogs_.options();
         if (!unloaded_) app_.ReopenDatabases();
     }
-    if (!unloaded_) Refill(std::nullopt);
+    if (unloaded_) return;
+    wordsKey_.Apply();
+    Refill(std::nullopt);
 }
 
 void frmMain::mnuRestore_Click() {

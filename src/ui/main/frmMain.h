@@ -14,6 +14,8 @@
 #include "ui/main/ReminderMenu.h"
 #include "ui/main/TrayPresence.h"
 #include "ui/main/WindowSizeSetting.h"
+#include "ui/words/WordsKey.h"
+#include "ui/words/WordsLine.h"
 
 #include <cstdint>
 #include <memory>
@@ -33,6 +35,7 @@ public:
     // Colours follow from the Type column; repaints the list with them.
     void SetColours() { list_.SetColours(); }
     void EditOptions() override;
+    LineAnswer AddInWords(const std::string& line) override;
     bool IsShown() const override { return window().IsVisible(); }
     void ShowWindow() override;
     void BringForward() override;
@@ -52,6 +55,10 @@ private:
     void mnuFindNext_Click();
 
     void NameCommands();
+    void ListenToWords();
+    void OpenWords();
+    // Empties the box that has the keyboard, then leaves it.
+    void EscapeFromBox();
     void cmdExit_Click();
     void cmdMonthView_Click();
     void cmdEditLayers_Click();
@@ -96,6 +103,8 @@ private:
     EventMenu events_;
     ReminderMenu reminders_;
     DataMenu data_;
+    WordsLine words_;
+    WordsKey wordsKey_;
     std::string searchTerm_;
     bool loading_ = false;
     bool unloaded_ = false;

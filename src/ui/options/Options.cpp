@@ -22,6 +22,7 @@ Options Options::Of(const Application& application) {
     options.quietScreen = settings.Flag("QuietFullScreen");
     options.quietFrom = settings.TextOr("QuietFrom", "");
     options.quietTo = settings.TextOr("QuietTo", "");
+    options.wordsKey = settings.TextOr("WordsKey", "");
     return options;
 }
 

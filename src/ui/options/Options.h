@@ -22,6 +22,7 @@ struct Options {
     bool quietScreen = false;
     std::string quietFrom;  // "HH:MM", both empty for no quiet hours
     std::string quietTo;
+    std::string wordsKey;  // such as "Ctrl+Alt+K", empty for none
 
     static Options Of(const Application& application);
 };

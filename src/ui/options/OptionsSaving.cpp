@@ -127,6 +127,7 @@ void OptionsSaving::Store(const Options& options) {
     settings.StoreSetting("QuietFullScreen", options.quietScreen);
     settings.StoreSetting("QuietFrom", options.quietFrom);
     settings.StoreSetting("QuietTo", options.quietTo);
+    settings.StoreSetting("WordsKey", options.wordsKey);
     settings.StoreSetting("SharedDataPath", options.sharedPath);
     StoreOwner(options);
     settings.StoreSetting("DateStyle", static_cast<std::int16_t>(options.europeanDates ? 1 : 2));

@@ -10,7 +10,9 @@
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 #include "ui/options/OptionsSaving.h"
+#include "ui/words/WordsKey.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kaz {
@@ -54,6 +56,7 @@ void frmOptions::Form_Load() {
     chkQuietScreen.Checked(options.quietScreen);
     txtQuietFrom.Text(options.quietFrom);
     txtQuietTo.Text(options.quietTo);
+    ShowWordsKeys(options.wordsKey);
     // Kept on purpose: it has never had an effect, and looks like it.
     chkPruneBackups.Enabled(false);
     if (!options.networked) return;
@@ -63,6 +66,16 @@ void frmOptions::Form_Load() {
         // A share without its network must not get in the way of the other options.
         app_.log.LogEvent(fault.Description());
     }
+}
+
+// One that the list does not have stays what it is.
+void frmOptions::ShowWordsKeys(const std::string& chosen) {
+    keys_ = WordsKey::Choices();
+    keys_.insert(keys_.begin(), "(none)");
+    auto at = chosen.empty() ? keys_.begin() : std::find(keys_.begin(), keys_.end(), chosen);
+    if (at == keys_.end()) at = keys_.insert(at, chosen);
+    cmbWordsKey.Items(keys_);
+    cmbWordsKey.Select(static_cast<int>(at - keys_.begin()));
 }
 
 void frmOptions::EnableNetwork() {
@@ -163,6 +176,8 @@ Options frmOptions::Typed() const {
     options.quietScreen = chkQuietScreen.Checked();
     options.quietFrom = TypedText(txtQuietFrom);
     options.quietTo = TypedText(txtQuietTo);
+    if (const int at = cmbWordsKey.Selected(); at > 0)
+        options.wordsKey = keys_.at(static_cast<std::size_t>(at));
     return options;
 }
 

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kaz {
 
@@ -36,6 +37,7 @@ private:
 
     Options Typed() const;
     void EnableNetwork();
+    void ShowWordsKeys(const std::string& chosen);
     void PickFolder(const std::string& title, TextBox& box);
     template <class Step>
     bool Told(Step step);
@@ -43,6 +45,7 @@ private:
     Application& app_;
     UserListControls users_;
     std::optional<std::string> typedOwner_;
+    std::vector<std::string> keys_;  // of the list, the first one for none
     TextBox txtDatapath{window(), IDC_txtDatapath};
     TextBox txtAlarmWav{window(), IDC_txtAlarmWav};
     CheckBox chkNoSound{window(), IDC_chkNoSound};
@@ -56,6 +59,7 @@ private:
     CheckBox chkQuietScreen{window(), IDC_chkQuietScreen};
     TextBox txtQuietFrom{window(), IDC_txtQuietFrom};
     TextBox txtQuietTo{window(), IDC_txtQuietTo};
+    ListControl cmbWordsKey{window(), IDC_cmbWordsKey};
     CheckBox optSingle{window(), IDC_optSingle};
     CheckBox optNetworked{window(), IDC_optNetworked};
     TextBox txtSharedDBPath{window(), IDC_txtSharedDBPath};

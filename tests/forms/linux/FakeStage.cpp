@@ -77,6 +77,14 @@ public:
     }
     void TurnWheel(Window& window, int, int clicks) override { Fake(window).Raise(0, Raised::Wheel, clicks); }
     void CloseBox(Window& window) override { Fake(window).CloseBox(); }
+    void PressEnter(Window& window, int control) override {
+        window.SetFocus(control);
+        Fake(window).Raise(control, Raised::Enter);
+    }
+    void PressEscape(Window& window, int control) override {
+        window.SetFocus(control);
+        Fake(window).Raise(0, Raised::CloseBox, kByEscape);
+    }
     void Tell(Window& window, Raised what) override { Fake(window).Raise(0, what); }
     void Tick(Window& window, int timer) override { EXPECT_TRUE(Fake(window).Tick(timer)) << timer; }
     void Wait(int milliseconds) override { windows_.Advance(milliseconds); }

@@ -120,6 +120,8 @@ public:
         SendMessageW(HandleOf(window), WM_SYSCOMMAND, SC_CLOSE, 0);
         pump_.ProcessPending();
     }
+    void PressEnter(Window& window, int control) override { PressIn(window, control, VK_RETURN); }
+    void PressEscape(Window& window, int control) override { PressIn(window, control, VK_ESCAPE); }
     void Tell(Window& window, Raised what) override {
         const HWND handle = HandleOf(window);
         switch (what) {
@@ -194,6 +196,10 @@ private:
     void PressKey(HWND control, WPARAM key) {
         PostMessageW(control, WM_KEYDOWN, key, 1);
         pump_.ProcessPending();
+    }
+    void PressIn(Window& window, int control, WPARAM key) {
+        SetFocus(ControlOf(window, control));
+        PressKey(ControlOf(window, control), key);
     }
     static void Notify(Window& window, int control, int notification) {
         SendMessageW(HandleOf(window), WM_COMMAND, static_cast<WPARAM>(MAKELONG(control, notification)),
