@@ -1,5 +1,6 @@
 #include "com/ComponentObject.h"
 
+#include "base/RuntimeError.h"
 #include "com/Enumerator.h"
 #include "com/OwnModule.h"
 #include "ui/FormFactory.h"
@@ -97,6 +98,22 @@ HRESULT ComponentObject::fMain_Rescan() {
 
 HRESULT ComponentObject::fMain_WindowClosed() {
     return Run([&] { component_.fMain_WindowClosed(); });
+}
+
+HRESULT ComponentObject::AddInWords(BSTR Line, BSTR* Told, VARIANT_BOOL* Added) {
+    if (!Told || !Added) return E_POINTER;
+    *Told = nullptr;
+    *Added = VARIANT_FALSE;
+    return Run([&] {
+        LineAnswer answer;
+        try {
+            answer = component_.AddInWords(ToCodePageExactly(View(Line)));
+        } catch (const RuntimeError& error) {
+            answer.told = error.Description();  // a letter that cannot be stored
+        }
+        *Told = Bstr(ToWide(answer.told)).Detach();
+        *Added = answer.added ? VARIANT_TRUE : VARIANT_FALSE;
+    });
 }
 
 HRESULT ComponentObject::GetClassInfo(ITypeInfo** info) {

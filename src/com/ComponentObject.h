@@ -13,7 +13,7 @@ namespace kaz {
 // machine's services and the whole program, so that two of them in one process are two programs.
 // Used from the thread that made it.
 class ComponentObject final
-    : public DualObject<IKazComponent, IProvideClassInfo2, IConnectionPointContainer> {
+    : public DualObject<IKazComponent, IKazWords, IProvideClassInfo2, IConnectionPointContainer> {
 public:
     ComponentObject();
 
@@ -29,6 +29,8 @@ public:
     HRESULT STDMETHODCALLTYPE fMain_ShutDownKAZ() override;
     HRESULT STDMETHODCALLTYPE fMain_Rescan() override;
     HRESULT STDMETHODCALLTYPE fMain_WindowClosed() override;
+
+    HRESULT STDMETHODCALLTYPE AddInWords(BSTR Line, BSTR* Told, VARIANT_BOOL* Added) override;
 
     HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) override;
     HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* id) override;

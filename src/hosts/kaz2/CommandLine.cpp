@@ -27,6 +27,14 @@ CommandLine ParseCommandLine(std::span<const wchar_t* const> words) {
             if (++index < words.size()) line.listsFile = words[index];
         } else if (word == L"--silent") {
             line.silent = true;
+        } else if (word == L"--show") {
+            line.show = true;
+        } else if (word == L"--quit") {
+            line.quit = true;
+        } else if (word == L"--add") {
+            line.add = true;
+            while (++index < words.size())
+                line.text.append(line.text.empty() ? L"" : L" ").append(words[index]);
         } else if (line.folder.empty()) {
             line.folder = WithoutStrayQuote(std::wstring(word));
         }

@@ -98,6 +98,15 @@ void Component::Scan() { component_->ScanEvents(); }
 
 void Component::Show() { component_->ShowMain(); }
 
+LineReply Component::AddInWords(const std::wstring& line) {
+    const auto words = component_.As<IKazWords>();
+    Bstr told;
+    VARIANT_BOOL added = VARIANT_FALSE;
+    if (!words || FAILED(words->AddInWords(Bstr(line).Get(), told.Put(), &added)))
+        return {false, L"The component Kazlib.dll could not do it."};
+    return {added != VARIANT_FALSE, std::wstring(told.View())};
+}
+
 void Component::ShutDown() {
     if (std::exchange(started_, false)) component_->ShutDown();
 }

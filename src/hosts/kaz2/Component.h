@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Kazlib_h.h"
+#include "hosts/kaz2/LineToProgram.h"
 #include "win32/ComPointer.h"
 
 #include <windows.h>
@@ -29,6 +30,8 @@ public:
     // Raises the lists, and loads the main window without showing it.
     void Scan();
     void Show();
+    // Stores the event that a line in words says.
+    LineReply AddInWords(const std::wstring& line);
     // Saves everything; what is called afterwards does nothing.
     void ShutDown();
 

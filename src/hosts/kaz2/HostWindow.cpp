@@ -18,7 +18,8 @@ HostWindow::HostWindow(const wchar_t* className, const std::wstring& name, UINT 
     if (!window_) throw StartFailure{L"KAZ cannot start: the system has no windows left."};
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     // A second start with fewer rights than this one may ask too.
-    ChangeWindowMessageFilterEx(window_, comeForwardMessage_, MSGFLT_ALLOW, nullptr);
+    for (const UINT message : {comeForwardMessage_, static_cast<UINT>(WM_COPYDATA)})
+        ChangeWindowMessageFilterEx(window_, message, MSGFLT_ALLOW, nullptr);
 }
 
 HostWindow::~HostWindow() {
@@ -29,16 +30,20 @@ HostWindow::~HostWindow() {
 LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): a window keeps its owner as a number
     auto* const self = reinterpret_cast<HostWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return self && self->On(message, first) ? 0 : DefWindowProcW(window, message, first, second);
+    return self && self->On(message, first, second) ? 0 : DefWindowProcW(window, message, first, second);
 }
 
-bool HostWindow::On(UINT message, WPARAM first) {
+bool HostWindow::On(UINT message, WPARAM first, LPARAM second) {
     if (message == comeForwardMessage_)
         actions_.comeForward();
     else if (message == WM_CLOSE)
         actions_.end();
     else if (message == WM_ENDSESSION && first)
         actions_.sessionEnd();
+    else if (message == WM_COPYDATA)
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands the asker's window over as a number
+        return LineToProgram::Receive(reinterpret_cast<HWND>(first),
+                                      *reinterpret_cast<const COPYDATASTRUCT*>(second), actions_.add);
     else
         return false;
     return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "hosts/kaz2/LineToProgram.h"
+
 #include <windows.h>
 
 #include <functional>
@@ -14,6 +16,7 @@ public:
     struct Actions {
         std::function<void()> comeForward;
         std::function<void()> end;  // asked to close, which may be refused
+        LineToProgram::Add add;     // an event in words
         // The last chance to save: the process may be ended when this returns.
         std::function<void()> sessionEnd;
     };
@@ -27,7 +30,7 @@ public:
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
-    bool On(UINT message, WPARAM first);
+    bool On(UINT message, WPARAM first, LPARAM second);
 
     UINT comeForwardMessage_;
     Actions actions_;

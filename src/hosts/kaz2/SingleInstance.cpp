@@ -54,13 +54,19 @@ bool SingleInstance::IsOnly(bool silently) {
     return !OtherIsThere(silently);
 }
 
+bool SingleInstance::WaitForEnd() {
+    const DWORD result = WaitForSingleObject(mutex_.Get(), kAttempts * kPause);
+    owned_ = result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
+    return owned_;
+}
+
 UINT SingleInstance::ComeForwardMessage() {
     static const UINT message = RegisterWindowMessageW(L"KAZ2.ComeForward");
     return message;
 }
 
 bool SingleInstance::OtherIsThere(bool silently) const {
-    HWND window = FindWindowW(kWindowClass, name_.c_str());
+    const HWND window = Other();
     if (!window) return false;
     if (silently) return true;
     DWORD process = 0;

@@ -19,6 +19,11 @@ public:
     // now is waited for, some seconds at most.
     bool IsOnly(bool silently);
 
+    // The window of the one that runs, null when there is none.
+    HWND Other() const { return FindWindowW(kWindowClass, name_.c_str()); }
+    // Waits for the end of the one that runs, some seconds at most; false when it goes on.
+    bool WaitForEnd();
+
     // The class and the name of the window that receives the request.
     static constexpr wchar_t kWindowClass[] = L"KAZ2Host";
     const std::wstring& WindowName() const { return name_; }

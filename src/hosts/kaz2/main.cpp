@@ -4,6 +4,7 @@
 #include "hosts/kaz2/ComponentWindows.h"
 #include "hosts/kaz2/ConsoleSignals.h"
 #include "hosts/kaz2/DataFolder.h"
+#include "hosts/kaz2/HostCommands.h"
 #include "hosts/kaz2/HostMail.h"
 #include "hosts/kaz2/HostWindow.h"
 #include "hosts/kaz2/ListsFile.h"
@@ -58,6 +59,10 @@ void Run(const CommandLine& line) {
         else
             PostQuitMessage(0);
     };
+    actions.add = [&](const std::wstring& text) {
+        return component ? component->AddInWords(text)
+                         : LineReply{false, L"KAZ is just starting. Please try again in some seconds."};
+    };
     actions.sessionEnd = [&] {
         if (component) component->ShutDown();
         mail.Finish(kMailsAtSessionEnd);
@@ -70,7 +75,7 @@ void Run(const CommandLine& line) {
     component = std::make_unique<Component>(lists, mail);
     component->Start(folder);
     // First the window, so that it is there while the lists are made; a scan alone loads it hidden.
-    if (!line.silent && !StartsSilently(folder)) component->Show();
+    if (line.show || (!line.silent && !StartsSilently(folder))) component->Show();
     mail.CheckSettings();
     component->Scan();
     ProcessMessages();
@@ -96,10 +101,13 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     // program, which may lie among other people's downloads.
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     try {
-        kaz::Run(kaz::ParseCommandLine({__wargv, static_cast<std::size_t>(__argc)}));
+        const kaz::CommandLine line = kaz::ParseCommandLine({__wargv, static_cast<std::size_t>(__argc)});
+        const bool isCommand = line.add || line.quit;
+        const UINT code = isCommand ? static_cast<UINT>(kaz::RunCommand(line)) : 0;
+        if (!isCommand) kaz::Run(line);
         // Everything is saved and closed. The usual end would take down one by one what goes with the
         // process, and wait for locks that a mail program which keeps a thread may hold for ever.
-        TerminateProcess(GetCurrentProcess(), 0);
+        TerminateProcess(GetCurrentProcess(), code);
         return 0;
     } catch (const kaz::StartFailure& failure) {
         return kaz::Fail(failure.text);

@@ -94,6 +94,35 @@ TEST_F(Host, SecondStartOnTheSameFolderBringsTheFirstForwardAndLeaves) {
     EXPECT_EQ(third.VisibleWindow(kMain), nullptr);
 }
 
+TEST_F(Host, AddsALineInWordsWhetherOneRunsOrNot) {
+    const auto ran = [this](const std::wstring& arguments) {
+        SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
+        const HANDLE output = CreateFileW((folder.Path() / "said.txt").c_str(), GENERIC_WRITE,
+                                          FILE_SHARE_READ, &inheritable, CREATE_ALWAYS, 0, nullptr);
+        const int code =
+            RunningHost(Quoted(folder.Path()) + arguments, RunningHost::Program(), output).ExitCode();
+        CloseHandle(output);
+        return std::to_string(code) + " " + folder.Read("said.txt");
+    };
+    EXPECT_EQ(ran(L" --quit"), "0 ") << "none runs";
+    const std::string alone = ran(L" --add caf\xe9 tomorrow 15:30");
+    EXPECT_TRUE(alone.starts_with("0 Added: caf\xc3\xa9:  ")) << alone;
+    EXPECT_NE(alone.find("KAZ is not running"), std::string::npos) << alone;
+
+    const RunningHost host(Quoted(folder.Path()));
+    EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));
+    const std::string refused = ran(L" --add \"call Bob next friday\"");
+    EXPECT_TRUE(refused.starts_with("1 Not added: For some \"next friday\"")) << refused;
+    const std::string added = ran(L" --add \"bins every 2 weeks on tuesday !5\"");
+    EXPECT_TRUE(added.starts_with("1 Not added: \"!5\" needs a time")) << added;
+    EXPECT_TRUE(ran(L" --add \"bins every 2 weeks on tuesday\"").starts_with("0 Added: bins:  Tue "));
+    const std::string file = folder.Read("Events.xml");
+    EXPECT_NE(file.find("<Desc>bins<"), std::string::npos) << file;
+    EXPECT_NE(file.find("au%20lait"), std::string::npos) << "what was there stays";
+    EXPECT_EQ(ran(L" --quit"), "0 ");
+    EXPECT_EQ(host.ExitCode(), 0);
+}
+
 TEST_F(Host, EndOfTheSessionSavesBeforeTheAnswer) {
     const RunningHost host(Quoted(folder.Path()));
     EXPECT_TRUE(Eventually([&] { return host.VisibleWindow(kMain) != nullptr; }));

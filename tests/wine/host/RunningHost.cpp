@@ -33,12 +33,16 @@ BOOL CALLBACK Look(HWND window, LPARAM parameter) {
 
 }  // namespace
 
-RunningHost::RunningHost(const std::wstring& arguments, const std::filesystem::path& program) {
+RunningHost::RunningHost(const std::wstring& arguments, const std::filesystem::path& program, HANDLE output) {
     STARTUPINFOW start{};
     start.cb = sizeof start;
+    if (output) {
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdOutput = start.hStdError = output;
+    }
     std::wstring line = L"\"" + program.wstring() + L"\" " + arguments;
-    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                               &process_));
+    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, output != nullptr, 0, nullptr, nullptr,
+                               &start, &process_));
 }
 
 RunningHost::~RunningHost() {

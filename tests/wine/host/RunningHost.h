@@ -10,8 +10,10 @@ namespace kaz::test {
 // KAZ2.exe, started for one test and stopped at its end if it still runs.
 class RunningHost {
 public:
-    // `arguments` as on a command line; `program` is by default the one beside the test.
-    explicit RunningHost(const std::wstring& arguments, const std::filesystem::path& program = Program());
+    // `arguments` as on a command line; `program` is by default the one beside the test. What it prints goes
+    // to `output`, an inheritable handle.
+    explicit RunningHost(const std::wstring& arguments, const std::filesystem::path& program = Program(),
+                         HANDLE output = nullptr);
     ~RunningHost();
     RunningHost(const RunningHost&) = delete;
     RunningHost& operator=(const RunningHost&) = delete;
