@@ -124,6 +124,34 @@ TEST_F(frmMainTest, FindStartsAtTheTopAndFindNextBehindTheSelectedRow) {
                             "Search|Enter search term|water"));
 }
 
+TEST_F(frmMainTest, TheSearchBoxNarrowsTheListAndEscapeWidensIt) {
+    app.layers.Layer(2, "Garden");
+    for (const char* name : {"Tea with Ann", "Coffee", "tea with Bob"})
+        Add(*app.events, name, app.events->RecordCount());
+    Add(*app.events, "Roses", 5, 2);
+    OpenMain();
+    main->ShowWindow();
+    Click(IDM_SEARCH);
+    Select({2});
+    Type(IDC_txtSearch, "TEA");
+    EXPECT_EQ("Tea with Ann|tea with Bob", Column());
+    EXPECT_EQ("tea with Bob", Selected());
+    stage->ClickHeader(*window, IDC_ListEvents, kEventColumn);
+    EXPECT_EQ("tea with Bob", Selected());
+    Click(IDM_REFRESH);
+    Click(IDM_SELECTALL);
+    EXPECT_EQ("tea with Bob|Tea with Ann", Selected());
+    Type(IDC_txtSearch, "gard");
+    EXPECT_EQ("Roses", Selected());
+    Type(IDC_txtSearch, "water");
+    EXPECT_EQ("", Column());
+    stage->PressEscape(*window, IDC_txtSearch);
+    EXPECT_EQ("tea with Bob|Tea with Ann|Roses|Coffee", Column());
+    EXPECT_EQ("", Text(IDC_txtSearch));
+    stage->PressEscape(*window, IDC_txtSearch);
+    EXPECT_EQ(IDC_ListEvents, stage->Focus(*window));
+}
+
 TEST_F(frmMainTest, TheStoredSizeIsRestoredOrTheWindowIsMaximised) {
     if (!fakes) GTEST_SKIP() << "the sizes are those of a screen of 1920 by 1080";
     const struct {

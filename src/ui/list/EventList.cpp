@@ -40,6 +40,18 @@ void EventList::Show(EventRows rows) {
     Sort();
 }
 
+void EventList::Narrow(std::string term) {
+    term_ = std::move(term);
+    Sort();
+}
+
+bool EventList::Shows(std::size_t row) const noexcept {
+    if (term_.empty()) return true;
+    for (const EventColumn column : {kEventColumn, kLayerColumn, kOwnerColumn})
+        if (folding_.Find(rows_.Cell(row, column), term_) != std::string_view::npos) return true;
+    return false;
+}
+
 void EventList::SortBy(int column) {
     if (column < 0 || column >= kEventColumns) return;
     // Kept on purpose: the flag flips also when another column is clicked, so the
@@ -55,9 +67,10 @@ void EventList::SortBy(int column) {
 // order of the databases in both directions.
 void EventList::Sort() {
     const auto column = static_cast<std::size_t>(sortColumn_);
-    std::vector<SortKey> keys(rows_.Count());
-    for (std::uint32_t row = 0; row < keys.size(); ++row)
-        keys[row] = {PrefixOf(rows_.Cell(row, column), folding_), row};
+    std::vector<SortKey> keys;
+    keys.reserve(rows_.Count());
+    for (std::uint32_t row = 0; row < rows_.Count(); ++row)
+        if (Shows(row)) keys.push_back({PrefixOf(rows_.Cell(row, column), folding_), row});
 
     const auto less = [&](const SortKey& a, const SortKey& b) {
         if (a.prefix != b.prefix) return a.prefix < b.prefix;

@@ -30,6 +30,10 @@ public:
     int SortColumn() const noexcept { return sortColumn_; }
     bool Ascending() const noexcept { return ascending_; }
 
+    // From now on only rows whose event, category or owner contains the term are shown, letter case aside; an
+    // empty one shows all.
+    void Narrow(std::string term);
+
     // The first row at or after `from` whose description contains the term, letter case aside.
     std::optional<int> Find(std::string_view term, int from) const noexcept;
 
@@ -50,8 +54,10 @@ public:
         return rows_.Code(order_[static_cast<std::size_t>(row)]);
     }
     EventSource Source(int row) const noexcept { return rows_.Source(order_[static_cast<std::size_t>(row)]); }
-    // A name for the row that sorting leaves alone, until the next Show.
+    // A name for the row, less than AllRows(), that sorting and narrowing leave alone, until the next Show.
     std::uint32_t Identity(int row) const noexcept { return order_[static_cast<std::size_t>(row)]; }
+
+    std::size_t AllRows() const noexcept { return rows_.Count(); }
 
     int RowCount() const noexcept override { return static_cast<int>(order_.size()); }
     std::string_view CellText(int row, int column) const noexcept override;
@@ -59,9 +65,11 @@ public:
 
 private:
     void Sort();
+    bool Shows(std::size_t row) const noexcept;
 
     const CaseFolding& folding_;
     EventRows rows_;
+    std::string term_;
     std::vector<std::uint32_t> order_;
     int sortColumn_ = kLeftColumn;
     bool ascending_ = true;

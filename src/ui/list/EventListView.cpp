@@ -112,7 +112,7 @@ void EventListView::SortBy(int column) {
     // The list on the screen marks rows by their place only, so the marks have to move along with the events.
     const std::vector<int> marked = Report().Selection();
     const int current = Report().Current();
-    std::vector<bool> isMarked(static_cast<std::size_t>(list_.RowCount()));
+    std::vector<bool> isMarked(list_.AllRows());
     for (const int row : marked)
         isMarked.at(list_.Identity(row)) = true;
     const auto currentIdentity = current < 0 ? 0 : list_.Identity(current);
@@ -130,6 +130,15 @@ void EventListView::SortBy(int column) {
     }
     Report().SetSelection(moved);
     if (newCurrent >= 0) Report().Select(newCurrent);
+}
+
+void EventListView::Narrow(const std::string& term) {
+    const Kept kept = Keep();
+    Report().ClearSelection();
+    list_.Narrow(term);
+    SetColours();
+    SelectAgain(kept);
+    if (Report().Selection().empty()) SelectPlace(0);
 }
 
 bool EventListView::Find(const std::string& term, int from) {

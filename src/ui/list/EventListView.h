@@ -56,6 +56,8 @@ public:
     std::optional<EventList::Key> Neighbour() const;
 
     void SortBy(int column);
+    // Shows only what contains the term; what is selected stays so as far as it is shown.
+    void Narrow(const std::string& term);
     // Selects the next row from that one on whose description contains the term; false when there is none.
     bool Find(const std::string& term, int from);
 

@@ -9,6 +9,8 @@
 #include "platform/Files.h"
 #include "platform/MessagePump.h"
 #include "support/Names.h"
+#include "ui/fields/FieldFault.h"
+#include "ui/fields/FieldReading.h"
 #include "ui/list/EventListFill.h"
 #include "ui/main/MainToolbar.h"
 #include "ui/words/frmWords.h"
@@ -89,6 +91,12 @@ void frmMain::ListenToWords() {
     On(IDM_WORDS, Raised::Click, "mnuWords_Click", [this] { words_.TakeKeyboard(); });
     On(IDC_txtWords, Raised::Change, "txtWords_Change", [this] { words_.ShowUnderstood(); });
     On(IDC_txtWords, Raised::Enter, "txtWords_Enter", [this] { words_.Enter(); });
+    On(IDM_SEARCH, Raised::Click, "mnuSearch_Click", [this] {
+        txtSearch.SetFocus();
+        txtSearch.HighlightText();
+    });
+    On(IDC_txtSearch, Raised::Change, "txtSearch_Change", &frmMain::txtSearch_Change);
+    On(IDC_txtSearch, Raised::Enter, "txtSearch_Enter", [this] { window().SetFocus(IDC_ListEvents); });
     On(IDM_NEWINWORDS, Raised::Click, "mnuNewInWords_Click", &frmMain::OpenWords);
     On(0, Raised::HotKey, "mnuNewInWords_Click", &frmMain::OpenWords);
 }
@@ -242,7 +250,21 @@ void frmMain::Form_QueryUnload(int how) {
 }
 
 void frmMain::EscapeFromBox() {
-    if (words_.HasKeyboard() && !words_.Empty()) window().SetFocus(IDC_ListEvents);
+    const bool isSearch = window().Focused() == IDC_txtSearch;
+    if (isSearch && !window().Text(IDC_txtSearch).empty()) {
+        txtSearch.Text("");
+        txtSearch_Change();
+    } else if (isSearch || (words_.HasKeyboard() && !words_.Empty())) {
+        window().SetFocus(IDC_ListEvents);
+    }
+}
+
+void frmMain::txtSearch_Change() {
+    try {
+        list_.Narrow(TypedText(txtSearch));
+    } catch (const FieldFault&) {
+        list_.Narrow("\xFF\xFF");  // no event has a letter that cannot be stored
+    }
 }
 
 LineAnswer frmMain::AddInWords(const std::string& line) {

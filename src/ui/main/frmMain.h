@@ -59,6 +59,7 @@ private:
     void OpenWords();
     // Empties the box that has the keyboard, then leaves it.
     void EscapeFromBox();
+    void txtSearch_Change();
     void cmdExit_Click();
     void cmdMonthView_Click();
     void cmdEditLayers_Click();
@@ -98,6 +99,7 @@ private:
     HealthBar bar_;
     CheckBox chkExpired{window(), IDC_chkExpired};
     ListControl cmbCategories{window(), IDC_cmbCategories};
+    TextBox txtSearch{window(), IDC_txtSearch};
     TrayPresence tray_;
     ReminderClock clock_;
     EventMenu events_;
