@@ -13,13 +13,14 @@ namespace kaz {
 namespace {
 
 constexpr std::size_t kDates = 3;
+constexpr std::size_t kLongestText = 80;
 
 std::string Day(DateValue day, const WordsContext& context, const LocaleData& locale) {
     return FormatDate(day, context.view.dayBeforeMonth ? "DDD D MMM YYYY" : "DDD MMM D YYYY", locale);
 }
 
 std::string What(const clsEvent& event, const WordsContext& context, const LocaleData& locale) {
-    std::string what = event.Desc() + ":  " + Day(event.DueDate(), context, locale);
+    std::string what = Beginning(event.Desc(), kLongestText) + ":  " + Day(event.DueDate(), context, locale);
     if (!event.AlarmSet())
         what += ", no alarm";
     else if (event.MinutesWarning() > 0)

@@ -1,5 +1,6 @@
 #include "ui/words/frmWords.h"
 
+#include "core/Links.h"
 #include "forms/WindowFactory.h"
 
 #include <utility>
@@ -13,6 +14,7 @@ frmWords::frmWords(std::unique_ptr<kaz::Window> window, Application& application
     On(0, Raised::Load, "Form_Load", [this] { line_.Prepare(); });
     On(0, Raised::CloseBox, "Form_QueryUnload", &frmWords::Form_QueryUnload);
     On(IDC_txtWords, Raised::Change, "txtWords_Change", [this] { line_.ShowUnderstood(); });
+    On(IDM_HELP, Raised::Click, "mnuHelp_Click", [&application] { ShowHelp(application.platform); });
     On(IDC_cmdAddWords, Raised::Click, "cmdAdd_Click", &frmWords::cmdAdd_Click);
     On(IDC_cmdCloseWords, Raised::Click, "cmdClose_Click", [this] { this->window().Hide(); });
 }
