@@ -74,7 +74,7 @@ HRESULT ConnectionPoint::EnumConnections(IEnumConnections** enumerator) try {
 }
 
 HRESULT ConnectionPoint::Raise(DISPID event, std::span<VARIANT> arguments) {
-    HRESULT failure = S_OK;
+    HRESULT failure = S_FALSE;
     bool taken = false;
     const std::vector<Connection> listening = connections_;
     for (const Connection& connection : listening) {

@@ -31,8 +31,8 @@ public:
 
     // Calls every sink that was connected at the start and still is when its turn comes; a sink may connect
     // and disconnect anything meanwhile. A sink that fails does not keep the event from the others.
-    // `arguments` stand last first. The last failure when one failed and none succeeded; not to know the
-    // event is no failure. Throws std::bad_alloc.
+    // `arguments` stand last first. The last failure when one failed and none succeeded, S_FALSE when there
+    // was neither; not to know the event is no failure. Throws std::bad_alloc.
     HRESULT Raise(DISPID event, std::span<VARIANT> arguments);
 
 private:

@@ -46,12 +46,13 @@ void EventRelay::UpcomingEvents(const std::vector<std::string>& upcoming) {
     RaiseList(kUpcomingEvents, upcoming);
 }
 
-void EventRelay::MailEvent(const std::string& toAddr, const std::string& subject,
+bool EventRelay::MailEvent(const std::string& toAddr, const std::string& subject,
                            const std::string& messageText) {
     const Bstr to = ToBstr(toAddr), about = ToBstr(subject), text = ToBstr(messageText);
     std::array arguments{Argument(text), Argument(about), Argument(to)};
-    if (FAILED(Raise(kMailEvent, arguments)))
-        throw RuntimeError(ErrorNumber::InternalError, "the host failed at it");
+    const HRESULT result = Raise(kMailEvent, arguments);
+    if (FAILED(result)) throw RuntimeError(ErrorNumber::InternalError, "the host failed at it");
+    return result == S_OK;
 }
 
 void EventRelay::ShutDownKAZ() { Raise(kShutDownKAZ); }

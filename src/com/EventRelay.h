@@ -14,7 +14,7 @@ public:
     void TestEvent() override;
     void TodaysEvents(const std::vector<std::string>& todays) override;
     void UpcomingEvents(const std::vector<std::string>& upcoming) override;
-    void MailEvent(const std::string& toAddr, const std::string& subject,
+    bool MailEvent(const std::string& toAddr, const std::string& subject,
                    const std::string& messageText) override;
     void ShutDownKAZ() override;
     void Closed() override;

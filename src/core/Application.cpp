@@ -41,7 +41,7 @@ Application::Application(const Platform& services)
     errors.ShowThrough(
         [this](const std::string& text, const std::string& extra) { errorReports.Show(text, extra); });
     reminderWindows.requests.eventOf = [this](const OccurrenceRef& of) { return Missed().EventOf(of); };
-    reminderWindows.requests.runFile = [this](const OccurrenceRef& of) { RunFileOf(of); };
+    reminderWindows.requests.runFile = [this](const OccurrenceRef& of) { return RunFileOf(of); };
 }
 
 Application::~Application() { errors.ShowThrough({}); }
@@ -131,12 +131,12 @@ MissedReminders Application::Missed() {
                            Networked() ? shared.get() : nullptr);
 }
 
-void Application::RunFileOf(const OccurrenceRef& occurrence) {
+std::string Application::RunFileOf(const OccurrenceRef& occurrence) {
     EventSource source = EventSource::Local;
     const clsEvent* event = Missed().EventOf(occurrence, &source);
-    if (!event || !event->ExecFile) return;
+    if (!event || !event->ExecFile) return "This event runs no file any more.";
     AlarmFiles files(Storage(), reminderWindows, [this] { settings.SaveSettings(settingsFileName); });
-    files.Run(*event, source == EventSource::Shared ? shared->SourceOf(*event) : "");
+    return files.Run(*event, source == EventSource::Shared ? shared->SourceOf(*event) : "");
 }
 
 void Application::BeginOutcomes() {

@@ -145,7 +145,7 @@ public:
 
 private:
     void Publish();
-    void RunFileOf(const OccurrenceRef& occurrence);
+    std::string RunFileOf(const OccurrenceRef& occurrence);
     void Complete(clsDbXml& database);
 
     bool publishAgain_ = false;  // this user's shared events did not reach the shared folder

@@ -13,8 +13,8 @@ public:
     virtual void TestEvent() = 0;  // declared for hosts that test their connection; never raised
     virtual void TodaysEvents(const std::vector<std::string>& todays) = 0;
     virtual void UpcomingEvents(const std::vector<std::string>& upcoming) = 0;
-    // Throws InternalError when a host failed at the mail and no other took it.
-    virtual void MailEvent(const std::string& toAddr, const std::string& subject,
+    // False when no host took it. Throws InternalError when one failed at the mail and no other took it.
+    virtual bool MailEvent(const std::string& toAddr, const std::string& subject,
                            const std::string& messageText) = 0;
     virtual void ShutDownKAZ() = 0;
     virtual void Closed() = 0;

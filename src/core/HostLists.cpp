@@ -1,8 +1,8 @@
 #include "core/HostLists.h"
 
 #include "base/DateText.h"
-#include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/EventMail.h"
 #include "platform/Locale.h"
 #include "reminders/ReminderText.h"
 
@@ -12,20 +12,6 @@
 namespace kaz {
 
 namespace {
-
-// A handler that scans is in the middle of one mail, the handler of the next one in the middle of two. What
-// is too deep is asked for when they have returned.
-constexpr std::size_t kMostRaised = 16;
-
-struct Raising {
-    Raising(std::set<RaisedMail>& all, const RaisedMail& mail) : place(all.insert(mail).first), mails(all) {}
-    ~Raising() { mails.erase(place); }
-    Raising(const Raising&) = delete;
-    Raising& operator=(const Raising&) = delete;
-
-    std::set<RaisedMail>::iterator place;
-    std::set<RaisedMail>& mails;
-};
 
 // Padded to four digits, so that a host can sort the lines as text.
 std::string FourDigits(std::int32_t number) {
@@ -66,28 +52,18 @@ void HostLists::AddLocal() {
 }
 
 void HostLists::AddTodays(const clsEvent& event, std::size_t position) {
-    std::string line = event.Desc();
-    if (event.AlarmSet()) line += " at " + FormatDate(event.DueTime(), "HH:NN", app_.platform.locale.Data());
-    todays.push_back(std::move(line));
+    todays.push_back(EventMail::LineOf(event, app_.platform.locale.Data()));
     SendMail(event, position);
 }
 
 void HostLists::SendMail(const clsEvent& event, std::size_t position) {
-    const std::string address = ReplaceAll(Trim(event.Email), std::string_view("\0", 1), "");
-    if (address.empty() || event.MailSent) return;
-    // A host can scan while it handles a mail, which is not marked yet.
-    const RaisedMail mail{event.IDCode, event.DueDate()};
-    if (app_.mailsRaised.size() >= kMostRaised || app_.mailsRaised.contains(mail)) return;
-    const Raising raising(app_.mailsRaised, mail);
-    const std::string email = event.Email;
-    try {
-        host_.MailEvent(address, "KAZ Alert - Event " + std::to_string(position + 1), todays.back());
-    } catch (const RuntimeError& error) {
-        app_.log.LogEvent("A mail stays to be sent: " + error.Description());
-        return;
-    }
+    if (MailAddresses(event).empty() || event.MailSent) return;
+    const std::string code = event.IDCode, email = event.Email;
+    const DateValue day = event.DueDate();
+    const EventMail::Answer answer = EventMail(app_, host_).Raise(event, position + 1, todays.back());
+    if (answer == EventMail::Answer::Failed || answer == EventMail::Answer::NotNow) return;
     mailed_ = true;
-    Mark(mail.first, mail.second, email);
+    Mark(code, day, email);
 }
 
 // Only behind the mail, so that one which a handler failed to take is asked for again. The host may have run

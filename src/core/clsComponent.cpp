@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "core/ClockGuard.h"
+#include "core/EventMail.h"
 #include "core/HostLists.h"
 #include "core/Startup.h"
 #include "platform/Files.h"
@@ -24,7 +25,11 @@ std::string CheckedRuntimePath(Application& app, const std::string& given) {
 clsComponent::clsComponent(const Platform& platform, MainWindowFactory mainWindows, ComponentEvents& host)
     : application_(platform),
       mainWindows_(std::move(mainWindows)),
-      host_(host) {}
+      host_(host) {
+    application_.reminderWindows.requests.sendMail = [this](const OccurrenceRef& of) {
+        return EventMail(application_, host_).SendMissed(of);
+    };
+}
 
 clsComponent::~clsComponent() = default;
 

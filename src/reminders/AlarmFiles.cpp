@@ -60,31 +60,33 @@ bool TrustedFiles::CanHold(const std::string& source, const std::string& file) {
     return file.size() <= kLongestPath && IsPlain(source) && IsPlain(file);
 }
 
-void Open(const Stores& stores, const std::string& file) {
-    if (FileExists(stores.platform.files, file))
-        stores.platform.shell.Open(file);
-    else
+std::string Open(const Stores& stores, const std::string& file) {
+    if (!FileExists(stores.platform.files, file)) {
         stores.log.LogEvent("Can't run " + file + " - file not found");
+        return "The file \"" + file + "\" was not run: it is not there.";
+    }
+    stores.platform.shell.Open(file);
+    return "";
 }
 
 }  // namespace
 
-void AlarmFiles::Run(const clsEvent& event, const std::string& source) {
+std::string AlarmFiles::Run(const clsEvent& event, const std::string& source) {
+    const std::string file(Trim(event.Filename));
+    std::string whyNot = "The file \"" + file + "\" was not run: the system refused it. The log says more.";
     ErrorTrap trap(stores_.log, "DisplayAlarms", "clsReminder");
     trap([&] {
-        const std::string file(Trim(event.Filename));
-        if (source.empty() || TrustedFiles(stores_.settings).Holds(source, file))
-            Open(stores_, file);
-        else
-            AskFirst(event, source, file);
+        const bool mayRun = source.empty() || TrustedFiles(stores_.settings).Holds(source, file);
+        whyNot = mayRun ? Open(stores_, file) : AskFirst(event, source, file);
     });
+    return whyNot;
 }
 
-void AlarmFiles::AskFirst(const clsEvent& event, const std::string& source, const std::string& file) {
+std::string AlarmFiles::AskFirst(const clsEvent& event, const std::string& source, const std::string& file) {
     const std::string refusal = "Not running " + file + " of " + source;
     if (!TrustedFiles::CanHold(source, file)) {
         stores_.log.LogEvent(refusal + " - malformed name");
-        return;
+        return "The file of \"" + source + "\" was not run: its name is malformed.";
     }
     // The event can be gone by the time of the answer, so everything that is needed then is taken along.
     const auto answer = [stores = stores_, save = save_, source, file, refusal](bool yes) {
@@ -99,8 +101,9 @@ void AlarmFiles::AskFirst(const clsEvent& event, const std::string& source, cons
             }
         });
     };
-    if (!windows_.Ask({source, std::string(event.DescShown()), file, answer}))
-        stores_.log.LogEvent(refusal + " - too many questions are open");
+    if (windows_.Ask({source, std::string(event.DescShown()), file, answer})) return "";
+    stores_.log.LogEvent(refusal + " - too many questions are open");
+    return "The file \"" + file + "\" was not run: too many questions are open. Answer them first.";
 }
 
 }  // namespace kaz

@@ -21,11 +21,12 @@ public:
     // Opens the event's file with the program that the system has for it; one that is not there is logged.
     // `source` is the other user in whose file the event came, "" for an event of one's own. Another user's
     // file is opened only after the user of this machine has allowed it, and before that not even looked for:
-    // a path can lead to a computer that takes down who asks. A failure is logged.
-    void Run(const clsEvent& event, const std::string& source);
+    // a path can lead to a computer that takes down who asks. A failure is logged, and told, as a sentence
+    // for the user; nothing when the file was opened, or the user is asked.
+    std::string Run(const clsEvent& event, const std::string& source);
 
 private:
-    void AskFirst(const clsEvent& event, const std::string& source, const std::string& file);
+    std::string AskFirst(const clsEvent& event, const std::string& source, const std::string& file);
 
     Stores stores_;
     ReminderWindows& windows_;

@@ -4,6 +4,7 @@
 #include "model/AlarmTime.h"
 #include "model/Occurrences.h"
 #include "platform/Files.h"
+#include "reminders/ReminderText.h"
 #include "storage/SharedFolder.h"
 
 #include <algorithm>
@@ -66,12 +67,13 @@ std::vector<Outcomes::Open> Passed(const Outcomes& outcomes, const SideKey& key,
     const Told told(outcomes, key);
     std::vector<Outcomes::Open> passed;
     std::optional<Outcomes::Open> rest;
+    const auto isMailed = [&](DateValue day) { return event.MailSent && day == event.DueDate(); };
     const auto look = [&](DateValue day) {
         if (told.Has(event, day)) return;
         if (!onScreen.empty()) {
             const OccurrenceRef occurrence{key, day, MomentOf(event, day)};
             if (onScreen.contains(occurrence)) {
-                passed.push_back({occurrence, day, 1, ""});
+                passed.push_back({occurrence, day, 1, "", isMailed(day)});
                 return;
             }
         }
@@ -86,6 +88,7 @@ std::vector<Outcomes::Open> Passed(const Outcomes& outcomes, const SideKey& key,
     if (!rest && event.DueDate() < first && !event.Extras().Skips(event.DueDate())) look(event.DueDate());
     if (rest) {
         rest->last.moment = MomentOf(event, rest->last.day);
+        rest->isMailed = isMailed(rest->last.day);
         passed.push_back(*rest);
     }
     return passed;
@@ -224,7 +227,8 @@ void MissedReminders::AddOpen(Found& found) const {
         missed.text = event ? std::string(event->DescShown()) : open.text;
         missed.source = source;
         if (event && event->ExecFile) missed.file = event->Filename;
-        if (event && !event->MailSent) missed.mail = event->Email;
+        // Others' mails are sent by their own programs.
+        if (event && source != EventSource::Shared && !open.isMailed) missed.mail = MailAddresses(*event);
     }
 }
 

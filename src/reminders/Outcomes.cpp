@@ -20,6 +20,7 @@ constexpr std::string_view kKnown = "known";
 constexpr std::string_view kSkip = "skip";
 
 constexpr std::string_view kFrom = "from ";
+constexpr std::string_view kMailed = "mailed";
 constexpr std::size_t kDayLength = 10;
 constexpr std::size_t kTimeLength = 16;
 
@@ -43,6 +44,7 @@ std::optional<DateValue> TakeMoment(std::string_view& text, std::size_t length) 
 std::string OpenText(const Outcomes::Open& open) {
     std::string text =
         std::to_string(open.count) + " " + SideDay(open.first) + " " + SideTime(open.last.moment);
+    if (open.isMailed) text.append(" ").append(kMailed);
     return open.text.empty() ? text : text.append(" ").append(open.text);
 }
 
@@ -56,7 +58,8 @@ std::optional<Outcomes::Open> OpenIn(const SideLine& line) {
     text.remove_prefix(std::min(text.size(), std::size_t{1}));
     open.first = std::min(TakeMoment(text, kDayLength).value_or(*line.day), *line.day);
     if (const auto moment = TakeMoment(text, kTimeLength)) open.last.moment = *moment;
-    open.text = text;
+    open.isMailed = line.key.file == kOwnEvents && text == kMailed;
+    if (!open.isMailed) open.text = text;
     return open;
 }
 

@@ -65,7 +65,8 @@ public:
         OccurrenceRef last;
         DateValue first;
         int count = 1;
-        std::string text;  // of another user's event, which can be gone from his file
+        std::string text;       // of another user's event, which can be gone from his file
+        bool isMailed = false;  // one's own whose mail went in its time
     };
     // In the order of their events, and of each the older first.
     std::vector<Open> AllOpen() const;

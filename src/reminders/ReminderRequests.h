@@ -4,6 +4,7 @@
 #include "reminders/Outcomes.h"
 
 #include <functional>
+#include <string>
 
 namespace kaz {
 
@@ -15,9 +16,10 @@ struct ReminderRequests {
     };
     // Opens it in the editor. True when it has another day or time now.
     std::function<bool(const OccurrenceRef&)> edit = [](const OccurrenceRef&) { return false; };
-    std::function<void(const OccurrenceRef&)> runFile = [](const OccurrenceRef&) {};
-    // False when nobody could take it.
-    std::function<bool(const OccurrenceRef&)> sendMail = [](const OccurrenceRef&) { return false; };
+    // These say why it could not be done, for the user; nothing when it is done.
+    using Done = std::function<std::string(const OccurrenceRef&)>;
+    Done runFile = [](const OccurrenceRef&) { return "No file can be run just now."; };
+    Done sendMail = [](const OccurrenceRef&) { return "No mail can be sent just now."; };
     // Something has been answered or put off: what others show of it is out of date.
     std::function<void()> answered = [] {};
 };

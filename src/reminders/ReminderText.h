@@ -1,5 +1,8 @@
 #pragma once
 
+#include "base/Text.h"
+#include "model/clsEvent.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -10,6 +13,11 @@ namespace kaz {
 inline std::string UpcomingLine(std::int32_t daysLeft, std::string_view description) {
     std::string line = "In " + std::to_string(daysLeft) + (daysLeft == 1 ? " day: " : " days: ");
     return line.append(description);
+}
+
+// To whom the event's mail goes, "" when it has none.
+inline std::string MailAddresses(const clsEvent& event) {
+    return ReplaceAll(Trim(event.Email), std::string_view("\0", 1), "");
 }
 
 }  // namespace kaz

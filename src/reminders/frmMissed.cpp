@@ -180,19 +180,22 @@ void frmMissed::PutOff(const std::vector<MissedReminder>& lines, DateValue until
 void frmMissed::cmdRun_Click() {
     const MissedReminder* single = Single();
     if (!single) return;
-    const OccurrenceRef name = NameOf(*single);
-    requests_.runFile(name);
-    Answer({name});
+    Do(requests_.runFile, NameOf(*single));
 }
 
 void frmMissed::cmdMail_Click() {
     const MissedReminder* single = Single();
     if (!single) return;
-    const OccurrenceRef name = NameOf(*single);
-    if (requests_.sendMail(name))
+    Do(requests_.sendMail, NameOf(*single));
+}
+
+// What could not be done stays in the list.
+void frmMissed::Do(const ReminderRequests::Done& request, const OccurrenceRef& name) {
+    const std::string whyNot = request(name);
+    if (whyNot.empty())
         Answer({name});
     else
-        services_.platform.dialogs.Message("The mail could not be sent. The log says why.");
+        services_.platform.dialogs.Message(whyNot);
 }
 
 void frmMissed::cmdAll_Click() {

@@ -47,6 +47,7 @@ private:
     // The selected line when it is one alone, else null.
     const MissedReminder* Single() const;
     void Answer(const Names& names);
+    void Do(const ReminderRequests::Done& request, const OccurrenceRef& name);
     void PutOff(const std::vector<MissedReminder>& lines, DateValue until);
     void Drop(const Names& names);
     TextRows::Row RowOf(const MissedReminder& missed) const;

@@ -20,9 +20,10 @@ public:
         raised.push_back("UpcomingEvents");
         upcoming = lines;
     }
-    void MailEvent(const std::string& toAddr, const std::string& subject, const std::string& text) override {
+    bool MailEvent(const std::string& toAddr, const std::string& subject, const std::string& text) override {
         raised.push_back("MailEvent " + toAddr + "|" + subject + "|" + text);
         if (onMail) onMail();
+        return takesMails;
     }
     void ShutDownKAZ() override { raised.push_back("ShutDownKAZ"); }
     void Closed() override { raised.push_back("Closed"); }
@@ -35,6 +36,7 @@ public:
     std::vector<std::string> todays, upcoming;
     std::string all;
     std::function<void()> onMail;
+    bool takesMails = true;
 };
 
 }  // namespace kaz

@@ -21,6 +21,23 @@ clsEvent Running(clsEvent event) {
     return event;
 }
 
+clsEvent Sent(clsEvent event) {
+    event.Email = "ann@example.org";
+    event.MailSent = true;
+    return event;
+}
+Act Reads(const char* message) {
+    return [=](Clockwork& story) {
+        EXPECT_THAT(std::exchange(story.machine.dialogs.messages, {}), ElementsAre(HasSubstr(message)));
+    };
+}
+Act TakesMails(bool takes) {
+    return [=](Clockwork& story) {
+        story.host.takesMails = takes;
+        Presses("MISSED", IDC_cmdMissedMail, {0})(story);
+    };
+}
+
 const MissedTale kMissedTales[] = {
     {"Off from Friday to Monday: the newest first, a series once; what has its line answered leaves",
      {WithAlarm(On("Call", 2), 18, 0), On("Dentist", 3), Daily("pills", "Pills", kWednesday.PlusDays(2))},
@@ -53,13 +70,28 @@ const MissedTale kMissedTales[] = {
       {"17 09:00:01", "ALARM! Bus", Closes("ALARM!")},
       {"17 09:01:00", "", ClockIsSetTo("17 08:01:00")},
       {"17 09:30:00", "", {}}}},
-    {"A file that was not run",
+    {"A file that was not run, and is not there at first",
      {Running(WithAlarm(On("Copy", 0), 9, 30))},
      {{"15 09:00:05", "", IsOffUntil("15 11:00:00")},
       {"15 11:00:03", "MISSED Wed 09:30 Copy its file was not run: C:\\KAZ\\Tool.bat",
+       Both(Presses("MISSED", IDC_cmdMissedRun, {0}), Reads("Tool.bat\" was not run: it is not there."))},
+      {"15 11:00:04", "(MISSED Wed 09:30 Copy its file was not run: C:\\KAZ\\Tool.bat)",
        Both([](Clockwork& story) { story.machine.files.Put(Clockwork::Path("Tool.bat"), "x"); },
             Presses("MISSED", IDC_cmdMissedRun, {0}))},
       {"15 11:00:05", "", Finds("C:\\KAZ\\Tool.bat", "")}}},
+    {"A mail that nobody takes stays to be sent; one that went in its time is not sent again",
+     {Mailed(WithAlarm(On("Bill", 0), 9, 30), " ann@example.org "),
+      Sent(Daily("rent", "Rent", kWednesday, 7))},
+     {{"15 09:00:05", "TODAY! Rent Bill", IsOffUntil("16 08:00:00")},
+      {"16 08:00:03", "MISSED Wed 09:30 Bill its mail was not sent: ann@example.org | Wed Rent",
+       TakesMails(false)},
+      {"16 08:00:05", "(MISSED Wed 09:30 Bill its mail was not sent: ann@example.org | Wed Rent)",
+       Both(Reads("sends no mails"), TakesMails(true))},
+      {"16 08:00:09", "(MISSED Wed Rent)",
+       [](Clockwork& story) {
+           EXPECT_EQ(story.host.raised.back(),
+                     "MailEvent ann@example.org|KAZ Alert - Event 1|Bill at 09:30 on 3/15/2023");
+       }}}},
     {"A line that sleeps until it starts, while the program ends; its alarm takes no harm from another sleep",
      {WithAlarm(On("Train", 0), 9, 30, 20), On("Tea", 0), WithAlarm(On("Bus", 0), 9, 12)},
      {{"15 09:00:05", "TODAY! Bus Tea Train", Presses("TODAY!", IDC_cmdLineDone, {1})},
