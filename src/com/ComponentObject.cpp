@@ -137,7 +137,7 @@ HRESULT ComponentObject::EnumConnectionPoints(IEnumConnectionPoints** enumerator
     *enumerator = nullptr;
     using Point = ComPointer<IConnectionPoint>;
     return Run([&] {
-        const std::vector<Point> points{Point(&hosts_)};
+        const std::vector<Point> points{Point(&hosts_), Point(&reminderHosts_)};
         *enumerator = new Enumerator<IEnumConnectionPoints, Point, IConnectionPoint*, CopyPoint>(points);
     });
 }
@@ -145,9 +145,14 @@ HRESULT ComponentObject::EnumConnectionPoints(IEnumConnectionPoints** enumerator
 HRESULT ComponentObject::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
     if (!point) return E_POINTER;
     *point = nullptr;
-    if (iid != DIID_DKazEvents) return CONNECT_E_NOCONNECTION;
-    *point = ComPointer<IConnectionPoint>(&hosts_).Detach();
-    return S_OK;
+    for (ConnectionPoint* const known : {&hosts_, &reminderHosts_}) {
+        IID events{};
+        known->GetConnectionInterface(&events);
+        if (iid != events) continue;
+        *point = ComPointer<IConnectionPoint>(known).Detach();
+        return S_OK;
+    }
+    return CONNECT_E_NOCONNECTION;
 }
 
 }  // namespace kaz

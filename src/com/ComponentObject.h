@@ -43,8 +43,9 @@ private:
     HRESULT Run(Operation&& operation) noexcept;
 
     Win32Platform platform_;
-    ConnectionPoint hosts_{*this};
-    EventRelay relay_{*Identity(), hosts_};
+    ConnectionPoint hosts_{*this, DIID_DKazEvents};
+    ConnectionPoint reminderHosts_{*this, DIID_DKazReminders};
+    EventRelay relay_{*Identity(), hosts_, reminderHosts_};
     clsComponent component_;
 };
 

@@ -1,6 +1,5 @@
 #include "com/ConnectionPoint.h"
 
-#include "Kazlib_h.h"
 #include "com/Enumerator.h"
 
 #include <olectl.h>
@@ -28,7 +27,7 @@ HRESULT ConnectionPoint::QueryInterface(REFIID iid, void** object) {
 
 HRESULT ConnectionPoint::GetConnectionInterface(IID* iid) {
     if (!iid) return E_POINTER;
-    *iid = DIID_DKazEvents;
+    *iid = events_;
     return S_OK;
 }
 
@@ -44,7 +43,7 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) try {
     if (!sink) return E_POINTER;
     // Asked for by its own id only: this is how a script host learns which object's events it is to answer.
     ComPointer<IDispatch> events;
-    if (FAILED(sink->QueryInterface(DIID_DKazEvents, events.PutVoid()))) {
+    if (FAILED(sink->QueryInterface(events_, events.PutVoid()))) {
         events.Detach();
         return CONNECT_E_CANNOTCONNECT;
     }

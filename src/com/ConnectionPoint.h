@@ -10,11 +10,13 @@
 
 namespace kaz {
 
-// Where hosts connect to hear the component's events. It is a part of its
-// container: both live and die together.
+// Where hosts connect to hear the component's events of one source interface. It is a part of its container:
+// both live and die together.
 class ConnectionPoint final : public IConnectionPoint {
 public:
-    explicit ConnectionPoint(IConnectionPointContainer& container) : container_(container) {}
+    ConnectionPoint(IConnectionPointContainer& container, REFIID events)
+        : container_(container),
+          events_(events) {}
     virtual ~ConnectionPoint() = default;
     ConnectionPoint(const ConnectionPoint&) = delete;
     ConnectionPoint& operator=(const ConnectionPoint&) = delete;
@@ -45,6 +47,7 @@ private:
     bool IsConnected(DWORD cookie) const;
 
     IConnectionPointContainer& container_;
+    const IID events_;
     std::vector<Connection> connections_;
     DWORD lastCookie_ = 0;
 };

@@ -65,6 +65,16 @@ void EventRelay::AllEvents(const std::string& strAllEvents) {
     Raise(kAllEvents, arguments);
 }
 
+// Nobody has to know the event, and what a host does with it is its own matter.
+void EventRelay::MissedEvents(std::int32_t missed) {
+    VARIANT number;
+    VariantInit(&number);
+    number.vt = VT_I4;
+    number.lVal = missed;
+    const LaterRelease alive(component_);
+    reminderHosts_.Raise(kMissedEvents, {&number, 1});
+}
+
 void EventRelay::RaiseList(DISPID event, const std::vector<std::string>& texts) {
     std::vector<std::wstring> wide;
     wide.reserve(texts.size());

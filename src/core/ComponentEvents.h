@@ -1,12 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace kaz {
 
 // What the component raises to its host, in declaration order; the position (from 1) is the event's number in
-// the event interface. Raised synchronously on the thread of the call.
+// its interface. Raised synchronously on the thread of the call.
 class ComponentEvents {
 public:
     virtual ~ComponentEvents() = default;
@@ -19,6 +20,10 @@ public:
     virtual void ShutDownKAZ() = 0;
     virtual void Closed() = 0;
     virtual void AllEvents(const std::string& strAllEvents) = 0;
+
+    // The first one of the second interface, which a host need not know: so many events fell due and wait for
+    // an answer now.
+    virtual void MissedEvents(std::int32_t missed) = 0;
 };
 
 }  // namespace kaz

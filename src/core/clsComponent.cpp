@@ -29,6 +29,9 @@ clsComponent::clsComponent(const Platform& platform, MainWindowFactory mainWindo
     application_.reminderWindows.requests.sendMail = [this](const OccurrenceRef& of) {
         return EventMail(application_, host_).SendMissed(of);
     };
+    application_.reminderWindows.requests.missedChanged = [this](std::size_t missed) {
+        host_.MissedEvents(static_cast<std::int32_t>(missed));
+    };
 }
 
 clsComponent::~clsComponent() = default;

@@ -3,6 +3,7 @@
 #include "model/clsEvent.h"
 #include "reminders/Outcomes.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -20,6 +21,8 @@ struct ReminderRequests {
     using Done = std::function<std::string(const OccurrenceRef&)>;
     Done runFile = [](const OccurrenceRef&) { return "No file can be run just now."; };
     Done sendMail = [](const OccurrenceRef&) { return "No mail can be sent just now."; };
+    // What is missed is something else now: so many events.
+    std::function<void(std::size_t)> missedChanged = [](std::size_t) {};
     // Something has been answered or put off: what others show of it is out of date.
     std::function<void()> answered = [] {};
 };

@@ -130,9 +130,9 @@ frmMissed& ReminderWindows::MissedWindow() {
     return *form;
 }
 
-bool ReminderWindows::ShowMissed(std::vector<MissedReminder> missed) {
+void ReminderWindows::ShowMissed(std::vector<MissedReminder> missed) {
     if (const auto sleeping = sleepingForm_.lock(); sleeping && !sleeping->Closed()) sleeping->Fill();
-    if (missed == missed_) return false;
+    if (missed == missed_) return;
     missed_ = std::move(missed);
     std::set<OccurrenceRef> now;
     for (const MissedReminder& one : missed_)
@@ -143,11 +143,12 @@ bool ReminderWindows::ShowMissed(std::vector<MissedReminder> missed) {
         open->Fill(missed_);
         if (missed_.empty()) services_.openWindows.Unload(*open);
     }
-    if (!isNew) return true;
-    ++timesShown_;
-    missedWaits_ = services_.quiet.IsOn();
-    if (!missedWaits_) MissedWindow().Appear(Activation::KeepFocus);
-    return true;
+    if (isNew) {
+        ++timesShown_;
+        missedWaits_ = services_.quiet.IsOn();
+        if (!missedWaits_) MissedWindow().Appear(Activation::KeepFocus);
+    }
+    requests.missedChanged(missed_.size());
 }
 
 bool ReminderWindows::OpenSleeping() {

@@ -75,8 +75,8 @@ public:
     Outcomes& Told() const { return services_.outcomes; }
 
     // What fell due and was not answered. The window that is open, or opened by something new among it, shows
-    // it. True when it is not what it was.
-    bool ShowMissed(std::vector<MissedReminder> missed);
+    // it. When it is not what it was, those who want to know are told last of all.
+    void ShowMissed(std::vector<MissedReminder> missed);
     // Shows it to a user who asks for it. False when nothing is missed.
     bool OpenMissed();
     const std::vector<MissedReminder>& Missed() const { return missed_; }

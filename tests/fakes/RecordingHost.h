@@ -31,6 +31,9 @@ public:
         raised.push_back("AllEvents");
         all = text;
     }
+    void MissedEvents(std::int32_t missed) override {
+        raised.push_back("MissedEvents " + std::to_string(missed));
+    }
 
     std::vector<std::string> raised;
     std::vector<std::string> todays, upcoming;

@@ -26,7 +26,7 @@ std::wstring ListText(IDispatch* object) {
 
 HRESULT ComHost::QueryInterface(REFIID iid, void** object) {
     *object = nullptr;
-    if (iid != IID_IUnknown && iid != IID_IDispatch && iid != DIID_DKazEvents) return E_NOINTERFACE;
+    if (iid != IID_IUnknown && iid != IID_IDispatch && iid != events) return E_NOINTERFACE;
     *object = ComPointer<IDispatch>(this).Detach();
     return S_OK;
 }
@@ -40,6 +40,7 @@ HRESULT ComHost::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VA
         const VARIANT& argument = arguments->rgvarg[index];
         text += argument.vt == VT_DISPATCH ? ListText(argument.pdispVal)
                 : argument.vt == VT_BSTR   ? std::wstring(argument.bstrVal, SysStringLen(argument.bstrVal))
+                : argument.vt == VT_I4     ? std::to_wstring(argument.lVal)
                                            : L"?";
         if (index > 0) text += L"; ";
         if (argument.vt == VT_DISPATCH) lastList = ComPointer<IDispatch>(argument.pdispVal);
@@ -57,15 +58,14 @@ ComPointer<IKazComponent> MakeComponent() {
     return component;
 }
 
-ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component) {
+ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component, REFIID events) {
     ComPointer<IConnectionPoint> point;
-    EXPECT_EQ(component.As<IConnectionPointContainer>()->FindConnectionPoint(DIID_DKazEvents, point.Put()),
-              S_OK);
+    EXPECT_EQ(component.As<IConnectionPointContainer>()->FindConnectionPoint(events, point.Put()), S_OK);
     return point;
 }
 
 Connection::Connection(const ComPointer<IKazComponent>& component, ComHost& host)
-    : point_(EventsOf(component)) {
+    : point_(EventsOf(component, host.events)) {
     EXPECT_EQ(point_->Advise(&host, &cookie_), S_OK);
 }
 

@@ -18,6 +18,7 @@ public:
     ComPointer<IDispatch> lastList;
     std::function<void(DISPID)> reaction;  // runs after the note was taken
     HRESULT answer = S_OK;                 // to every event
+    IID events = DIID_DKazEvents;          // that it knows
     std::function<void()> leaving;         // runs when it is let go of
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
@@ -40,7 +41,8 @@ public:
 
 // Created as KAZ2 creates it: through the manifest of this program, with nothing in the registry.
 ComPointer<IKazComponent> MakeComponent();
-ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component);
+ComPointer<IConnectionPoint> EventsOf(const ComPointer<IKazComponent>& component,
+                                      REFIID events = DIID_DKazEvents);
 // Connects for as long as it lives.
 class Connection {
 public:

@@ -12,13 +12,15 @@ namespace {
 
 class Events : public testing::Test {
 protected:
-    // A component that was started on a folder with one event due today and one tomorrow.
+    // A component that was started on a folder with one event due today, one tomorrow and one missed.
     void SetUp() override {
         folder.Write("Kaz.ini", "OWNER,Single\r\nNOAUTOBACKUPS,-1\r\n");
+        folder.Write("Events.side", "KAZ side 1\r\nend\r\n");  // it has run before
         const DateValue today = Win32Clock().Today();
         folder.Write("Events.xml",
                      FileOf({Mailed(OneOff("000001", "T\xe4glich\r\nKaffee", today), " ann@example.org "),
-                             Warned(OneOff("000002", "Zahnarzt", today.PlusDays(1)), 3)}));
+                             Warned(OneOff("000002", "Zahnarzt", today.PlusDays(1)), 3),
+                             OneOff("000003", "Steuer", today.PlusDays(-1))}));
         component = MakeComponent();
         ASSERT_EQ(component->Startup(Bstr(folder.Path().wstring()).Get()), S_OK);
         VARIANT_BOOL initialised = VARIANT_FALSE;
@@ -123,6 +125,27 @@ TEST_F(Events, HostMayTouchTheComponentThatLetsGoOfItAtItsEnd) {
     host.leaving = [last = component.Get()] { const ComPointer<IKazComponent> again(last); };
     component.Reset();
     host.leaving = nullptr;
+}
+
+TEST_F(Events, AHostThatWantsToHearsWhatIsMissed) {
+    ComHost other, unwilling;
+    other.events = unwilling.events = DIID_DKazReminders;
+    unwilling.answer = DISP_E_MEMBERNOTFOUND;
+    const Connection first(component, host), second(component, unwilling), third(component, other);
+    EXPECT_EQ(component->ScanEvents(), S_OK);  // loads the main window and its clock
+    EXPECT_TRUE(PumpUntil([&] { return !other.heard.empty(); }));
+    EXPECT_THAT(other.heard, ElementsAre(L"TestEvent(1)"));  // number 1 of its own interface
+    EXPECT_EQ(host.heard.size(), 4u);
+
+    ComPointer<IEnumConnectionPoints> points;
+    ASSERT_EQ(component.As<IConnectionPointContainer>()->EnumConnectionPoints(points.Put()), S_OK);
+    IConnectionPoint* both[3] = {};
+    ULONG fetched = 0;
+    EXPECT_EQ(points->Next(3, both, &fetched), S_FALSE);
+    ASSERT_EQ(fetched, 2u);
+    EXPECT_EQ(both[1]->Advise(&host, &fetched), CONNECT_E_CANNOTCONNECT);
+    for (IConnectionPoint* point : both)
+        if (point) point->Release();
 }
 
 TEST_F(Events, ListIsACollectionForScripts) {

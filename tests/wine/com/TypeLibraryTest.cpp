@@ -70,6 +70,8 @@ TEST(TypeLibrary, OperationsAndEventsStandInTheirOrder) {
                                             {5, L"ShutDownKAZ"},
                                             {6, L"Closed"},
                                             {7, L"AllEvents"}}));
+    EXPECT_EQ(FunctionsOf(InfoOf(DIID_DKazReminders), false),
+              (std::map<long, std::wstring>{{1, L"MissedEvents"}}));
 }
 
 TEST(TypeLibrary, ObjectTellsItsClassAndItsEvents) {
