@@ -75,7 +75,7 @@
 #define IDC_Toolbar1 1107
 #define IDT_TimerAlarms 1108
 #define IDC_lblHealth 1110
-#define IDC_cmdHealth 1111  // the first of three
+#define IDC_cmdHealth 1111  // the first of 3
 #define IDC_lblHealthCount 1114
 #define IDC_cmdHealthNext 1115
 #define IDC_lblSearch 1116
@@ -195,7 +195,7 @@
 #define IDC_chkSpecificShare 1428
 #define IDC_lblUsers 1429
 #define IDC_lstUsers 1430
-#define IDC_TabStrip1 1431  // up to 1438 for the tooltips of its tabs
+#define IDC_TabStrip1 1431  // the first of 8: its tabs have tooltips
 #define IDC_cmdMore 1439
 #define IDC_lblMore 1399
 #define IDC_lblPreview 1496
@@ -205,7 +205,7 @@
 // The frame of tab n, counted from 0, is the controls from IDC_fraEvent + 8 * n on, at most eight.
 #define IDC_fraEvent 1440
 #define FRAME_CONTROLS 8
-#define IDC_chkDay 1440  // Monday, and the other days after it
+#define IDC_chkDay 1440  // the first of 7, Monday
 #define IDC_lblWeekdaysHelp 1447
 #define IDC_lblDayOfMonth 1448
 #define IDC_txtDayOfMonth 1449
@@ -241,9 +241,9 @@
 // Its keys
 #define IDM_NEXTPAGE 2301
 #define IDM_PREVIOUSPAGE 2302
-#define IDM_PAGE 2303  // the first of seven
+#define IDM_PAGE 2303  // the first of 7
 
-// frmMore; a control of warning n, counted from 0, is that of the first one + n, for three of them
+// frmMore; a control of warning n, counted from 0, is that of the first one + n
 #define IDC_optNoEnd 2101
 #define IDC_optLastDay 2102
 #define IDC_cmdLastDay 2103
@@ -254,9 +254,9 @@
 #define IDC_lstSkipped 2108
 #define IDC_cmdPutBack 2109
 #define IDC_cmdPutAllBack 2110
-#define IDC_txtWarningNumber 2111
-#define IDC_cmbWarningKind 2114
-#define IDC_txtWarningTime 2117
+#define IDC_txtWarningNumber 2111  // the first of 3
+#define IDC_cmbWarningKind 2114    // the first of 3
+#define IDC_txtWarningTime 2117    // the first of 3
 #define IDC_chkAlways 2120
 #define IDC_cmdMoreOK 2121
 #define IDC_cmdMoreCancel 2122
@@ -314,8 +314,8 @@
 #define IDC_txtQuietTo 1527
 #define IDC_cmbWordsKey 1528
 
-// frmEditLayers: the text box of slot n is IDC_txtLayer + n, for 21 slots
-#define IDC_txtLayer 1600
+// frmEditLayers: the text box of slot n is IDC_txtLayer + n
+#define IDC_txtLayer 1600  // the first of 21
 #define IDC_cmdAccept 1630
 #define IDC_cmdAbortLayers 1631
 
@@ -368,14 +368,14 @@
 #define IDC_cmdUnsavedCancel 1954
 
 // frmRestore
-#define IDC_lblBackups 2101
-#define IDC_lstBackups 2102
-#define IDC_lblBackup 2103
-#define IDC_lblBackupEvents 2104
-#define IDC_lstBackupEvents 2105
-#define IDC_cmdRestore 2106
-#define IDC_cmdRestoreAll 2107
-#define IDC_cmdCloseRestore 2108
+#define IDC_lblBackups 2151
+#define IDC_lstBackups 2152
+#define IDC_lblBackup 2153
+#define IDC_lblBackupEvents 2154
+#define IDC_lstBackupEvents 2155
+#define IDC_cmdRestore 2156
+#define IDC_cmdRestoreAll 2157
+#define IDC_cmdCloseRestore 2158
 
 // Texts: the title of message boxes; the tooltip of a control is the string IDS_TOOLTIP + the control's id;
 // that of a tab follows its strip's: + 1 for the first tab.
