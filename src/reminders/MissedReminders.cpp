@@ -4,6 +4,7 @@
 #include "model/AlarmTime.h"
 #include "model/Occurrences.h"
 #include "platform/Files.h"
+#include "reminders/OccurrenceEvents.h"
 #include "reminders/ReminderText.h"
 #include "storage/SharedFolder.h"
 
@@ -216,10 +217,11 @@ std::vector<MissedReminder> MissedReminders::List(DateValue now,
 }
 
 void MissedReminders::AddOpen(Found& found) const {
+    OccurrenceEvents all(events_, expired_, shared_);
     for (const Outcomes::Open& open : outcomes_.AllOpen()) {
         if ((open.count == 1 && found.IsOnScreen(open.last)) || outcomes_.IsAsleep(open.last)) continue;
         EventSource source = EventSource::Local;
-        const clsEvent* event = EventOf(open.last, &source);
+        const clsEvent* event = all.Find(open.last, &source);
         // Own events that have gone were deleted by somebody who knew of them.
         if (!event && open.text.empty()) continue;
         MissedReminder& missed = found.Add(open.last, open.count);
@@ -251,25 +253,7 @@ void MissedReminders::AddDue(Found& found, const clsDbXml* database, EventSource
 }
 
 const clsEvent* MissedReminders::EventOf(const OccurrenceRef& occurrence, EventSource* source) const {
-    const auto find = [&](const clsDbXml* database, EventSource place, auto fits) -> const clsEvent* {
-        if (!database) return nullptr;
-        for (const clsEvent& event : database->AllEvents()) {
-            if (event.Deleted || !fits(event) || CheckOf(event) != occurrence.key.check) continue;
-            if (source) *source = place;
-            return &event;
-        }
-        return nullptr;
-    };
-    const auto hasCode = [&](const clsEvent& event) { return event.IDCode == occurrence.key.code; };
-    if (occurrence.key.file != kOwnEvents)
-        return find(shared_, EventSource::Shared, [&](const clsEvent& event) {
-            return hasCode(event) && KeyOf(*shared_, event).file == occurrence.key.file;
-        });
-    if (const clsEvent* event = find(events_, EventSource::Local, hasCode)) return event;
-    if (const clsEvent* event = find(expired_, EventSource::Expired, hasCode)) return event;
-    // It got another code when it expired.
-    return find(expired_, EventSource::Expired,
-                [&](const clsEvent& event) { return event.DueDate() == occurrence.day; });
+    return OccurrenceEvents(events_, expired_, shared_).Find(occurrence, source);
 }
 
 }  // namespace kaz
