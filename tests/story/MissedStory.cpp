@@ -38,6 +38,12 @@ Act TakesMails(bool takes) {
     };
 }
 
+void HasTool(Clockwork& story) { story.machine.files.Put(Clockwork::Path("Tool.bat"), "x"); }
+// By itself, as at the beginning and the end of summer time.
+Act ClockGoesTo(const char* moment) {
+    return [=](Clockwork& story) { story.machine.clock.now = At(moment); };
+}
+
 const MissedTale kMissedTales[] = {
     {"Off from Friday to Monday: the newest first, a series once; what has its line answered leaves",
      {WithAlarm(On("Call", 2), 18, 0), On("Dentist", 3), Daily("pills", "Pills", kWednesday.PlusDays(2))},
@@ -76,8 +82,7 @@ const MissedTale kMissedTales[] = {
       {"15 11:00:03", "MISSED Wed 09:30 Copy its file was not run: C:\\KAZ\\Tool.bat",
        Both(Presses("MISSED", IDC_cmdMissedRun, {0}), Reads("Tool.bat\" was not run: it is not there."))},
       {"15 11:00:04", "(MISSED Wed 09:30 Copy its file was not run: C:\\KAZ\\Tool.bat)",
-       Both([](Clockwork& story) { story.machine.files.Put(Clockwork::Path("Tool.bat"), "x"); },
-            Presses("MISSED", IDC_cmdMissedRun, {0}))},
+       Both(HasTool, Presses("MISSED", IDC_cmdMissedRun, {0}))},
       {"15 11:00:05", "", Finds("C:\\KAZ\\Tool.bat", "")}}},
     {"A mail that nobody takes stays to be sent; one that went in its time is not sent again",
      {Mailed(WithAlarm(On("Bill", 0), 9, 30), " ann@example.org "),
@@ -107,6 +112,30 @@ const MissedTale kMissedTales[] = {
       {"15 11:00:40", "TODAY! Bus Tea Train", Closes("TODAY!")},
       {"15 12:00:00", "", IsOffUntil("16 09:00:00")},
       {"16 09:00:03", "", {}}}},
+    {"In spring the hour that does not exist is made up for, once; whoever was not there then has missed it",
+     {WithAlarm(On("Milk", 1), 2, 30), Running(WithAlarm(On("Copy", 1), 2, 0)),
+      WithAlarm(On("Train", 1), 3, 1)},
+     {{"16 01:59:58", "TODAY! Train Milk", Both(Closes("TODAY!"), HasTool)},
+      {"16 01:59:59", "", ClockGoesTo("16 02:59:59")},
+      {"16 03:00:30", "ALARM! Milk", Both(Closes("ALARM!"), Finds("C:\\KAZ\\Tool.bat", ""))},
+      {"16 03:01:02", "ALARM! Train", Closes("ALARM!")},
+      {"16 03:30:00", "", IsOffUntil("16 04:00:00")},
+      {"16 04:00:03", "TODAY! Train Milk", Closes("TODAY!")},
+      {"17 00:01:00", "", {}}}},
+    {"In autumn once is enough: closed or on the screen when the hour comes again; what was not "
+     "there is missed",
+     {WithAlarm(On("Milk", 1), 2, 30), WithAlarm(On("Tea", 1), 2, 40), WithAlarm(On("Bus", 1), 2, 50),
+      WithAlarm(On("Train", 1), 3, 0)},
+     {{"16 02:29:00", "TODAY! Train Bus Tea Milk", Closes("TODAY!")},
+      {"16 02:30:02", "ALARM! Milk", Closes("ALARM!")},
+      {"16 02:40:02", "ALARM! Tea", {}},
+      {"16 02:50:02", "ALARM! Bus Tea", {}},
+      {"16 02:59:59", "ALARM! Bus Tea", ClockGoesTo("16 01:59:59")},
+      {"16 02:35:00", "ALARM! Bus Tea", IsOffUntil("16 02:45:00")},
+      {"16 02:45:03", "TODAY! Train Bus Tea Milk, MISSED Thu 02:40 Tea", Closes("TODAY!")},
+      {"16 02:50:02", "ALARM! Bus", {}},
+      {"16 03:00:02", "ALARM! Train Bus", Closes("ALARM!")},
+      {"17 00:01:00", "", {}}}},
     {"What comes up is dealt with for the day; an edited time and a deletion end a sleep",
      {Warned(On("Exam", 2), 5), On("Call", 0), On("Walk", 0)},
      {{"15 09:00:05", "COMING UP In 2 days: Exam, TODAY! Walk Call", Presses("COMING UP", IDC_cmdLineDone)},
