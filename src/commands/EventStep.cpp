@@ -48,6 +48,7 @@ void EventStep::Record(Application& app, std::string_view what, std::vector<Chan
     std::erase_if(changes, IsNone);
     if (changes.empty()) return;
     app.journal.Write(app.Owner(), what, changes);
+    app.DropLeftOut();
     std::string name = std::string(what) + " of " + NameOf(SubjectsOf(changes, of));
     for (ChangedEvent& change : changes)
         change.Reverse();
@@ -65,6 +66,7 @@ EventStep::EventStep(Application& app, std::string what, std::string name, std::
 UndoOutcome EventStep::Turn() {
     EventReplay::Result result = EventReplay(*app_.events, *app_.expired, app_.Storage()).Run(changes_);
     app_.outcomes.Save();  // what stands beside the events has come back with them
+    app_.DropLeftOut();
     app_.journal.Write(app_.Owner(), (isUndone_ ? "redo of " : "undo of ") + what_, result.done);
     isUndone_ = !isUndone_;
     UndoOutcome outcome;

@@ -8,6 +8,7 @@
 #include "platform/Files.h"
 #include "platform/SystemInfo.h"
 #include "reminders/AlarmFiles.h"
+#include "reminders/OccurrenceEvents.h"
 #include "storage/ChangesBetween.h"
 #include "storage/Owner.h"
 #include "storage/SharedCopy.h"
@@ -97,8 +98,10 @@ void Application::LoadShared() {
 }
 
 void Application::CatchUp() {
+    sideFile.Refresh();
     for (clsDbXml* database : {events.get(), expired.get()})
         if (database) database->CatchUp();
+    CatchUpExtras();
     LoadShared();
 }
 
@@ -144,11 +147,23 @@ void Application::BeginOutcomes() {
         Missed().BeginAnew(platform.clock.Now());
 }
 
-void Application::CatchUpOutcomes() {
-    if (!sideFile.Refresh()) return;
-    for (clsDbXml* database : {events.get(), expired.get()})
-        if (database) database->TakeExtras();
-    mainListIsStale = true;
+void Application::CatchUpExtras() {
+    if (!events || !expired || extrasVersion_ == sideFile.Version()) return;
+    extrasVersion_ = sideFile.Version();
+    for (const bool ofExpired : {false, true}) {
+        const auto changes = TakeChangedExtras(ofExpired ? *expired : *events, ofExpired);
+        journal.Write("another program", "", changes);
+        mainListIsStale = mainListIsStale || !changes.empty();
+    }
+}
+
+void Application::DropLeftOut() {
+    OccurrenceEvents all(events.get(), expired.get(), Networked() ? shared.get() : nullptr);
+    reminderWindows.DropLines([&](const OccurrenceRef& of) {
+        const clsEvent* event = all.Find(of);
+        return event && event->Recurring() &&
+               (event->Extras().Skips(of.day) || event->Extras().EndsBefore(of.day));
+    });
 }
 
 void Application::TidyOutcomes() {

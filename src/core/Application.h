@@ -134,8 +134,12 @@ public:
     // Where the program has never run, what is in the past was never its business. To be called once the
     // events are there, before anything moves them on.
     void BeginOutcomes();
-    // What another computer has noted beside the events meanwhile.
-    void CatchUpOutcomes();
+    // Gives the events what another computer has noted beside them meanwhile, and tells the journal. To be
+    // called behind the look for their files, with which that has mostly come.
+    void CatchUpExtras();
+    // Takes from the reminder windows what does not happen any more: a day that is skipped, or behind the end
+    // of its series.
+    void DropLeftOut();
     // Drops of that what nobody needs any more. Not by a clock that may be wrong.
     void TidyOutcomes();
 
@@ -148,6 +152,7 @@ private:
     std::string RunFileOf(const OccurrenceRef& occurrence);
     void Complete(clsDbXml& database);
 
+    unsigned extrasVersion_ = 0;  // of the file beside the events, when they were last given what it says
     bool publishAgain_ = false;  // this user's shared events did not reach the shared folder
 };
 

@@ -92,6 +92,11 @@ void ReminderWindows::CloseTest() {
         if (const auto form = test.lock(); form && !form->Closed()) services_.openWindows.Unload(*form);
 }
 
+void ReminderWindows::DropLines(const std::function<bool(const OccurrenceRef&)>& isOver) {
+    for (const ReminderKind kind : {ReminderKind::ComingUp, ReminderKind::Today, ReminderKind::Alarm})
+        if (const auto form = Find(kind)) form->DropLines(isOver);
+}
+
 void ReminderWindows::QuietEnded() {
     for (const auto& window : forms_)
         if (const auto form = window.lock(); form && !form->Closed()) form->QuietEnded();

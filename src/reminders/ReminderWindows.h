@@ -62,6 +62,9 @@ public:
     void ShowTest(const std::string& line);
     void CloseTest();
 
+    // Takes the lines of these occurrences from every window; one without any left closes.
+    void DropLines(const std::function<bool(const OccurrenceRef&)>& isOver);
+
     // Has what waited because it was quiet appear, and the questions be put.
     void QuietEnded();
 

@@ -248,6 +248,17 @@ bool frmReminder::CanStart(const std::vector<ReminderLine>& lines) const {
 void frmReminder::Leave(const std::vector<ReminderLine>& lines) {
     for (const ReminderLine& line : lines)
         if (line.occurrence) left_(*line.occurrence);
+    Drop(lines);
+}
+
+void frmReminder::DropLines(const std::function<bool(const OccurrenceRef&)>& isOver) {
+    std::vector<ReminderLine> over;
+    for (const ReminderLine& line : lines_.All())
+        if (line.occurrence && isOver(*line.occurrence)) over.push_back(line);
+    if (!over.empty()) Drop(over);
+}
+
+void frmReminder::Drop(const std::vector<ReminderLine>& lines) {
     lines_.Remove(lines);
     FillList();
     if (lines_.Empty()) services_.openWindows.Unload(*this);

@@ -36,6 +36,8 @@ public:
     // Takes these lines for those that it has.
     void ReplaceList(const std::vector<ReminderLine>& lines);
     const std::vector<ReminderLine>& Lines() const { return lines_.All(); }
+    // Takes the lines of these occurrences out of the window, which closes behind the last one.
+    void DropLines(const std::function<bool(const OccurrenceRef&)>& isOver);
 
     // Ends any sleep and makes the window come to the front, two seconds later.
     void Wake();
@@ -69,8 +71,8 @@ private:
     std::vector<ReminderLine> Selected() const;
     void Answer(const std::vector<ReminderLine>& lines);
     void PutOff(const std::vector<ReminderLine>& lines, const AgainChoice& choice);
-    // Takes them out of the window, which closes behind the last one.
     void Leave(const std::vector<ReminderLine>& lines);
+    void Drop(const std::vector<ReminderLine>& lines);
     void Show(const std::vector<ReminderLine>& selected);
     bool CanStart(const std::vector<ReminderLine>& lines) const;
     std::string TimeOf(const ReminderLine& line) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "storage/ChangedEvent.h"
+#include "storage/clsDbXml.h"
 
 #include <vector>
 
@@ -10,5 +11,8 @@ namespace kaz {
 // have moved a recurring event on is no change.
 std::vector<ChangedEvent> ChangesBetween(const std::vector<clsEvent>& before,
                                          const std::vector<clsEvent>& after, bool expired);
+
+// Gives the events what the file beside them says now; those that have something else by it.
+std::vector<ChangedEvent> TakeChangedExtras(clsDbXml& database, bool expired);
 
 }  // namespace kaz

@@ -23,7 +23,7 @@ std::string ToCode(std::int32_t number) {
 }
 
 // Only codes of our own making can be drawn again; any other text is nothing to remember.
-std::optional<std::size_t> ToNumber(std::string_view code) {
+std::optional<std::size_t> NumberOfCode(std::string_view code) {
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     if (code.size() != kCodeLength || !std::all_of(code.begin(), code.end(), isDigit)) return std::nullopt;
     std::size_t number = 0;
@@ -37,12 +37,12 @@ std::optional<std::size_t> ToNumber(std::string_view code) {
 
 void EventCodes::Added(std::string_view code) {
     if (!known_) return;
-    if (const auto number = ToNumber(code)) used_[*number] = true;
+    if (const auto number = NumberOfCode(code)) used_[*number] = true;
     ++count_;
 }
 
 bool EventCodes::MayHold(const std::vector<clsEvent>& events, std::string_view code) {
-    const auto number = ToNumber(code);
+    const auto number = NumberOfCode(code);
     if (!number) return true;
     LookAt(events);
     return used_[*number];
@@ -51,7 +51,7 @@ bool EventCodes::MayHold(const std::vector<clsEvent>& events, std::string_view c
 std::string EventCodes::Unused(const std::vector<clsEvent>& events, const IsTaken& isTaken) {
     LookAt(events);
     const auto isFree = [&](const std::string& code) {
-        return !used_[ToNumber(code).value_or(0)] && !isTaken(code);
+        return !used_[NumberOfCode(code).value_or(0)] && !isTaken(code);
     };
     // Random draws hardly ever fail until nearly all codes are in use; then the first free one is as good.
     for (int draw = 0; draw < kMaxDraws; ++draw)
@@ -68,7 +68,7 @@ std::vector<std::size_t> EventCodes::Repeated(const std::vector<clsEvent>& event
     std::unordered_set<std::string_view> others;
     std::vector<std::size_t> repeated;
     for (std::size_t place = 0; place < events.size(); ++place) {
-        const auto number = ToNumber(events[place].IDCode);
+        const auto number = NumberOfCode(events[place].IDCode);
         const bool isNew = number ? !seen[*number] : others.insert(events[place].IDCode).second;
         if (!isNew) repeated.push_back(place);
         if (number) seen[*number] = true;
@@ -85,7 +85,7 @@ void EventCodes::LookAt(const std::vector<clsEvent>& events) {
     if (known_ && count_ == events.size()) return;
     used_.assign(kCodes, false);
     for (const clsEvent& event : events)
-        if (const auto number = ToNumber(event.IDCode)) used_[*number] = true;
+        if (const auto number = NumberOfCode(event.IDCode)) used_[*number] = true;
     count_ = events.size();
     known_ = true;
 }

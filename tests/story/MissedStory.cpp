@@ -39,6 +39,9 @@ Act TakesMails(bool takes) {
 }
 
 void HasTool(Clockwork& story) { story.machine.files.Put(Clockwork::Path("Tool.bat"), "x"); }
+Act Selects(int row) {
+    return [=](Clockwork& story) { story.Main()->Report(IDC_ListEvents).UserSelects({row}); };
+}
 // By itself, as at the beginning and the end of summer time.
 Act ClockGoesTo(const char* moment) {
     return [=](Clockwork& story) { story.machine.clock.now = At(moment); };
@@ -136,6 +139,11 @@ const MissedTale kMissedTales[] = {
       {"16 02:50:02", "ALARM! Bus", {}},
       {"16 03:00:02", "ALARM! Train Bus", Closes("ALARM!")},
       {"17 00:01:00", "", {}}}},
+    {"A day that is skipped leaves every window at once, and is not missed",
+     {WithAlarm(Daily("pills", "Pills", kWednesday), 9, 2), On("Bus", 0)},
+     {{"15 09:02:01", "TODAY! Bus Pills, ALARM! Pills", Both(Selects(0), Chooses(IDM_SKIP))},
+      {"15 09:02:02", "(TODAY! Bus)", IsOffUntil("16 08:00:00")},
+      {"16 08:00:03", "TODAY! Pills, MISSED Wed Bus", {}}}},
     {"What comes up is dealt with for the day; an edited time and a deletion end a sleep",
      {Warned(On("Exam", 2), 5), On("Call", 0), On("Walk", 0)},
      {{"15 09:00:05", "COMING UP In 2 days: Exam, TODAY! Walk Call", Presses("COMING UP", IDC_cmdLineDone)},

@@ -213,6 +213,12 @@ TEST_F(UndoTest, WhatStandsBesideAnEventComesBackWithIt) {
     EXPECT_EQ(before, machine.files.Text("C:\\KAZ\\Events.side"));
     EXPECT_EQ(extras, app.events->ReadEvent("000002")->Extras());
     EXPECT_THAT(machine.files.Text(app.journal.FileName()), HasSubstr("Beside skip 2023-03-24"));
+    // Another computer puts the day back.
+    machine.clock.AdvanceMinutes(1);
+    machine.files.Put("C:\\KAZ\\Events.side", "KAZ side 1\r\nend\r\n");
+    app.CatchUp();
+    EXPECT_THAT(machine.files.Text(app.journal.FileName()),
+                HasSubstr("another program, change of 000002 \"Event 000002\": Beside skip 2023-03-24 -> \r\n"));
 }
 
 TEST_F(UndoTest, AFaultAnywhereLosesNoEventAndIsTriedAgain) {

@@ -115,13 +115,16 @@ void ReminderClock::ReloadChangedFiles() {
         app_.mainListIsStale = true;
         lastDay_ = 0;  // its events have not had their day yet
     }
-    app_.CatchUpOutcomes();
+    app_.sideFile.Refresh();
     // Not CatchUp: a change of this program counts as saved once a look has found it.
     for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
         if (database) database->LoadDBIfChanged(database->DBFilename());
+    app_.CatchUpExtras();
     app_.conflictCopies.Look();
     app_.LoadShared();
-    if (app_.mainListIsStale) face_.refill();
+    if (!app_.mainListIsStale) return;
+    app_.DropLeftOut();
+    face_.refill();
 }
 
 // Kept on purpose: only the day of the month is compared.
