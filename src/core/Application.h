@@ -153,7 +153,7 @@ private:
     void Complete(clsDbXml& database);
 
     unsigned extrasVersion_ = 0;  // of the file beside the events, when they were last given what it says
-    bool publishAgain_ = false;  // this user's shared events did not reach the shared folder
+    bool publishAgain_ = false;   // this user's shared events did not reach the shared folder
 };
 
 }  // namespace kaz

@@ -79,11 +79,12 @@ void CopyElsewhere(Application& app, const std::string& archive) {
 
 }  // namespace
 
-DateValue DateOf(FileTime time) {
+DateValue DateOf(const Application& app, FileTime time) {
     // From 1601 to the days of DateValue.
     constexpr double kUnitsPerDay = 864e9;
     constexpr double kDaysBefore = 109205;
-    return DateValue::FromSerial(static_cast<double>(time) / kUnitsPerDay - kDaysBefore);
+    return app.platform.clock.LocalOf(
+        DateValue::FromSerial(static_cast<double>(time) / kUnitsPerDay - kDaysBefore));
 }
 
 std::string AutoBackupFile(const Application& app, const std::string& word) {
@@ -126,7 +127,7 @@ std::optional<FileBackup> NewestBackup(const Application& app, const std::string
     std::sort(archives.rbegin(), archives.rend());
     for (const auto& [time, path] : archives)
         if (const std::size_t count = countIn(app.platform.zip.ZpRead(path, wanted)))
-            return FileBackup{path, DateOf(time), count};
+            return FileBackup{path, DateOf(app, time), count};
     return std::nullopt;
 }
 

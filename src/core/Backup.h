@@ -15,13 +15,13 @@ std::string AutoBackupFile(const Application& app, const std::string& word);
 // in; the log tells how it went.
 bool MakeAutoBackup(Application& app, const std::string& word);
 
-// A file's time, in UTC.
-DateValue DateOf(FileTime time);
+// A file's time, as the user's clock showed it.
+DateValue DateOf(const Application& app, FileTime time);
 
 // The newest of the archives whose copy of a file holds anything: events, or tasks.
 struct FileBackup {
     std::string archive;
-    DateValue made;  // UTC
+    DateValue made;
     std::size_t count = 0;
 };
 std::optional<FileBackup> NewestBackup(const Application& app, const std::string& fileName);

@@ -112,7 +112,7 @@ std::vector<BackupSource> FindBackups(Application& app) {
             if (!IsArchive(name) && !IsKeptCopy(name)) continue;
             BackupSource& source = found.emplace_back();
             source.path = JoinPath(folder, name);
-            source.made = DateOf(app.platform.files.ModificationTime(source.path).value_or(0));
+            source.made = DateOf(app, app.platform.files.ModificationTime(source.path).value_or(0));
             const std::string events = TextIn(app, source.path, kEventsFile);
             source.isReadable = !events.empty();
             source.events = EventXml::CountIn(events);

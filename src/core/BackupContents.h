@@ -14,7 +14,7 @@ namespace kaz {
 // archives.
 struct BackupSource {
     std::string path;
-    DateValue made;           // UTC
+    DateValue made;
     bool isReadable = false;  // else it is damaged, or has no events file
     std::size_t events = 0;   // current ones
     std::size_t expired = 0;

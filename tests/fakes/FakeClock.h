@@ -9,6 +9,7 @@ class FakeClock : public Clock {
 public:
     DateValue Now() const override { return now; }
     double SecondsSinceMidnight() const override { return now.SecondOfDay(); }
+    DateValue LocalOf(DateValue utc) const override { return utc.PlusMinutes(aheadOfUtc); }
 
     void Set(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
         const DateValue time = DateValue::FromTime(hour, minute, second);
@@ -17,6 +18,7 @@ public:
     void AdvanceMinutes(int minutes) { now = now.PlusMinutes(minutes); }
     void AdvanceDays(int days) { now = now.PlusDays(days); }
 
+    int aheadOfUtc = 0;              // minutes
     DateValue now{45000, 9 * 3600};  // 15 March 2023, a Wednesday, at nine
 };
 

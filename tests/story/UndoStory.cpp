@@ -217,8 +217,9 @@ TEST_F(UndoTest, WhatStandsBesideAnEventComesBackWithIt) {
     machine.clock.AdvanceMinutes(1);
     machine.files.Put("C:\\KAZ\\Events.side", "KAZ side 1\r\nend\r\n");
     app.CatchUp();
-    EXPECT_THAT(machine.files.Text(app.journal.FileName()),
-                HasSubstr("another program, change of 000002 \"Event 000002\": Beside skip 2023-03-24 -> \r\n"));
+    EXPECT_THAT(
+        machine.files.Text(app.journal.FileName()),
+        HasSubstr("another program, change of 000002 \"Event 000002\": Beside skip 2023-03-24 -> \r\n"));
 }
 
 TEST_F(UndoTest, AFaultAnywhereLosesNoEventAndIsTriedAgain) {

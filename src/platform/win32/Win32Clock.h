@@ -8,6 +8,7 @@ class Win32Clock : public Clock {
 public:
     DateValue Now() const override;
     double SecondsSinceMidnight() const override;
+    DateValue LocalOf(DateValue utc) const override;
 };
 
 }  // namespace kaz

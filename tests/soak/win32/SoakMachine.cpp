@@ -73,6 +73,7 @@ class ShiftedClock : public Clock {
 public:
     DateValue Now() const override { return clock_.Now().PlusMinutes(minutes); }
     double SecondsSinceMidnight() const override { return Now().SecondOfDay(); }
+    DateValue LocalOf(DateValue utc) const override { return clock_.LocalOf(utc); }
     int minutes = 0;
 
 private:
