@@ -9,6 +9,12 @@
 
 namespace kaz {
 
+// The captions of the windows.
+inline constexpr const char* kHeadingComingUp = "COMING UP";
+inline constexpr const char* kHeadingToday = "TODAY!";
+inline constexpr const char* kHeadingAlarm = "ALARM!";
+inline constexpr const char* kHeadingMissed = "MISSED";
+
 // The line of an event that comes up in `daysLeft` days (1 or more), as windows and hosts show it.
 inline std::string UpcomingLine(std::int32_t daysLeft, std::string_view description) {
     std::string line = "In " + std::to_string(daysLeft) + (daysLeft == 1 ? " day: " : " days: ");

@@ -1,6 +1,7 @@
 #include "reminders/ReminderWindows.h"
 
 #include "forms/WindowFactory.h"
+#include "reminders/ReminderText.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -10,7 +11,8 @@ namespace kaz {
 
 namespace {
 constexpr std::size_t kMostWaiting = 20;
-}
+constexpr const char* kTest = " (test)";
+}  // namespace
 
 std::shared_ptr<frmReminder> ReminderWindows::Find(ReminderKind kind) const {
     auto form = forms_[static_cast<std::size_t>(kind)].lock();
@@ -76,14 +78,14 @@ bool ReminderWindows::ShowNow() {
 
 void ReminderWindows::ShowTest(const std::string& line) {
     CloseTest();
-    constexpr const char* kHeadings[] = {"COMING UP (test)", "TODAY! (test)", "ALARM! (test)"};
+    constexpr const char* kHeadings[] = {kHeadingComingUp, kHeadingToday, kHeadingAlarm};
     for (std::size_t i = 0; i < tests_.size(); ++i) {
         const auto form = std::make_shared<frmReminder>(services_.platform.windows.Create(IDD_REMINDER),
                                                         services_, requests, [](const OccurrenceRef&) {});
         services_.openWindows.Add(form);
         tests_[i] = form;
         form->AddToList(line);
-        form->ShowAsTest(kHeadings[i]);
+        form->ShowAsTest(kHeadings[i] + std::string(kTest));
     }
 }
 

@@ -7,6 +7,7 @@
 #include "platform/Locale.h"
 #include "platform/MessagePump.h"
 #include "reminders/AlarmFiles.h"
+#include "reminders/ReminderText.h"
 #include "storage/ChangeJournal.h"
 #include "storage/clsDbXml.h"
 #include "support/Names.h"
@@ -237,7 +238,7 @@ void clsReminder::Show(ReminderKind kind, const ReminderDay& today, const std::v
         window.SoundFile = sound;
         window.ReplaceList(left);
         window.Wake();
-        window.Heading(kind == ReminderKind::Today ? "TODAY!" : "COMING UP");
+        window.Heading(kind == ReminderKind::Today ? kHeadingToday : kHeadingComingUp);
     }
     windows_.SetShown(kind, today.Day(), TextsOf(lines));
 }
@@ -314,7 +315,7 @@ void clsReminder::Ring(const std::vector<ReminderLine>& lines, const std::string
     window.HasRung = true;
     window.PlaySound = true;
     window.SoundFile = sound;
-    window.Heading("ALARM!");
+    window.Heading(kHeadingAlarm);
     window.ShowOnTop();
 }
 

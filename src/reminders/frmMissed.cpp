@@ -5,9 +5,9 @@
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Locale.h"
+#include "reminders/ReminderText.h"
 
 #include <algorithm>
-#include <numeric>
 #include <string>
 #include <utility>
 
@@ -27,7 +27,7 @@ frmMissed::frmMissed(std::unique_ptr<Window> window, const ReminderServices& ser
       services_(services),
       requests_(requests),
       again_(this->window(), services),
-      lstMissed_(this->window().Report(IDC_lstMissed)) {
+      rows_(this->window().Report(IDC_lstMissed)) {
     On(IDC_lstMissed, Raised::Select, "lstMissed_Click", &frmMissed::lstMissed_Click);
     On(IDC_lstMissed, Raised::DoubleClick, "lstMissed_DblClick", &frmMissed::lstMissed_DblClick);
     On(IDC_cmdMissedEdit, Raised::Click, "lstMissed_DblClick", &frmMissed::lstMissed_DblClick);
@@ -41,24 +41,22 @@ frmMissed::frmMissed(std::unique_ptr<Window> window, const ReminderServices& ser
     On(IDC_cmdMissedAll, Raised::Click, "cmdAll_Click", &frmMissed::cmdAll_Click);
     On(IDC_cmdMissedLater, Raised::Click, "cmdLater_Click", &frmMissed::Close);
     On(0, Raised::CloseBox, "cmdLater_Click", &frmMissed::Close);
-    lblHeading.Text("MISSED");
-    this->window().SetText(0, "MISSED");
-    lstMissed_.SetColumns({{"Day", 110}, {"Time", 50}, {"Event", 160, true}, {"Whose", 70}, {"Note", 150}});
-    lstMissed_.SetRows(&rows_);
+    lblHeading.Text(kHeadingMissed);
+    this->window().SetText(0, kHeadingMissed);
+    this->window()
+        .Report(IDC_lstMissed)
+        .SetColumns({{"Day", 110}, {"Time", 50}, {"Event", 160, true}, {"Whose", 70}, {"Note", 150}});
 }
 
 void frmMissed::Fill(std::vector<MissedReminder> missed) {
-    const Names selected = Selected();
     missed_ = std::move(missed);
+    std::vector<OccurrenceRef> names;
     std::vector<TextRows::Row> rows;
-    std::vector<int> again;
     for (const MissedReminder& one : missed_) {
-        if (selected.contains(NameOf(one))) again.push_back(static_cast<int>(rows.size()));
+        names.push_back(NameOf(one));
         rows.push_back(RowOf(one));
     }
-    rows_.rows = std::move(rows);
-    lstMissed_.Refresh();
-    lstMissed_.SetSelection(again);
+    rows_.Fill(std::move(names), std::move(rows));
     ShowButtons();
 }
 
@@ -75,8 +73,6 @@ TextRows::Row frmMissed::RowOf(const MissedReminder& missed) const {
 }
 
 void frmMissed::Appear(Activation activation) {
-    if (lstMissed_.Selection().empty()) lstMissed_.Select(0);
-    ShowButtons();
     if (activation == Activation::TakeFocus || !window().IsVisible()) window().Show(activation);
     window().BringToFront();
 }
@@ -89,10 +85,8 @@ void frmMissed::Form_Unload() {
 void frmMissed::Close() { services_.openWindows.Unload(*this); }
 
 frmMissed::Names frmMissed::Selected() const {
-    Names names;
-    for (const int row : lstMissed_.Selection())
-        if (std::cmp_less(row, missed_.size())) names.insert(NameOf(missed_[static_cast<std::size_t>(row)]));
-    return names;
+    const std::vector<OccurrenceRef> names = rows_.Selected();
+    return {names.begin(), names.end()};
 }
 
 std::vector<MissedReminder> frmMissed::LinesOf(const Names& names) const {
@@ -103,13 +97,12 @@ std::vector<MissedReminder> frmMissed::LinesOf(const Names& names) const {
 }
 
 const MissedReminder* frmMissed::Single() const {
-    const std::vector<int> rows = lstMissed_.Selection();
-    const bool isOne = rows.size() == 1 && std::cmp_less(rows.front(), missed_.size());
-    return isOne ? &missed_[static_cast<std::size_t>(rows.front())] : nullptr;
+    const auto row = rows_.Single();
+    return row ? &missed_[*row] : nullptr;
 }
 
 void frmMissed::ShowButtons() {
-    const bool any = !lstMissed_.Selection().empty();
+    const bool any = !rows_.Selected().empty();
     for (Button* button : {&cmdDone, &cmdAgainToday, &cmdAgain})
         button->Enabled(any);
     const MissedReminder* single = Single();
@@ -199,9 +192,7 @@ void frmMissed::Do(const ReminderRequests::Done& request, const OccurrenceRef& n
 }
 
 void frmMissed::cmdAll_Click() {
-    std::vector<int> rows(missed_.size());
-    std::iota(rows.begin(), rows.end(), 0);
-    lstMissed_.SetSelection(rows);
+    rows_.SelectAll();
     ShowButtons();
 }
 
@@ -211,11 +202,7 @@ void frmMissed::Drop(const Names& names) {
     std::erase_if(left, [&](const MissedReminder& missed) { return names.contains(NameOf(missed)); });
     const bool isEmpty = left.empty();
     Fill(std::move(left));
-    if (isEmpty)
-        Close();
-    else if (lstMissed_.Selection().empty())
-        lstMissed_.Select(0);
-    ShowButtons();
+    if (isEmpty) Close();
 }
 
 }  // namespace kaz

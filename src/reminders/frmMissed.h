@@ -2,9 +2,9 @@
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
-#include "forms/TextRows.h"
 #include "reminders/AgainMenu.h"
 #include "reminders/MissedReminders.h"
+#include "reminders/OccurrenceRows.h"
 #include "reminders/ReminderRequests.h"
 #include "reminders/ReminderServices.h"
 
@@ -57,8 +57,7 @@ private:
     ReminderRequests& requests_;
     AgainMenu again_;
     std::vector<MissedReminder> missed_;
-    TextRows rows_;
-    ReportList& lstMissed_;
+    OccurrenceRows rows_;
     Label lblHeading{window(), IDC_lblMissed};
     Button cmdDone{window(), IDC_cmdMissedDone};
     Button cmdAgainToday{window(), IDC_cmdMissedToday};

@@ -24,7 +24,7 @@ frmSleeping::frmSleeping(std::unique_ptr<Window> window, const ReminderServices&
     : Form(std::move(window), services.errors, "frmSleeping"),
       services_(services),
       requests_(requests),
-      lstSleeping_(this->window().Report(IDC_lstSleeping)) {
+      rows_(this->window().Report(IDC_lstSleeping)) {
     On(IDC_lstSleeping, Raised::Select, "lstSleeping_Click", &frmSleeping::lstSleeping_Click);
     On(IDC_lstSleeping, Raised::DoubleClick, "lstSleeping_DblClick", &frmSleeping::lstSleeping_DblClick);
     On(IDC_cmdSleepingEdit, Raised::Click, "lstSleeping_DblClick", &frmSleeping::lstSleeping_DblClick);
@@ -32,35 +32,31 @@ frmSleeping::frmSleeping(std::unique_ptr<Window> window, const ReminderServices&
     On(IDC_cmdSleepingDone, Raised::Click, "cmdEnd_Click", &frmSleeping::cmdEnd_Click);
     On(IDC_cmdSleepingClose, Raised::Click, "cmdClose_Click", &frmSleeping::Close);
     On(0, Raised::CloseBox, "cmdClose_Click", &frmSleeping::Close);
-    lstSleeping_.SetColumns({{"Event", 160, true}, {"Due", 150}, {"Comes again", 150}});
-    lstSleeping_.SetRows(&rows_);
+    this->window()
+        .Report(IDC_lstSleeping)
+        .SetColumns({{"Event", 160, true}, {"Due", 150}, {"Comes again", 150}});
 }
 
 bool frmSleeping::Fill() {
     const LocaleData& locale = services_.platform.locale.Data();
-    const std::vector<OccurrenceRef> selected = Selected();
-    asleep_ = services_.outcomes.AllAsleep();
+    std::vector<Outcomes::Asleep> asleep = services_.outcomes.AllAsleep();
     // What was deleted does not come again, and what has come is shown elsewhere.
-    std::erase_if(asleep_, [&](const Outcomes::Asleep& one) {
+    std::erase_if(asleep, [&](const Outcomes::Asleep& one) {
         return one.until <= services_.platform.clock.Now() || !requests_.eventOf(one.occurrence);
     });
-    std::ranges::stable_sort(asleep_, {}, &Outcomes::Asleep::until);
+    std::ranges::stable_sort(asleep, {}, &Outcomes::Asleep::until);
     std::vector<TextRows::Row> rows;
-    std::vector<int> again;
-    for (const Outcomes::Asleep& one : asleep_) {
+    std::vector<OccurrenceRef> names;
+    for (const Outcomes::Asleep& one : asleep) {
         const clsEvent& event = *requests_.eventOf(one.occurrence);
-        if (std::ranges::find(selected, one.occurrence) != selected.end())
-            again.push_back(static_cast<int>(rows.size()));
+        names.push_back(one.occurrence);
         const DateValue due(one.occurrence.day.Day(), event.AlarmSet() ? event.DueTime().SecondOfDay() : 0);
         rows.push_back({{OneLine(event.DescShown()), DayAndTime(due, event.AlarmSet(), locale),
                          DayAndTime(one.until, true, locale)}});
     }
-    rows_.rows = std::move(rows);
-    lstSleeping_.Refresh();
-    lstSleeping_.SetSelection(again);
-    if (again.empty()) lstSleeping_.Select(0);
+    rows_.Fill(std::move(names), std::move(rows));
     ShowButtons();
-    return !asleep_.empty();
+    return !asleep.empty();
 }
 
 void frmSleeping::Appear() {
@@ -75,16 +71,8 @@ void frmSleeping::Form_Unload() {
 
 void frmSleeping::Close() { services_.openWindows.Unload(*this); }
 
-std::vector<OccurrenceRef> frmSleeping::Selected() const {
-    std::vector<OccurrenceRef> selected;
-    for (const int row : lstSleeping_.Selection())
-        if (std::cmp_less(row, asleep_.size()))
-            selected.push_back(asleep_[static_cast<std::size_t>(row)].occurrence);
-    return selected;
-}
-
 void frmSleeping::ShowButtons() {
-    const std::size_t count = lstSleeping_.Selection().size();
+    const std::size_t count = rows_.Selected().size();
     cmdWake.Enabled(count > 0);
     cmdEnd.Enabled(count > 0);
     cmdEdit.Enabled(count == 1);
@@ -96,19 +84,19 @@ void frmSleeping::Changed() {
 }
 
 void frmSleeping::lstSleeping_DblClick() {
-    const std::vector<OccurrenceRef> selected = Selected();
+    const std::vector<OccurrenceRef> selected = rows_.Selected();
     if (selected.size() != 1) return;
     requests_.edit(selected.front());
     Changed();
 }
 
 void frmSleeping::cmdWake_Click() {
-    services_.outcomes.Sleep(Selected(), services_.platform.clock.Now().ToMinute());
+    services_.outcomes.Sleep(rows_.Selected(), services_.platform.clock.Now().ToMinute());
     Changed();
 }
 
 void frmSleeping::cmdEnd_Click() {
-    services_.outcomes.Answer(Selected());
+    services_.outcomes.Answer(rows_.Selected());
     Changed();
 }
 

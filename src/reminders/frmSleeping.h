@@ -2,7 +2,7 @@
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
-#include "forms/TextRows.h"
+#include "reminders/OccurrenceRows.h"
 #include "reminders/ReminderRequests.h"
 #include "reminders/ReminderServices.h"
 #include "resources/resource.h"
@@ -32,15 +32,12 @@ private:
     void cmdEnd_Click();
     void Close();
 
-    std::vector<OccurrenceRef> Selected() const;
     void Changed();
     void ShowButtons();
 
     ReminderServices services_;
     ReminderRequests& requests_;
-    std::vector<Outcomes::Asleep> asleep_;
-    TextRows rows_;
-    ReportList& lstSleeping_;
+    OccurrenceRows rows_;
     Button cmdWake{window(), IDC_cmdSleepingWake};
     Button cmdEnd{window(), IDC_cmdSleepingDone};
     Button cmdEdit{window(), IDC_cmdSleepingEdit};

@@ -5,6 +5,7 @@
 #include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "reminders/ReminderDay.h"
+#include "reminders/ReminderText.h"
 
 #include <algorithm>
 #include <utility>
@@ -33,15 +34,15 @@ void Forecast::AddDay(const Application& application, DateValue day) {
         for (const ReminderLine& line : lines.All())
             rows_.push_back({"", window, line.time ? time(*line.time) : "", OneLine(line.text)});
     };
-    add("TODAY!", told.TodaysLines());
+    add(kHeadingToday, told.TodaysLines());
     for (const ReminderDay::Alarm& alarm : told.Alarms()) {
         const bool runs = alarm.event->ExecFile;
         std::string text = OneLine(alarm.event->DescShown());
         if (alarm.source == EventSource::Shared) text += " (" + alarm.event->Owner() + ")";
         if (runs) text += " - " + alarm.event->Filename;
-        rows_.push_back({"", runs ? "Runs a file" : "ALARM!", time(alarm.minute), std::move(text)});
+        rows_.push_back({"", runs ? "Runs a file" : kHeadingAlarm, time(alarm.minute), std::move(text)});
     }
-    add("COMING UP", told.UpcomingLines());
+    add(kHeadingComingUp, told.UpcomingLines());
     if (rows_.size() == before) rows_.push_back({"", "", "", "Nothing"});
     const bool isToday = day == application.platform.clock.Today();
     rows_[before][kDay] =
