@@ -87,11 +87,17 @@ void ReminderWindows::ShowTest(const std::string& line) {
         form->AddToList(line);
         form->ShowAsTest(kHeadings[i] + std::string(kTest));
     }
+    const auto missed =
+        std::make_shared<frmMissed>(services_.platform.windows.Create(IDD_MISSED), services_, requests);
+    services_.openWindows.Add(missed);
+    missedTest_ = missed;
+    missed->ShowAsTest(kHeadingMissed + std::string(kTest), line);
 }
 
 void ReminderWindows::CloseTest() {
     for (const auto& test : tests_)
         if (const auto form = test.lock(); form && !form->Closed()) services_.openWindows.Unload(*form);
+    if (const auto form = missedTest_.lock(); form && !form->Closed()) services_.openWindows.Unload(*form);
 }
 
 void ReminderWindows::DropLines(const std::function<bool(const OccurrenceRef&)>& isOver) {

@@ -118,6 +118,7 @@ private:
     std::vector<MissedReminder> missed_;
     std::set<OccurrenceRef> missedShown_;
     std::weak_ptr<frmMissed> missedForm_;
+    std::weak_ptr<frmMissed> missedTest_;
     std::weak_ptr<frmSleeping> sleepingForm_;
     bool missedWaits_ = false;  // for the end of the quiet
     int timesShown_ = 0;

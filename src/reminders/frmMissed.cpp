@@ -15,7 +15,10 @@ namespace kaz {
 
 namespace {
 
-const OccurrenceRef& NameOf(const MissedReminder& missed) { return missed.occurrences.back(); }
+// A line that is only a test is of no event.
+OccurrenceRef NameOf(const MissedReminder& missed) {
+    return missed.occurrences.empty() ? OccurrenceRef() : missed.occurrences.back();
+}
 
 void Append(std::string& note, const std::string& text) { note += (note.empty() ? "" : "; ") + text; }
 
@@ -41,11 +44,25 @@ frmMissed::frmMissed(std::unique_ptr<Window> window, const ReminderServices& ser
     On(IDC_cmdMissedAll, Raised::Click, "cmdAll_Click", &frmMissed::cmdAll_Click);
     On(IDC_cmdMissedLater, Raised::Click, "cmdLater_Click", &frmMissed::Close);
     On(0, Raised::CloseBox, "cmdLater_Click", &frmMissed::Close);
-    lblHeading.Text(kHeadingMissed);
-    this->window().SetText(0, kHeadingMissed);
+    Heading(kHeadingMissed);
     this->window()
         .Report(IDC_lstMissed)
         .SetColumns({{"Day", 110}, {"Time", 50}, {"Event", 160, true}, {"Whose", 70}, {"Note", 150}});
+}
+
+void frmMissed::Heading(const std::string& text) {
+    lblHeading.Text(text);
+    window().SetText(0, text);
+}
+
+void frmMissed::ShowAsTest(const std::string& heading, const std::string& line) {
+    Heading(heading);
+    MissedReminder missed;
+    missed.text = line;
+    missed.moment = services_.platform.clock.Now();
+    missed.isTimed = true;
+    Fill({missed});
+    window().Show(Activation::KeepFocus);
 }
 
 void frmMissed::Fill(std::vector<MissedReminder> missed) {
@@ -113,7 +130,7 @@ void frmMissed::ShowButtons() {
 
 void frmMissed::lstMissed_DblClick() {
     const MissedReminder* single = Single();
-    if (!single) return;
+    if (!single || single->occurrences.empty()) return;
     const OccurrenceRef name = NameOf(*single);
     if (!requests_.eventOf(name)) {
         services_.platform.dialogs.Message("This event is not there any more.");
@@ -156,6 +173,7 @@ void frmMissed::PutOff(const std::vector<MissedReminder>& lines, DateValue until
     std::vector<OccurrenceRef> asleep;
     std::vector<OccurrenceRef> ended;
     for (const MissedReminder& missed : lines) {
+        if (missed.occurrences.empty()) names.insert(NameOf(missed));
         if (!requests_.eventOf(NameOf(missed))) continue;
         names.insert(NameOf(missed));
         asleep.push_back(NameOf(missed));

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <string>
 #include <vector>
 
 namespace kaz {
@@ -25,6 +26,8 @@ public:
     // What is missed now; what was selected and is still there stays selected.
     void Fill(std::vector<MissedReminder> missed);
     void Appear(Activation activation);
+    // Shows that line alone, under that heading. Whatever is done to it answers nothing.
+    void ShowAsTest(const std::string& heading, const std::string& line);
     // Whether it has been closed; it may live on until its handlers have ended.
     bool Closed() const { return closed_; }
     void Form_Unload() override;
@@ -40,6 +43,7 @@ private:
     void cmdMail_Click();
     void cmdAll_Click();
     void Close();
+    void Heading(const std::string& text);
 
     using Names = std::set<OccurrenceRef>;  // of lines, by their last occurrences
     Names Selected() const;

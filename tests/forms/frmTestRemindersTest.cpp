@@ -54,10 +54,14 @@ TEST_F(frmTestRemindersTest, SaysOfEachPartWhetherItWorksAndLeavesNothingBehind)
     machine.files.faults.FailAt(0);
     for (const char* caption : {"COMING UP (test)", "TODAY! (test)", "ALARM! (test)"})
         EXPECT_THAT(Reminders(caption), ElementsAre(StartsWith("TEST - ")));
+    ASSERT_EQ(1U, stage->All(IDD_MISSED).size());
+    stage->Click(*stage->Find(IDD_MISSED), IDC_cmdMissedDone);
+    EXPECT_THAT(app.sideFile.All(), IsEmpty());
     EXPECT_THAT(Reminders("TODAY!"), ElementsAre("Tea"));
     Click(IDC_cmdCloseTest);
     stage->Wait(50);
     EXPECT_EQ(nullptr, Reminder("ALARM! (test)"));
+    EXPECT_THAT(stage->All(IDD_MISSED), IsEmpty());
     EXPECT_THAT(Reminders("TODAY!"), ElementsAre("Tea"));
     EXPECT_EQ(shown, app.reminderWindows.TimesShown());
     EXPECT_EQ(files, machine.files.FilesIn("C:\\KAZ"));

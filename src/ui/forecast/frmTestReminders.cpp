@@ -39,7 +39,7 @@ void frmTestReminders::Run() {
     try {
         app_.reminderWindows.ShowTest("TEST - this is only a test, and no event of yours");
         findings.insert(findings.begin(),
-                        {Result::Fine, "Windows: COMING UP, TODAY! and ALARM! are on the screen, "
+                        {Result::Fine, "Windows: COMING UP, TODAY!, ALARM! and MISSED are on the screen, "
                                        "each with a line that says TEST."});
     } catch (...) {
         findings.insert(findings.begin(), {Result::Wrong, "Windows: they cannot be shown: " +
