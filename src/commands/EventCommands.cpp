@@ -19,8 +19,9 @@ constexpr std::size_t kLongestName = 200;
 
 }  // namespace
 
-std::optional<std::string> EventCommands::Add() {
+std::optional<std::string> EventCommands::Add(std::optional<DateValue> day) {
     clsEvent event;
+    if (day) event.StartDate(*day);
     if (!editor_(event, EditMode::Whole)) return std::nullopt;
     return AddNew(std::move(event));
 }

@@ -31,8 +31,9 @@ public:
 
     EventCommands(Application& application, Editor editor) : app_(application), editor_(std::move(editor)) {}
 
-    // The code of the new event; nothing when the user gave up.
-    std::optional<std::string> Add();
+    // The code of the new event; nothing when the user gave up. `day`: what the editor begins with, if not
+    // today.
+    std::optional<std::string> Add(std::optional<DateValue> day = {});
     // Stores a new event of this user's; its code.
     std::string AddNew(clsEvent event);
     // The code of the edited event; nothing when it was not stored.

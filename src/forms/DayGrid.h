@@ -40,6 +40,12 @@ public:
     virtual int Selected() const = 0;  // -1 when there are no days
     // Ignores a box that is no day.
     virtual void Select(int box) = 0;
+
+    static constexpr int kWholeDay = -1;
+    static constexpr int kNoLine = -2;
+    // What the last DoubleClick was on: a line of the day, counted from 0; kNoLine for the rest of its box;
+    // kWholeDay for a key, and for the word of lines that have no room.
+    virtual int OpenedLine() const = 0;
 };
 
 enum class DayKey { Left, Right, Up, Down, First, Last };

@@ -282,6 +282,9 @@
 #define IDC_cmdCloseDay 1851
 #define IDC_cmdSkipDay 1852
 #define IDC_cmdMoveDay 1853
+#define IDC_cmdAddDay 1854
+#define IDC_cmdEditDay 1855
+#define IDC_lblNoEvents 1856
 
 // frmOptions
 #define IDC_txtDatapath 1500

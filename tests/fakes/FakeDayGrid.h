@@ -17,6 +17,9 @@ public:
     void Refresh() override { cursor_.Refresh(); }
     int Selected() const override { return cursor_.Selected(); }
     void Select(int box) override { cursor_.Select(box); }
+    int OpenedLine() const override { return openedLine; }
+
+    int openedLine = kWholeDay;
 
     // What the user would see in the box.
     std::vector<std::string> Lines(int box) const {

@@ -173,6 +173,37 @@ TEST_F(frmMonthViewTest, ADayIsSkippedOrMovedFromItsList) {
     EXPECT_EQ("Friday, March 17, 2023\r\nTea\r\nTea", Day());
 }
 
+TEST_F(frmMonthViewTest, ADoubleClickEditsTheEventUnderItOrAddsOneOnTheDay) {
+    Save({WithAlarm(OneOff("000001", "Late", kToday), 18, 0),
+          WithAlarm(OneOff("000002", "Early", kToday), 8, 0), OneOff("000003", "All day", kToday)});
+    Open();
+    EXPECT_EQ("Wednesday, March 15, 2023 (today)\r\nAll day\r\n08:00  Early\r\n18:00  Late", Day());
+    const auto type = [&](const char* text) {
+        return [this, text] {
+            Type(IDC_txtDesc, text);
+            Click(IDC_cmdSave);
+        };
+    };
+    InModal(IDD_DAYEVENTS, [&] {
+        EXPECT_THAT(window->Items(IDC_lstDayEvents), ElementsAre("All day", "08:00  Early", "18:00  Late"));
+        Choose(IDC_lstDayEvents, 1);
+        InModal(IDD_EVENT, type("Dawn"));
+        Click(IDC_cmdEditDay);
+    });
+    stage->Open(*window, IDC_Calbox);
+    EXPECT_THAT(Day(), HasSubstr("08:00  Dawn"));
+    if (!fakes) return;
+    Press({DayKey::Right});
+    for (const int line : {DayGrid::kNoLine, 0}) {
+        Fake().Grid(IDC_Calbox).openedLine = line;
+        InModal(IDD_EVENT, type(line == 0 ? "Dinner" : "Lunch"));
+        stage->Open(*window, IDC_Calbox);
+        EXPECT_EQ(line == 0 ? "Thursday, March 16, 2023\r\nDinner" : "Thursday, March 16, 2023\r\nLunch",
+                  Day());
+    }
+    EXPECT_TRUE(app.mainListIsStale);
+}
+
 TEST_F(frmMonthViewTest, TheListIsWrittenAsATextFileAndOpened) {
     constexpr char kFile[] = "C:\\Temp\\KazTempFile.txt";
     Save({OneOff("000001", "Dentist, second floor", kToday)});

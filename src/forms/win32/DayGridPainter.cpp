@@ -3,6 +3,8 @@
 #include "forms/win32/HighContrast.h"
 #include "win32/Text.h"
 
+#include <algorithm>
+
 namespace kaz {
 
 namespace {
@@ -24,6 +26,22 @@ int DayGridPlaces::BoxAt(POINT point) const {
     for (int box = 0; box < DayBoxes::kBoxes; ++box)
         if (const RECT place = Box(box); PtInRect(&place, point)) return box;
     return -1;
+}
+
+DayLines::DayLines(const RECT& box, int rowHeight, const DayGridLook& look, int lines)
+    : top(static_cast<int>(box.top) + look.lineHeight + 3 * look.gap + 1),
+      lineHeight(look.lineHeight),
+      count(lines) {
+    const int room = (rowHeight - 1 - look.lineHeight - 3 * look.gap) / look.lineHeight;
+    shown = std::max(count <= room ? count : room - 1, 0);
+    hasMore = shown < count && room > 0;
+}
+
+int DayLines::At(int y) const {
+    const int line = (y - top) / lineHeight;
+    if (y < top || line > shown) return DayGrid::kNoLine;
+    if (line < shown) return line;
+    return hasMore ? DayGrid::kWholeDay : DayGrid::kNoLine;
 }
 
 DayGridPainter::DayGridPainter(HDC device, const DayBoxes& days, const DayGridPlaces& places,
@@ -81,17 +99,17 @@ void DayGridPainter::PaintNumber(RECT place, const DayBox& box) const {
 
 void DayGridPainter::PaintLines(RECT place, int box, int count) const {
     SelectObject(device_, look_.font);
-    place.top += look_.lineHeight + 3 * look_.gap;
+    const DayLines lines(places_.Box(box), places_.RowHeight(), look_, count);
+    place.top = lines.top;
     place.left += 2 * look_.gap;
     place.right -= look_.gap;
-    const int room = static_cast<int>(place.bottom - place.top - look_.frame) / look_.lineHeight;
-    const int shown = count <= room ? count : room - 1;
-    for (int line = 0; line < shown; ++line) {
+    for (int line = 0; line < lines.shown; ++line) {
         Write(place, days_.Line(box, line), GetSysColor(COLOR_WINDOWTEXT), DT_LEFT | DT_END_ELLIPSIS);
         place.top += look_.lineHeight;
     }
-    if (shown < count && room > 0)
-        Write(place, "+" + std::to_string(count - shown) + " more", GetSysColor(COLOR_GRAYTEXT), DT_LEFT);
+    if (lines.hasMore)
+        Write(place, "+" + std::to_string(count - lines.shown) + " more", GetSysColor(COLOR_GRAYTEXT),
+              DT_LEFT);
 }
 
 void DayGridPainter::Fill(const RECT& place, COLORREF colour) const {

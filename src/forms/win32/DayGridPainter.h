@@ -12,6 +12,8 @@ public:
     // `header`: the height of the line with the names of the days.
     DayGridPlaces(SIZE size, int header) : size_(size), header_(header) {}
 
+    // Of the lowest row.
+    int RowHeight() const { return (static_cast<int>(size_.cy) - header_) / DayBoxes::kRows; }
     RECT Column(int column) const { return {Left(column), 0, Left(column + 1), header_}; }
     RECT Box(int box) const;
     // -1 outside.
@@ -34,6 +36,20 @@ struct DayGridLook {
     int frame = 1;  // the width of the selected day's frame
     int selected = -1;
     bool focused = false;
+};
+
+// The lines of a day in its box, in pixels: where the first one stands, and how many have room. All rows have
+// room for as many.
+struct DayLines {
+    DayLines(const RECT& box, int rowHeight, const DayGridLook& look, int count);
+    // Which one is there: counted from 0, or as DayGrid::OpenedLine tells it.
+    int At(int y) const;
+
+    int top;
+    int lineHeight;
+    int count;
+    int shown;     // of `count`
+    bool hasMore;  // a word of the others stands below them
 };
 
 // Paints a grid of days: whole boxes that touch `dirty`, in the system's colours.

@@ -144,12 +144,19 @@ void DayGridView::OnClick(LPARAM point, bool twice) {
         Select(box);
         raise_(Raised::Select, box);
     }
-    if (twice) raise_(Raised::DoubleClick, box);
+    if (!twice) return;
+    const DayLines lines(Places().Box(box), Places().RowHeight(), look_, cursor_.Days()->Box(box).lines);
+    Open(box, lines.At(GET_Y_LPARAM(point)));
+}
+
+void DayGridView::Open(int box, int line) {
+    openedLine_ = line;
+    raise_(Raised::DoubleClick, box);
 }
 
 bool DayGridView::OnKey(WPARAM key) {
     const int before = cursor_.Selected();
-    if (key == VK_RETURN && before >= 0) raise_(Raised::DoubleClick, before);
+    if (key == VK_RETURN && before >= 0) Open(before, kWholeDay);
     const auto meaning = MeaningOf(key);
     if (!meaning) return key == VK_RETURN;
     if (const int out = cursor_.Press(*meaning); out != 0) {

@@ -26,6 +26,7 @@ public:
     void Refresh() override;
     int Selected() const override { return cursor_.Selected(); }
     void Select(int box) override;
+    int OpenedLine() const override { return openedLine_; }
 
 private:
     static LRESULT CALLBACK Procedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
@@ -34,6 +35,7 @@ private:
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     static LRESULT WantedKeys(const MSG* message);
     void OnClick(LPARAM point, bool twice);
+    void Open(int box, int line);
     bool OnKey(WPARAM key);
     void OnMouseMove(LPARAM point);
     void Paint();
@@ -51,6 +53,7 @@ private:
     DayGridLook look_;
     bool measured_ = false;
     int hovered_ = -1;
+    int openedLine_ = kWholeDay;
 };
 
 }  // namespace kaz

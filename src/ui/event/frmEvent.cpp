@@ -170,7 +170,8 @@ void frmEvent::ShowNew() {
     cmbLayers.Select(clsLayers::kFirstOwn);
     txtDaysWarning.Text("0");
     alarm_.ShowNew(app_.platform.clock.Now());
-    tabs_.ShowNew(app_.platform.clock.Today());
+    const bool hasDay = event_.IDCode.empty() && event_.StartDate() > DateValue();
+    tabs_.ShowNew(hasDay ? event_.StartDate() : app_.platform.clock.Today());
 }
 
 void frmEvent::CopyDataToForm() {

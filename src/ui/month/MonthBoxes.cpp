@@ -4,6 +4,7 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace kaz {
 
@@ -17,11 +18,19 @@ std::string MonthBoxes::Heading(int box) const {
     return FormatDate(grid_.DateOf(grid_.DayIn(box)), pattern, locale_);
 }
 
+std::vector<std::size_t> MonthBoxes::InOrderOfTime(int box) const {
+    const int day = grid_.DayIn(box);
+    std::vector<std::size_t> positions(day > 0 ? grid_.Count(day) : 0);
+    std::iota(positions.begin(), positions.end(), std::size_t{0});
+    std::ranges::stable_sort(positions, {},
+                             [&](std::size_t position) { return grid_.At(day, position).minute; });
+    return positions;
+}
+
 std::vector<std::string> MonthBoxes::Lines(int box) const {
     std::vector<std::string> lines;
-    const int day = grid_.DayIn(box);
-    for (std::size_t position = 0; day > 0 && position < grid_.Count(day); ++position)
-        lines.push_back(grid_.FullLine(day, position));
+    for (const std::size_t position : InOrderOfTime(box))
+        lines.push_back(grid_.FullLine(grid_.DayIn(box), position));
     return lines;
 }
 
@@ -41,9 +50,10 @@ std::string MonthBoxes::WholeDay(int box) const {
     if (day == 0) return {};
     std::string text = Heading(box);
     if (day == grid_.Today()) text.append(" (today)");
-    const std::size_t count = grid_.Count(day);
-    for (std::size_t position = 0; position < std::min(count, kMost); ++position)
-        text.append(kLineBreak).append(grid_.FullLine(day, position));
+    const std::vector<std::size_t> positions = InOrderOfTime(box);
+    const std::size_t count = positions.size();
+    for (std::size_t row = 0; row < std::min(count, kMost); ++row)
+        text.append(kLineBreak).append(grid_.FullLine(day, positions[row]));
     if (count > kMost) text.append(kLineBreak).append(std::to_string(count - kMost)).append(" more");
     if (count == 0) text.append(kLineBreak).append("No events");
     return text;

@@ -19,8 +19,11 @@ public:
     // `dayBeforeMonth`: how dates are written.
     void Show(MonthGrid grid, bool dayBeforeMonth);
     const MonthGrid& Grid() const { return grid_; }
-    // The box's date in words, and all its events.
+    // The box's date in words.
     std::string Heading(int box) const;
+    // The positions of its events, those of the whole day first and the others in the order of their time.
+    std::vector<std::size_t> InOrderOfTime(int box) const;
+    // All its events in that order.
     std::vector<std::string> Lines(int box) const;
 
     std::string ColumnName(int column) const override {

@@ -1,6 +1,7 @@
 #include "ui/month/ShowMonth.h"
 
 #include "forms/WindowFactory.h"
+#include "ui/event/EditEvent.h"
 #include "ui/month/frmMonthView.h"
 #include "ui/print/CalendarPages.h"
 #include "ui/print/PrintLists.h"
@@ -12,8 +13,11 @@ namespace {
 std::shared_ptr<frmMonthView> Open(Application& application) {
     const MonthPrinting printing{[&application](const MonthGrid& grid) { PrintMonthList(application, grid); },
                                  [&application](const MonthGrid& grid) { PrintCalendar(application, grid); }};
-    auto form =
-        std::make_shared<frmMonthView>(application.platform.windows.Create(IDD_MONTH), application, printing);
+    const EventCommands::Editor editor = [&application](clsEvent& event, EditMode mode) {
+        return EditEvent(application, event, mode);
+    };
+    auto form = std::make_shared<frmMonthView>(application.platform.windows.Create(IDD_MONTH), application,
+                                               editor, printing);
     application.openWindows.Add(form);
     form->OnRaised(0, Raised::Load, 0);
     return form;

@@ -11,9 +11,11 @@
 
 namespace kaz {
 
-// What can be done with one of them; the row counts from 0. True when it was done.
+// What can be done on the day, and with one of its events; the row counts from 0. True when it was done.
 struct DayCommands {
     std::string day;  // "Fri 25 Dec"
+    std::function<bool()> add;
+    std::function<bool(int row)> edit;
     std::function<bool(int row)> skip;
     std::function<bool(int row)> move;
 };
@@ -27,6 +29,7 @@ public:
 private:
     void Form_Load();
     void cmdClose_Click() { Leave(); }
+    void cmdAdd_Click();
     void Do(const std::function<bool(int row)>& command);
 
     std::string heading_;

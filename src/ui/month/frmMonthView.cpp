@@ -17,6 +17,7 @@
 #include "ui/month/frmDayEvents.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kaz {
 
@@ -47,10 +48,10 @@ MonthGrid FillMonth(const Application& application, int month, int year, std::in
 }  // namespace
 
 frmMonthView::frmMonthView(std::unique_ptr<kaz::Window> window, Application& application,
-                           MonthPrinting printing)
+                           EventCommands::Editor editor, MonthPrinting printing)
     : Form(std::move(window), application.errors, kName),
       app_(application),
-      commands_(application, {}),
+      commands_(application, std::move(editor)),
       printing_(std::move(printing)),
       boxes_(application.platform.locale.Data(), ThisMonth(application)),
       month_(static_cast<std::int16_t>(boxes_.Grid().Month())),
@@ -176,11 +177,29 @@ void frmMonthView::Calbox_LeadsOut(int days) {
 }
 
 void frmMonthView::Calbox_DblClick(int box) {
+    const int day = boxes_.Grid().DayIn(box);
+    const int line = Calbox().OpenedLine();
+    if (day == 0) return;
+    if (line == DayGrid::kWholeDay)
+        OpenDay(box);
+    else if (line == DayGrid::kNoLine)
+        Add(day);
+    else
+        Edit(day, static_cast<std::size_t>(line));
+}
+
+void frmMonthView::OpenDay(int box) {
     const int number = boxes_.Grid().DayIn(box);
-    if (number == 0) return;
+    const auto position = [order = boxes_.InOrderOfTime(box)](int row) {
+        return order.at(static_cast<std::size_t>(row));
+    };
+    const auto skip = [this](const EventRef& event, DateValue day) { return commands_.Skip(event, day); };
+    const auto move = [this](const EventRef& event, DateValue day) { return commands_.Move(event, day); };
     const DayCommands commands{commands_.NameOfDay(boxes_.Grid().DateOf(number)),
-                               [this, number](int row) { return Do(&EventCommands::Skip, number, row); },
-                               [this, number](int row) { return Do(&EventCommands::Move, number, row); }};
+                               [this, number] { return Add(number); },
+                               [=, this](int row) { return Edit(number, position(row)); },
+                               [=, this](int row) { return Do(skip, number, position(row)); },
+                               [=, this](int row) { return Do(move, number, position(row)); }};
     const auto day = std::make_shared<frmDayEvents>(app_.platform.windows.Create(IDD_DAYEVENTS), errors(),
                                                     boxes_.Heading(box), boxes_.Lines(box), commands);
     app_.openWindows.Add(day);
@@ -188,11 +207,21 @@ void frmMonthView::Calbox_DblClick(int box) {
     app_.openWindows.Unload(*day);
 }
 
-bool frmMonthView::Do(DayCommand command, int day, int position) {
-    const MonthGrid::Entry entry = boxes_.Grid().At(day, static_cast<std::size_t>(position));
+bool frmMonthView::Add(int day) { return Show(commands_.Add(boxes_.Grid().DateOf(day))); }
+
+bool frmMonthView::Edit(int day, std::size_t position) {
+    return Do([this](const EventRef& event, DateValue) { return commands_.Edit(event); }, day, position);
+}
+
+bool frmMonthView::Do(const DayCommand& command, int day, std::size_t position) {
+    const MonthGrid::Entry entry = boxes_.Grid().At(day, position);
     const EventRef event{std::string(entry.code), EventSource::Local,
                          entry.isForeign ? EventType::Foreign : EventType::Own};
-    if (!(commands_.*command)(event, boxes_.Grid().DateOf(day))) return false;
+    return Show(command(event, boxes_.Grid().DateOf(day)));
+}
+
+bool frmMonthView::Show(const std::optional<std::string>& changed) {
+    if (!changed) return false;
     app_.mainListIsStale = true;
     app_.dataWatch->Tell();
     ShowMonth();

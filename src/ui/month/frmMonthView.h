@@ -27,7 +27,8 @@ public:
     static constexpr const char* kName = "frmMonthView";
 
     // The application outlives the form.
-    frmMonthView(std::unique_ptr<kaz::Window> window, Application& application, MonthPrinting printing);
+    frmMonthView(std::unique_ptr<kaz::Window> window, Application& application, EventCommands::Editor editor,
+                 MonthPrinting printing);
 
     // Shows the month with the events as they are now. `month` is 1 to 12; a year
     // outside 100 to 9999 changes nothing.
@@ -51,6 +52,7 @@ private:
     void cmdPrintCal_Click() { printing_.calendar(boxes_.Grid()); }
     void cmd_exit_Click() { app_.openWindows.Unload(*this); }
     void Calbox_DblClick(int box);
+    void OpenDay(int box);
     void Calbox_LeadsOut(int days);
     void TimerToday_Timer();
     void mnuRefresh_Click() { LoadMonth(month_, year_); }
@@ -61,10 +63,12 @@ private:
     std::int16_t Category() const;
     DayGrid& Calbox() const { return window().Grid(IDC_Calbox); }
     void SelectDay(int day);
-    // Does it with an event of that day; true when events are others now.
-    using DayCommand = std::optional<std::string> (EventCommands::*)(const EventRef&,
-                                                                     std::optional<DateValue>);
-    bool Do(DayCommand command, int day, int position);
+    // Each is true when events are others now.
+    bool Add(int day);
+    using DayCommand = std::function<std::optional<std::string>(const EventRef&, DateValue day)>;
+    bool Do(const DayCommand& command, int day, std::size_t position);
+    bool Edit(int day, std::size_t position);
+    bool Show(const std::optional<std::string>& changed);
 
     Application& app_;
     EventCommands commands_;
