@@ -41,6 +41,7 @@ Application::Application(const Platform& services)
     log.ApplicationFolder(runtimePath);
     errors.ShowThrough(
         [this](const std::string& text, const std::string& extra) { errorReports.Show(text, extra); });
+    sideFile.AskForBackup([this] { return SideFileOfBackup(*this); });
     reminderWindows.requests.eventOf = [this](const OccurrenceRef& of) { return Missed().EventOf(of); };
     reminderWindows.requests.runFile = [this](const OccurrenceRef& of) { return RunFileOf(of); };
 }

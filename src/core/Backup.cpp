@@ -18,6 +18,7 @@ namespace kaz {
 namespace {
 
 constexpr const char* kCopyNotice = "Copy of the backup";
+constexpr const char* kSideNotice = "Damaged side file";
 constexpr std::size_t kMostRicher = 3;  // of each archive
 
 // A day's name comes from the locale, where the user may have put anything.
@@ -117,7 +118,9 @@ bool MakeAutoBackup(Application& app, const std::string& word) {
 
 std::optional<FileBackup> NewestBackup(const Application& app, const std::string& fileName) {
     const std::string wanted = FileNameOf(fileName);
-    const auto countIn = wanted == kTaskFile ? TaskFile::CountIn : EventXml::CountIn;
+    const auto countIn = wanted == kTaskFile   ? TaskFile::CountIn
+                         : wanted == kSideFile ? SideFile::CountIn
+                                               : EventXml::CountIn;
     const FileSystem& files = app.platform.files;
     const std::string folder = JoinPath(app.runtimePath, kBackupFolder);
     std::vector<std::pair<FileTime, std::string>> archives;
@@ -129,6 +132,21 @@ std::optional<FileBackup> NewestBackup(const Application& app, const std::string
         if (const std::size_t count = countIn(app.platform.zip.ZpRead(path, wanted)))
             return FileBackup{path, DateOf(app, time), count};
     return std::nullopt;
+}
+
+std::string SideFileOfBackup(Application& app) {
+    const std::string name(kSideFile);
+    const auto backup = NewestBackup(app, name);
+    std::string text =
+        "The file of skipped dates, ends of series, further warnings and answers was damaged. ";
+    if (backup)
+        text += "The one of " + GeneralDateText(backup->made.DateOnly(), app.platform.locale.Data()) +
+                " has taken its place; what you changed since then is not in it.";
+    else
+        text += "No backup has it, so your events are without these now.";
+    app.health.Tell(
+        {kSideNotice, Health::Weight::Warning, text, {{"OK", [&app] { app.health.Clear(kSideNotice); }}}});
+    return backup ? app.platform.zip.ZpRead(backup->archive, name) : std::string();
 }
 
 }  // namespace kaz

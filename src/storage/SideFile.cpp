@@ -106,6 +106,7 @@ void SideFile::Read() {
         } catch (const RuntimeError&) {
             PutDamagedAside();
             Vanished();
+            TakeBackup();
         }
     }
     if (!wasRead_) wasThere_ = isThere_;
@@ -123,6 +124,23 @@ void SideFile::PutDamagedAside() {
     const std::string aside = WithExtension(path_, " (damaged).side");
     log_.LogEvent(path_ + " is damaged, and is kept as " + aside);
     files_.Replace(path_, aside);
+}
+
+void SideFile::TakeBackup() {
+    const std::string text = backup_ && lines_.empty() ? backup_() : std::string();
+    if (CountIn(text) == 0) return;
+    lines_ = ContentOf(text).lines;
+    ++version_;
+    log_.LogEvent(std::to_string(lines_.size()) + " entries of it are taken from a backup");
+}
+
+std::size_t SideFile::CountIn(std::string_view text) {
+    try {
+        const Content content = ContentOf(text);
+        return content.whole ? content.lines.size() + 2 : 0;
+    } catch (const RuntimeError&) {
+        return 0;
+    }
 }
 
 void SideFile::TakeIn(std::string_view text) {

@@ -6,10 +6,13 @@
 #include "storage/SideLine.h"
 #include "support/cSharedLogging.h"
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -29,6 +32,11 @@ public:
     // Goes on with the file at that path; what is unsaved of another one is forgotten.
     void Open(const std::string& path);
     const std::string& Path() const { return path_; }
+    // The text of a backup of the file, "" without one; asked when the file is damaged and the memory holds
+    // nothing that could take its place.
+    void AskForBackup(std::function<std::string()> backup) { backup_ = std::move(backup); }
+    // How many lines such a text has; 0 when it is damaged, or has been cut.
+    static std::size_t CountIn(std::string_view text);
     // Reads the file when it has changed since. True when its lines are others now. A file that cannot be
     // read is logged, leaves the memory as it was and keeps Save from writing over it.
     bool Refresh();
@@ -70,10 +78,12 @@ private:
     void TakeIn(std::string_view text);
     void Vanished();
     void PutDamagedAside();
+    void TakeBackup();
     void Failed(const char* procedure);
 
     FileSystem& files_;
     cSharedLogging& log_;
+    std::function<std::string()> backup_;
     std::string path_;
     Lines lines_;
     Lines saved_;                // as the file was last known to be

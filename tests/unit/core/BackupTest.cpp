@@ -48,6 +48,19 @@ protected:
     std::unique_ptr<Application> app;
 };
 
+TEST_F(Backup, TheFileBesideTheEventsComesBackFromItWhenItIsDamaged) {
+    const std::string file = "C:\\Data\\Events.side", zeros(300, '\0');
+    const SideLine always{"always", OwnOccurrence(OneOff("000001", "x", {}), {}).key, {}, ""};
+    for (const std::string& content : {"KAZ side 1\r\n" + always.Text() + "\r\nend\r\n", zeros}) {
+        machine.files.Put(file, content);
+        Start();
+        EXPECT_TRUE(app->events->AllEvents().front().Extras().always);
+    }
+    EXPECT_EQ(zeros, machine.files.Text("C:\\Data\\Events (damaged).side"));
+    EXPECT_THAT(app->health.Notices(),
+                Contains(Field(&Health::Notice::text, HasSubstr(" has taken its place"))));
+}
+
 TEST_F(Backup, EachStartKeepsWhatIsThere) {
     Start();
     EXPECT_THAT(Log(), AllOf(HasSubstr(kComplete), HasSubstr(kZipped)));
