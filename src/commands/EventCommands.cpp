@@ -74,6 +74,27 @@ std::optional<std::string> EventCommands::Push(const EventRef& event) {
     return event.code;
 }
 
+bool EventCommands::PushAll(const std::vector<EventRef>& events) {
+    std::vector<std::string> codes;
+    const EventRef* foreign = nullptr;
+    for (const EventRef& event : events) {
+        if (event.IsForeign())
+            foreign = &event;
+        else if (event.type != EventType::Past)
+            codes.push_back(event.code);
+    }
+    EventOperations operations = Operations();
+    operations.PushEvents(codes);
+    std::vector<ChangedEvent> changes = operations.TakeChanges();
+    for (const ChangedEvent& change : changes)
+        NoteMoved(*change.after);
+    app_.outcomes.Save();
+    const bool pushed = !changes.empty();
+    EventStep::Record(app_, "push", std::move(changes));
+    if (foreign) Refuses(*foreign, "push");
+    return pushed;
+}
+
 std::optional<DateValue> EventCommands::NextDayOf(const EventRef& event) const {
     const clsEvent* found = event.IsForeign() || event.source != EventSource::Local || !app_.events
                                 ? nullptr
@@ -219,9 +240,13 @@ void EventCommands::NoteEntered(const std::string& code, const clsEvent* before)
     const clsEvent* event = app_.events->ReadEvent(code);
     if (!event) return;
     if (before && before->DueDate() == event->DueDate() && before->DueTime() == event->DueTime()) return;
-    app_.outcomes.Moved(KeyOf(*app_.events, *event));
-    app_.Missed().NoteEntered(*event, app_.platform.clock.Now());
+    NoteMoved(*event);
     app_.outcomes.Save();
+}
+
+void EventCommands::NoteMoved(const clsEvent& event) {
+    app_.outcomes.Moved(KeyOf(*app_.events, event));
+    app_.Missed().NoteEntered(event, app_.platform.clock.Now());
 }
 
 bool EventCommands::Refuses(const EventRef& event, const char* what) {

@@ -40,6 +40,9 @@ public:
     std::optional<std::string> Edit(const EventRef& event);
     // The code of the event when it was there to be pushed.
     std::optional<std::string> Push(const EventRef& event);
+    // Pushes all of them in one step, but for those that have expired; what belongs to others is refused
+    // once. False when none was pushed.
+    bool PushAll(const std::vector<EventRef>& events);
     // The day on which the commands below act, if no other is chosen: the due date of one of the user's own
     // recurring events; nothing for any other event.
     std::optional<DateValue> NextDayOf(const EventRef& event) const;
@@ -58,6 +61,7 @@ public:
 private:
     std::optional<std::string> Edit(const EventRef& event, EditMode mode, EventOperations& operations);
     void NoteEntered(const std::string& code, const clsEvent* before);
+    void NoteMoved(const clsEvent& event);
     // `what` is what can't be done.
     bool Refuses(const EventRef& event, const char* what);
     void RefuseOwners(const clsEvent& event, const std::string& what);

@@ -176,6 +176,12 @@ public:
     virtual void ShowMenuUnder(int control, int command, int menu) = 0;
 
     virtual void SetToolbar(int control, const std::vector<ToolButton>& buttons) = 0;
+    // Gives the button of a command another tooltip; one that is not enabled is grey.
+    virtual void SetToolButton(int control, int command, const std::string& tooltip, bool enabled) = 0;
+
+    // Puts a text on the clipboard in the place of what is there. Throws PermissionDenied while another
+    // program keeps it.
+    virtual void CopyText(const std::string& text) = 0;
 
     // Shows an icon of the resources in the tray, or shows it again with another tip of at most 127
     // characters or as another one. It goes with the window. Throws InternalError when the shell takes no

@@ -19,6 +19,17 @@ clsEvent SharedLike(clsEvent event, const clsEvent& other) {
     return event;
 }
 
+// One day on.
+clsEvent Pushed(clsEvent event) {
+    event.DueDate(event.DueDate().PlusDays(1));
+    // It happens there, though the day was skipped before, or is behind the end of the series.
+    EventExtras extras = event.Extras();
+    extras.Unskip(event.DueDate());
+    if (extras.EndsBefore(event.DueDate())) extras.lastDay = event.DueDate();
+    event.Extras(extras);
+    return event;
+}
+
 }  // namespace
 
 std::string EventOperations::AddEvent(clsEvent event) {
@@ -63,16 +74,22 @@ void EventOperations::PushEvent(const std::string& code, bool fromExpired) {
         return;
     }
     const clsEvent before = *found;
-    clsEvent copy = before;
-    copy.DueDate(copy.DueDate().PlusDays(1));
-    // It happens there, though the day was skipped before, or is behind the end of the series.
-    EventExtras extras = copy.Extras();
-    extras.Unskip(copy.DueDate());
-    if (extras.EndsBefore(copy.DueDate())) extras.lastDay = copy.DueDate();
-    copy.Extras(extras);
-    StoreBack(std::move(copy), before, fromExpired);
+    StoreBack(Pushed(before), before, fromExpired);
     // Kept on purpose: the expired database is saved in every case, also when nothing leaves it.
     expired_.SaveDB();
+}
+
+void EventOperations::PushEvents(const std::vector<std::string>& codes) {
+    CatchUp();
+    std::vector<clsEvent> pushed;
+    for (const clsEvent* event : Find(events_, codes)) {
+        if (event->Deleted) continue;
+        pushed.push_back(Pushed(*event));
+        changes_.push_back({*event, pushed.back()});
+    }
+    if (pushed.empty()) return;
+    events_.StoreRecords(std::move(pushed));
+    events_.SaveDB();
 }
 
 bool EventOperations::SkipDay(const std::string& code, DateValue day) {

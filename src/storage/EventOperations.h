@@ -47,6 +47,8 @@ public:
     EditResult EditEvent(const EventEdit& edit, bool keepWhenGone = false);
     // Puts the due date off by one day; an expired event becomes current again.
     void PushEvent(const std::string& code, bool fromExpired);
+    // The current events with those codes, with one save.
+    void PushEvents(const std::vector<std::string>& codes);
     // The recurring event does not happen on that day, from today on. A due date moves on; after the last of
     // its series the event expires. False, and nothing is changed, when it does not fall on that day.
     bool SkipDay(const std::string& code, DateValue day);

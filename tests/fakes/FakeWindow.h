@@ -111,6 +111,10 @@ public:
     }
     void ShowMenuUnder(int, int, int menu) override { menus.push_back(menu); }
     void SetToolbar(int, const std::vector<ToolButton>& buttons) override { toolbar = buttons; }
+    void SetToolButton(int, int command, const std::string& tooltip, bool enabled) override {
+        tools[command] = enabled ? tooltip : "(" + tooltip + ")";
+    }
+    void CopyText(const std::string& text) override { clipboard = text; }
     void ShowTrayIcon(const std::string& tip, int icon) override;
     void HideTrayIcon() override { trayTip.reset(); }
     void AskForResumes() override { asksForResumes = true; }
@@ -149,6 +153,8 @@ public:
     std::vector<int> menus;
     std::map<int, std::string> commands;  // as the menus name them; in brackets those that cannot be chosen
     std::vector<ToolButton> toolbar;
+    std::map<int, std::string> tools;  // the tooltips of its buttons; in brackets those that are grey
+    std::string clipboard;
     std::optional<std::string> trayTip;  // while the icon is shown
     int trayIcon = 0;
     std::size_t windowsBeforeTray = 0;  // how many there were when the icon was first shown

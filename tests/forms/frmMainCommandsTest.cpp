@@ -129,6 +129,41 @@ TEST_F(frmMainCommandsTest, DeletingAsksOnceAndRefusesOnce) {
     EXPECT_EQ("(Re&do\tCtrl+Y)", Fake().commands[IDM_REDO]);
 }
 
+TEST_F(frmMainCommandsTest, SeveralRowsArePushedAndCopiedAndWhatDoesNotFitARowSaysWhy) {
+    OpenOnFourRows();
+    Select({0, 1, 2, 3});
+    Click(IDM_PUSH);
+    EXPECT_EQ("---|0002|0003|0003", Column(kLeftColumn));
+    EXPECT_EQ(Column(), Selected());
+    EXPECT_THAT(Told(), ElementsAre("You can't push a shared item belonging to someone else"));
+    Select({1, 3});
+    Click(IDM_COPY);
+    if (!fakes) return;  // what a real menu and the clipboard say, it does not tell
+    const std::string row = "0002\tFri\t03/17\t2023\tmine\tLayer 1\tSmith\t\t\r\n";
+    EXPECT_THAT(Fake().clipboard, StartsWith(row));
+    EXPECT_THAT(Fake().clipboard, HasSubstr("Ann's"));
+    const struct {
+        int row, command;
+        const char* menu;
+        const char* tool;
+    } cases[] = {
+        {0, IDM_EDIT, "&Edit\tEnter", "Edit selected event (Enter)"},
+        {0, IDM_PUSH, "(&Push one day on (it has expired; Edit gives it another date)\tCtrl+U)", nullptr},
+        {1, IDM_SKIP, "(S&kip to the next occurrence (it is shown once)\tCtrl+K)",
+         "(Skip to the next occurrence (Ctrl+K): not now, it is shown once)"},
+        {1, IDM_SHAREWITH, "&Share with ...\tCtrl+S", nullptr},
+        {3, IDM_DELETE, "(De&lete (it belongs to somebody else)\tDel)", nullptr},
+    };
+    for (const auto& one : cases) {
+        Select({one.row});
+        Fake().Raise(IDC_ListEvents, Raised::RightClick);
+        EXPECT_EQ(one.menu, Fake().commands[one.command]);
+        if (one.tool) {
+            EXPECT_EQ(one.tool, Fake().tools[one.command]);
+        }
+    }
+}
+
 TEST_F(frmMainCommandsTest, SharingGoesToAllSelectedEventsOfTheUser) {
     OpenOnFourRows();
     Window* const list = window;

@@ -114,6 +114,10 @@ TEST_F(UndoTest, EveryCommandIsTakenBackAndAgainWhateverAnotherProgramHasAdded) 
         {"change of \"Typed\"", [&] { commands.Edit(Ref("000001")); }},
         {"change of \"Typed\"", [&] { commands.Edit(Ref("000003", EventSource::Expired)); }},
         {"push of \"Event 000002\"", [&] { commands.Push(Ref("000002")); }},
+        {"push of 2 events",
+         [&] {
+             commands.PushAll({Ref("000001"), Ref("000005", EventSource::Expired), Ref("000002")});
+         }},
         {"deletion of \"Event 000005\"", [&] { Delete({Ref("000005", EventSource::Expired)}); }},
         {"deletion of 3 events",
          [&] {

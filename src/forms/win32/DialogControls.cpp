@@ -1,5 +1,7 @@
 #include "forms/win32/DialogControls.h"
 
+#include "base/RuntimeError.h"
+#include "forms/win32/Clipboard.h"
 #include "forms/win32/ListContents.h"
 #include "forms/win32/ScreenPlacement.h"
 #include "forms/win32/StockControls.h"
@@ -245,6 +247,15 @@ INT_PTR DialogControls::OnControlColour(UINT message, WPARAM wParam, LPARAM lPar
 
 void DialogControls::SetToolbar(int control, const std::vector<ToolButton>& buttons) {
     toolbars_.try_emplace(control, GetDlgItem(window_, control), module_).first->second.SetButtons(buttons);
+}
+
+void DialogControls::SetToolButton(int control, int command, const std::string& tooltip, bool enabled) {
+    if (const auto toolbar = toolbars_.find(control); toolbar != toolbars_.end())
+        toolbar->second.SetButton(command, tooltip, enabled);
+}
+
+void DialogControls::CopyText(const std::string& text) {
+    if (!PutOnClipboard(window_, ToWide(text))) throw RuntimeError(ErrorNumber::PermissionDenied);
 }
 
 INT_PTR DialogControls::Answer(LRESULT result) {

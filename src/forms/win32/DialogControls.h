@@ -46,6 +46,8 @@ public:
     ReportList& Report(int control) override;
     DayGrid& Grid(int control) override;
     void SetToolbar(int control, const std::vector<ToolButton>& buttons) override;
+    void SetToolButton(int control, int command, const std::string& tooltip, bool enabled) override;
+    void CopyText(const std::string& text) override;
 
 protected:
     explicit DialogControls(HINSTANCE module) : module_(module) {}

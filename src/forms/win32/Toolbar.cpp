@@ -41,6 +41,14 @@ void Toolbar::SetButtons(const std::vector<ToolButton>& buttons) {
     SendMessageW(toolbar_, TB_ADDBUTTONSW, items.size(), reinterpret_cast<LPARAM>(items.data()));
 }
 
+void Toolbar::SetButton(int command, const std::string& tooltip, bool enabled) {
+    for (ToolButton& button : buttons_)
+        if (button.command == command) button.tooltip = tooltip;
+    const auto id = static_cast<WPARAM>(command);
+    if ((SendMessageW(toolbar_, TB_ISBUTTONENABLED, id, 0) != 0) != enabled)
+        SendMessageW(toolbar_, TB_ENABLEBUTTON, id, MAKELPARAM(enabled, 0));
+}
+
 // One strip that is added as a whole: adding icon by icon was the slowest part of opening the main window.
 void Toolbar::LoadPictures() {
     const int size = ToPixels(toolbar_, kPictureSize);

@@ -4,6 +4,7 @@
 #include "forms/win32/ControlView.h"
 #include "win32/Gdi.h"
 
+#include <string>
 #include <vector>
 
 namespace kaz {
@@ -15,10 +16,11 @@ public:
     Toolbar(HWND toolbar, HINSTANCE module) : toolbar_(toolbar), module_(module) {}
 
     void SetButtons(const std::vector<ToolButton>& buttons);
+    // Another tooltip, and whether it can be pressed.
+    void SetButton(int command, const std::string& tooltip, bool enabled);
 
     std::optional<LRESULT> OnNotify(const NMHDR& header) override;
     void OnDpiChanged() override { LoadPictures(); }
-    // Beneath the button that has the keyboard.
     // Beneath the button of a command.
     POINT MenuPointOf(int command) const;
 

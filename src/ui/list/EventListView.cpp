@@ -21,11 +21,12 @@ void EventListView::Show(EventRows rows) { list_.Show(std::move(rows)); }
 
 void EventListView::SelectPlace(int place) {
     Report().ClearSelection();
-    if (list_.RowCount() == 0) return;
+    if (list_.RowCount() == 0) return Tell();
     // Kept on purpose: the place in the list is remembered, not the event; beyond
     // this bound it is the first row.
     const bool there = place >= 0 && place <= kLastRememberedRow && place < list_.RowCount();
     Report().Select(there ? place : 0);
+    Tell();
 }
 
 int EventListView::SelectedRow() const {
@@ -53,10 +54,21 @@ std::vector<EventRef> EventListView::Selected() const {
     return events;
 }
 
+std::string EventListView::SelectedTexts() const {
+    std::string texts;
+    for (const int row : Report().Selection()) {
+        for (int column = 0; column < kEventColumns; ++column)
+            texts.append(column == 0 ? "" : "\t").append(list_.CellText(row, column));
+        texts.append(kLineBreak);
+    }
+    return texts;
+}
+
 void EventListView::SelectAll() {
     std::vector<int> rows(static_cast<std::size_t>(list_.RowCount()));
     std::iota(rows.begin(), rows.end(), 0);
     Report().SetSelection(rows);
+    Tell();
 }
 
 void EventListView::SelectOwn(const std::string& code) {
@@ -64,6 +76,7 @@ void EventListView::SelectOwn(const std::string& code) {
     if (!row) return;
     Report().ClearSelection();
     Report().Select(*row);
+    Tell();
 }
 
 void EventListView::SelectEvents(const std::vector<UndoOutcome::Event>& events) {
@@ -95,6 +108,7 @@ void EventListView::SelectAgain(const Kept& kept) {
     if (rows.empty()) return;
     Report().SetSelection(rows);
     Report().Select(currentRow < 0 ? rows.front() : currentRow);
+    Tell();
 }
 
 std::optional<EventList::Key> EventListView::Neighbour() const {
@@ -146,6 +160,7 @@ bool EventListView::Find(const std::string& term, int from) {
     if (!row) return false;
     Report().ClearSelection();
     Report().Select(*row);
+    Tell();
     return true;
 }
 

@@ -5,9 +5,11 @@
 #include "support/UndoHistory.h"
 #include "ui/list/EventList.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kaz {
@@ -23,6 +25,8 @@ public:
 
     // Once the window is there.
     void Prepare();
+    // Called when the program has selected other rows, or the rows are others.
+    void OnSelection(std::function<void()> listener) { listener_ = std::move(listener); }
     // Takes the place of all rows; nothing is selected then.
     void Show(EventRows rows);
     // Colours follow from the Type column; repaints the list with them.
@@ -36,6 +40,8 @@ public:
     std::optional<EventRef> Current() const;
     std::vector<EventRef> Selected() const;
     std::string_view Description(int row) const { return list_.CellText(row, kEventColumn); }
+    // The selected rows as lines, the cells between tabs.
+    std::string SelectedTexts() const;
     void SelectAll();
     // Selects that event alone, when it is there.
     void SelectOwn(const std::string& code);
@@ -64,10 +70,14 @@ public:
 private:
     ReportList& Report() const { return window_.Report(control_); }
     int CurrentRow() const;
+    void Tell() const {
+        if (listener_) listener_();
+    }
 
     Window& window_;
     int control_;
     EventList list_;
+    std::function<void()> listener_;
 };
 
 }  // namespace kaz

@@ -17,6 +17,7 @@ EventMenu::EventMenu(Window& window, Application& application, EventListView& li
       list_(list),
       clock_(clock),
       commands_(application, std::move(editor)),
+      rows_(window, application, list, commands_),
       face_(std::move(face)) {}
 
 void EventMenu::Add() {
@@ -45,8 +46,18 @@ void EventMenu::Edit() {
 }
 
 void EventMenu::Push() {
-    if (const auto event = list_.Current())
+    const std::vector<EventRef> events = list_.Selected();
+    if (events.size() > 1) {
+        const EventListView::Kept kept = list_.Keep();
+        if (commands_.PushAll(events) && face_.show(std::nullopt)) list_.SelectAgain(kept);
+    } else if (const auto event = list_.Current()) {
         Do(*event, [this](const EventRef& of) { return commands_.Push(of); });
+    }
+}
+
+void EventMenu::Copy() {
+    const std::string texts = list_.SelectedTexts();
+    if (!texts.empty()) window_.CopyText(texts);
 }
 
 void EventMenu::Skip() {
@@ -94,16 +105,6 @@ void EventMenu::NameSteps() {
         const std::string what = step ? " " + ReplaceAll(OneLine(step->Name()), "&", "&&") : "";
         window_.SetCommand(command.command, command.caption + what + command.key, step != nullptr);
     }
-}
-
-// What cannot be skipped can be chosen all the same, and is told why.
-void EventMenu::NameDay() {
-    const auto event = list_.Current();
-    const auto day = event ? commands_.NextDayOf(*event) : std::nullopt;
-    const std::string name = day ? commands_.NameOfDay(*day) : std::string();
-    window_.SetCommand(IDM_SKIP, (day ? "S&kip " + name : "S&kip to the next occurrence") + "\tCtrl+K", true);
-    window_.SetCommand(IDM_MOVEDAY,
-                       (day ? "&Move " + name + " to" : "&Move to another date") + " ...\tCtrl+D", true);
 }
 
 bool EventMenu::EditOccurrence(const OccurrenceRef& occurrence) {

@@ -5,6 +5,7 @@
 #include "forms/Window.h"
 #include "ui/list/EventListView.h"
 #include "ui/main/ReminderClock.h"
+#include "ui/main/RowCommands.h"
 
 #include <functional>
 #include <optional>
@@ -38,10 +39,13 @@ public:
     void Undo() { TakeStep(UndoHistory::Way::Back); }
     void Redo() { TakeStep(UndoHistory::Way::Again); }
 
+    // Puts the selected rows on the clipboard.
+    void Copy();
+
     // Has the menus say what would be taken back.
     void NameSteps();
-    // Has the menu name the day that would be skipped or moved.
-    void NameDay();
+    // What of all this fits the selected events.
+    RowCommands& Rows() { return rows_; }
 
     // For the windows of the reminders: opens the event in the editor. True when it has another day or time
     // now.
@@ -61,6 +65,7 @@ private:
     EventListView& list_;
     ReminderClock& clock_;
     EventCommands commands_;
+    RowCommands rows_;
     Face face_;
 };
 

@@ -68,6 +68,8 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(IDC_cmdHealthNext, Raised::Click, "cmdHealthNext_Click", [this] { bar_.Next(); });
     On(IDC_ListEvents, Raised::ColumnClick, "ListEvents_ColumnClick", &frmMain::ListEvents_ColumnClick);
     On(IDC_ListEvents, Raised::RightClick, "ListEvents_MouseUp", &frmMain::ListEvents_MouseUp);
+    On(IDC_ListEvents, Raised::Select, "ListEvents_ItemClick", [this] { events_.Rows().ShowInToolbar(); });
+    On(IDM_COPY, Raised::Click, "mnuCopy_Click", [this] { events_.Copy(); });
     On(IDC_chkExpired, Raised::Click, "chkExpired_Click", &frmMain::chkExpired_Click);
     On(IDC_cmbCategories, Raised::Select, "cmbCategories_Click", &frmMain::cmbCategories_Click);
     On(IDM_FIND, Raised::Click, "mnuFind_Click", &frmMain::mnuFind_Click);
@@ -85,6 +87,7 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
     On(0, Raised::TrayLost, "ShowIconInTray", [this] { tray_.ShowAgain(); });
     NameCommands();
     ListenToWords();
+    list_.OnSelection([this] { events_.Rows().ShowInToolbar(); });
 }
 
 void frmMain::ListenToWords() {
@@ -206,7 +209,7 @@ void frmMain::RefillKeepingSelection() {
 void frmMain::ListEvents_MouseUp() {
     if (list_.SelectedRow() < 0) return;
     events_.NameSteps();
-    events_.NameDay();
+    events_.Rows().NameInMenu();
     window().ShowMenu(IDR_MENU_LIST);
 }
 

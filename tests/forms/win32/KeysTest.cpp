@@ -4,9 +4,11 @@
 #include "ui/event/frmEvent.h"
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <algorithm>
 #include <array>
+#include <cwchar>
 #include <optional>
 
 namespace kaz {
@@ -132,6 +134,22 @@ TEST_F(KeysTest, CtrlEnterSavesAnEventFromEveryControl) {
         EXPECT_NE(control, GetFocus());
         control = GetFocus();
     } while (control != first && !HasFailure());
+}
+
+TEST_F(KeysTest, CtrlCCopiesTheSelectedRowsAndAButtonThatDoesNotFitThemIsGrey) {
+    Add(*app.events, "caf\xE9", 1);
+    OpenMainAndTick();
+    main->ShowWindow();
+    stage->Pump().ProcessPending();
+    window->SetFocus(IDC_ListEvents);
+    PressWithCtrl('C');
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    const auto text = static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
+    EXPECT_NE(nullptr, text ? std::wcsstr(text, L"\tcaf\xE9\t") : nullptr);
+    CloseClipboard();
+    const HWND toolbar = ControlOf(*window, IDC_Toolbar1);
+    EXPECT_FALSE(SendMessageW(toolbar, TB_ISBUTTONENABLED, IDM_SKIP, 0));
+    EXPECT_TRUE(SendMessageW(toolbar, TB_ISBUTTONENABLED, IDM_PUSH, 0));
 }
 
 TEST_F(KeysTest, AWindowThatComesByItselfLeavesTheKeyboardWhereItIs) {
