@@ -26,9 +26,10 @@ const clsEvent* OccurrenceEvents::FindWithCode(Place& place, const SideKey& key)
             place.byCode.push_back(&event);
         std::ranges::stable_sort(place.byCode, {}, &clsEvent::IDCode);
     }
-    for (const clsEvent* event : std::ranges::equal_range(place.byCode, key.code, {}, &clsEvent::IDCode))
-        if (fits(*event)) return event;
-    return nullptr;
+    auto found = std::ranges::lower_bound(place.byCode, key.code, {}, &clsEvent::IDCode);
+    while (found != place.byCode.end() && (*found)->IDCode == key.code && !fits(**found))
+        ++found;
+    return found != place.byCode.end() && (*found)->IDCode == key.code ? *found : nullptr;
 }
 
 const clsEvent* OccurrenceEvents::FindExpiredOn(const OccurrenceRef& occurrence) {

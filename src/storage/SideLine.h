@@ -7,7 +7,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 namespace kaz {
 
@@ -47,10 +46,10 @@ struct SideGroup {
     const SideKey& key;
 
     friend bool operator<(const SideLine& line, const SideGroup& group) {
-        return std::tie(line.verb, line.key) < std::tie(group.verb, group.key);
+        return line.verb == group.verb ? line.key < group.key : line.verb < group.verb;
     }
     friend bool operator<(const SideGroup& group, const SideLine& line) {
-        return std::tie(group.verb, group.key) < std::tie(line.verb, line.key);
+        return group.verb == line.verb ? group.key < line.key : group.verb < line.verb;
     }
 };
 
