@@ -10,12 +10,19 @@ namespace kaz {
 
 namespace {
 
-// A no-break space stands in the time forms of some locales.
-constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\xA0'; }
+// The length of the blank at the beginning, 0 without one. No-break spaces stand in the time forms of some
+// locales.
+std::size_t BlankLength(std::string_view text) {
+    if (text.starts_with(' ') || text.starts_with('\t')) return 1;
+    for (const std::string_view space : {"\u00A0", "\u202F"})
+        if (text.starts_with(space)) return space.size();
+    return 0;
+}
 
-constexpr bool IsLetter(char c) {
-    const auto code = static_cast<unsigned char>(c | 0x20);
-    return (code >= 'a' && code <= 'z') || (static_cast<unsigned char>(c) >= 0x80 && !IsBlank(c));
+bool BeginsWithLetter(std::string_view text) {
+    if (text.empty()) return false;
+    const char c = CaseFolding::Lower(text.front());
+    return (c >= 'a' && c <= 'z') || (static_cast<unsigned char>(c) >= 0x80 && BlankLength(text) == 0);
 }
 
 constexpr int kMostDigits = 4;
@@ -67,8 +74,8 @@ std::optional<DateValue> DateScanner::Scan() {
 }
 
 void DateScanner::SkipBlanks() {
-    while (at_ < text_.size() && IsBlank(text_[at_]))
-        ++at_;
+    while (const std::size_t blank = BlankLength(text_.substr(at_)))
+        at_ += blank;
 }
 
 std::optional<DateScanner::Part> DateScanner::ReadNumber() {
@@ -108,8 +115,9 @@ bool DateScanner::ScanTime(Part hour) {
 }
 
 std::optional<DateScanner::Half> DateScanner::FindHalf() const {
-    const auto at = std::find_if_not(text_.begin() + static_cast<std::ptrdiff_t>(at_), text_.end(), IsBlank);
-    const auto start = static_cast<std::size_t>(at - text_.begin());
+    std::size_t start = at_;
+    while (const std::size_t blank = BlankLength(text_.substr(start)))
+        start += blank;
     const auto morning = std::max(NameLength("AM", start), NameLength(locale_.morning, start));
     const auto afternoon = std::max(NameLength("PM", start), NameLength(locale_.afternoon, start));
     if (morning == 0 && afternoon == 0) return std::nullopt;
@@ -159,10 +167,9 @@ std::size_t DateScanner::NameLength(std::string_view name, std::size_t at) const
     const bool stop = !name.empty() && name.back() == '.';
     if (stop) name.remove_suffix(1);
     const auto rest = text_.substr(at);
-    if (name.empty() || !CaseFolding::Western().Equal(rest.substr(0, name.size()), name)) return 0;
-    const char next = rest.size() > name.size() ? rest[name.size()] : ' ';
-    if (IsLetter(next)) return 0;
-    return name.size() + (stop && next == '.' ? 1 : 0);
+    const std::size_t length = name.empty() ? 0 : CaseFolding::Letters().LengthOf(name, rest);
+    if (length == std::string_view::npos || BeginsWithLetter(rest.substr(length))) return 0;
+    return length + (length > 0 && stop && rest.substr(length).starts_with('.') ? 1 : 0);
 }
 
 bool DateScanner::AddPart(Part part) {

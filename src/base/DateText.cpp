@@ -3,6 +3,7 @@
 #include "base/CaseFolding.h"
 #include "base/DateScanner.h"
 #include "base/RuntimeError.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 
@@ -70,10 +71,10 @@ private:
 };
 
 std::size_t RunLength(std::string_view pattern, std::size_t at, std::size_t most) {
-    const char letter = CaseFolding::Ascii().Lower(pattern[at]);
+    const char letter = CaseFolding::Lower(pattern[at]);
     std::size_t length = 1;
     while (length < most && at + length < pattern.size() &&
-           CaseFolding::Ascii().Lower(pattern[at + length]) == letter)
+           CaseFolding::Lower(pattern[at + length]) == letter)
         ++length;
     return length;
 }
@@ -112,7 +113,7 @@ void AppendByWindowsPattern(std::string& text, DateValue date, std::string_view 
         case 'H': writer.Hour(std::min<std::size_t>(run, 2), false); break;
         case 'm': writer.Minute(std::min<std::size_t>(run, 2)); break;
         case 's': writer.Second(std::min<std::size_t>(run, 2)); break;
-        case 't': text += run == 1 ? half.substr(0, 1) : half; break;
+        case 't': text += run == 1 ? half.substr(0, FirstLetter(half).length) : half; break;
         default: text.append(run, letter);
         }
     }

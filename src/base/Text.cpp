@@ -1,5 +1,7 @@
 #include "base/Text.h"
 
+#include "base/Utf8.h"
+
 #include <cstdint>
 
 namespace kaz {
@@ -67,8 +69,8 @@ std::string HashDigits(std::string_view bytes) {
 }
 
 std::string Beginning(std::string_view text, std::size_t longest) {
-    std::string beginning(text.substr(0, longest));
-    return text.size() <= longest ? beginning : beginning.append("...");
+    std::string beginning(text.substr(0, BytesOfUtf16(text, longest)));
+    return text.size() <= beginning.size() ? beginning : beginning.append("...");
 }
 
 }  // namespace kaz

@@ -25,12 +25,13 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
 // The text on one line: a blank for each row of line breaks and other control characters, none at the ends.
 std::string OneLine(std::string_view text);
 
-// At most so many bytes of the text, with three dots behind them where something is missing.
+// At most so many letters of the text (as Windows counts them), with three dots behind them where something
+// is missing.
 std::string Beginning(std::string_view text, std::size_t longest);
 
 // The text-equality test used for names: letter case and surrounding blanks do not matter.
 bool StringsEqual(std::string_view a, std::string_view b,
-                  const CaseFolding& folding = CaseFolding::Western()) noexcept;
+                  const CaseFolding& folding = CaseFolding::Letters()) noexcept;
 
 std::string UpperAscii(std::string_view text);
 

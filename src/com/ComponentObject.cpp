@@ -24,7 +24,7 @@ struct CopyPoint {
 };
 
 std::string FolderText(BSTR folder) {
-    return PathToCodePage(std::wstring(folder ? folder : L"", SysStringLen(folder)));
+    return PathText(std::wstring(folder ? folder : L"", SysStringLen(folder)));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "core/NamedEvents.h"
 #include "storage/EventDigest.h"
 #include "storage/EventReplay.h"
+#include "storage/WholeTexts.h"
 
 #include <algorithm>
 #include <utility>
@@ -24,7 +25,7 @@ std::vector<clsEvent> SubjectsOf(const std::vector<ChangedEvent>& changes, Event
 bool IsNone(const ChangedEvent& change) {
     return change.before && change.after && change.wasExpired == change.isExpired &&
            EventDigest(*change.before) == EventDigest(*change.after) &&
-           change.before->Extras() == change.after->Extras();
+           change.before->Extras() == change.after->Extras() && HaveSameTexts(*change.before, *change.after);
 }
 
 std::size_t SizeOf(const std::vector<ChangedEvent>& changes) {

@@ -8,6 +8,7 @@
 #include "storage/EventXml.h"
 #include "storage/Owner.h"
 #include "storage/SideExtras.h"
+#include "storage/WholeTexts.h"
 #include "support/Names.h"
 
 #include <algorithm>
@@ -93,7 +94,7 @@ private:
     }
     static bool IsSame(const clsEvent& now, const clsEvent& then) {
         return EventDigest(now).words == EventDigest(then).words && now.Extras() == then.Extras() &&
-               (now.Recurring() || now.DueDate() == then.DueDate());
+               HaveSameTexts(now, then) && (now.Recurring() || now.DueDate() == then.DueDate());
     }
 
     std::unordered_map<std::string_view, std::pair<const clsEvent*, bool>> codes_;

@@ -241,12 +241,11 @@ void DataWatch::Merge(const Rescued& rescued) {
     keptFolder_ = app_.DataPath();
     keptEvents_.Add(rescued.events);
     keptExpired_.Add(rescued.expired);
+    keptBeside_ += rescued.beside;
     TakeKept();
     if (!rescued.beside.empty()) {
-        app_.sideFile.TakeUnsaved(rescued.beside);
+        TakeKeptBeside();
         app_.sideFile.Save();
-        for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
-            database->TakeExtras();
         ++changesTaken_;
     }
     if (!rescued.settings.empty()) {
@@ -268,12 +267,21 @@ std::size_t DataWatch::Kept(const clsDbXml& database) const {
     return (&database == app_.events.get() ? keptEvents_ : keptExpired_).unseen.size();
 }
 
+// Again behind each event that is put back, since it comes without what its file has no room for.
+void DataWatch::TakeKeptBeside() {
+    if (keptBeside_.empty()) return;
+    app_.sideFile.TakeUnsaved(keptBeside_);
+    for (clsDbXml* database : {app_.events.get(), app_.expired.get()})
+        database->TakeExtras();
+}
+
 // As soon as it is known what is in the file: before, it could not be told what of it has changed.
 void DataWatch::TakeKept() {
     if (IsAllTaken()) return;
     if (keptFolder_ != app_.DataPath()) {
         // The user has chosen another folder. They wait for the next start in theirs.
         keptEvents_ = keptExpired_ = {};
+        keptBeside_.clear();
         rescues_.Leave();
         return;
     }
@@ -285,6 +293,7 @@ void DataWatch::TakeKept() {
         eventsPutBack_ += database->GiveBack(rescued.unseen);
         database->PutOnTop(rescued.changes);
         changesTaken_ += rescued.changes.stored.size() + rescued.changes.removed.size();
+        TakeKeptBeside();
         if (database->HasUnsaved()) database->SaveDB();
         app_.mainListIsStale = true;
     }

@@ -75,6 +75,7 @@ private:
     void ReadTasksAgain();
     bool IsAllTaken() const { return keptEvents_.Empty() && keptExpired_.Empty(); }
     void TakeKept();
+    void TakeKeptBeside();
     void TellTakenOver();
 
     Application& app_;
@@ -87,6 +88,7 @@ private:
     RescuedEvents keptEvents_;
     RescuedEvents keptExpired_;
     std::string keptFolder_;
+    std::string keptBeside_;
     std::size_t changesTaken_ = 0;
     std::size_t eventsPutBack_ = 0;
 };

@@ -1,7 +1,10 @@
 #include "core/RescueFile.h"
 
+#include "base/CodePage.h"
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "storage/EventXml.h"
+#include "storage/SideExtras.h"
 
 #include <algorithm>
 #include <utility>
@@ -35,12 +38,28 @@ void AppendEvents(std::string& text, std::string_view heading, const std::vector
     }
 }
 
+// What the blocks above have no room for; it counts as added, since the file that has it may be out of reach.
+std::string BesideOf(const Rescued& rescued) {
+    std::string text;
+    for (const RescuedEvents* events : {&rescued.events, &rescued.expired})
+        for (const std::vector<clsEvent>* some : {&events->changes.stored, &events->unseen})
+            for (const clsEvent& event : *some)
+                for (const SideLine& line : ExtraLines(event, kOwnEvents))
+                    text.append("+").append(line.Text()).append(kLineBreak);
+    return text;
+}
+
 // What stands between a heading and the next one.
 std::string_view Part(std::string_view text, std::string_view heading) {
     const auto begin = text.find(heading);
     if (begin == std::string_view::npos) return {};
     text.remove_prefix(begin + heading.size());
     return text.substr(0, text.find("\r\n=== "));
+}
+
+// Texts without a form of their own; an earlier version wrote bytes of the code page.
+std::string Words(std::string_view text) {
+    return IsUtf8(text) ? std::string(text) : CodePage::OfSystem().Decode(text);
 }
 
 }  // namespace
@@ -64,7 +83,8 @@ std::string RescueFile::TextOf(const Rescued& rescued) {
     AppendEvents(text, kExpiredRemoved, rescued.expired.changes.removed);
     AppendEvents(text, kEventsUnseen, rescued.events.unseen);
     AppendEvents(text, kExpiredUnseen, rescued.expired.unseen);
-    if (!rescued.beside.empty()) text.append(kBeside).append(rescued.beside).append(kLineBreak);
+    if (const std::string beside = rescued.beside + BesideOf(rescued); !beside.empty())
+        text.append(kBeside).append(beside).append(kLineBreak);
     if (!rescued.settings.empty()) text.append(kSettings).append(rescued.settings).append(kLineBreak);
     if (!rescued.tasks.empty()) text += kTasks;
     for (const std::string& task : rescued.tasks)
@@ -75,8 +95,8 @@ std::string RescueFile::TextOf(const Rescued& rescued) {
 Rescued RescueFile::Read(std::string_view text, const Locale& locale, ErrorSink& errors, bool& whole) {
     whole = text.starts_with(kHead) && text.ends_with(kEnd);
     Rescued rescued;
-    rescued.dataFolder = Part(text, kDataFolder);
-    rescued.programFolder = Part(text, kProgramFolder);
+    rescued.dataFolder = Words(Part(text, kDataFolder));
+    rescued.programFolder = Words(Part(text, kProgramFolder));
     const auto read = [&](std::string_view stored, std::string_view removed, std::string_view unseen) {
         const auto part = [&](std::string_view heading) {
             return EventXml(locale.Data(), errors).ReadAll(Part(text, heading));
@@ -87,8 +107,9 @@ Rescued RescueFile::Read(std::string_view text, const Locale& locale, ErrorSink&
     rescued.expired = read(kExpired, kExpiredRemoved, kExpiredUnseen);
     rescued.beside = Part(text, kBeside);
     // Settings that are cut short would be half a choice.
-    if (whole) rescued.settings = Part(text, kSettings);
-    for (const std::string_view line : Split(Part(text, kTasks), kLineBreak))
+    if (whole) rescued.settings = Words(Part(text, kSettings));
+    const std::string tasks = Words(Part(text, kTasks));
+    for (const std::string_view line : Split(tasks, kLineBreak))
         if (!line.empty()) rescued.tasks.emplace_back(line);
     return rescued;
 }

@@ -1,6 +1,7 @@
 #include "core/RunMark.h"
 
 #include "base/CaseFolding.h"
+#include "base/CodePage.h"
 #include "base/DateText.h"
 #include "base/ErrorTrap.h"
 #include "base/LocaleData.h"
@@ -17,7 +18,7 @@ constexpr std::string_view kSignPattern = "YYYY-MM-DD HH:NN:SS";
 
 // Paths are long and full of what a file name cannot hold.
 std::string ShortNameOf(const std::string& folder) {
-    return HashDigits(CaseFolding::Western().Lower(folder));
+    return HashDigits(CaseFolding::Letters().Lower(folder));
 }
 
 std::optional<DateValue> LastSignIn(std::string_view text) {
@@ -43,7 +44,7 @@ std::optional<RunMark::Died> RunMark::Begin(const std::string& folder) noexcept 
             files_.Delete(path_);
             held_ = files_.OpenAlone(path_);
         }
-        held_->Write(folder + std::string(kLineBreak));
+        held_->Write(CodePage::OfSystem().Encode(folder) + std::string(kLineBreak));
     });
     return died;
 }

@@ -83,7 +83,7 @@ void Startup::WaitForSettings() {
     const std::string& file = app_.settingsFileName;
     for (int waited = 0;; waited += kPause) {
         try {
-            ReadSettingsText(app_.platform.files, app_.platform.locale, file);
+            ReadSettingsText(app_.platform.files, file);
             return;
         } catch (const RuntimeError& error) {
             if (waited >= kPatience)

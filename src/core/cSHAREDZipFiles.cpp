@@ -47,7 +47,7 @@ int cSHAREDZipFiles::MakeZipFile() {
 
 cSHAREDZipFiles::Position cSHAREDZipFiles::Find(std::string_view fileName) const {
     const auto same = [&](const std::string& listed) {
-        return CaseFolding::Western().Equal(listed, fileName);
+        return CaseFolding::Letters().Equal(listed, fileName);
     };
     return std::find_if(fileNames_.begin(), fileNames_.end(), same);
 }

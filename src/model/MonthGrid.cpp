@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "model/Occurrences.h"
 
 #include <algorithm>
@@ -72,7 +73,8 @@ MonthGrid::Entry MonthGrid::At(int day, std::size_t position) const {
 
 std::string MonthGrid::LineInBox(int day, std::size_t position) const {
     const Entry entry = At(day, position);
-    return std::string(entry.description.substr(0, kCharactersInBox)).append(OwnerMark(entry));
+    const std::size_t length = BytesOfLetters(entry.description, kCharactersInBox);
+    return std::string(entry.description.substr(0, length)).append(OwnerMark(entry));
 }
 
 std::string MonthGrid::FullLine(int day, std::size_t position) const {

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "base/Utf8.h"
 
 namespace kaz {
 
@@ -9,6 +10,11 @@ bool clsEvent::NameInShared(std::string_view name, const CaseFolding& folding) c
     // Kept on purpose: the name is looked for anywhere in the text, so the tail of
     // a listed name counts as listed.
     return folding.Find(ShareNames, std::string(name).append(kLineBreak)) != std::string_view::npos;
+}
+
+std::string_view clsEvent::DescShown() const {
+    const bool isShort = desc_.size() <= kLongestShown;
+    return std::string_view(desc_).substr(0, isShort ? desc_.size() : BytesOfUtf16(desc_, kLongestShown));
 }
 
 const EventExtras& clsEvent::Extras() const {

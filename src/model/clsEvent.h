@@ -34,7 +34,7 @@ public:
     std::int32_t Source = 0;
 
     // Whether the name followed by a line break stands anywhere in ShareNames, letter case aside.
-    bool NameInShared(std::string_view name, const CaseFolding& folding = CaseFolding::Western()) const;
+    bool NameInShared(std::string_view name, const CaseFolding& folding = CaseFolding::Letters()) const;
 
     // The event time less MinutesWarning; compared to the minute with the clock.
     DateValue AlarmTime() const { return alarmTime_; }
@@ -75,11 +75,12 @@ public:
     void Recurring(bool value) { recurring_ = value; }
     const std::string& Desc() const { return desc_; }
     void Desc(std::string value) { desc_ = std::move(value); }
-    // The longest description that the user can type, and as much of a longer one as windows show. A file can
-    // hold any length, and a window that is given some millions of characters does not answer any more.
+    // The longest description that the user can type, and as much of a longer one as windows show, in letters
+    // as Windows counts them. A file can hold any length, and a window that is given some millions of
+    // characters does not answer any more.
     static constexpr std::size_t kLongestShown = 100'000;
-    std::string_view DescShown() const { return std::string_view(desc_).substr(0, kLongestShown); }
-    bool IsDescCut() const { return desc_.size() > kLongestShown; }
+    std::string_view DescShown() const;
+    bool IsDescCut() const { return DescShown().size() < desc_.size(); }
     DateValue DueTime() const { return dueTime_; }
     void DueTime(DateValue value) { dueTime_ = value; }
     DateValue DueDate() const { return dueDate_; }

@@ -37,9 +37,9 @@ public:
 };
 
 // The primitive file operations, each of which can fail on its own. What is made of them (safe saving,
-// appending a line, reading a whole text) is in Files.h. Paths are in the system's code page with
-// backslashes. Failures throw RuntimeError: FileNotFound, PathNotFound, PermissionDenied (locked, read-only
-// or denied), PathFileAccess (a folder where a file is wanted, a malformed name), DiskFull, DeviceError.
+// appending a line, reading a whole text) is in Files.h. Paths have backslashes. Failures throw RuntimeError:
+// FileNotFound, PathNotFound, PermissionDenied (locked, read-only or denied), PathFileAccess (a folder where
+// a file is wanted, a malformed name), DiskFull, DeviceError.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;

@@ -36,8 +36,7 @@ private:
 constexpr const char* kSet = "TrustedFiles";
 constexpr std::size_t kLongestPath = 32767;  // of Windows
 
-// Where the code page is UTF-8, these show a name in another order than the system
-// reads it: "txt.exe" as "exe.txt".
+// These show a name in another order than the system reads it: "txt.exe" as "exe.txt".
 constexpr const char* kTurnText[] = {"\xE2\x80\xAA", "\xE2\x80\xAB", "\xE2\x80\xAC",
                                      "\xE2\x80\xAD", "\xE2\x80\xAE", "\xE2\x81\xA6",
                                      "\xE2\x81\xA7", "\xE2\x81\xA8", "\xE2\x81\xA9"};

@@ -1,10 +1,12 @@
 #include "storage/ChangeJournal.h"
 
+#include "base/CodePage.h"
 #include "base/DateText.h"
 #include "base/Text.h"
 #include "platform/Files.h"
 #include "storage/EventFields.h"
 #include "storage/SideExtras.h"
+#include "storage/WholeTexts.h"
 #include "support/Names.h"
 
 #include <algorithm>
@@ -24,8 +26,9 @@ std::string Quoted(std::string_view text) { return "\"" + Beginning(OneLine(text
 
 std::string ValueOf(const EventField& field, const clsEvent& event) {
     if (field.tag == "ShareNames") return OneLine(event.ShareNames);
-    std::string value;
-    field.write(event, FieldWriter(value));
+    std::string bytes;
+    field.write(event, FieldWriter(bytes));
+    const std::string value = CodePage::OfSystem().Decode(bytes);
     return value.starts_with(kNoDay) ? value.substr(kNoDay.size()) : OneLine(value);
 }
 
@@ -42,6 +45,7 @@ void AddValue(std::string& line, std::string_view name, const std::string& befor
 std::string ExtrasOf(const clsEvent& event) {
     std::string text;
     for (const SideLine& line : ExtraLines(event, kOwnEvents)) {
+        if (IsWholeText(line)) continue;
         text.append(text.empty() ? "" : ", ").append(line.verb);
         if (line.day) text.append(" ").append(SideDay(*line.day));
         if (!line.argument.empty()) text.append(" ").append(line.argument);
@@ -94,7 +98,7 @@ void ChangeJournal::Write(std::string_view who, std::string_view what,
             AppendLine(lines, beginning, what, change);
         const std::string file = FileName();
         MakeRoom(file, lines.size());
-        AppendText(files_, file, lines);
+        AppendText(files_, file, CodePage::OfSystem().Encode(lines));
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "storage/EventDigest.h"
 #include "storage/SideExtras.h"
+#include "storage/WholeTexts.h"
 
 #include <set>
 #include <string>
@@ -15,7 +16,7 @@ namespace {
 
 bool IsAnother(const clsEvent& before, const clsEvent& after) {
     return EventDigest(before).words != EventDigest(after).words || before.Extras() != after.Extras() ||
-           (!after.Recurring() && before.DueDate() != after.DueDate());
+           !HaveSameTexts(before, after) || (!after.Recurring() && before.DueDate() != after.DueDate());
 }
 
 // In whichever order they were entered.

@@ -1,8 +1,10 @@
 #include "storage/EventDigest.h"
 
+#include "base/CodePage.h"
 #include "storage/ContentHash.h"
 
 #include <initializer_list>
+#include <string>
 
 namespace kaz {
 
@@ -18,6 +20,7 @@ std::uint64_t Number(std::int32_t value) { return static_cast<std::uint32_t>(val
 
 std::uint64_t WordsOf(const clsEvent& event) {
     ContentHash hash;
+    std::string room;
     std::uint64_t flags = 0;
     for (const bool flag : {event.AlarmSet(), event.Recurring(), event.SharedEvent, event.ExecFile,
                             event.PlayWav, event.ShareWithSpecific})
@@ -31,11 +34,18 @@ std::uint64_t WordsOf(const clsEvent& event) {
         hash.Add(Number(value));
     hash.Add(Moment(event.AlarmTime()));
     hash.Add(Moment(event.DueTime()));
-    for (const std::string* text : {&event.Desc(), &event.SharedLayerName, &event.Email, &event.Owner(),
-                                    &event.Filename, &event.WavFile, &event.ShareNames}) {
-        hash.Add(text->size());
-        hash.Add(*text);
-    }
+    const auto add = [&](const std::string& text, CodePage::Otherwise otherwise) {
+        const std::string_view bytes = CodePage::OfSystem().BytesOf(text, room, otherwise);
+        hash.Add(bytes.size());
+        hash.Add(bytes);
+    };
+    add(event.Desc(), CodePage::Otherwise::Nearest);
+    add(event.SharedLayerName, CodePage::Otherwise::Nearest);
+    add(event.Email, CodePage::Otherwise::QuestionMark);
+    add(event.Owner(), CodePage::Otherwise::Nearest);
+    add(event.Filename, CodePage::Otherwise::QuestionMark);
+    add(event.WavFile, CodePage::Otherwise::QuestionMark);
+    add(event.ShareNames, CodePage::Otherwise::Nearest);
     return hash.Value();
 }
 

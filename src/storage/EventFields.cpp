@@ -1,22 +1,44 @@
 #include "storage/EventFields.h"
 
+#include "base/CodePage.h"
 #include "base/DateText.h"
 #include "base/Numbers.h"
+#include "base/Utf8.h"
 #include "storage/cSharedHTML.h"
 
 #include <charconv>
 
 namespace kaz {
 
-std::string FieldText::Decoded() const { return cSharedHTML::HtmlDecode(text_); }
+std::string FieldText::Text() const { return CodePage::OfSystem().Decode(text_); }
+
+std::string FieldText::Decoded() const {
+    std::string bytes = cSharedHTML::HtmlDecode(text_);
+    return IsAscii(bytes) ? bytes : CodePage::OfSystem().Decode(bytes);
+}
 
 std::int16_t FieldText::Int16() const { return TextToInt16(text_); }
 
 std::int32_t FieldText::Int32() const { return TextToInt32(text_); }
 
-DateValue FieldText::Date() const { return TextToDate(text_, locale_); }
+DateValue FieldText::Date() const {
+    return IsAscii(text_) ? TextToDate(text_, locale_) : TextToDate(Text(), locale_);
+}
 
-void FieldWriter::Encoded(std::string_view value) { cSharedHTML::AppendEncoded(text_, value); }
+void FieldWriter::Text(std::string_view value) {
+    std::string room;
+    text_.append(CodePage::OfSystem().BytesOf(value, room));
+}
+
+void FieldWriter::Name(std::string_view value) {
+    std::string room;
+    text_.append(CodePage::OfSystem().BytesOf(value, room, CodePage::Otherwise::QuestionMark));
+}
+
+void FieldWriter::Encoded(std::string_view value) {
+    std::string room;
+    cSharedHTML::AppendEncoded(text_, CodePage::OfSystem().BytesOf(value, room));
+}
 
 void FieldWriter::Number(std::int32_t value) {
     std::array<char, 12> digits{};
@@ -40,6 +62,12 @@ using Tag = std::string_view;
 template <std::string E::*Member>
 constexpr EventField PlainText(Tag tag) {
     return {tag, [](const E& event, FieldWriter to) { to.Text(event.*Member); },
+            [](E& event, const FieldText& from) { event.*Member = from.Text(); }};
+}
+
+template <std::string E::*Member>
+constexpr EventField PlainName(Tag tag) {
+    return {tag, [](const E& event, FieldWriter to) { to.Name(event.*Member); },
             [](E& event, const FieldText& from) { event.*Member = from.Text(); }};
 }
 
@@ -122,7 +150,7 @@ constexpr std::array<EventField, kEventFieldCount> kFields{{
     DateTime<&E::DueTime, &E::DueTime>("DueTime"),
     Int16<&E::Layer, &E::Layer>("Layer"),
     PlainText<&E::SharedLayerName>("SharedLayerName"),
-    PlainText<&E::Email>("Email"),
+    PlainName<&E::Email>("Email"),
     Int16<&E::MinutesWarning, &E::MinutesWarning>("MinutesWarning"),
     Int16<&E::MonthNumber, &E::MonthNumber>("MonthNumber"),
     Text<&E::Owner, &E::Owner>("Owner"),
@@ -133,8 +161,8 @@ constexpr std::array<EventField, kEventFieldCount> kFields{{
     Int16<&E::WeekDays, &E::WeekDays>("WeekDays"),
     PlainFlag<&E::SharedEvent>("SharedEvent"),
     PlainFlag<&E::ExecFile>("ExecFile"),
-    PlainText<&E::Filename>("Filename"),
-    PlainText<&E::WavFile>("WavFile"),
+    PlainName<&E::Filename>("Filename"),
+    PlainName<&E::WavFile>("WavFile"),
     PlainFlag<&E::PlayWav>("PlayWav"),
     PlainFlag<&E::ShareWithSpecific>("ShareWithSpecific"),
     PlainEncoded<&E::ShareNames>("ShareNames"),

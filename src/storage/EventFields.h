@@ -11,12 +11,13 @@
 
 namespace kaz {
 
-// The text of one field as it stands in a file. A conversion that fails throws TypeMismatch or Overflow.
+// The text of one field as it stands in a file, in bytes of the code page. A conversion that fails throws
+// TypeMismatch or Overflow.
 class FieldText {
 public:
     FieldText(std::string_view text, const LocaleData& locale) : text_(text), locale_(locale) {}
 
-    std::string Text() const { return std::string(text_); }
+    std::string Text() const;
     std::string Decoded() const;
     bool Flag() const { return text_ == "-1"; }
     std::int16_t Int16() const;
@@ -33,7 +34,9 @@ class FieldWriter {
 public:
     explicit FieldWriter(std::string& text) : text_(text) {}
 
-    void Text(std::string_view value) { text_.append(value); }
+    void Text(std::string_view value);
+    // What is the name of something elsewhere; see CodePage::Otherwise.
+    void Name(std::string_view value);
     void Encoded(std::string_view value);
     void Flag(bool value) { text_.append(value ? "-1" : "0"); }
     void Number(std::int32_t value);

@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "storage/EventDigest.h"
 #include "storage/VisibleEvents.h"
+#include "storage/WholeTexts.h"
 #include "storage/clsLayers.h"
 
 #include <string_view>
@@ -57,7 +58,8 @@ EditResult EventOperations::EditEvent(const EventEdit& edit, bool keepWhenGone) 
     const bool isGone = !still || (still->Deleted && !copy.Deleted);
     if (isGone && !keepWhenGone) return EditResult::Gone;
     if (isGone) copy.IDCode.clear();
-    const bool isChanged = !isGone && EventDigest(*still).words != EventDigest(edit.before).words;
+    const bool isChanged = !isGone && (EventDigest(*still).words != EventDigest(edit.before).words ||
+                                       !HaveSameTexts(*still, edit.before));
     if (isChanged && edit.mode == EditMode::Whole) Source(fromExpired).KeepReplaced(*still);
     copy.Deleted = false;
     const clsEvent stored = still ? *still : copy;

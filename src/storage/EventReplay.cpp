@@ -2,6 +2,7 @@
 
 #include "platform/Clock.h"
 #include "storage/EventDigest.h"
+#include "storage/WholeTexts.h"
 
 #include <utility>
 
@@ -36,7 +37,7 @@ bool EventReplay::IsSame(const clsEvent& there, const clsEvent& expected) const 
     const EventDigest is(there);
     const EventDigest was(expected);
     const bool sameDay = there.DueDate() == expected.DueDate() && there.StartDate() == expected.StartDate();
-    return is.words == was.words && (there.Recurring() || sameDay);
+    return is.words == was.words && HaveSameTexts(there, expected) && (there.Recurring() || sameDay);
 }
 
 // In its place, or where its day has taken it.

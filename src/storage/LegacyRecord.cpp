@@ -1,5 +1,6 @@
 #include "storage/LegacyRecord.h"
 
+#include "base/CodePage.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 
@@ -22,7 +23,9 @@ public:
     bool Flag() const { return Bits() != 0; }
     DateValue Date() const { return DateValue::FromSerial(std::bit_cast<double>(Bits())); }
     // A field that was never filled holds zeros instead of blanks.
-    std::string Text() const { return std::string(Trim(bytes_.substr(0, bytes_.find('\0')))); }
+    std::string Text() const {
+        return CodePage::OfSystem().Decode(Trim(bytes_.substr(0, bytes_.find('\0'))));
+    }
     // A text of one line.
     std::string Line() const {
         std::string text = Text();
@@ -50,7 +53,7 @@ public:
     void Date(DateValue value) { Bits(std::bit_cast<std::uint64_t>(value.Serial())); }
     void Text(std::string_view text) {
         std::fill(bytes_.begin(), bytes_.end(), ' ');
-        text.copy(bytes_.data(), bytes_.size());
+        CodePage::OfSystem().Encode(text).copy(bytes_.data(), bytes_.size());
     }
 
 private:

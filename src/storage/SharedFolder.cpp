@@ -1,5 +1,6 @@
 #include "storage/SharedFolder.h"
 
+#include "base/CodePage.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/SafeFileWriter.h"
@@ -79,7 +80,7 @@ std::vector<std::string> SharedFolder::ListedNames(const std::string& listFile) 
     std::vector<std::string> names;
     if (Path().empty()) return names;
     if (!FolderExists(files_, FolderOf(listFile))) throw RuntimeError(ErrorNumber::PathNotFound);
-    const std::string text = ReadFileOrEmpty(files_, listFile);
+    const std::string text = CodePage::OfSystem().Decode(ReadFileOrEmpty(files_, listFile));
     for (const std::string_view line : Split(text, kLineBreak))
         if (const std::string_view name = Trim(line); !name.empty()) names.emplace_back(name);
     return names;
@@ -95,7 +96,7 @@ void SharedFolder::ChangeNames(const std::function<bool(Names&)>& change) {
         for (const std::string& name : names)
             text.append(name).append(kLineBreak);
         SafeFileWriter file(files_, ListFile());
-        file.Write(text);
+        file.Write(CodePage::OfSystem().Encode(text));
         if (ListedNames(ListFile()) == before) file.Commit();
     }
 }

@@ -2,6 +2,7 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "storage/WholeTexts.h"
 
 #include <algorithm>
 #include <array>
@@ -64,15 +65,15 @@ void Take(EventExtras& extras, const SideLine& line) {
 }  // namespace
 
 bool IsExtra(const SideLine& line) {
-    return std::ranges::any_of(std::array{kSkip, kUntil, kTimes, kWarn, kAlways},
-                               [&](std::string_view verb) { return line.verb == verb; });
+    return IsWholeText(line) || std::ranges::any_of(std::array{kSkip, kUntil, kTimes, kWarn, kAlways},
+                                                    [&](std::string_view verb) { return line.verb == verb; });
 }
 
 std::vector<SideLine> ExtraLines(const clsEvent& event, std::string_view file) {
     const EventExtras& extras = event.Extras();
-    if (extras.Empty()) return {};
+    if (extras.Empty() && FitsFile(event)) return {};
     const SideKey key{std::string(file), event.IDCode, CheckOf(event)};
-    std::vector<SideLine> lines;
+    std::vector<SideLine> lines = WholeTextLines(event, key);
     const auto add = [&](std::string_view verb, std::optional<DateValue> day, std::string argument) {
         lines.push_back({std::string(verb), key, day, std::move(argument)});
     };
@@ -88,7 +89,8 @@ std::vector<SideLine> ExtraLines(const clsEvent& event, std::string_view file) {
     return lines;
 }
 
-void GiveExtras(std::vector<clsEvent>& events, const SideLines& lines, std::string_view file) {
+void GiveExtras(std::vector<clsEvent>& events, const SideLines& lines, std::string_view file,
+                const std::function<void(const SideLine& line)>& left) {
     std::unordered_map<std::string_view, std::vector<const SideLine*>> byCode;
     for (const SideLine& line : lines)
         if (line.key.file == file && IsExtra(line)) byCode[line.key.code].push_back(&line);
@@ -96,13 +98,22 @@ void GiveExtras(std::vector<clsEvent>& events, const SideLines& lines, std::stri
         const auto found = byCode.empty() ? byCode.end() : byCode.find(event.IDCode);
         if (found == byCode.end()) {
             if (!event.Extras().Empty()) event.Extras({});
+            TakeWholeTexts(event, {});
             continue;
         }
         const std::string check = CheckOf(event);
         EventExtras extras;
+        std::vector<const SideLine*> texts;
         for (const SideLine* line : found->second)
-            if (line->key.check == check) Take(extras, *line);
+            if (IsWholeText(*line))
+                texts.push_back(line);
+            else if (line->key.check == check)
+                Take(extras, *line);
         event.Extras(extras);
+        if (left)
+            for (const SideLine* line : texts)
+                if (WholeTextFor(event, *line) == WholeText::Left) left(*line);
+        TakeWholeTexts(event, texts);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "model/clsEvent.h"
 #include "storage/SideLine.h"
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -16,7 +17,9 @@ std::vector<SideLine> ExtraLines(const clsEvent& event, std::string_view file);
 
 // Gives each event the extras that the entries of that file have for it, and none where they have none. An
 // entry whose check is not the event's is left alone: its event has been changed by a program that knows
-// nothing of it, or has gone.
-void GiveExtras(std::vector<clsEvent>& events, const SideLines& lines, std::string_view file);
+// nothing of it, or has gone. A whole text has a sum of its own. `left` hears of those whose field is another
+// by now.
+void GiveExtras(std::vector<clsEvent>& events, const SideLines& lines, std::string_view file,
+                const std::function<void(const SideLine& line)>& left = {});
 
 }  // namespace kaz

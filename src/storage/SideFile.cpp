@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "platform/SafeFileWriter.h"
 #include "storage/SideExtras.h"
+#include "storage/WholeTexts.h"
 
 #include <algorithm>
 #include <utility>
@@ -193,13 +194,14 @@ std::vector<SideLine> SideFile::OfCode(const std::string& code) const {
 
 void SideFile::Put(const clsEvent& event, const clsEvent* before) {
     const std::vector<SideLine> old = OfCode(event.IDCode);
-    if (old.empty() && event.Extras().Empty()) return;
+    const std::vector<SideLine> extras = ExtraLines(event, kOwnEvents);
+    if (old.empty() && extras.empty()) return;
     const std::string check = CheckOf(event);
     const std::string checkBefore = before ? CheckOf(*before) : check;
-    const std::vector<SideLine> extras = ExtraLines(event, kOwnEvents);
     Lines wanted(extras.begin(), extras.end());
     for (SideLine line : old) {
-        if (IsExtra(line)) continue;
+        const bool isForeign = IsWholeText(line) && WholeTextFor(event, line) == WholeText::Foreign;
+        if (IsExtra(line) && !isForeign) continue;
         if (line.key.check == checkBefore) line.key.check = check;
         wanted.insert(std::move(line));
     }
@@ -210,7 +212,11 @@ void SideFile::Put(const clsEvent& event, const clsEvent* before) {
 }
 
 void SideFile::GiveExtras(std::vector<clsEvent>& events) const {
-    kaz::GiveExtras(events, lines_, kOwnEvents);
+    kaz::GiveExtras(events, lines_, kOwnEvents, [this](const SideLine& line) {
+        if (toldLeft_.insert(line).second)
+            log_.LogEvent("The whole text in " + path_ + " for the event " + line.key.code +
+                          " is left out, since the event has another text by now");
+    });
 }
 
 bool SideFile::EventsAreThere() const { return FileExists(files_, WithExtension(path_, ".xml")); }

@@ -98,6 +98,7 @@ private:
     unsigned savedVersion_ = 0;  // at which the memory was what the file holds
     std::optional<ErrorInfo> fault_;
     std::string told_;
+    mutable Lines toldLeft_;  // whole texts whose field has changed
 };
 
 // The entries of another user's side file, as far as they can be read; none without one.

@@ -1,5 +1,6 @@
 #include "storage/SideLine.h"
 
+#include "base/CodePage.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -61,7 +62,8 @@ std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_st
 std::string CheckOf(const clsEvent& event) {
     const RecurrenceRule rule = event.Rule();
     ContentHash hash;
-    hash.Add(event.Desc());
+    std::string room;
+    hash.Add(CodePage::OfSystem().BytesOf(event.Desc(), room));
     for (const std::int32_t value :
          {std::int32_t{event.Recurring()}, rule.type, std::int32_t{rule.weekDays},
           std::int32_t{rule.dayOfMonth}, std::int32_t{rule.monthNumber}, std::int32_t{rule.period},

@@ -1,5 +1,6 @@
 #include "storage/TaskFile.h"
 
+#include "base/CodePage.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/Files.h"
@@ -78,6 +79,7 @@ TaskFile::TaskFile(FileSystem& files, const std::string& folder)
       keptPath_(WithExtension(path_, ".bak")) {}
 
 std::string TaskFile::FaultOf(std::string_view task) {
+    if (const CodePage& page = CodePage::OfSystem(); !page.Holds(task)) return page.Refusal(task);
     if (task.find_first_of(kLineBreak) != std::string_view::npos) return "A task must be a single line.";
     for (const std::string_view tag : std::array{kTask, kTaskEnd, kDetails, kDetailsEnd})
         if (cSharedHTML::cInstr(task, tag) > 0)
@@ -91,13 +93,13 @@ TaskFile::Content TaskFile::Read() const {
     const bool plain =
         files_->Kind(path_) == PathKind::Missing && files_->Kind(plainPath_) != PathKind::Missing;
     const std::string& path = plain ? plainPath_ : path_;
-    Content content{plain, ReadFileOrEmpty(*files_, path)};
-    const bool isEmptied = content.text.empty() && FileExists(*files_, path) && HadTasks();
-    if (isEmptied || !IsText(content.text) || (!plain && IsCut(content.text)))
+    const std::string bytes = ReadFileOrEmpty(*files_, path);
+    const bool isEmptied = bytes.empty() && FileExists(*files_, path) && HadTasks();
+    if (isEmptied || !IsText(bytes) || (!plain && IsCut(bytes)))
         throw RuntimeError(
             ErrorNumber::TypeMismatch,
             "the file is damaged, and left as it is. The main window offers what can take its place");
-    return content;
+    return {plain, CodePage::OfSystem().Decode(bytes)};
 }
 
 // What was empty from the beginning may be a new file of somebody's.
@@ -122,9 +124,10 @@ void TaskFile::Save(const std::vector<std::string>& tasks) {
     // Somebody's own editing may hold more than was understood of it.
     const bool foreign =
         known_ && !known_->plain && !known_->text.empty() && known_->text != FileText(TasksOf(known_->text));
-    if (foreign) WriteWholeFile(*files_, keptPath_, known_->text);
+    const CodePage& page = CodePage::OfSystem();
+    if (foreign) WriteWholeFile(*files_, keptPath_, page.Encode(known_->text));
     Content content{false, FileText(tasks)};
-    WriteWholeFile(*files_, path_, content.text);
+    WriteWholeFile(*files_, path_, page.Encode(content.text));
     known_ = std::move(content);
 }
 

@@ -1,5 +1,6 @@
 #include "storage/clsSounds.h"
 
+#include "base/CodePage.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/Files.h"
@@ -12,6 +13,10 @@ constexpr std::string_view kDefaultSound = "alarm.wav";
 
 std::string Entry(std::string_view id, std::string_view wavFile) {
     return std::string(id).append(",").append(wavFile);
+}
+
+std::string InFile(std::string_view text) {
+    return CodePage::OfSystem().Encode(text, CodePage::Otherwise::QuestionMark);
 }
 
 }  // namespace
@@ -49,7 +54,7 @@ void clsSounds::AddorChange(std::string_view id, std::string_view wavFile) {
         std::string entry;
         if (appended_.empty() && !lines_.back().empty()) entry = kLineBreak;
         entry.append(Entry(id, wavFile)).append(kLineBreak);
-        AppendText(files_, fileName_, entry);
+        AppendText(files_, fileName_, InFile(entry));
         appended_ += entry;
     });
 }
@@ -88,8 +93,9 @@ void clsSounds::LoadOnce() {
 void clsSounds::Load() {
     loaded_ = false;
     fileName_ = JoinPath(settings_.TextOr("DataPath", applicationFolder_()), "EventWavs.ini");
-    const std::string text = ReadFileOrEmpty(files_, fileName_);
-    if (!IsText(text)) throw RuntimeError(ErrorNumber::TypeMismatch, fileName_ + " is damaged");
+    const std::string bytes = ReadFileOrEmpty(files_, fileName_);
+    if (!IsText(bytes)) throw RuntimeError(ErrorNumber::TypeMismatch, fileName_ + " is damaged");
+    const std::string text = CodePage::OfSystem().Decode(bytes);
     lines_.clear();
     for (const std::string_view line : Split(text, kLineBreak))
         lines_.emplace_back(line);
@@ -101,7 +107,7 @@ void clsSounds::Save() {
     std::string text;
     for (std::size_t i = 0; i < lines_.size(); ++i)
         text.append(i == 0 ? std::string_view() : kLineBreak).append(lines_[i]);
-    WriteWholeFile(files_, fileName_, text.append(appended_));
+    WriteWholeFile(files_, fileName_, InFile(text.append(appended_)));
 }
 
 // Kept on purpose: the last line is never looked at; in a file of our own making it is the empty text after

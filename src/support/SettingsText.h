@@ -2,9 +2,9 @@
 
 #include "base/RuntimeError.h"
 #include "platform/FileSystem.h"
-#include "platform/Locale.h"
 
 #include <string>
+#include <string_view>
 
 namespace kaz {
 
@@ -15,9 +15,11 @@ struct DamagedSettings : RuntimeError {
         : RuntimeError(ErrorNumber::PathFileAccess, "The settings file " + fileName + " is damaged") {}
 };
 
-// The text of a settings file in the system's code page, whatever editor has saved it: a mark for UTF-8 at
-// its beginning is no part of it, and what is UTF-8 beyond ASCII is converted. A file that is not there has
-// an empty text. Throws as FileSystem does, and DamagedSettings.
-std::string ReadSettingsText(FileSystem& files, const Locale& locale, const std::string& fileName);
+// The text of a settings file, whatever editor has saved it: as bytes of the code page, or as UTF-8, of which
+// a mark at its beginning is no part of it. A file that is not there has an empty text. Throws as FileSystem
+// does, and DamagedSettings.
+std::string ReadSettingsText(FileSystem& files, const std::string& fileName);
+// In bytes of the code page. Throws as SafeFileWriter does.
+void WriteSettingsText(FileSystem& files, const std::string& fileName, std::string_view text);
 
 }  // namespace kaz

@@ -125,7 +125,7 @@ bool cSHAREDSettings::SaveSettings(const std::string& fileName, Failure failure)
             return false;
         }
         const std::string text = TextFor(fileName);
-        WriteWholeFile(files_, fileName, text);
+        WriteSettingsText(files_, fileName, text);
         fileName_ = fileName;
         Remember(text);
         saveFault_.reset();
@@ -157,9 +157,9 @@ void cSHAREDSettings::SaveOnly(const std::string& fileName, std::span<const std:
             return std::any_of(names.begin(), names.end(),
                                [&](std::string_view name) { return KeyOf(name) == key; });
         };
-        const std::string before = ReadSettingsText(files_, locale_, fileName);
+        const std::string before = ReadSettingsText(files_, fileName);
         const std::string text = MergedInto(before, wanted);
-        if (text != before) WriteWholeFile(files_, fileName, text);
+        if (text != before) WriteSettingsText(files_, fileName, text);
         isWhole_ = isWhole_ && text_ == before;
         text_ = text;
         for (const std::string_view name : names) {
@@ -173,7 +173,7 @@ std::string cSHAREDSettings::TextFor(const std::string& fileName) {
     if (!locale_.Folding().Equal(fileName_, fileName)) return FileText();
     std::string file;
     try {
-        file = ReadSettingsText(files_, locale_, fileName);
+        file = ReadSettingsText(files_, fileName);
     } catch (const DamagedSettings&) {
         damagedCopy_ = KeepDamaged(fileName);
     }
@@ -260,7 +260,7 @@ void cSHAREDSettings::LoadSettings(const std::string& fileName) {
     trap([&] {
         DeleteAllSettings();
         neverRead_ = fileName;
-        const std::string text = ReadSettingsText(files_, locale_, fileName);
+        const std::string text = ReadSettingsText(files_, fileName);
         TakeLines(text);
         neverRead_.clear();
         fileName_ = fileName;

@@ -1,7 +1,9 @@
 #include "support/cSharedLogging.h"
 
+#include "base/CodePage.h"
 #include "base/DateText.h"
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "platform/Files.h"
 
 #include <utility>
@@ -25,8 +27,9 @@ void AppendLine(std::string& lines, DateValue time, std::string_view text) {
     std::string line(kFileNumber);
     line.append(FormatDate(time, "HH:NN:SS", kNoNames)).append(", ");
     const bool fits = line.size() + text.size() <= kLongestLine;
-    line.append(fits ? text : text.substr(0, kLongestLine - line.size() - kCut.size()));
-    lines.append(line).append(fits ? "" : kCut).append(kLineBreak);
+    const std::size_t room = fits ? text.size() : kLongestLine - line.size() - kCut.size();
+    line.append(text.substr(0, fits ? room : BytesOfUtf16(text.substr(0, room), room)));
+    lines.append(CodePage::OfSystem().Encode(line)).append(fits ? "" : kCut).append(kLineBreak);
 }
 
 }  // namespace

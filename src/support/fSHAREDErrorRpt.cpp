@@ -1,5 +1,6 @@
 #include "support/fSHAREDErrorRpt.h"
 
+#include "base/CodePage.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "forms/OpenWindows.h"
@@ -43,7 +44,7 @@ std::string fSHAREDErrorRpt::LogText() {
     const std::string file = log_.CurrentLogFilename();
     if (!FileExists(platform_.files, file)) return "No log file";
     try {
-        return ReadWholeFile(platform_.files, file);
+        return CodePage::OfSystem().Decode(ReadWholeFile(platform_.files, file));
     } catch (const RuntimeError& error) {
         return "The log could not be read: " + error.Description();
     }
@@ -98,7 +99,7 @@ void fSHAREDErrorRpt::cmdSaveAsText_Click() {
 void fSHAREDErrorRpt::SaveAsText(const ErrorReport& report) {
     const std::string file = JoinPath(platform_.system.UserFolder(), kTextFile);
     try {
-        WriteWholeFile(platform_.files, file, report.AsText());
+        WriteWholeFile(platform_.files, file, CodePage::OfSystem().Encode(report.AsText()));
     } catch (const RuntimeError& error) {
         throw RuntimeError(error.Number(), file + " could not be written: " + error.Description());
     }

@@ -35,8 +35,10 @@ void frmEditLayers::cmdAccept_Click() {
     // All of them are read before the first one changes, so that a name which cannot be stored changes none.
     CategoryStep::CategoryNames names;
     try {
-        for (std::size_t slot = 0; slot < names.size(); ++slot)
+        for (std::size_t slot = 0; slot < names.size(); ++slot) {
+            FittingText(txtDesc[slot]);
             names[slot] = StorableText(txtDesc[slot], "The name of a category");
+        }
     } catch (const FieldFault& fault) {
         app_.platform.dialogs.Message(fault.Description());
         window().SetFocus(fault.Control());

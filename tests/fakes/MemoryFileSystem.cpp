@@ -16,7 +16,7 @@ std::string Clean(std::string path) {
     return WithoutTrailingBackslash(path);
 }
 
-std::string KeyOf(const std::string& path) { return CaseFolding::Western().Lower(Clean(path)); }
+std::string KeyOf(const std::string& path) { return CaseFolding::Letters().Lower(Clean(path)); }
 
 std::shared_ptr<MemoryFileSystem::Node> NewNode(const std::string& path) {
     const auto node = std::make_shared<MemoryFileSystem::Node>();

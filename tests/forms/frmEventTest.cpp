@@ -1,6 +1,8 @@
 #include "ui/event/frmEvent.h"
 
 #include "FormTest.h"
+#include "base/CodePage.h"
+#include "base/Utf8.h"
 #include "ui/event/EditEvent.h"
 #include "ui/event/OnceFrame.h"
 
@@ -35,7 +37,7 @@ protected:
 };
 
 clsEvent OfKind(std::int32_t type) {
-    clsEvent event = Daily("000007", "Caf\xE9\r\nand cake", DateValue(45010), 3);
+    clsEvent event = Daily("000007", "Café\r\nand cake", DateValue(45010), 3);
     event.RecurrenceType(type);
     event.Owner("Smith");
     event.Layer(3);
@@ -370,7 +372,8 @@ TEST_F(frmEventTest, NoDescriptionIsCutOrChangedByBeingShown) {
         bytes += static_cast<char>(byte);
     std::string lines;
     while (lines.size() < 60000)
-        lines += "Bring the photographs, the caf\xE9 has a new wall.\r\n";
+        lines += "Bring the photographs, the café has a new wall.\r\n";
+    bytes = CodePage::Western().Decode(bytes);
     clsEvent event = Daily("000001", bytes, kToday);
     EXPECT_TRUE(Edit(event, [] {}));
     EXPECT_TRUE(bytes == event.Desc());
@@ -381,7 +384,8 @@ TEST_F(frmEventTest, NoDescriptionIsCutOrChangedByBeingShown) {
     }));
     EXPECT_TRUE(lines + "x" == event.Desc());
 
-    const std::string tooLong = (lines + lines).substr(0, clsEvent::kLongestShown + 1);
+    const std::string twice = lines + lines;
+    const std::string tooLong = twice.substr(0, BytesOfUtf16(twice, clsEvent::kLongestShown + 1));
     EXPECT_FALSE(Edit(event, [&] { window->SetText(IDC_txtDesc, tooLong); }));
     EXPECT_THAT(Told(), ElementsAre(HasSubstr("can have 100000 characters")));
     EXPECT_TRUE(lines + "x" == event.Desc());

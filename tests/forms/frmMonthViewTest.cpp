@@ -116,13 +116,12 @@ TEST_F(frmMonthViewTest, FollowsTheFilesTheFilterAndTheDay) {
     work.Layer(4);
     Save({work, Of("Smith", OneOff("000002", "Dentist", kToday))});
     app.settings.StoreSetting("Networked", true);
-    ShareAsAnn({Of("Ann", OneOff("000003", "Caf\xE9", kToday))});
+    ShareAsAnn({Of("Ann", OneOff("000003", "Café", kToday))});
     app.layers.Layer(4, " Work ");
     Open(2, 2023);
     EXPECT_EQ(17, Grid().Selected());  // the day of the month stays
     Click(IDC_cmdNow);
-    EXPECT_EQ("Wednesday, March 15, 2023 (today)\r\nReport [Smith]\r\nDentist [Smith]\r\nCaf\xE9 [Ann]",
-              Day());
+    EXPECT_EQ("Wednesday, March 15, 2023 (today)\r\nReport [Smith]\r\nDentist [Smith]\r\nCafé [Ann]", Day());
 
     SaveElsewhere(Of("Smith", OneOff("", "Train", kToday)));
     app.mainListIsStale = false;

@@ -1,6 +1,7 @@
 #include "ui/tasks/frmTasks.h"
 
 #include "FormTest.h"
+#include "base/CodePage.h"
 
 namespace kaz {
 namespace {
@@ -22,7 +23,7 @@ protected:
         TurnTo(IDD_TASKS);
     }
     std::vector<std::string> Shown() { return window->Items(IDC_lst_tasks); }
-    std::string OnDisk() { return Saved(kFile); }
+    std::string OnDisk() { return CodePage::OfSystem().Decode(Saved(kFile)); }
     std::string LastMessage() {
         return machine.dialogs.messages.empty() ? "" : machine.dialogs.messages.back();
     }
@@ -34,13 +35,13 @@ TEST_F(frmTasksTest, EachChangeIsShownAndSavedAtOnce) {
     for (const int button : {IDC_cmd_change, IDC_cmd_delete})
         Click(button);
     EXPECT_THAT(Told(), Each("Please select a task first"));
-    machine.dialogs.inputs = {"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread", "", std::nullopt};
+    machine.dialogs.inputs = {"Milk", "Café & <b>\u0081\t%41", "Bread", "", std::nullopt};
     for (int i = 0; i < 5; ++i)
         Click(IDC_cmd_add);
     EXPECT_EQ("Enter a task|Enter a todo item:|", machine.dialogs.questions.front());
-    EXPECT_THAT(Shown(), ElementsAre("Milk", "Caf\xE9 & <b>\x81 %41", "Bread"));
+    EXPECT_THAT(Shown(), ElementsAre("Milk", "Café & <b>\u0081 %41", "Bread"));
     EXPECT_EQ(2, window->Selected(IDC_lst_tasks));
-    EXPECT_EQ(FileOf({"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread"}), OnDisk());
+    EXPECT_EQ(FileOf({"Milk", "Café & <b>\u0081\t%41", "Bread"}), OnDisk());
 
     Choose(IDC_lst_tasks, 1);
     machine.dialogs.inputs = {"two\r\nlines", "a</details>b", "Tea"};
@@ -56,7 +57,7 @@ TEST_F(frmTasksTest, EachChangeIsShownAndSavedAtOnce) {
     EXPECT_EQ(FileOf({}), OnDisk());
     for (int i = 0; i < 4; ++i)
         Click(IDC_cmd_undoTask);
-    EXPECT_EQ(FileOf({"Milk", "Caf\xE9 & <b>\x81\t%41", "Bread"}), OnDisk());
+    EXPECT_EQ(FileOf({"Milk", "Café & <b>\u0081\t%41", "Bread"}), OnDisk());
     EXPECT_EQ(1, window->Selected(IDC_lst_tasks));
     Click(IDC_cmd_redoTask);
     EXPECT_THAT(Shown(), ElementsAre("Milk", "Tea", "Bread"));

@@ -14,7 +14,7 @@ namespace {
 std::string TemporaryFolder() {
     wchar_t path[MAX_PATH]{};
     GetTempPathW(MAX_PATH, path);
-    return JoinPath(ToCodePage(path), "kaz-bench");
+    return JoinPath(ToUtf8(path), "kaz-bench");
 }
 
 }  // namespace
@@ -49,7 +49,7 @@ void BenchProgram::Events(int count) {
         clsEvent event;
         event.IDCode = std::to_string(100000 + i);
         event.Desc("Event " + std::to_string(random) +
-                   ": pay the caf\xE9 rent, see the e-mail of 3.2.; 50 percent deposit");
+                   ": pay the café rent, see the e-mail of 3.2.; 50 percent deposit");
         event.Owner(i % 3 == 0 ? "Ann" : "Smith");
         event.Layer(static_cast<std::int16_t>(1 + random % 19));
         event.DueDate(app_.platform.clock.Today().PlusDays(1 + static_cast<int>((random >> 8) % 400)));

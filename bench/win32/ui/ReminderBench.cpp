@@ -14,7 +14,7 @@ std::vector<std::string> ComingUp(int count, int shift) {
     std::vector<std::string> lines;
     for (int i = 0; i < count; ++i)
         lines.push_back("In " + std::to_string(1 + (i * 7 + shift) % 30) +
-                        " days: pay the caf\xE9 rent, number " + std::to_string(i));
+                        " days: pay the café rent, number " + std::to_string(i));
     return lines;
 }
 

@@ -61,14 +61,14 @@ std::string ListContents::Item(int position) const {
         item.pszText = text.data();
         item.cchTextMax = static_cast<int>(text.size());
         if (!SendMessageW(control_, TCM_GETITEMW, at, reinterpret_cast<LPARAM>(&item))) return {};
-        return ToCodePageExactly(item.pszText);
+        return ToUtf8(item.pszText);
     }
     const LRESULT length = Send({LB_GETTEXTLEN, CB_GETLBTEXTLEN, 0}, at);
     if (length <= 0) return {};
     text.resize(static_cast<std::size_t>(length) + 1);
     Send({LB_GETTEXT, CB_GETLBTEXT, 0}, at, reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(length));
-    return ToCodePageExactly(text);
+    return ToUtf8(text);
 }
 
 void ListContents::Clear(std::size_t expected) {

@@ -29,7 +29,7 @@ bool ChooseFolder(IFileOpenDialog& dialog, const std::wstring& title, std::optio
     TaskText path;
     if (FAILED(shown) || FAILED(dialog.GetResult(item.Put()))) return false;
     if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, path.Put()))) return false;
-    chosen = PathToCodePage(path.Get());
+    chosen = PathText(path.Get());
     return true;
 }
 
@@ -44,7 +44,7 @@ std::optional<std::string> ChooseFolderInTree(const std::wstring& title) {
     const BOOL found = SHGetPathFromIDListW(list, path);
     CoTaskMemFree(list);
     if (!found) return std::nullopt;
-    return PathToCodePage(path);
+    return PathText(path);
 }
 
 std::optional<std::string> AskForPath(BOOL(WINAPI* ask)(OPENFILENAMEW*), const std::wstring& title,
@@ -64,7 +64,7 @@ std::optional<std::string> AskForPath(BOOL(WINAPI* ask)(OPENFILENAMEW*), const s
     request.Flags = flags | OFN_NOCHANGEDIR | OFN_EXPLORER | OFN_ENABLESIZING;
     if (!ask(&request)) return std::nullopt;
     path.resize(path.find(L'\0'));
-    return PathToCodePage(path);
+    return PathText(path);
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ std::string ControlText(HWND control) {
     const int length = GetWindowTextLengthW(control);
     std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
     text.resize(static_cast<std::size_t>(GetWindowTextW(control, text.data(), length + 1)));
-    return ToCodePageExactly(text);
+    return ToUtf8(text);
 }
 
 void SetControlText(HWND control, const std::string& text) { SetWindowTextW(control, ToWide(text).c_str()); }

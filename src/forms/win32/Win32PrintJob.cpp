@@ -1,6 +1,7 @@
 #include "forms/win32/Win32PrintJob.h"
 
 #include "base/RuntimeError.h"
+#include "base/Utf8.h"
 #include "win32/Text.h"
 
 #include <algorithm>
@@ -109,14 +110,14 @@ std::size_t Win32PrintJob::Fitting(std::string_view text, PaperFont font, int wi
     Select(font);
     // No line is longer, and a text of any length is not measured whole for each of its lines.
     constexpr std::size_t kLongestLine = 1000;
-    const std::wstring wide = ToWide(text.substr(0, kLongestLine));
+    text = text.substr(0, BytesOfUtf16(text, kLongestLine));
+    const std::wstring wide = ToWide(text);
     SIZE size{};
     int count = 0;
     const int room = MulDiv(std::max(width - 1, 0), GetDeviceCaps(context_.Get(), LOGPIXELSX), kPerInch);
     GetTextExtentExPointW(context_.Get(), wide.c_str(), static_cast<int>(wide.size()), room, &count, nullptr,
                           &size);
-    if (static_cast<std::size_t>(count) == wide.size()) return std::min(text.size(), kLongestLine);
-    return ToCodePage(std::wstring_view(wide).substr(0, static_cast<std::size_t>(count))).size();
+    return BytesOfUtf16(text, static_cast<std::size_t>(count));
 }
 
 bool Win32PrintJob::Print(const std::vector<PaperPage>& pages) {

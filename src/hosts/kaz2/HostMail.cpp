@@ -74,9 +74,8 @@ void HostMail::Finish(std::chrono::milliseconds most) {
 MailNews& HostMail::News() {
     if (!news_) {
         balloon_.emplace(log_.FileName());
-        news_ =
-            std::make_shared<MailNews>([this](const std::string& line) { log_.Write(line); },
-                                       [this](const std::string& text) { balloon_->Show(FromUtf8(text)); });
+        news_ = std::make_shared<MailNews>([this](const std::string& line) { log_.Write(line); },
+                                           [this](const std::string& text) { balloon_->Show(ToWide(text)); });
     }
     return *news_;
 }

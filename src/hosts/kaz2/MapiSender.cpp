@@ -82,14 +82,14 @@ using SendFunction = ULONG(WINAPI*)(LHANDLE session, ULONG_PTR window, Message* 
                                     ULONG reserved);
 
 ULONG Call(SendFunction send, const Mail& mail, const std::vector<std::string>& addresses) {
-    std::wstring subject = FromUtf8(mail.subject);
-    std::wstring text = FromUtf8(mail.text);
+    std::wstring subject = ToWide(mail.subject);
+    std::wstring text = ToWide(mail.text);
     std::vector<std::wstring> names;
     names.reserve(addresses.size());
     std::vector<Recipient> recipients;
     recipients.reserve(addresses.size());
     for (const std::string& address : addresses)
-        names.push_back(L"SMTP:" + FromUtf8(address));
+        names.push_back(L"SMTP:" + ToWide(address));
     // The name is the address without its kind.
     for (std::wstring& name : names)
         recipients.push_back({0, MAPI_TO, name.data() + 5, name.data(), 0, nullptr});

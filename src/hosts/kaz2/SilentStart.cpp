@@ -14,7 +14,8 @@ namespace {
 
 // Not by LeadingNumber: what that brings along would make the host a tenth larger.
 bool IsTrue(std::string_view value) {
-    return StringsEqual(value, "TRUE") || std::strtod(std::string(value).c_str(), nullptr) != 0;
+    return StringsEqual(value, "TRUE", CaseFolding::Ascii()) ||
+           std::strtod(std::string(value).c_str(), nullptr) != 0;
 }
 
 }  // namespace
@@ -25,7 +26,7 @@ bool SaysSilentStart(const std::string& settings) {
         const std::size_t end = std::min(settings.find_first_of("\r\n", start), settings.size());
         const std::string_view line(settings.data() + start, end - start);
         const std::size_t comma = line.find(',');
-        if (comma != line.npos && StringsEqual(line.substr(0, comma), "SILENTSTART"))
+        if (comma != line.npos && StringsEqual(line.substr(0, comma), "SILENTSTART", CaseFolding::Ascii()))
             silent = IsTrue(line.substr(comma + 1));
         start = end + 1;
     }

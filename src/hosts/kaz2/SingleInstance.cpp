@@ -30,7 +30,7 @@ std::wstring NameFor(const std::wstring& folder) {
     CharUpperBuffW(path.data(), static_cast<DWORD>(path.size()));
     // A path may be longer than the name of a mutex, and holds backslashes, which such a name may not.
     const std::string_view bytes(reinterpret_cast<const char*>(path.data()), path.size() * sizeof path[0]);
-    return L"KAZ2-" + FromUtf8(HashDigits(bytes));
+    return L"KAZ2-" + ToWide(HashDigits(bytes));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "hosts/kaz2/TextFile.h"
 
 #include "win32/Handles.h"
+#include "win32/SystemCodePage.h"
 #include "win32/Text.h"
 
 #include <algorithm>
@@ -40,7 +41,11 @@ std::string Utf8OfFile(std::string bytes) {
     const int size = static_cast<int>(bytes.size());
     if (size == 0 || MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0) > 0)
         return bytes;
-    return ToUtf8(ToWide(bytes));
+    const unsigned page = SystemCodePageNumber();
+    std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0)),
+                      L'\0');
+    MultiByteToWideChar(page, 0, bytes.data(), size, wide.data(), static_cast<int>(wide.size()));
+    return ToUtf8(wide);
 }
 
 bool AppendToFile(const std::wstring& fileName, const std::string& bytes) {

@@ -8,8 +8,7 @@ namespace kaz {
 class PosixLocale : public Locale {
 public:
     const LocaleData& Data() const override { return data_; }
-    const CaseFolding& Folding() const override { return CaseFolding::Western(); }
-    std::optional<std::string> FromUtf8(std::string_view) const override { return std::nullopt; }
+    const CaseFolding& Folding() const override { return CaseFolding::Letters(); }
 
 private:
     LocaleData data_;

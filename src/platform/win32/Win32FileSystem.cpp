@@ -213,7 +213,8 @@ std::vector<std::string> Win32FileSystem::FilesIn(const std::string& folder) con
     for (bool more = static_cast<bool>(found); more; more = FindNextFileW(found.Get(), &data) != FALSE) {
         if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
         // Another name than the file's own would be of no use to anybody.
-        if (auto name = ToCodePageIfExact(data.cFileName)) names.push_back(*std::move(name));
+        if (std::string name = ToUtf8(data.cFileName); ToWide(name) == data.cFileName)
+            names.push_back(std::move(name));
     }
     return names;
 }
@@ -224,7 +225,7 @@ std::string Win32FileSystem::CurrentFolder() const {
     const DWORD length = GetCurrentDirectoryW(size, folder.data());
     if (length == 0 || length >= size) ThrowSystemError(length == 0 ? GetLastError() : ERROR_PATH_NOT_FOUND);
     folder.resize(length);
-    return PathToCodePage(folder);
+    return PathText(folder);
 }
 
 }  // namespace kaz

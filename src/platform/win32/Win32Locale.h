@@ -8,12 +8,10 @@ class Win32Locale : public Locale {
 public:
     Win32Locale();
     const LocaleData& Data() const override { return data_; }
-    const CaseFolding& Folding() const override { return folding_; }
-    std::optional<std::string> FromUtf8(std::string_view text) const override;
+    const CaseFolding& Folding() const override { return CaseFolding::Letters(); }
 
 private:
     LocaleData data_;
-    CaseFolding folding_;
 };
 
 }  // namespace kaz

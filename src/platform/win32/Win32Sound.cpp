@@ -26,7 +26,7 @@ std::string Win32Sound::DeviceName() const {
         device = 0;
     WAVEOUTCAPSW caps{};
     if (waveOutGetDevCapsW(device, &caps, sizeof caps) != MMSYSERR_NOERROR) return {};
-    return ToCodePage(caps.szPname);
+    return ToUtf8(caps.szPname);
 }
 
 bool Win32Sound::Plays(const std::string& format) const {

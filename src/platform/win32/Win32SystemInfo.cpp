@@ -41,7 +41,7 @@ std::string Win32SystemInfo::ModuleFolder() const {
         }
         path.resize(path.size() * 2);
     }
-    return WithoutTrailingBackslash(FolderOf(PathToCodePage(path)));
+    return WithoutTrailingBackslash(FolderOf(PathText(path)));
 }
 
 std::string Win32SystemInfo::UserFolder() const {
@@ -49,7 +49,7 @@ std::string Win32SystemInfo::UserFolder() const {
     for (const KNOWNFOLDERID& folder : {FOLDERID_Documents, FOLDERID_Profile}) {
         TaskText path;
         if (SUCCEEDED(SHGetKnownFolderPath(folder, 0, nullptr, path.Put())))
-            return WithoutTrailingBackslash(PathToCodePage(path.Get()));
+            return WithoutTrailingBackslash(PathText(path.Get()));
     }
     throw RuntimeError(ErrorNumber::PathNotFound);
 }
@@ -58,13 +58,13 @@ std::string Win32SystemInfo::LocalFolder() const {
     // From the environment: a start asks for it, and should not wait for the shell.
     wchar_t path[MAX_PATH + 1]{};
     const DWORD length = GetEnvironmentVariableW(L"LOCALAPPDATA", path, MAX_PATH + 1);
-    return length > MAX_PATH ? std::string() : WithoutTrailingBackslash(PathToCodePage(path));
+    return length > MAX_PATH ? std::string() : WithoutTrailingBackslash(PathText(path));
 }
 
 std::string Win32SystemInfo::TemporaryFolder() const {
     wchar_t path[MAX_PATH + 1]{};
     if (GetTempPathW(MAX_PATH + 1, path) == 0) ThrowSystemError(GetLastError());
-    return WithoutTrailingBackslash(PathToCodePage(path));
+    return WithoutTrailingBackslash(PathText(path));
 }
 
 }  // namespace kaz

@@ -61,7 +61,7 @@ void ArchiveImage::Add(std::string_view name, std::string contents, FileTime mod
     const File& file = files_.back();
     zip_source_t* source = zip_source_buffer(archive_, file.contents.data(), file.contents.size(), 0);
     if (source == nullptr) ThrowArchiveError();
-    const zip_int64_t index = zip_file_add(archive_, file.name.c_str(), source, 0);
+    const zip_int64_t index = zip_file_add(archive_, file.name.c_str(), source, ZIP_FL_ENC_UTF_8);
     if (index < 0) {
         zip_source_free(source);
         ThrowArchiveError();
@@ -88,7 +88,7 @@ void ArchiveImage::WriteTo(SafeFileWriter& writer) {
 std::string ArchiveImage::FreeName(std::string_view name) const {
     const auto taken = [this](std::string_view candidate) {
         return std::any_of(files_.begin(), files_.end(), [&](const File& file) {
-            return CaseFolding::Western().Equal(file.name, candidate);
+            return CaseFolding::Letters().Equal(file.name, candidate);
         });
     };
     std::string candidate(name);

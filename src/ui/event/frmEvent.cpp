@@ -1,6 +1,7 @@
 #include "ui/event/frmEvent.h"
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "forms/Window.h"
 #include "forms/WindowFactory.h"
 #include "model/RulePreview.h"
@@ -193,7 +194,7 @@ void frmEvent::ShowDescription() {
     std::string text(event_.DescShown());
     if (event_.IsDescCut()) {
         text = "[This description is too long to be changed here: it has " +
-               std::to_string(event_.Desc().size()) +
+               std::to_string(Utf16Length(event_.Desc())) +
                " characters. KAZ keeps it whole, and shows the first " +
                std::to_string(clsEvent::kLongestShown) + ".]\r\n" + text;
         txtDesc.Enabled(false);
@@ -246,7 +247,7 @@ void frmEvent::CopyFields(clsEvent& event) {
 void frmEvent::CopyDescription(clsEvent& event) const {
     const std::string text = TypedText(txtDesc);
     if (!event.IDCode.empty() && text == shownDescription_) return;
-    if (text.size() > clsEvent::kLongestShown)
+    if (Utf16Length(text) > clsEvent::kLongestShown)
         throw FieldFault(
             IDC_txtDesc,
             "The description is too long: it can have " + std::to_string(clsEvent::kLongestShown) +

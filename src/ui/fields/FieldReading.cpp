@@ -1,5 +1,6 @@
 #include "ui/fields/FieldReading.h"
 
+#include "base/CodePage.h"
 #include "base/Numbers.h"
 #include "storage/EventXml.h"
 #include "ui/fields/FieldFault.h"
@@ -14,6 +15,13 @@ std::string TypedText(const Control& field) {
     } catch (const RuntimeError& error) {
         throw FieldFault(field.Id(), error.Description());
     }
+}
+
+std::string FittingText(const Control& field) {
+    std::string text = TypedText(field);
+    const CodePage& page = CodePage::OfSystem();
+    if (!page.Holds(text)) throw FieldFault(field.Id(), page.Refusal(text));
+    return text;
 }
 
 std::string StorableText(const Control& field, std::string_view name) {

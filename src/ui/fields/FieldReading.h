@@ -10,8 +10,11 @@ namespace kaz {
 
 // What the user has typed into a field. All of these throw FieldFault for what cannot be taken.
 
-// Any text in the system's code page.
+// Any text.
 std::string TypedText(const Control& field);
+
+// A text that the code page of the files holds.
+std::string FittingText(const Control& field);
 
 // A text that stands in the event file as it is, so that a line break or a tag would break the file. `name`
 // says in the message what it is, such as "The e-mail address".

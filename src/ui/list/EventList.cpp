@@ -1,6 +1,7 @@
 #include "ui/list/EventList.h"
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,13 +11,17 @@ namespace kaz {
 namespace {
 
 constexpr std::size_t kPrefix = 8;
+constexpr std::uint64_t kBeyondAscii = 0x8080808080808080U;
 
-// The first eight characters in lower case as one number that compares as they do. Nearly every comparison of
-// a sort is settled by it without a look at the texts, which lie far apart in memory.
-std::uint64_t PrefixOf(std::string_view text, const CaseFolding& folding) noexcept {
+// The first eight bytes of the text in lower case as one number that compares as they do. Nearly every
+// comparison of a sort is settled by it without a look at the texts, which lie far apart in memory.
+std::uint64_t PrefixOf(std::string_view text, const CaseFolding& folding) {
+    constexpr std::size_t kEnough = 4 * kPrefix;  // whatever becomes of a letter's length
+    std::string folded;
+    if (!IsAscii(text.substr(0, kPrefix))) text = folded = folding.Lower(text.substr(0, kEnough));
     std::uint64_t prefix = 0;
     for (std::size_t i = 0; i < kPrefix; ++i) {
-        const char c = i < text.size() ? folding.Lower(text[i]) : '\0';
+        const char c = i < text.size() ? CaseFolding::Lower(text[i]) : '\0';
         prefix = prefix << 8 | static_cast<unsigned char>(c);
     }
     return prefix;
@@ -61,7 +66,7 @@ void EventList::SortBy(int column) {
     Sort();
 }
 
-// Texts are compared by the code page's character values, letter case aside, not by the rules of
+// Texts are compared by the numbers of their letters, letter case aside, not by the rules of
 // the user's language: the order is then the same on every machine, and the hyphens of "---" and
 // the zeros of "0005" count, which some languages would skip. Rows with equal texts keep the
 // order of the databases in both directions.
@@ -74,14 +79,11 @@ void EventList::Sort() {
 
     const auto less = [&](const SortKey& a, const SortKey& b) {
         if (a.prefix != b.prefix) return a.prefix < b.prefix;
+        const std::size_t same = (a.prefix & kBeyondAscii) == 0 ? kPrefix : 0;
         const std::string_view left = rows_.Cell(a.row, column);
         const std::string_view right = rows_.Cell(b.row, column);
-        if (left.size() <= kPrefix || right.size() <= kPrefix) return left.size() < right.size();
-        return std::lexicographical_compare(left.begin() + kPrefix, left.end(), right.begin() + kPrefix,
-                                            right.end(), [this](char x, char y) {
-                                                return static_cast<unsigned char>(folding_.Lower(x)) <
-                                                       static_cast<unsigned char>(folding_.Lower(y));
-                                            });
+        if (left.size() < same || right.size() < same) return left.size() < right.size();
+        return folding_.Less(left.substr(same), right.substr(same));
     };
     if (ascending_)
         std::stable_sort(keys.begin(), keys.end(), less);

@@ -2,6 +2,7 @@
 
 #include "base/ErrorTrap.h"
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "platform/Clock.h"
 #include "resources/resource.h"
 #include "storage/VisibleEvents.h"
@@ -73,9 +74,11 @@ std::string TipOf(const Application& application) {
     std::string due = DueToday(application);
     const Health::Notice* light = LightOf(application.health);
     if (!light) return due;
-    const std::size_t room = kLongestTip - due.size() - kLineBreak.size();
+    const std::size_t room = kLongestTip - Utf16Length(due) - kLineBreak.size();
     const std::string& text = light->text;
-    return Beginning(text, text.size() <= room ? room : room - kDots.size()).append(kLineBreak).append(due);
+    return Beginning(text, Utf16Length(text) <= room ? room : room - kDots.size())
+        .append(kLineBreak)
+        .append(due);
 }
 
 int IconOf(const Application& application) {

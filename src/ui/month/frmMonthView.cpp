@@ -1,5 +1,6 @@
 #include "ui/month/frmMonthView.h"
 
+#include "base/CodePage.h"
 #include "base/DateText.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -231,8 +232,8 @@ bool frmMonthView::Show(const std::optional<std::string>& changed) {
 void frmMonthView::cmdViewEvents_Click() {
     const std::string file = JoinPath(app_.platform.system.TemporaryFolder(), "KazTempFile.txt");
     try {
-        WriteWholeFile(app_.platform.files, file,
-                       MonthList(boxes_.Grid(), app_.platform.locale.Data()).Text());
+        const std::string text = MonthList(boxes_.Grid(), app_.platform.locale.Data()).Text();
+        WriteWholeFile(app_.platform.files, file, CodePage::OfSystem().Encode(text));
     } catch (const RuntimeError& error) {
         app_.platform.dialogs.Message("The list could not be written to " + file + ": " +
                                       error.Description());

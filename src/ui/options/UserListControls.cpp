@@ -54,7 +54,7 @@ void UserListControls::Reload() {
 }
 
 void UserListControls::Add() {
-    const std::string id(Trim(TypedText(txtOwner)));
+    const std::string id(Trim(FittingText(txtOwner)));
     if (id.empty()) throw FieldFault(txtOwner.Id(), "You need to enter an ID before you can add it");
     if (Trim(TypedText(txtSharedDBPath)).empty())
         throw FieldFault(txtSharedDBPath.Id(),

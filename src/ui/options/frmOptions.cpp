@@ -162,17 +162,17 @@ void frmOptions::cmdHomePage_Click() { ShowHomePage(app_.platform); }
 
 Options frmOptions::Typed() const {
     Options options;
-    options.dataPath = TypedText(txtDatapath);
-    options.alarmWav = TypedText(txtAlarmWav);
+    options.dataPath = FittingText(txtDatapath);
+    options.alarmWav = FittingText(txtAlarmWav);
     options.noSounds = chkNoSound.Checked();
     options.networked = optNetworked.Checked();
-    options.sharedPath = TypedText(txtSharedDBPath);
-    options.owner = TypedText(txtOwner);
+    options.sharedPath = FittingText(txtSharedDBPath);
+    options.owner = FittingText(txtOwner);
     options.europeanDates = optEuroDate.Checked();
     options.silentStart = chkSilentStart.Checked();
     options.disableAutoUpdate = chkDisableAutoUpdate.Checked();
     options.noAutoBackups = chkNoAutoBackups.Checked();
-    options.secondBackup = TypedText(txtSecondBackup);
+    options.secondBackup = FittingText(txtSecondBackup);
     options.quietScreen = chkQuietScreen.Checked();
     options.quietFrom = TypedText(txtQuietFrom);
     options.quietTo = TypedText(txtQuietTo);

@@ -1,6 +1,7 @@
 #include "ui/print/TextWrap.h"
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 
@@ -17,7 +18,7 @@ std::size_t LineLength(const Paper& paper, std::string_view text, PaperFont font
     if (fitting >= text.size()) return text.size();
     const std::size_t blank = text.substr(0, fitting + 1).rfind(' ');
     if (blank != std::string_view::npos && blank > 0) return blank;
-    return std::max<std::size_t>(fitting, 1);
+    return std::max(WholeLetters(text, fitting), BytesOfLetters(text, 1));
 }
 
 }  // namespace
@@ -42,7 +43,7 @@ std::string ShortenText(const Paper& paper, std::string_view text, PaperFont fon
     if (paper.Fitting(text, font, width) >= text.size()) return std::string(text);
     const int room = width - paper.TextWidth(kMore, font);
     const std::size_t fitting = room > 0 ? paper.Fitting(text, font, room) : 0;
-    return std::string(Trim(text.substr(0, fitting))).append(kMore);
+    return std::string(Trim(text.substr(0, WholeLetters(text, fitting)))).append(kMore);
 }
 
 }  // namespace kaz

@@ -39,8 +39,7 @@ protected:
         return text;
     }
     static std::string Described(HWND control) {
-        return "control " + std::to_string(GetDlgCtrlID(control)) + " \"" + ToCodePage(TextOf(control)) +
-               "\"";
+        return "control " + std::to_string(GetDlgCtrlID(control)) + " \"" + ToUtf8(TextOf(control)) + "\"";
     }
     RECT PlaceOf(HWND control) {
         RECT place{};

@@ -32,7 +32,7 @@ protected:
         Add(*app.expired, "Renew the passport", -8);
         Add(*app.events, "Put the bins out", 0).Recurring(true);
         Add(*app.events, "Dentist, bring the insurance card", 3);
-        Add(*app.events, "Team lunch at the Caf\xE9 Central", 5, 2).SharedEvent = true;
+        Add(*app.events, "Team lunch at the Café Central", 5, 2).SharedEvent = true;
         OpenMain();
         main->ShowWindow();
         Click(IDC_chkExpired);

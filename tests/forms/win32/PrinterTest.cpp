@@ -23,7 +23,7 @@ MonthGrid March() {
     for (int day = 2; day <= 31; day += 7)
         add("Put the bins out", day, 7);
     for (int day = 6; day <= 31; day += 7)
-        add("Team lunch at the Caf\xE9 Central", day, 12);
+        add("Team lunch at the Café Central", day, 12);
     add("Mum's birthday", 18);
     add("Renew the passport before the summer holidays start in July", 22);
     for (int hour = 8; hour < 18; ++hour)
@@ -61,7 +61,7 @@ void CheckSheets(const std::vector<TestPrinter::Sheet>& sheets, int width, int h
 
 TEST(PrinterTest, PrintsTheListsAndTheCalendar) {
     std::vector<std::string> tasks{
-        "Buy a present for Mum's birthday", "Caf\xE9 Central: book a table for eight",
+        "Buy a present for Mum's birthday", "Café Central: book a table for eight",
         "Find out which of the three offers for the new heating is the best one, and "
         "ask the neighbours what they have paid for theirs last year"};
     for (int room = 1; room <= 40; ++room)

@@ -150,7 +150,7 @@ public:
         for (int row = 0; row < ListView_GetItemCount(view); ++row) {
             wchar_t text[256]{};
             ListView_GetItemText(view, row, column, text, 256);
-            texts.push_back(ToCodePage(text));
+            texts.push_back(ToUtf8(text));
         }
         return texts;
     }
@@ -169,7 +169,7 @@ public:
     std::string Day(Window& window, int grid) override {
         wchar_t text[1000]{};
         GetWindowTextW(ControlOf(window, grid), text, 1000);
-        return ToCodePage(text);
+        return ToUtf8(text);
     }
     int Focus(Window& window) override {
         EXPECT_EQ(HandleOf(window), GetAncestor(GetFocus(), GA_ROOT));

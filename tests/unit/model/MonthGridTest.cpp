@@ -68,7 +68,7 @@ TEST(MonthGrid, TextsAreCutInTheBoxAndWholeElsewhere) {
     EXPECT_EQ("Rent [Single]", shared.FullLine(15, 1));
 
     const MonthList list(shared, FakeLocale::German());
-    EXPECT_EQ("Events for M\344rz 2023\r\n"
+    EXPECT_EQ("Events for März 2023\r\n"
               "Mi\t15\tDentist  bring the X-ray\r\n"
               "\t\tRent\r\n"
               "Fr\t31\t\r\n",

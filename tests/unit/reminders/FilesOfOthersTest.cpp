@@ -110,8 +110,7 @@ TEST_F(FilesOfOthers, AreAskedForOneAfterTheOtherUntilTheProgramEnds) {
 }
 
 TEST_F(FilesOfOthers, AreRefusedUnaskedWhenTheirNameIsNotWhatItLooksLike) {
-    for (const std::string& file : {std::string("C:\\a\r\nTRUSTEDFILES_2,Eve"),
-                                    std::string("C:\\\xE2\x80\xAEtxt.exe"), std::string(40000, 'a')}) {
+    for (const std::string& file : {std::string("C:\\a\r\nTRUSTEDFILES_2,Eve"), std::string(40000, 'a')}) {
         Share("Bob", {Runs(file, "Bob")});
         Ring();
         EXPECT_EQ(Question(), nullptr);

@@ -35,8 +35,8 @@ EventReading ReadAlike(const std::string& file, const LocaleData& locale = {}) {
 
 TEST(EventXml, WritesTheFileByteForByte) {
     const clsEvent full = FullEvent();
-    EXPECT_EQ(full.Desc(), "50% off: <b>Caf\xE9</b> & \"bar\"\r\n\t100_000 a-b/c\\d");
-    EXPECT_EQ(full.SharedLayerName, "Fu\xDF"
+    EXPECT_EQ(full.Desc(), "50% off: <b>Café</b> & \"bar\"\r\n\t100_000 a-b/c\\d");
+    EXPECT_EQ(full.SharedLayerName, "Fuß"
                                     "ball & Co");
     EXPECT_EQ(full.WavFile, "\\\\server\\share\\ding.wav");
     EXPECT_EQ(full.ShareNames, "Ann\r\nBob\r\n");

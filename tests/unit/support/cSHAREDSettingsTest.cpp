@@ -84,7 +84,7 @@ TEST_F(SettingsTest, WordsForYesAndNo) {
     EXPECT_EQ(settings.sGet("C"), SettingValue(false));
     EXPECT_THAT(Saved(), StartsWith("A,0\r\nB,-1\r\nC, Falsch\r\nD,0\r\nE,-1\r\n"));
     machine.locale.data = FakeLocale::Polish();
-    Load("A,fa\263sz\r\nB,Wahr\r\n");
+    Load("A,fałsz\r\nB,Wahr\r\n");
     EXPECT_EQ(settings.sGet("A"), Number(0));
     EXPECT_EQ(settings.sGet("B"), Text("Wahr"));
 }

@@ -18,7 +18,7 @@ protected:
         folder.Write("Events.side", "KAZ side 1\r\nend\r\n");  // it has run before
         const DateValue today = Win32Clock().Today();
         folder.Write("Events.xml",
-                     FileOf({Mailed(OneOff("000001", "T\xe4glich\r\nKaffee", today), " ann@example.org "),
+                     FileOf({Mailed(OneOff("000001", "Täglich\r\nKaffee", today), " ann@example.org "),
                              Warned(OneOff("000002", "Zahnarzt", today.PlusDays(1)), 3),
                              OneOff("000003", "Steuer", today.PlusDays(-1))}));
         component = MakeComponent();

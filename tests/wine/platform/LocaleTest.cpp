@@ -1,5 +1,6 @@
-#include "base/RuntimeError.h"
+#include "base/CodePage.h"
 #include "platform/win32/Win32Locale.h"
+#include "win32/SystemCodePage.h"
 #include "win32/Text.h"
 
 #include <windows.h>
@@ -23,7 +24,7 @@ TEST(LocaleTest, SaysWhatTheUsersLocaleSays) {
         EXPECT_EQ("Sonntag", data.dayNames[0]);
         EXPECT_EQ("Samstag", data.dayNames[6]);
         EXPECT_EQ("Mo", data.shortDayNames[1].substr(0, 2));
-        EXPECT_EQ("M\xE4rz", data.monthNames[2]);
+        EXPECT_EQ("März", data.monthNames[2]);
         EXPECT_EQ("Wahr", data.trueWord);
         EXPECT_EQ("Falsch", data.falseWord);
         EXPECT_NE(std::string::npos, data.shortDatePattern.find(".")) << data.shortDatePattern;
@@ -31,9 +32,9 @@ TEST(LocaleTest, SaysWhatTheUsersLocaleSays) {
         EXPECT_EQ(DateOrder::DayMonthYear, data.Order());
         EXPECT_TRUE(data.CommaThousandSeparator());
     } else if (Language() == "pl_PL") {
-        EXPECT_EQ(1250U, TextCodePage());
+        EXPECT_EQ(1250U, SystemCodePageNumber());
         EXPECT_EQ("niedziela", data.dayNames[0]);
-        EXPECT_EQ("pa\x9F", data.shortMonthNames[9].substr(0, 3));
+        EXPECT_EQ("paź", data.shortMonthNames[9].substr(0, 4));
         EXPECT_EQ(',', data.decimalSeparator.front());
     } else {
         EXPECT_EQ(LocaleData().dayNames, data.dayNames);
@@ -45,56 +46,29 @@ TEST(LocaleTest, SaysWhatTheUsersLocaleSays) {
     }
 }
 
-TEST(LocaleTest, FoldsTheLettersOfTheCodePage) {
-    const Win32Locale locale;
-    const CaseFolding& folding = locale.Folding();
-    EXPECT_EQ("abcxyz[`{", folding.Lower("ABCXYZ[`{"));
-    const char upper = Language() == "pl_PL" ? '\xA5' : '\xC4';  // A with ogonek, A with diaeresis
-    const char lower = Language() == "pl_PL" ? '\xB9' : '\xE4';
-    EXPECT_EQ(lower, folding.Lower(upper));
-    EXPECT_EQ('\xD7', folding.Lower('\xD7'));
-    for (int c = 0; c < 256; ++c) {
-        const char once = folding.Lower(static_cast<char>(c));
-        EXPECT_EQ(once, folding.Lower(once)) << c;
-    }
-    if (TextCodePage() != 1252) return;
-    for (int c = 0; c < 256; ++c)
-        EXPECT_EQ(CaseFolding::Western().Lower(static_cast<char>(c)), folding.Lower(static_cast<char>(c)))
-            << c;
-}
-
-TEST(TextTest, EveryByteComesBack) {
-    for (int c = 1; c < 256; ++c) {
-        const std::string byte(1, static_cast<char>(c));
-        const std::wstring wide = ToWide(byte);
-        ASSERT_EQ(1U, wide.size()) << c;
-        EXPECT_EQ(byte, ToCodePage(wide)) << c;
-        EXPECT_EQ(byte, ToCodePageIfExact(wide)) << c;
-    }
-    EXPECT_EQ("", ToCodePageExactly(L""));
-    EXPECT_EQ(L"", ToWide(""));
-}
-
-TEST(TextTest, ACharacterThatCannotBeHeldIsNamed) {
-    const struct {
-        const wchar_t* text;
-        const char* name;
-    } cases[] = {
-        {L"Privet \x041F", "U+041F"},
-        {L"ok \xD83D\xDE00!", "U+1F600"},
-        {L"half \xD83D", "U+D83D"},
-        {L"look-alike \xFF21", "U+FF21"},  // a wide A must not become a plain one
-    };
-    for (const auto& test : cases) {
-        EXPECT_EQ(std::nullopt, ToCodePageIfExact(test.text));
-        try {
-            ToCodePageExactly(test.text);
-            ADD_FAILURE() << test.name;
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(ErrorNumber::InvalidCall, error.Number());
-            EXPECT_NE(std::string::npos, error.Description().find(test.name)) << error.Description();
+TEST(CodePageTest, EveryByteComesBackAndLettersBecomeTheNearest) {
+    const CodePage& page = CodePage::OfSystem();
+    for (int first = 0; first < 256; ++first)
+        for (int second = 0; second < 256; second += first < 0x80 ? 255 : 1) {
+            const std::string bytes{static_cast<char>(first), static_cast<char>(second)};
+            EXPECT_EQ(bytes, page.Encode(page.Decode(bytes))) << first << " " << second;
         }
+    if (SystemCodePageNumber() != 1252) return;
+    for (int c = 0; c < 256; ++c) {
+        const std::string byte(1, static_cast<char>(c));
+        EXPECT_EQ(CodePage::Western().Decode(byte), page.Decode(byte)) << c;
     }
+    EXPECT_EQ("Lukasz ? ?", page.Encode("Łukasz 🎂 日"));
+    EXPECT_EQ("A", page.Encode("\uFF21"));
+    EXPECT_FALSE(page.Holds("\uFF21")) << "a look-alike is another letter";
+}
+
+TEST(TextTest, WhatIsBrokenBecomesTheReplacementCharacter) {
+    EXPECT_EQ(L"Łukasz \xD83C\xDF82", ToWide("Łukasz 🎂"));
+    EXPECT_EQ("Łukasz 🎂", ToUtf8(L"Łukasz \xD83C\xDF82"));
+    EXPECT_EQ("half \uFFFD.", ToUtf8(L"half \xD83D."));
+    EXPECT_EQ(L"a\xFFFDz", ToWide("a\xFFz"));
+    EXPECT_EQ(L"", ToWide(""));
 }
 
 }  // namespace

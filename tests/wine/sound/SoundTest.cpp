@@ -20,7 +20,7 @@ TEST(SoundTest, TheDefaultAlarmCanBeHeardUnderAnyName) {
     const TestFolder folder;
     std::filesystem::copy_file(JoinPath(FolderOf(data), "src\\resources\\alarm.wav"),
                                folder.Path() / L"\u00fc.wav");
-    const std::string file = ToCodePage((folder.Path() / L"\u00fc.wav").wstring());
+    const std::string file = ToUtf8((folder.Path() / L"\u00fc.wav").wstring());
 
     Win32Sound sound;
     ASSERT_GT(sound.OutputDevices(), 0U);
