@@ -21,7 +21,7 @@ std::string ReadSettingsText(FileSystem& files, const std::string& fileName) {
 }
 
 void WriteSettingsText(FileSystem& files, const std::string& fileName, std::string_view text) {
-    WriteWholeFile(files, fileName, CodePage::OfSystem().Encode(text));
+    WriteWholeFile(files, fileName, CodePage::OfSystem().Encode(text, CodePage::Otherwise::QuestionMark));
 }
 
 }  // namespace kaz
