@@ -107,7 +107,7 @@ HRESULT ComponentObject::AddInWords(BSTR Line, BSTR* Told, VARIANT_BOOL* Added) 
     return Run([&] {
         LineAnswer answer;
         try {
-            answer = component_.AddInWords(ToCodePageExactly(View(Line)));
+            answer = component_.AddInWords(ToUtf8(View(Line)));
         } catch (const RuntimeError& error) {
             answer.told = error.Description();  // a letter that cannot be stored
         }

@@ -63,8 +63,6 @@ void FakeWindow::StartTimer(int timer, int milliseconds) {
 }
 
 std::string FakeWindow::Text(int control) const {
-    if (unreadable == control)
-        throw RuntimeError(ErrorNumber::InvalidCall, "The character U+041F cannot be stored");
     const ControlState& at = At(control);
     return at.text.empty() && at.selection.size() == 1 && !at.items.empty()
                ? at.items[static_cast<std::size_t>(at.selection.front())]

@@ -164,8 +164,6 @@ public:
     WindowState state = WindowState::Normal;
     WindowSize size{800, 600};
     WindowSize screen{1920, 1080};
-    // When set, reading a text of that control fails, as for a character that the code page cannot hold.
-    std::optional<int> unreadable;
 
 private:
     friend class FakeWindowFactory;

@@ -39,8 +39,6 @@ public:
     virtual void ClickInto(Window& window, int control) = 0;
     // Types at the caret, or over what is selected.
     virtual void TypeAtCaret(Window& window, char letter) = 0;
-    // Types a letter, U+041F, that the code page does not have.
-    virtual void TypeForeign(Window& window, int control) = 0;
     // Of a combo box, a list box or a tab strip.
     virtual void Choose(Window& window, int control, int position) = 0;
     virtual void ClickHeader(Window& window, int list, int column) = 0;

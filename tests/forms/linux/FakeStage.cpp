@@ -52,7 +52,6 @@ public:
     }
     void ClickInto(Window& window, int control) override { Fake(window).ClickInto(control); }
     void TypeAtCaret(Window& window, char letter) override { Fake(window).TypeAtCaret(letter); }
-    void TypeForeign(Window& window, int control) override { Fake(window).unreadable = control; }
     void Choose(Window& window, int control, int position) override {
         Fake(window).Choose(control, position);
     }

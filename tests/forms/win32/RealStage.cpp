@@ -69,9 +69,6 @@ public:
         PostMessageW(GetFocus(), WM_CHAR, static_cast<WPARAM>(letter), 1);
         pump_.ProcessPending();
     }
-    void TypeForeign(Window& window, int control) override {
-        SendMessageW(ControlOf(window, control), WM_CHAR, 0x041F, 1);
-    }
     void Choose(Window& window, int control, int position) override {
         const HWND list = ControlOf(window, control);
         const ControlKind kind = KindOf(list);
