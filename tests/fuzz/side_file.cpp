@@ -1,9 +1,11 @@
 // Any bytes as the file beside the events: what was understood is there after saving, what was not stays, and
 // what has been saved once stays the same.
 
+#include "base/Utf8.h"
 #include "fakes/MemoryFileSystem.h"
 #include "fakes/StorageDesk.h"
 #include "fuzz/Require.h"
+#include "storage/EventXml.h"
 #include "storage/SideFile.h"
 
 #include <cstdint>
@@ -18,7 +20,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     side.Open("C:\\Events.side");
     std::vector<clsEvent> events(2);
     events[0].IDCode = "100001";
+    events[0].Desc("Lukasz ?");
     side.GiveExtras(events);
+    Require(IsUtf8(events[0].Desc()) && events[0].Desc().find('\0') == std::string::npos, "a text is broken");
+    std::string file;
+    EventXml::AppendBlock(file, events[0]);
+    Require(file.find("<Desc>Lukasz%20?</Desc>") != std::string::npos, "a whole text changes its field");
     side.Put(events[0], &events[1]);
     const SideFile::Lines lines = side.All();
     Require(side.Save(), "it could not be saved");
