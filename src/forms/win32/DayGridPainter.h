@@ -41,7 +41,7 @@ struct DayGridLook {
 // The lines of a day in its box, in pixels: where the first one stands, and how many have room. All rows have
 // room for as many.
 struct DayLines {
-    DayLines(const RECT& box, int rowHeight, const DayGridLook& look, int count);
+    DayLines(const RECT& box, int rowHeight, const DayGridLook& look, int lines);
     // Which one is there: counted from 0, or as DayGrid::OpenedLine tells it.
     int At(int y) const;
 
