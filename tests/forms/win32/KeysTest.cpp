@@ -137,7 +137,7 @@ TEST_F(KeysTest, CtrlEnterSavesAnEventFromEveryControl) {
 }
 
 TEST_F(KeysTest, CtrlCCopiesTheSelectedRowsAndAButtonThatDoesNotFitThemIsGrey) {
-    Add(*app.events, "caf\xE9", 1);
+    Add(*app.events, "caf\xC3\xA9", 1);
     OpenMainAndTick();
     main->ShowWindow();
     stage->Pump().ProcessPending();
