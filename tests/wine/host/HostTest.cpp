@@ -24,7 +24,7 @@ protected:
     void SetUp() override {
         folder.Write("Kaz.ini", kSettings);
         const DateValue today = Win32Clock().Today();
-        folder.Write("Events.xml", FileOf({OneOff("000001", "Caf\xe9 au lait", today)}));
+        folder.Write("Events.xml", FileOf({OneOff("000001", "Café au lait", today)}));
     }
     void ExpectSaved() const {
         EXPECT_NE(folder.Read("Kaz.ini").find("OWNER,Single\r\n"), std::string::npos)

@@ -61,7 +61,7 @@ TEST_F(HostMail, GoesOutThroughTheMailProgram) {
         EXPECT_EQ(End(host), 0);
     }
     SetMailProgram(RunningHost::Program().replace_filename("TestMailProgram.dll"));
-    MailToday({"Caf\xe9 10 \x80", "cancel", "stuck", "later"});
+    MailToday({"Café 10 €", "cancel", "stuck", "later"});
     const RunningHost host = Start();
     EXPECT_TRUE(Logged("cancelled in the mail program"));
     EXPECT_EQ(folder.Read("mails.txt"),
@@ -74,7 +74,7 @@ TEST_F(HostMail, GoesOutThroughTheMailProgram) {
 }
 
 TEST_F(HostMail, GoesToTheServerOfTheSettings) {
-    MailToday({"Caf\xe9"});
+    MailToday({"Café"});
     folder.Write("KAZ2.ini", "[Mail]\r\nServer=localhost\r\nSecurity=SSL\r\n");
     {
         const HANDLE editor = CreateFileW((folder.Path() / "KAZ2.ini").c_str(), GENERIC_READ, 0, nullptr,
@@ -98,7 +98,7 @@ TEST_F(HostMail, GoesToTheServerOfTheSettings) {
     ASSERT_TRUE(CredWriteW(&credential, 0));
     folder.Write("KAZ2.ini", "[Mail]\r\nServer=127.0.0.1\r\nPort=" + std::to_string(server.Port()) +
                                  "\r\nSecurity=None\r\nUser=me\r\nFrom=me@example.org\r\n");
-    MailToday({"Caf\xe9"});
+    MailToday({"Café"});
     const RunningHost host = Start();
     EXPECT_TRUE(Logged("Mail sent to ann@example.org")) << folder.Read("KAZ2.log");
     CredDeleteW(name.c_str(), CRED_TYPE_GENERIC, 0);
