@@ -25,11 +25,24 @@ struct ReportColumn {
     bool growing = false;
 };
 
+// Where a column stands and how wide it is, in units of 1/96 inch: 0 for one that takes what the others
+// leave.
+struct ColumnPlace {
+    int column = 0;
+    int width = 0;
+    bool shown = true;
+    friend bool operator==(const ColumnPlace&, const ColumnPlace&) = default;
+};
+
 // A virtual report list: it holds no texts of its own.
 class ReportList {
 public:
     virtual ~ReportList() = default;
     virtual void SetColumns(const std::vector<ReportColumn>& columns) = 0;
+    // From left to right, as the user has them.
+    virtual std::vector<ColumnPlace> Columns() const = 0;
+    // Each column once. From now on the user can drag them to other places.
+    virtual void PlaceColumns(const std::vector<ColumnPlace>& places) = 0;
     // The rows are not owned and must live as long as the window or until replaced.
     // Call Refresh after every change.
     virtual void SetRows(const ReportRows* rows) = 0;

@@ -25,6 +25,7 @@ enum class Raised {
                   // closed unless the form does it
     SessionEnd,   // the system is ending; the last chance to save
     ColumnClick,  // report list header; `detail` is the column from 0
+    HeaderMenu,   // right click on the header of a report list; the pointer is where the menu goes
     RightClick,   // report list or window; the pointer is where the menu goes
     DpiChanged,
     Resumed,       // the computer woke up
@@ -172,6 +173,8 @@ public:
     // What a command is called in the window's menus, with its key behind a tab, and whether it can be chosen
     // there; from now on. "&" stands before the access key, "&&" for itself.
     virtual void SetCommand(int command, const std::string& text, bool enabled) = 0;
+    // Whether the menus mark the command as chosen, from now on.
+    virtual void MarkCommand(int command, bool marked) = 0;
     // Shows it beneath a button of the window's toolbar, or beneath any other control, which has no command.
     virtual void ShowMenuUnder(int control, int command, int menu) = 0;
 

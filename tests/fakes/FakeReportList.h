@@ -11,7 +11,12 @@ namespace kaz {
 // taken away count only from the next Refresh on.
 class FakeReportList : public ReportList {
 public:
-    void SetColumns(const std::vector<ReportColumn>&) override {}
+    void SetColumns(const std::vector<ReportColumn>& columns) override {
+        for (const ReportColumn& column : columns)
+            places_.push_back({static_cast<int>(places_.size()), column.growing ? 0 : column.width});
+    }
+    std::vector<ColumnPlace> Columns() const override { return places_; }
+    void PlaceColumns(const std::vector<ColumnPlace>& places) override { places_ = places; }
     void SetRows(const ReportRows* rows) override;
     void Refresh() override;
     std::vector<int> Selection() const override { return selection_; }
@@ -39,6 +44,7 @@ private:
     const ReportRows& Checked() const;
 
     const ReportRows* rows_ = nullptr;
+    std::vector<ColumnPlace> places_;
     int shown_ = 0;
     std::vector<int> selection_;
     int current_ = -1;

@@ -109,6 +109,7 @@ public:
     void SetCommand(int command, const std::string& text, bool enabled) override {
         commands[command] = enabled ? text : "(" + text + ")";
     }
+    void MarkCommand(int command, bool isMarked) override { marked[command] = isMarked; }
     void ShowMenuUnder(int, int, int menu) override { menus.push_back(menu); }
     void SetToolbar(int, const std::vector<ToolButton>& buttons) override { toolbar = buttons; }
     void SetToolButton(int, int command, const std::string& tooltip, bool enabled) override {
@@ -152,6 +153,7 @@ public:
     Tone noticeTone = Tone::Note;
     std::vector<int> menus;
     std::map<int, std::string> commands;  // as the menus name them; in brackets those that cannot be chosen
+    std::map<int, bool> marked;
     std::vector<ToolButton> toolbar;
     std::map<int, std::string> tools;  // the tooltips of its buttons; in brackets those that are grey
     std::string clipboard;

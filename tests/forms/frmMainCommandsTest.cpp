@@ -139,7 +139,7 @@ TEST_F(frmMainCommandsTest, SeveralRowsArePushedAndCopiedAndWhatDoesNotFitARowSa
     Select({1, 3});
     Click(IDM_COPY);
     if (!fakes) return;  // what a real menu and the clipboard say, it does not tell
-    const std::string row = "0002\tFri\t03/17\t2023\tmine\tLayer 1\tSmith\t\t\r\n";
+    const std::string row = "0002\tFri\t03/17\t2023\tmine\tLayer 1\tSmith\t\t\t\t\r\n";
     EXPECT_THAT(Fake().clipboard, StartsWith(row));
     EXPECT_THAT(Fake().clipboard, HasSubstr("Ann's"));
     const struct {

@@ -152,6 +152,43 @@ TEST_F(frmMainTest, TheSearchBoxNarrowsTheListAndEscapeWidensIt) {
     EXPECT_EQ(IDC_ListEvents, stage->Focus(*window));
 }
 
+TEST_F(frmMainTest, ColumnsSortingAndExpiredEventsAreKeptForTheNextRun) {
+    Add(*app.events, "a", 1);
+    Add(*app.events, "b", 2);
+    Add(*app.expired, "old", -3);
+    OpenMain();
+    const std::vector<ColumnPlace> made = List().Columns();
+    ASSERT_EQ(11U, made.size());
+    std::vector<ColumnPlace> moved = made;
+    std::swap(moved[0], moved[9]);
+    moved[0].width = 72;
+    List().PlaceColumns(moved);
+    for (const int column : {IDM_COLUMN + kOwnerColumn, IDM_COLUMN + kDayColumn, IDM_COLUMN + kEventColumn})
+        Click(column);
+    moved[kOwnerColumn].shown = moved[kDayColumn].shown = false;
+    EXPECT_EQ(moved, List().Columns());
+    stage->ClickHeader(*window, IDC_ListEvents, kEventColumn);
+    Click(IDC_chkExpired);
+    app.openWindows.UnloadAll();
+    main.reset();
+    OpenMain();
+    EXPECT_EQ(moved, List().Columns());
+    EXPECT_EQ("4 down", stage->SortMark(*window, IDC_ListEvents));
+    EXPECT_EQ("old|b|a", Column());
+    Click(IDM_COLUMNSRESET);
+    EXPECT_EQ(made, List().Columns());
+
+    app.openWindows.UnloadAll();
+    main.reset();
+    app.settings.StoreSetting("ListColumns", "9:20 x 9:30 4:-5 77:1 0:56-");
+    app.settings.StoreSetting("ListSort", "-7 down");
+    OpenMain();
+    EXPECT_EQ((ColumnPlace{9, 20, true}), List().Columns()[0]);
+    EXPECT_EQ((ColumnPlace{0, 56, false}), List().Columns()[1]);
+    EXPECT_EQ(11U, List().Columns().size());
+    EXPECT_EQ("0 up", stage->SortMark(*window, IDC_ListEvents));
+}
+
 TEST_F(frmMainTest, TheStoredSizeIsRestoredOrTheWindowIsMaximised) {
     if (!fakes) GTEST_SKIP() << "the sizes are those of a screen of 1920 by 1080";
     const struct {

@@ -304,8 +304,10 @@ void DialogWindow::OnContextMenu(HWND control, LPARAM point) {
     menuPoint_ = {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))};
     const bool byKeyboard = menuPoint_.x == -1 && menuPoint_.y == -1;
     if (byKeyboard) menuPoint_ = MenuPointOf(control);
-    // The header of a list is a child of the list and has no menu.
-    if (control == window_ || GetParent(control) == window_)
+    // The header of a list is a child of the list.
+    if (const HWND list = GetParent(control); IsReport(list) && list != control)
+        Raise(GetDlgCtrlID(list), Raised::HeaderMenu);
+    else if (control == window_ || GetParent(control) == window_)
         Raise(control == window_ ? 0 : GetDlgCtrlID(control), Raised::RightClick);
 }
 
@@ -337,6 +339,9 @@ void DialogWindow::ShowMenu(int menu) {
         const UINT state = shown.second ? 0 : static_cast<UINT>(MF_GRAYED);
         ModifyMenuW(whole.Get(), id, MF_BYCOMMAND | MF_STRING | state, id, ToWide(shown.first).c_str());
     }
+    for (const auto& [command, marked] : marked_)
+        CheckMenuItem(whole.Get(), static_cast<UINT>(command),
+                      MF_BYCOMMAND | static_cast<UINT>(marked ? MF_CHECKED : MF_UNCHECKED));
     // The menu of a window that is not in front, as that of the tray icon, would stay open after a click
     // beside it.
     SetForegroundWindow(window_);

@@ -64,6 +64,7 @@ public:
     void SetCommand(int command, const std::string& text, bool enabled) override {
         commands_[command] = {text, enabled};
     }
+    void MarkCommand(int command, bool marked) override { marked_[command] = marked; }
     void ShowMenuUnder(int control, int command, int menu) override;
 
     void ShowTrayIcon(const std::string& tip, int icon) override;
@@ -90,6 +91,7 @@ private:
     bool placed_ = false;
     bool hasTooltips_ = false;
     std::map<int, std::pair<std::string, bool>> commands_;
+    std::map<int, bool> marked_;
     std::optional<WindowState> stateWhenShown_;
     int wheel_ = 0;  // turned, but less than a click
     POINT menuPoint_{};

@@ -40,6 +40,41 @@ void ReportListView::SetColumns(const std::vector<ReportColumn>& columns) {
     InvalidateRect(list_, nullptr, TRUE);
 }
 
+std::vector<ColumnPlace> ReportListView::Columns() const {
+    std::vector<int> order(static_cast<std::size_t>(columnCount_));
+    if (!list_ || !ListView_GetColumnOrderArray(list_, columnCount_, order.data())) return {};
+    std::vector<ColumnPlace> places;
+    for (const int column : order) {
+        const int width = ListView_GetColumnWidth(list_, column);
+        const auto hidden = hidden_.find(column);
+        const bool isFitted = column == growing_ && width == fittedWidth_;
+        // One that the user has pulled open again is not hidden any more.
+        if (width == 0 && hidden != hidden_.end())
+            places.push_back({column, hidden->second, false});
+        else
+            places.push_back({column, isFitted ? 0 : ToUnits(list_, width), width > 0});
+    }
+    return places;
+}
+
+void ReportListView::PlaceColumns(const std::vector<ColumnPlace>& places) {
+    if (!list_ || std::cmp_not_equal(places.size(), columnCount_)) return;
+    ListView_SetExtendedListViewStyleEx(list_, LVS_EX_HEADERDRAGDROP, LVS_EX_HEADERDRAGDROP);
+    std::vector<int> order;
+    hidden_.clear();
+    for (const ColumnPlace& place : places) {
+        order.push_back(place.column);
+        const bool isGrowing = place.column == growing_ && place.width == 0;
+        if (isGrowing) fittedWidth_ = leastWidth_;
+        if (!place.shown) hidden_[place.column] = place.width;
+        const int width = isGrowing ? leastWidth_ : ToPixels(list_, place.width);
+        ListView_SetColumnWidth(list_, place.column, place.shown ? width : 0);
+    }
+    ListView_SetColumnOrderArray(list_, columnCount_, order.data());
+    FitColumns();
+    InvalidateRect(list_, nullptr, TRUE);
+}
+
 void ReportListView::FitColumns() {
     // A width that the user has given it by hand stays.
     if (growing_ < 0 || ListView_GetColumnWidth(list_, growing_) != fittedWidth_) return;

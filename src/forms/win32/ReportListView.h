@@ -6,6 +6,8 @@
 #include <commctrl.h>
 
 #include <functional>
+#include <map>
+#include <vector>
 
 namespace kaz {
 
@@ -19,6 +21,8 @@ public:
     ReportListView(HWND list, Raise raise);
 
     void SetColumns(const std::vector<ReportColumn>& columns) override;
+    std::vector<ColumnPlace> Columns() const override;
+    void PlaceColumns(const std::vector<ColumnPlace>& places) override;
     void SetRows(const ReportRows* rows) override;
     void Refresh() override;
     std::vector<int> Selection() const override;
@@ -48,6 +52,7 @@ private:
     Raise raise_;
     const ReportRows* rows_ = nullptr;
     int columnCount_ = 0;
+    std::map<int, int> hidden_;  // columns that are, and how wide they were
     int growing_ = -1;  // the growing column, how wide it is at least and as it was fitted last, in pixels
     int leastWidth_ = 0;
     int fittedWidth_ = 0;

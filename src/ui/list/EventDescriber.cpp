@@ -2,6 +2,7 @@
 
 #include "base/DateText.h"
 #include "base/Text.h"
+#include "model/RuleInWords.h"
 
 #include <algorithm>
 
@@ -32,6 +33,9 @@ const EventCells& EventDescriber::Describe(const VisibleEvent& seen) {
     static constexpr std::string_view kTypes[] = {"", "*", "S", "E"};
     cells_[kTypeColumn] = kTypes[static_cast<std::size_t>(seen.Type(viewpoint_.today))];
     DescribeSharing(event);
+    cells_[kTimeColumn] = event.AlarmSet() ? FormatDate(event.DueTime(), "HH:NN", locale_) : std::string();
+    cells_[kRepeatsColumn] =
+        event.Recurring() ? RuleInWords(event, locale_, viewpoint_.dayBeforeMonth) : std::string();
     return cells_;
 }
 

@@ -16,7 +16,7 @@ struct EventViewpoint {
     bool dayBeforeMonth = false;
 };
 
-// Says of an event what the nine columns of the main list show.
+// Says of an event what the columns of the main list show.
 class EventDescriber {
 public:
     EventDescriber(const clsLayers& layers, const LocaleData& locale, EventViewpoint viewpoint)

@@ -35,8 +35,9 @@ struct SortKey {
 }  // namespace
 
 std::vector<ReportColumn> EventList::Columns() {
-    return {{"Left", 56},  {"Day", 40},   {"Date", 48}, {"Year", 44},       {"Event", 250, true},
-            {"Layer", 84}, {"Owner", 64}, {"Type", 44}, {"Shared With", 88}};
+    return {{"Left", 56},         {"Day", 40},   {"Date", 48},    {"Year", 44},
+            {"Event", 250, true}, {"Layer", 84}, {"Owner", 64},   {"Type", 44},
+            {"Shared With", 88},  {"Time", 48},  {"Repeats", 180}};
 }
 
 void EventList::Show(EventRows rows) {
@@ -57,11 +58,13 @@ bool EventList::Shows(std::size_t row) const noexcept {
     return false;
 }
 
-void EventList::SortBy(int column) {
+// Kept on purpose: the flag flips also when another column is clicked, so the first click of all sorts
+// descending.
+void EventList::SortBy(int column) { SortBy(column, !ascending_); }
+
+void EventList::SortBy(int column, bool ascending) {
     if (column < 0 || column >= kEventColumns) return;
-    // Kept on purpose: the flag flips also when another column is clicked, so the
-    // first click of all sorts descending.
-    ascending_ = !ascending_;
+    ascending_ = ascending;
     sortColumn_ = column;
     Sort();
 }

@@ -27,6 +27,8 @@ public:
     void Show(EventRows rows);
     // A click on a header. One direction serves all columns and flips on every click.
     void SortBy(int column);
+    // As it was when the program ended last; a column that is none is ignored.
+    void SortBy(int column, bool ascending);
     int SortColumn() const noexcept { return sortColumn_; }
     bool Ascending() const noexcept { return ascending_; }
 

@@ -1,5 +1,7 @@
 #include "ui/list/EventListView.h"
 
+#include "base/Numbers.h"
+
 #include <algorithm>
 #include <numeric>
 #include <set>
@@ -9,12 +11,22 @@ namespace kaz {
 
 namespace {
 constexpr int kLastRememberedRow = 65533;
-}
+constexpr std::string_view kDown = " down";
 
-void EventListView::Prepare() {
+int ColumnIn(std::string_view sort) {
+    return static_cast<int>(std::clamp(LeadingNumber(sort), -1.0, double{kEventColumns}));
+}
+}  // namespace
+
+void EventListView::Prepare(const std::string& sort) {
+    if (!sort.empty()) list_.SortBy(ColumnIn(sort), !sort.ends_with(kDown));
     Report().SetColumns(EventList::Columns());
     Report().SetRows(&list_);
     Report().ShowSortMark(list_.SortColumn(), list_.Ascending());
+}
+
+std::string EventListView::SortText() const {
+    return std::to_string(list_.SortColumn()) + std::string(list_.Ascending() ? " up" : kDown);
 }
 
 void EventListView::Show(EventRows rows) { list_.Show(std::move(rows)); }

@@ -23,8 +23,10 @@ public:
           control_(control),
           list_(locale) {}
 
-    // Once the window is there.
-    void Prepare();
+    // Once the window is there. `sort` is what SortText said in an earlier run, or empty.
+    void Prepare(const std::string& sort);
+    // By which column the list is sorted, and how: "4 down".
+    std::string SortText() const;
     // Called when the program has selected other rows, or the rows are others.
     void OnSelection(std::function<void()> listener) { listener_ = std::move(listener); }
     // Takes the place of all rows; nothing is selected then.

@@ -11,7 +11,7 @@
 
 namespace kaz {
 
-// The nine columns of the main list, in their order.
+// The columns of the main list, in the order in which they are made.
 enum EventColumn {
     kLeftColumn,
     kDayColumn,
@@ -22,6 +22,8 @@ enum EventColumn {
     kOwnerColumn,
     kTypeColumn,
     kSharedWithColumn,
+    kTimeColumn,
+    kRepeatsColumn,
     kEventColumns
 };
 

@@ -20,6 +20,11 @@
 
 namespace kaz {
 
+namespace {
+constexpr std::string_view kSort = "ListSort";
+constexpr std::string_view kShowExpired = "ShowExpired";
+}  // namespace
+
 frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, MainWindowEvents& owner,
                  MainDialogs dialogs)
     : Form(std::move(window), application.errors, "frmMain"),
@@ -27,6 +32,7 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
       owner_(owner),
       dialogs_(std::move(dialogs)),
       list_(this->window(), IDC_ListEvents, application.platform.locale),
+      columns_(this->window(), IDC_ListEvents, application.settings),
       size_(this->window(), application.settings),
       bar_(this->window(), application.health),
       tray_(
@@ -67,6 +73,18 @@ frmMain::frmMain(std::unique_ptr<kaz::Window> window, Application& application, 
         });
     On(IDC_cmdHealthNext, Raised::Click, "cmdHealthNext_Click", [this] { bar_.Next(); });
     On(IDC_ListEvents, Raised::ColumnClick, "ListEvents_ColumnClick", &frmMain::ListEvents_ColumnClick);
+    On(IDC_ListEvents, Raised::HeaderMenu, "ListEvents_HeaderMenu", [this] {
+        columns_.MarkCommands();
+        this->window().ShowMenu(IDR_MENU_COLUMNS);
+    });
+    On(IDM_COLUMNS, Raised::Click, "ListEvents_HeaderMenu", [this] {
+        columns_.MarkCommands();
+        this->window().ShowMenuUnder(IDC_Toolbar1, IDM_OPTIONS, IDR_MENU_COLUMNS);
+    });
+    for (int column = 0; column < kEventColumns; ++column)
+        On(IDM_COLUMN + column, Raised::Click, "mnuColumn_Click",
+           [this, column] { columns_.Toggle(column); });
+    On(IDM_COLUMNSRESET, Raised::Click, "mnuColumn_Click", [this] { columns_.Reset(); });
     On(IDC_ListEvents, Raised::RightClick, "ListEvents_MouseUp", &frmMain::ListEvents_MouseUp);
     On(IDC_ListEvents, Raised::Select, "ListEvents_ItemClick", [this] { events_.Rows().ShowInToolbar(); });
     On(IDM_COPY, Raised::Click, "mnuCopy_Click", [this] { events_.Copy(); });
@@ -108,7 +126,9 @@ void frmMain::Form_Load() {
     ErrorTrap trap(errors(), "Form_Load", Name());
     loading_ = true;
     trap([&] { window().SetToolbar(IDC_Toolbar1, MainToolbar()); });
-    trap([&] { list_.Prepare(); });
+    trap([&] { list_.Prepare(app_.settings.TextOr(kSort, "")); });
+    trap([&] { columns_.Restore(); });
+    trap([&] { chkExpired.Checked(app_.settings.Flag(kShowExpired)); });
     trap([&] { FillCategories(); });
     trap([&] {
         app_.health.OnChange([this] { ShowHealth(); });
@@ -283,8 +303,18 @@ void frmMain::OpenWords() {
         dialogs_.words([this](const std::string& code) { Refill(code); });
 }
 
-void frmMain::Form_SessionEnd() {
+void frmMain::SaveArrangement() {
     size_.Save();
+    columns_.Save();
+    cSHAREDSettings& settings = app_.settings;
+    if (list_.SortText() != "0 up" || settings.IsSettingPresent(kSort))
+        settings.StoreSetting(kSort, list_.SortText());
+    if (chkExpired.Checked() != settings.Flag(kShowExpired))
+        settings.StoreSetting(kShowExpired, chkExpired.Checked());
+}
+
+void frmMain::Form_SessionEnd() {
+    SaveArrangement();
     // Nothing is asked, since the system waits only for a few seconds.
     app_.settings.SaveSettings(app_.settingsFileName, cSHAREDSettings::Failure::Quiet);
     if (!app_.dataWatch->IsAllSeen()) {
@@ -305,8 +335,8 @@ void frmMain::Form_Unload() {
     app_.health.OnChange({});
     clock_.Stop();
     tray_.Hide();
+    SaveArrangement();
     if (const auto words = app_.openWindows.Find(frmWords::kName)) app_.openWindows.Unload(*words);
-    size_.Save();
     window().Hide();
 }
 

@@ -6,6 +6,7 @@
 #include "forms/Form.h"
 #include "resources/resource.h"
 #include "ui/list/EventListView.h"
+#include "ui/list/ListColumns.h"
 #include "ui/main/DataMenu.h"
 #include "ui/main/EventMenu.h"
 #include "ui/main/HealthBar.h"
@@ -79,6 +80,8 @@ private:
 
     // After anything of what the user has to know has changed.
     void ShowHealth();
+    // What the user has arranged in the window, for the next run.
+    void SaveArrangement();
     void FillCategories();
     std::int16_t Category() const;
     // After events have changed: fills the list, selects the row of that event, if there is one, and has the
@@ -95,6 +98,7 @@ private:
     MainWindowEvents& owner_;
     MainDialogs dialogs_;
     EventListView list_;
+    ListColumns columns_;
     WindowSizeSetting size_;
     HealthBar bar_;
     CheckBox chkExpired{window(), IDC_chkExpired};

@@ -55,6 +55,10 @@ TEST(EventDescriber, SaysInEachColumnWhatAnEventIs) {
         {kTypeColumn, "S", SharedOn(kMonday, "smith"), "Smith", true},  // owners are compared exactly
         {kTypeColumn, "E", SharedOn(kToday.PlusDays(-1), "smith"), "Smith", true},
         {kTypeColumn, "E", SharedOn(kToday.PlusDays(-1)), "Smith", true},
+        {kTimeColumn, "", On(kMonday)},
+        {kTimeColumn, "09:05", WithAlarm(On(kMonday), 9, 5)},
+        {kRepeatsColumn, "", On(kMonday)},
+        {kRepeatsColumn, "every 3 days", Daily("1", "Pills", kMonday, 3)},
         {kSharedWithColumn, "All", SharedOn(kMonday)},
         {kSharedWithColumn, "", SharedWith("Ann\r\nBob\r\n", false)},
         {kSharedWithColumn, "Ann,Bob", SharedWith("Ann\r\nBob\r\n")},
