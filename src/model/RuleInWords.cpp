@@ -27,7 +27,7 @@ std::string DayNames(int mask, const LocaleData& locale) {
         if ((mask & 1 << weekday) == 0) continue;
         last = weekday;
         const std::string& name = locale.shortDayNames[static_cast<std::size_t>(weekday % 7)];
-        names = name + (named == 0 ? "" : named == 1 ? " and " : ", ") + names;
+        names.insert(0, named == 0 ? "" : named == 1 ? " and " : ", ").insert(0, name);
         ++named;
     }
     return named == 1 ? locale.dayNames[static_cast<std::size_t>(last % 7)] : names;

@@ -39,7 +39,7 @@ private:
     std::optional<Found> AtEnd(Tokens tokens) const;
     std::optional<Found> AtBeginning(Tokens tokens) const;
     std::string TextOf(Tokens tokens) const;
-    EventInWords Draft(Found found, const LineOptions& options) const;
+    EventInWords Draft(const Found& found, const LineOptions& options) const;
     std::string SayWhen(Tokens tokens) const;
 
     std::string_view line_;
@@ -69,7 +69,7 @@ EventInWords LineReader::Read() {
                        "quotes: \"" +
                        found->text + "\" " + std::string(found->said) + ".");
     if (!found) found = first;
-    return found ? Draft(std::move(*found), options) : Refused(SayWhen(all));
+    return found ? Draft(*found, options) : Refused(SayWhen(all));
 }
 
 // In quotes nothing says when.
@@ -118,7 +118,7 @@ std::string LineReader::TextOf(Tokens tokens) const {
     return std::string(text);
 }
 
-EventInWords LineReader::Draft(Found found, const LineOptions& options) const {
+EventInWords LineReader::Draft(const Found& found, const LineOptions& options) const {
     clsEvent event;
     event.Desc(OneLine(found.text));
     if (std::string fault = Decide(found.when, context_.view, event); !fault.empty())

@@ -60,7 +60,7 @@ std::string DecideOnce(const When& when, const WhenView& view, clsEvent& event) 
     const bool isLate = when.time && when.time->MinuteOfDay() <= view.now.MinuteOfDay();
     const std::optional<DateValue> day =
         when.moment ? std::optional(when.moment->DateOnly()) : DayOf(when.day, today, isLate);
-    const std::string fault = when.moment ? "" : FaultOf(when.day, day, view, isLate);
+    std::string fault = when.moment ? "" : FaultOf(when.day, day, view, isLate);
     if (fault == "passed")
         return TimeText(*when.time) + " today has passed. Write \"tomorrow " + TimeText(*when.time) +
                "\", or a later time.";
@@ -86,7 +86,7 @@ std::string DecideEnd(const When& when, const WhenView& view, DateValue first, c
     extras.times = when.times;
     if (when.until) {
         extras.lastDay = DayOf(*when.until, today, false);
-        const std::string fault = FaultOf(*when.until, extras.lastDay, view, false);
+        std::string fault = FaultOf(*when.until, extras.lastDay, view, false);
         if (!fault.empty()) return fault;
     } else {
         extras.lastDay = LastDayOf(event.Rule(), first, when.times, today);
@@ -136,7 +136,7 @@ int DaysInMonth(int month, int year) {
 
 std::string Decide(const When& when, const WhenView& view, clsEvent& event) {
     if (!when.fault.empty()) return when.fault;
-    const std::string fault = when.rule ? DecideRule(when, view, event) : DecideOnce(when, view, event);
+    std::string fault = when.rule ? DecideRule(when, view, event) : DecideOnce(when, view, event);
     if (!fault.empty()) return fault;
     const std::optional<DateValue> time = when.moment ? std::optional(when.moment->TimeOnly()) : when.time;
     event.AlarmSet(time.has_value());
