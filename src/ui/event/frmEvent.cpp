@@ -1,9 +1,9 @@
 #include "ui/event/frmEvent.h"
 
 #include "base/Text.h"
-#include "base/Utf8.h"
 #include "forms/Window.h"
 #include "forms/WindowFactory.h"
+#include "model/AlarmTime.h"
 #include "model/RulePreview.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
@@ -16,8 +16,8 @@
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
 
-#include <optional>
-#include <string_view>
+#include <cstdint>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -27,14 +27,6 @@ namespace {
 
 constexpr const char* kPickStart = "Pick a start date";
 constexpr const char* kTypeDay = "Type a day, or pick one";
-
-// Lines at the start in which nothing stands.
-std::string_view WithoutBlankStart(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) return {};
-    const std::size_t line = text.rfind('\n', first);
-    return line == std::string_view::npos ? text : text.substr(line + 1);
-}
 
 constexpr int kSaved = 1;
 constexpr int kAborted = 2;
@@ -50,6 +42,7 @@ frmEvent::frmEvent(std::unique_ptr<kaz::Window> window, Application& application
       extras_(event_.Extras()),
       extrasRule_(event_.Rule()),
       datePattern_(application.DatePattern()),
+      description_(this->window()),
       alarm_(this->window(), application.platform.locale.Data()),
       actions_(this->window(), application.platform.files, application.platform.dialogs),
       share_(this->window(), application.platform.locale.Folding()),
@@ -162,8 +155,7 @@ void frmEvent::Form_Load() {
 }
 
 void frmEvent::ShowNew() {
-    // One more than can be saved, so that saving knows of what was cut off and tells.
-    txtDesc.MaxLength(static_cast<int>(clsEvent::kLongestShown) + 1);
+    description_.ShowNew();
     std::vector<std::string> names;
     for (std::int16_t slot = 0; slot < clsLayers::kAll; ++slot)
         names.push_back(app_.layers.Layer(slot));
@@ -177,8 +169,7 @@ void frmEvent::ShowNew() {
 
 void frmEvent::CopyDataToForm() {
     ErrorTrap trap(errors(), "CopyDataToForm", Name());
-    trap([&] { ShowDescription(); });
-    trap([&] { shownDescription_ = txtDesc.Text(); });
+    trap([&] { description_.Show(event_); });
     trap([&] { share_.Show(event_); });
     trap([&] { alarm_.Show(event_, app_.platform.clock.Now()); });
     trap([&] { actions_.Show(event_); });
@@ -187,19 +178,6 @@ void frmEvent::CopyDataToForm() {
         txtDaysWarning.Text(std::to_string(event_.DaysWarning()));
     });
     trap([&] { tabs_.Show(event_); });
-}
-
-// One that is too long to be edited stays as it is, whatever else is changed.
-void frmEvent::ShowDescription() {
-    std::string text(event_.DescShown());
-    if (event_.IsDescCut()) {
-        text = "[This description is too long to be changed here: it has " +
-               std::to_string(Utf16Length(event_.Desc())) +
-               " characters. KAZ keeps it whole, and shows the first " +
-               std::to_string(clsEvent::kLongestShown) + ".]\r\n" + text;
-        txtDesc.Enabled(false);
-    }
-    txtDesc.Text(text);
 }
 
 bool frmEvent::CopyFormToData() {
@@ -223,7 +201,7 @@ bool frmEvent::CopyFormToData() {
 
 void frmEvent::CopyFields(clsEvent& event) {
     alarm_.Take(event);
-    CopyDescription(event);
+    description_.Take(event);
     alarm_.FillEmpty();
     if (Trim(TypedText(txtDaysWarning)).empty()) txtDaysWarning.Text("0");
     share_.Take(event);
@@ -240,19 +218,6 @@ void frmEvent::CopyFields(clsEvent& event) {
         throw FieldFault(IDC_cmdMore, fault);
     AskAboutDoubts(event);
     if (!event.Email.empty()) app_.settings.StoreSetting("DefaultEmail", event.Email);
-}
-
-// A text box cannot show every byte that a description may hold; one that the
-// user has not touched keeps them all.
-void frmEvent::CopyDescription(clsEvent& event) const {
-    const std::string text = TypedText(txtDesc);
-    if (!event.IDCode.empty() && text == shownDescription_) return;
-    if (Utf16Length(text) > clsEvent::kLongestShown)
-        throw FieldFault(
-            IDC_txtDesc,
-            "The description is too long: it can have " + std::to_string(clsEvent::kLongestShown) +
-                " characters. What was pasted beyond them is not in the field; please shorten it");
-    event.Desc(std::string(WithoutBlankStart(text)));
 }
 
 void frmEvent::AskAboutDoubts(const clsEvent& event) const {
@@ -280,7 +245,7 @@ void frmEvent::SetupRelatedItems() {
 void frmEvent::ConvertToPickShareMode() { ShowSharingOnly(window()); }
 
 bool frmEvent::ShowModal() {
-    const int first = txtDesc.Enabled() ? IDC_txtDesc : IDC_cmdSave;
+    const int first = description_.Enabled() ? IDC_txtDesc : IDC_cmdSave;
     window().SetFocus(mode_ == EditMode::SharingOnly ? IDC_chkShared : first);
     return window().ShowModal() == kSaved;
 }

@@ -7,6 +7,7 @@
 #include "storage/EventOperations.h"
 #include "ui/event/ActionControls.h"
 #include "ui/event/AlarmControls.h"
+#include "ui/event/DescriptionControls.h"
 #include "ui/event/RecurrenceTabs.h"
 #include "ui/event/ShareControls.h"
 
@@ -24,7 +25,6 @@ public:
 
     // Fills every control from the event.
     void CopyDataToForm();
-    void ShowDescription();
     // Checks the controls and copies them into the event. What is wrong is told in a message box; the field
     // at fault gets the keyboard, and the event stays as it was.
     bool CopyFormToData();
@@ -62,7 +62,6 @@ private:
     void PrepareNumbers();
     void ShowNew();
     void CopyFields(clsEvent& event);
-    void CopyDescription(clsEvent& event) const;
     void AskAboutDoubts(const clsEvent& event) const;
     void TellFailure();
     bool IsChanged() const;
@@ -78,16 +77,15 @@ private:
     EditMode mode_;
     EventExtras extras_;
     RecurrenceRule extrasRule_;  // for which they were chosen
-    std::string shownDescription_;
-    std::string entered_;  // when it was opened
-    bool repeats_ = true;  // under the tabs of rules
-    bool inTime_ = false;  // the keyboard is in the box of the time
+    std::string entered_;        // when it was opened
+    bool repeats_ = true;        // under the tabs of rules
+    bool inTime_ = false;        // the keyboard is in the box of the time
     std::string datePattern_;
+    DescriptionControls description_;
     AlarmControls alarm_;
     ActionControls actions_;
     ShareControls share_;
     RecurrenceTabs tabs_;
-    TextBox txtDesc{window(), IDC_txtDesc};
     ListControl cmbLayers{window(), IDC_cmbLayers};
     TextBox txtDaysWarning{window(), IDC_txtDaysWarning};
     CheckBox optRepeat{window(), IDC_optRepeat};
