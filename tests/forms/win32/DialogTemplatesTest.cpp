@@ -1,6 +1,7 @@
 #include "TestResources.h"
 #include "forms/win32/DialogWindow.h"
 #include "forms/win32/StockControls.h"
+#include "resources/resource.h"
 #include "win32/Text.h"
 
 #include <commctrl.h>
