@@ -5,6 +5,7 @@
 #include "core/ClockGuard.h"
 #include "core/DataWatch.h"
 #include "core/EventFiles.h"
+#include "core/Links.h"
 #include "platform/Files.h"
 #include "platform/SystemInfo.h"
 #include "reminders/AlarmFiles.h"
@@ -39,6 +40,7 @@ Application::Application(const Platform& services)
       awaitedFolder(std::make_unique<AwaitedFolder>(*this)),
       dataWatch(std::make_unique<DataWatch>(*this)) {
     log.ApplicationFolder(runtimePath);
+    openWindows.AnswerHelp([this] { ShowHelp(platform); });
     errors.ShowThrough(
         [this](const std::string& text, const std::string& extra) { errorReports.Show(text, extra); });
     sideFile.AskForBackup([this] { return SideFileOfBackup(*this); });

@@ -8,12 +8,12 @@
 #include "core/Backup.h"
 #include "core/DataWatch.h"
 #include "core/JournalScope.h"
+#include "core/Links.h"
 #include "core/NamedEvents.h"
 #include "core/Reason.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
-#include "platform/Shell.h"
 #include "platform/ZipArchiver.h"
 #include "storage/TaskList.h"
 #include "support/Names.h"
@@ -99,13 +99,7 @@ void FileStates::TellDamagedSettings() {
                        {"OK", [this, key] { app_.health.Clear(key); }}}});
 }
 
-void FileStates::OpenFolder(const std::string& file) const {
-    try {
-        app_.platform.shell.Open(FolderOf(file));
-    } catch (const RuntimeError& error) {
-        app_.platform.dialogs.Message(FolderOf(file) + " could not be opened: " + error.Description());
-    }
-}
+void FileStates::OpenFolder(const std::string& file) const { OpenForUser(app_.platform, FolderOf(file)); }
 
 // The memory, where the file was read once, is its last good copy; else a rescue or a backup has one.
 void FileStates::Tell(const Damage& damage) {

@@ -8,13 +8,29 @@
 #include "support/Endpoints.h"
 #include "support/Names.h"
 
+#include <string>
+
 namespace kaz {
+
+namespace {
+
+// As a person would say it.
+std::string InWords(const RuntimeError& error) {
+    switch (error.Number()) {
+    case ErrorNumber::FileNotFound: return "it is not there";
+    case ErrorNumber::PathNotFound: return "its folder is not there";
+    case ErrorNumber::PermissionDenied: return "you have no right to open it";
+    default: return error.Description();
+    }
+}
+
+}  // namespace
 
 void OpenForUser(const Platform& platform, const std::string& target) {
     try {
         platform.shell.Open(target);
     } catch (const RuntimeError& error) {
-        platform.dialogs.Message(target + " could not be opened: " + error.Description());
+        platform.dialogs.Message(target + " could not be opened: " + InWords(error) + ".");
     }
 }
 

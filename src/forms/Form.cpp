@@ -45,6 +45,9 @@ void Form::OnRaised(int control, Raised what, int detail) noexcept {
         --running_;
         return;
     }
+    if (what != Raised::Help || !help_) return;
+    ErrorTrap trap(errors_, "ShowHelp", name_);
+    trap(help_);
 }
 
 }  // namespace kaz

@@ -28,6 +28,8 @@ public:
     bool Busy() const { return running_ > 0; }
     // Calls `leave` once none of its handlers runs, by a message of its own: the form may be destroyed in it.
     void WhenIdle(std::function<void()> leave);
+    // What F1 does, unless the form has a handler of its own for it.
+    void AnswerHelp(std::function<void()> help) { help_ = std::move(help); }
     // What the program does when every window is closed at the end: saves what the form keeps.
     virtual void Form_Unload() {}
 
@@ -66,6 +68,7 @@ private:
     std::string name_;
     std::vector<Entry> entries_;
     std::function<void()> leave_;
+    std::function<void()> help_;
     int running_ = 0;
 };
 

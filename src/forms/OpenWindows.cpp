@@ -12,6 +12,7 @@ OpenWindows::~OpenWindows() = default;
 
 void OpenWindows::Add(std::shared_ptr<Form> form) {
     DropIdle();
+    form->AnswerHelp(help_);
     forms_.push_back(std::move(form));
 }
 

@@ -2,6 +2,7 @@
 
 #include "forms/Form.h"
 
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,8 @@ public:
     ~OpenWindows();
 
     void Add(std::shared_ptr<Form> form);
+    // What F1 does in each form that is added from now on.
+    void AnswerHelp(std::function<void()> help) { help_ = std::move(help); }
     // Unloads the form: Form_Unload runs and the form is dropped, at once or, while one of its handlers runs,
     // as soon as none does. A form that is not open is ignored.
     void Unload(const Form& form);
@@ -29,6 +32,7 @@ private:
 
     std::vector<std::shared_ptr<Form>> forms_;
     std::vector<std::shared_ptr<Form>> leaving_;
+    std::function<void()> help_;
 };
 
 }  // namespace kaz

@@ -37,6 +37,7 @@ enum class Raised {
     Leave,         // a text box has lost the keyboard
     Enter,         // the Enter key in a text box of a window without a default button
     HotKey,        // the key of SetHotKey, wherever on the computer
+    Help,          // F1, wherever in the window
     LeadsOut,      // a key in a grid of days led out of it; `detail` is by how many days
 };
 

@@ -9,8 +9,10 @@ public:
     virtual ~Shell() = default;
     // Opens a file, folder, web or mail address with the program that the system associates
     // with it and returns at once. Throws FileNotFound, PathNotFound, PermissionDenied or
-    // InvalidCall when the system refuses.
+    // InvalidCall, with a reason in words, when the system refuses.
     virtual void Open(const std::string& target) = 0;
+    // The same, but its window leaves the keyboard to the one that the user is typing in.
+    virtual void OpenBehind(const std::string& target) = 0;
 };
 
 }  // namespace kaz

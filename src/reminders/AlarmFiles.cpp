@@ -64,7 +64,8 @@ std::string Open(const Stores& stores, const std::string& file) {
         stores.log.LogEvent("Can't run " + file + " - file not found");
         return "The file \"" + file + "\" was not run: it is not there.";
     }
-    stores.platform.shell.Open(file);
+    stores.platform.shell.OpenBehind(file);
+    stores.log.LogEvent("Opened " + file);
     return "";
 }
 

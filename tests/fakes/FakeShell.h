@@ -14,8 +14,13 @@ public:
         if (refusal) throw RuntimeError(*refusal);
         opened.push_back(target);
     }
+    void OpenBehind(const std::string& target) override {
+        Open(target);
+        openedBehind.push_back(target);
+    }
 
     std::vector<std::string> opened;
+    std::vector<std::string> openedBehind;  // which are among them
     std::optional<ErrorNumber> refusal;
 };
 

@@ -221,8 +221,10 @@ TEST_F(frmMainCommandsTest, ButtonsAndMenusOpenWhatTheySay) {
         EXPECT_TRUE(stage->Find(dialog)) << command;
     }
     EXPECT_EQ("March 2023", stage->Find(IDD_MONTH)->Text(IDC_lblDate));
+    machine.dialogs.yesNo = {true};
     Click(IDM_LOG);
-    EXPECT_THAT(Told(), ElementsAre(HasSubstr("C:\\KAZ\\log.txt")));
+    EXPECT_THAT(machine.dialogs.questions, ElementsAre(HasSubstr("C:\\KAZ\\log.txt")));
+    EXPECT_THAT(std::exchange(machine.shell.opened, {}), ElementsAre("C:\\KAZ\\Log_KAZ.txt"));
     machine.files.Put("C:\\KAZ\\log.txt", "");
     Click(IDM_LOG);
     Click(IDM_CHANGES);

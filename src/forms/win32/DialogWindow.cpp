@@ -249,6 +249,7 @@ INT_PTR DialogWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (focusWhenActive_) PostMessageW(window_, kFocusNow, 0, 0);
         Raise(0, Raised::Activated, LOWORD(wParam) == WA_CLICKACTIVE ? kByMouse : 0);
         return FALSE;
+    case WM_HELP: Raise(0, Raised::Help); return TRUE;
     case WM_HOTKEY: Raise(0, Raised::HotKey); return TRUE;
     case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wParam)); return TRUE;
     case kFocusNow: {

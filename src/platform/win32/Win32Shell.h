@@ -7,6 +7,7 @@ namespace kaz {
 class Win32Shell : public Shell {
 public:
     void Open(const std::string& target) override;
+    void OpenBehind(const std::string& target) override;
 };
 
 }  // namespace kaz

@@ -12,11 +12,13 @@ namespace kaz {
 // to see only where a log of that name exists.
 void DataMenu::ShowLog() {
     const std::string fileName = JoinPath(app_.runtimePath, cSharedLogging::kDefaultName);
+    const std::string ofSession = app_.log.CurrentLogFilename();
     if (FileExists(app_.platform.files, fileName))
         OpenForUser(app_.platform, fileName);
-    else
-        app_.platform.dialogs.Message("There is no log \"" + fileName + "\".\r\nThis session's log is \"" +
-                                      app_.log.CurrentLogFilename() + "\".");
+    else if (app_.platform.dialogs.AskYesNo("There is no log \"" + fileName +
+                                            "\".\r\nThis session's log is \"" + ofSession +
+                                            "\". Do you want to see it?"))
+        OpenForUser(app_.platform, ofSession);
 }
 
 void DataMenu::ShowChanges() {

@@ -80,7 +80,7 @@ TEST_F(FilesOfOthers, AreNeitherTouchedNorRunBeforeAYesToTheirTrueSource) {
     desk.machine.files.Put(kPath, "");
     Ring();
     EXPECT_EQ(Question(), nullptr);
-    EXPECT_THAT(desk.machine.shell.opened, ElementsAre(kPath));
+    EXPECT_THAT(desk.machine.shell.openedBehind, ElementsAre(kPath));
 }
 
 TEST_F(FilesOfOthers, AreAskedForOneAfterTheOtherUntilTheProgramEnds) {
