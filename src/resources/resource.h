@@ -80,6 +80,7 @@
 #define IDC_cmdHealthNext 1115
 #define IDC_lblSearch 1116
 #define IDC_txtSearch 1117
+#define IDC_lblEvents 1130
 
 // The line in words, in the main window and in one of its own
 #define IDC_lblWords 1131
@@ -325,6 +326,7 @@
 
 // frmEditLayers: the text box of slot n is IDC_txtLayer + n
 #define IDC_txtLayer 1600  // the first of 21
+#define IDC_cmdSuggest 1625
 #define IDC_cmdAccept 1630
 #define IDC_cmdAbortLayers 1631
 

@@ -12,7 +12,6 @@ std::size_t Checked(std::int16_t slot) {
     return static_cast<std::size_t>(slot);
 }
 
-// A slot of the user's that still has this name is free.
 std::string DefaultName(std::int16_t slot) { return "Layer " + std::to_string(slot); }
 
 std::string SettingName(std::int16_t slot) { return "Layer" + std::to_string(slot); }
@@ -45,11 +44,13 @@ void clsLayers::LoadLayers() {
     Layer(kAll, "All Categories");
 }
 
+bool clsLayers::IsFree(std::int16_t slot, std::string_view name) { return name == DefaultName(slot); }
+
 std::int16_t clsLayers::SeekLayerIndex(std::string_view name) {
     for (std::int16_t slot = 1; slot < kCount; ++slot)
         if (StringsEqual(Layer(slot), name, locale_.Folding())) return slot;
     for (std::int16_t slot = kAll; slot > 0; --slot) {
-        if (Layer(slot) != DefaultName(slot)) continue;
+        if (!IsFree(slot, Layer(slot))) continue;
         Layer(slot, std::string(name));
         SaveLayers();
         return slot;

@@ -23,6 +23,9 @@ public:
     // An event without a category of its own is in the first one.
     static std::int16_t OwnOr(std::int16_t category) { return category == kShared ? kFirstOwn : category; }
 
+    // Whether that name of the slot is the one which it has before anybody uses it.
+    static bool IsFree(std::int16_t slot, std::string_view name);
+
     // The slots have their default names until LoadLayers. Both outlive the object.
     clsLayers(cSHAREDSettings& settings, const Locale& locale);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/CategoryStep.h"
 #include "core/Application.h"
 #include "forms/Controls.h"
 #include "forms/ModalForm.h"
@@ -18,7 +19,11 @@ public:
 private:
     void Form_Load();
     void cmdAccept_Click();
+    void cmdSuggest_Click();
     void cmdAbort_Click() { Leave(); }
+
+    CategoryStep::CategoryNames Typed() const;
+    bool IsMeant(const CategoryStep::CategoryNames& names);
 
     Application& app_;
     std::vector<TextBox> txtDesc;  // by slot

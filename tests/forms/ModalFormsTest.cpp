@@ -15,14 +15,24 @@ TEST_F(ModalFormsTest, CategoriesAreRenamedAllAtOnceOrNotAtAll) {
         EXPECT_EQ(Text(IDC_txtLayer + 20), "All Categories");
         Type(IDC_txtLayer + 2, " Work");
         Type(IDC_txtLayer + 3, "");
+        Type(IDC_txtLayer + 9, "home ");
+        machine.dialogs.yesNo = {false, true};
+        Click(IDC_cmdAccept);
+        EXPECT_TRUE(window->IsVisible());
         Click(IDC_cmdAccept);
     });
     EXPECT_TRUE(ShowCategories(app));
+    ASSERT_EQ(machine.dialogs.questions.size(), 2U);
+    EXPECT_THAT(machine.dialogs.questions[1],
+                AllOf(HasSubstr("Category 3 has no name."), HasSubstr("two categories \"home\"")));
     EXPECT_EQ(app.layers.Layer(1), "Home");
     EXPECT_THAT(Saved("C:\\KAZ\\Kaz.ini"), HasSubstr("LAYER2, Work\r\nLAYER3,\r\n"));
     EXPECT_THAT(Saved("C:\\KAZ\\Kaz.ini"), HasSubstr("LAYER20,All Categories\r\n"));
 
     InModal(IDD_LAYERS, [&] {
+        Click(IDC_cmdSuggest);  // two slots are taken, and two of the names
+        EXPECT_EQ(Text(IDC_txtLayer + 3) + Text(IDC_txtLayer + 4) + Text(IDC_txtLayer + 5),
+                  "BirthdaysBillsLayer 5");
         Type(IDC_txtLayer + 1, "Garden");
         Type(IDC_txtLayer + 2, "<Desc>");
         Click(IDC_cmdAccept);
