@@ -57,6 +57,8 @@ public:
     // Selects exactly these rows, however many, with one repaint; the current
     // row and the scroll position stay.
     virtual void SetSelection(const std::vector<int>& rows) = 0;
+    // What stands in the list while it has no rows; an empty text for nothing.
+    virtual void SetEmptyText(const std::string& text) = 0;
     // The arrow in the header; column -1 shows none.
     virtual void ShowSortMark(int column, bool ascending) = 0;
 };

@@ -192,6 +192,8 @@ public:
     // icon.
     virtual void ShowTrayIcon(const std::string& tip, int icon) = 0;
     virtual void HideTrayIcon() = 0;
+    // Says at the icon a sentence or two, at most 255 characters, for some seconds. Nothing without an icon.
+    virtual void ShowBalloon(const std::string& title, const std::string& text) = 0;
 
     // Has a key of the whole computer, such as "Ctrl+Alt+K", raise HotKey in place of the one before; an
     // empty text has none. False for one that another program has, or that is none.

@@ -25,6 +25,7 @@ public:
     void Select(int row) override;
     void SetSelection(const std::vector<int>& rows) override;
     void ShowSortMark(int column, bool ascending) override;
+    void SetEmptyText(const std::string&) override {}
 
     // What the user would see.
     int RowCount() const { return shown_; }

@@ -118,6 +118,7 @@ public:
     void CopyText(const std::string& text) override { clipboard = text; }
     void ShowTrayIcon(const std::string& tip, int icon) override;
     void HideTrayIcon() override { trayTip.reset(); }
+    void ShowBalloon(const std::string&, const std::string& text) override { balloons.push_back(text); }
     void AskForResumes() override { asksForResumes = true; }
 
     // What the user, the system or a timer does.
@@ -160,6 +161,7 @@ public:
     std::optional<std::string> trayTip;  // while the icon is shown
     int trayIcon = 0;
     std::size_t windowsBeforeTray = 0;  // how many there were when the icon was first shown
+    std::vector<std::string> balloons;
     bool trayRefuses = false;
     std::string hotKey;
     std::string takenHotKey;  // by another program

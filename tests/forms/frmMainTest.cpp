@@ -212,6 +212,29 @@ TEST_F(frmMainTest, TheStoredSizeIsRestoredOrTheWindowIsMaximised) {
     }
 }
 
+TEST_F(frmMainTest, AnEmptyListSaysWhyTheFirstCloseWhereItGoesAndF1Helps) {
+    OpenMain();
+    EXPECT_THAT(Text(IDC_lblEvents), HasSubstr("Ctrl+N"));
+    Add(*app.events, "Rent", 1);
+    Click(IDM_REFRESH);
+    EXPECT_EQ(Text(IDC_lblEvents), "Events");
+    Type(IDC_txtSearch, "Bills");
+    EXPECT_THAT(Text(IDC_lblEvents), HasSubstr("Esc in the box"));
+    if (!fakes) return;
+    machine.files.Put("C:\\KAZ\\KAZ.html", "");
+    InModal(IDD_LAYERS, [&] {
+        Fake().Raise(0, Raised::Help);
+        Fake().CloseBox();
+    });
+    Click(IDM_EDITLAYERS);
+    EXPECT_THAT(machine.shell.opened, ElementsAre("C:\\KAZ\\KAZ.html"));
+    TurnTo(IDD_MAIN);
+    Tick();
+    Fake().CloseBox();
+    Fake().CloseBox();
+    EXPECT_THAT(Fake().balloons, ElementsAre(HasSubstr("Quit")));
+}
+
 TEST_F(frmMainTest, TheCloseBoxHidesItAndItsSizeIsStoredAtItsEndUnlessMinimised) {
     OpenMain();
     for (const auto state : {WindowState::Minimised, WindowState::Maximised}) {

@@ -42,6 +42,9 @@ RECT PlaceIn(HWND window, HWND control) {
     return place;
 }
 
+// A frame paints its lines only, so where they were before they stay.
+bool IsFrame(HWND control) { return (GetWindowLongPtrW(control, GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0; }
+
 }  // namespace
 
 DialogLayout::DialogLayout(HWND window, HINSTANCE module, int dialog)
@@ -93,12 +96,16 @@ void DialogLayout::Apply() const {
     for (const Item& item : items_) {
         const RECT place = PlaceNow(item, client);
         const RECT now = PlaceIn(window_, item.control);
-        if (moves && !EqualRect(&place, &now))
-            moves =
-                DeferWindowPos(moves, item.control, nullptr, place.left, place.top, place.right - place.left,
-                               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        if (!moves || EqualRect(&place, &now)) continue;
+        const bool isFrame = IsFrame(item.control);
+        const UINT bits = isFrame ? SWP_NOCOPYBITS : 0U;
+        moves = DeferWindowPos(moves, item.control, nullptr, place.left, place.top, place.right - place.left,
+                               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | bits);
+        if (isFrame) InvalidateRect(window_, &now, TRUE);
     }
     if (moves) EndDeferWindowPos(moves);
+    for (const Item& item : items_)
+        if (IsFrame(item.control)) InvalidateRect(item.control, nullptr, FALSE);
 }
 
 void DialogLayout::MakeHeadings() {

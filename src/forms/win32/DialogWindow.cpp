@@ -367,6 +367,10 @@ void DialogWindow::ShowTrayIcon(const std::string& tip, int icon) {
         throw RuntimeError(ErrorNumber::InternalError, "The tray takes no icon");
 }
 
+void DialogWindow::ShowBalloon(const std::string& title, const std::string& text) {
+    if (tray_) tray_->Say(ToWide(title), ToWide(text));
+}
+
 // The dialog's default button would get the Enter key, and a row could not be opened by it.
 bool DialogWindow::TranslateKey(MSG& message) {
     const bool isEnter = message.message == WM_KEYDOWN && message.wParam == VK_RETURN;

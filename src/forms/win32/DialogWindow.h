@@ -69,6 +69,7 @@ public:
 
     void ShowTrayIcon(const std::string& tip, int icon) override;
     void HideTrayIcon() override { tray_.reset(); }
+    void ShowBalloon(const std::string& title, const std::string& text) override;
 
 private:
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -1,10 +1,17 @@
 #include "forms/win32/HighContrast.h"
 #include "forms/win32/ReportListView.h"
+#include "forms/win32/ScreenPlacement.h"
 #include "win32/Text.h"
 
 #include <algorithm>
 
 namespace kaz {
+
+namespace {
+
+constexpr int kEmptyMargin = 16;  // in units of 1/96 inch
+
+}  // namespace
 
 std::optional<LRESULT> ReportListView::OnNotify(const NMHDR& header) {
     // The list view's notifications are larger structures that begin with the header.
@@ -52,7 +59,28 @@ bool ReportListView::HasColours(int row) const {
     return false;
 }
 
+void ReportListView::DrawEmptyText(HDC target) const {
+    RECT header{};
+    RECT room{};
+    GetWindowRect(ListView_GetHeader(list_), &header);
+    GetClientRect(list_, &room);
+    const int margin = ToPixels(list_, kEmptyMargin);
+    room = {room.left + margin, room.top + header.bottom - header.top + margin, room.right - margin,
+            room.bottom};
+    const HGDIOBJ before =
+        SelectObject(target, reinterpret_cast<HFONT>(SendMessageW(list_, WM_GETFONT, 0, 0)));
+    SetBkMode(target, TRANSPARENT);
+    SetTextColor(target, GetSysColor(COLOR_WINDOWTEXT));
+    DrawTextW(target, emptyText_.c_str(), -1, &room, DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(target, before);
+}
+
 LRESULT ReportListView::Draw(NMLVCUSTOMDRAW& draw) const {
+    if (SaysEmpty()) {
+        if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYPOSTPAINT;
+        if (draw.nmcd.dwDrawStage == CDDS_POSTPAINT) DrawEmptyText(draw.nmcd.hdc);
+        return CDRF_DODEFAULT;
+    }
     switch (draw.nmcd.dwDrawStage) {
     // The user's own colours are the only ones that can be told apart then; the texts say the same.
     case CDDS_PREPAINT: return IsHighContrast() ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;

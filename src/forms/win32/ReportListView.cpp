@@ -76,6 +76,8 @@ void ReportListView::PlaceColumns(const std::vector<ColumnPlace>& places) {
 }
 
 void ReportListView::FitColumns() {
+    // The text is in the middle of another width.
+    if (SaysEmpty()) InvalidateRect(list_, nullptr, TRUE);
     // A width that the user has given it by hand stays.
     if (growing_ < 0 || ListView_GetColumnWidth(list_, growing_) != fittedWidth_) return;
     RECT client{};
@@ -105,7 +107,8 @@ void ReportListView::Refresh() {
         quiet_ = false;
         FitColumns();  // a scroll bar has come or gone
     }
-    InvalidateRect(list_, nullptr, FALSE);
+    const bool textGoes = before == 0 && shown_ > 0 && !emptyText_.empty();
+    InvalidateRect(list_, nullptr, textGoes ? TRUE : FALSE);
 }
 
 std::vector<int> ReportListView::Selection() const {
@@ -177,6 +180,13 @@ void ReportListView::ShowSortMark(int column, bool ascending) {
         if (item.fmt == before) continue;
         SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&item));
     }
+}
+
+void ReportListView::SetEmptyText(const std::string& text) {
+    std::wstring wide = ToWide(text);
+    if (wide == emptyText_) return;
+    emptyText_ = std::move(wide);
+    if (shown_ == 0) InvalidateRect(list_, nullptr, TRUE);
 }
 
 void ReportListView::OnDpiChanged() {

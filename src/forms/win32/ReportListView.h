@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <string>
 #include <vector>
 
 namespace kaz {
@@ -31,6 +32,7 @@ public:
     void Select(int row) override;
     void SetSelection(const std::vector<int>& rows) override;
     void ShowSortMark(int column, bool ascending) override;
+    void SetEmptyText(const std::string& text) override;
 
     // What stands in the first column, row by row.
     std::vector<std::string> Texts() const;
@@ -46,6 +48,8 @@ private:
     void SetState(int row, UINT state, UINT mask);
     void GiveText(LVITEMW& item) const;
     LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
+    bool SaysEmpty() const { return shown_ == 0 && !emptyText_.empty(); }
+    void DrawEmptyText(HDC target) const;
     bool HasColours(int row) const;
 
     HWND list_;
@@ -57,6 +61,7 @@ private:
     int leastWidth_ = 0;
     int fittedWidth_ = 0;
     int shown_ = 0;
+    std::wstring emptyText_;
     int dpi_;
     bool quiet_ = false;  // what the program itself does to the selection is not raised
 };

@@ -18,9 +18,16 @@ std::wstring TextOf(HINSTANCE module, int control) {
     return length > 0 ? std::wstring(text, static_cast<std::size_t>(length)) : std::wstring();
 }
 
+constexpr int kLineWidth = 480;  // in units of 1/96 inch
+
 HWND MakeTooltips(HWND window, HINSTANCE module) {
-    return CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
-                           0, 0, 0, 0, window, nullptr, module, nullptr);
+    const HWND tooltips =
+        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
+                        0, 0, 0, window, nullptr, module, nullptr);
+    // With a width, a text gets as many lines as it needs.
+    SendMessageW(tooltips, TTM_SETMAXTIPWIDTH, 0, ToPixels(window, kLineWidth));
+    SendMessageW(tooltips, TTM_SETDELAYTIME, TTDT_AUTOPOP, MAXSHORT);
+    return tooltips;
 }
 
 void Send(HWND tooltips, UINT message, HWND window, HWND control, std::wstring& text) {
@@ -33,7 +40,19 @@ void Send(HWND tooltips, UINT message, HWND window, HWND control, std::wstring& 
     SendMessageW(tooltips, message, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-constexpr int kLineWidth = 480;  // in units of 1/96 inch
+// A control that is grey lets the mouse through to its window, so the tip belongs to that place there: it
+// says why it is grey.
+void AddToPlace(HWND tooltips, HWND window, HWND control, std::wstring& text) {
+    TOOLINFOW tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_SUBCLASS;
+    tool.hwnd = window;
+    tool.uId = static_cast<UINT_PTR>(GetDlgCtrlID(control));
+    tool.lpszText = text.data();
+    GetWindowRect(control, &tool.rect);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&tool.rect), 2);
+    SendMessageW(tooltips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
 
 }  // namespace
 
@@ -45,6 +64,7 @@ void AddTooltips(HWND window, HINSTANCE module) {
         if (text.empty()) continue;
         if (!tooltips) tooltips = MakeTooltips(window, module);
         Send(tooltips, TTM_ADDTOOLW, window, control, text);
+        if (!IsWindowEnabled(control)) AddToPlace(tooltips, window, control, text);
     }
 }
 
@@ -52,9 +72,6 @@ void SetTooltip(HWND& tooltip, HWND window, HINSTANCE module, HWND control, std:
     const bool isNew = !tooltip;
     if (isNew) tooltip = MakeTooltips(window, module);
     Send(tooltip, isNew ? TTM_ADDTOOLW : TTM_UPDATETIPTEXTW, window, control, text);
-    // With a width, the text gets as many lines as it needs.
-    SendMessageW(tooltip, TTM_SETMAXTIPWIDTH, 0, ToPixels(window, kLineWidth));
-    SendMessageW(tooltip, TTM_SETDELAYTIME, TTDT_AUTOPOP, MAXSHORT);
 }
 
 }  // namespace kaz

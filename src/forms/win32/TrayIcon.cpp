@@ -36,6 +36,19 @@ bool TrayIcon::Show(const std::wstring& tip, int icon) {
     return shown_;
 }
 
+void TrayIcon::Say(const std::wstring& title, const std::wstring& text) const {
+    if (!shown_) return;
+    NOTIFYICONDATAW data{};
+    data.cbSize = sizeof data;
+    data.hWnd = window_;
+    data.uID = kId;
+    data.uFlags = NIF_INFO;
+    data.dwInfoFlags = NIIF_INFO | NIIF_RESPECT_QUIET_TIME;
+    lstrcpynW(data.szInfoTitle, title.c_str(), static_cast<int>(std::size(data.szInfoTitle)));
+    lstrcpynW(data.szInfo, text.c_str(), static_cast<int>(std::size(data.szInfo)));
+    Shell_NotifyIconW(NIM_MODIFY, &data);
+}
+
 void TrayIcon::Remove() {
     if (!shown_) return;
     NOTIFYICONDATAW data{};

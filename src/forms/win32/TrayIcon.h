@@ -17,6 +17,8 @@ public:
 
     // Adds the icon or, where it is there already, changes its tip and picture. False when the shell refuses.
     bool Show(const std::wstring& tip, int icon);
+    // A balloon, where there is an icon and the user is not busy.
+    void Say(const std::wstring& title, const std::wstring& text) const;
     void Remove();
     // The shell has started anew and knows nothing of icons.
     void Forget() { shown_ = false; }

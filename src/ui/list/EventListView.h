@@ -33,6 +33,8 @@ public:
     void Show(EventRows rows);
     // Colours follow from the Type column; repaints the list with them.
     void SetColours() { Report().Refresh(); }
+    bool IsEmpty() const { return list_.RowCount() == 0; }
+    void SayWhenEmpty(const std::string& text) { Report().SetEmptyText(text); }
     // Selects the row at that place, the first one where there is none so far down.
     void SelectPlace(int place);
     // The first selected row, -1 when there is none.

@@ -98,6 +98,16 @@ void TrayPresence::Renew() {
     if (IsShown() && (TipOf(app_) != tip_ || IconOf(app_) != icon_)) Show();
 }
 
+void TrayPresence::SayWhereItIs() {
+    constexpr std::string_view kSaid = "SaidWhereItIs";
+    if (!IsShown() || app_.settings.Flag(kSaid)) return;
+    app_.settings.StoreSetting(kSaid, true);
+    window_.ShowBalloon(
+        "KAZ goes on in the tray",
+        "It reminds you from here. A click opens your list again; Quit in the right click's menu "
+        "ends it.");
+}
+
 void TrayPresence::ShowAgain() {
     ErrorTrap trap(app_.log, "ShowIconInTray", "frmMain");
     trap([&] { window_.ShowTrayIcon(tip_, icon_); });

@@ -25,6 +25,8 @@ public:
     void Show();
     // Shows the icon anew where its tip or its sign has changed.
     void Renew();
+    // To a user who closes the window for the first time: where the program is now, and how it is ended.
+    void SayWhereItIs();
     // After the shell has lost it.
     void ShowAgain();
     void Hide() { window_.HideTrayIcon(); }

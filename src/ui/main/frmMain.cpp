@@ -11,6 +11,7 @@
 #include "support/Names.h"
 #include "ui/fields/FieldFault.h"
 #include "ui/fields/FieldReading.h"
+#include "ui/list/EmptyList.h"
 #include "ui/list/EventListFill.h"
 #include "ui/main/MainToolbar.h"
 #include "ui/words/frmWords.h"
@@ -183,10 +184,18 @@ void frmMain::FillEvents(std::int16_t category) {
     });
     trap([&] { list_.Show(fill.TakeRows()); });
     SetColours();
+    trap([&] { TellWhyEmpty(); });
     trap([&] { tray_.Renew(); });
     trap([&] { clock_.WaitForAlarms(); });
     app_.log.LogEvent("Selecting current event");
     list_.SelectPlace(place);
+}
+
+// The label is invisible: it is what a screen reader calls the list.
+void frmMain::TellWhyEmpty() {
+    const std::string text = WhyEmpty(app_, Category(), !window().Text(IDC_txtSearch).empty());
+    list_.SayWhenEmpty(text);
+    window().SetText(IDC_lblEvents, list_.IsEmpty() ? "Events: " + text : "Events");
 }
 
 std::int16_t frmMain::Category() const {
@@ -270,6 +279,8 @@ void frmMain::Form_QueryUnload(int how) {
     window().Hide();
     app_.platform.pump.ProcessPending();
     owner_.fMain_WindowClosed();
+    // Not where the host has taken this for the end.
+    if (!unloaded_) tray_.SayWhereItIs();
 }
 
 void frmMain::EscapeFromBox() {
@@ -288,6 +299,7 @@ void frmMain::txtSearch_Change() {
     } catch (const FieldFault&) {
         list_.Narrow("\xFF\xFF");  // no event has a letter that cannot be stored
     }
+    TellWhyEmpty();
 }
 
 LineAnswer frmMain::AddInWords(const std::string& line) {

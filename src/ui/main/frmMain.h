@@ -61,6 +61,7 @@ private:
     // Empties the box that has the keyboard, then leaves it.
     void EscapeFromBox();
     void txtSearch_Change();
+    void TellWhyEmpty();
     void cmdExit_Click();
     void cmdMonthView_Click();
     void cmdEditLayers_Click();

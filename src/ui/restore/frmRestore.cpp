@@ -53,7 +53,7 @@ void frmRestore::Form_Load() {
     ReportList& events = window().Report(IDC_lstBackupEvents);
     backups.SetColumns({{"Date", 90}, {"Events", 60}, {"Expired", 60}, {"Backup", 200, true}});
     backups.SetRows(&backupRows_);
-    events.SetColumns({{"Now", 120}, {"Date", 90}, {"Event", 180, true}, {"Layer", 90}, {"List", 60}});
+    events.SetColumns({{"Now", 120}, {"Date", 90}, {"Event", 180, true}, {"Category", 90}, {"List", 60}});
     events.SetRows(&eventRows_);
     const BusyPointer busy(app_.platform.pump);
     backups_ = FindBackups(app_);
