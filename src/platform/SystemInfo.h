@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace kaz {
@@ -18,6 +19,11 @@ public:
     virtual std::string LocalFolder() const = 0;
     // The folder for files that nobody keeps, without trailing backslash.
     virtual std::string TemporaryFolder() const = 0;
+    // Whether this program starts on that data folder when its user logs on; nothing where it is none that
+    // can be started so.
+    virtual std::optional<bool> StartsAtLogon(const std::string& folder) const = 0;
+    // Throws PermissionDenied, or InvalidCall with a reason in words, when the system refuses.
+    virtual void StartAtLogon(const std::string& folder, bool starts) = 0;
 };
 
 }  // namespace kaz

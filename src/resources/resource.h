@@ -323,6 +323,7 @@
 #define IDC_txtQuietFrom 1526
 #define IDC_txtQuietTo 1527
 #define IDC_cmbWordsKey 1528
+#define IDC_chkStartAtLogon 1529
 
 // frmEditLayers: the text box of slot n is IDC_txtLayer + n
 #define IDC_txtLayer 1600  // the first of 21

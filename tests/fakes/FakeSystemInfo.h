@@ -11,11 +11,18 @@ public:
     std::string UserFolder() const override { return userFolder; }
     std::string LocalFolder() const override { return localFolder; }
     std::string TemporaryFolder() const override { return temporaryFolder; }
+    std::optional<bool> StartsAtLogon(const std::string&) const override { return startsAtLogon; }
+    void StartAtLogon(const std::string& folder, bool starts) override {
+        startsAtLogon = starts;
+        startedFolder = folder;
+    }
 
     std::string moduleFolder = "C:\\KAZ";
     std::string userFolder = "C:\\KAZ";
     std::string localFolder = "C:\\Local";
     std::string temporaryFolder = "C:\\Temp";
+    std::optional<bool> startsAtLogon = false;
+    std::string startedFolder;  // the last one that was asked for
 };
 
 }  // namespace kaz

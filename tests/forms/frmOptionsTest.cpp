@@ -54,6 +54,7 @@ TEST_F(frmOptionsTest, ShowsTheSettingsAndStoresOnlyWhatIsSaved) {
         Click(IDC_cmdPickAlarmWav);
         Click(IDC_optEuroDate);
         Click(IDC_chkSilentStart);
+        Click(IDC_chkStartAtLogon);
         // A folder that somebody carries about gets its copies on this computer.
         machine.dialogs.yesNo = {true};
         Click(IDC_cmdSecondBackup);
@@ -66,6 +67,8 @@ TEST_F(frmOptionsTest, ShowsTheSettingsAndStoresOnlyWhatIsSaved) {
         Type(IDC_txtQuietTo, "7.00");
         Save();
     }));
+    EXPECT_EQ(machine.system.startsAtLogon, true);
+    EXPECT_EQ(machine.system.startedFolder, "C:\\KAZ");
     EXPECT_THAT(Told(), ElementsAre("Cannot find specified WAV file. Sounds disabled.",
                                     "Quiet hours need two times, such as 22:00 and 07:00, or none."));
     EXPECT_THAT(Saved("KAZ\\Kaz.ini"),

@@ -76,7 +76,7 @@ void ReportListView::PlaceColumns(const std::vector<ColumnPlace>& places) {
 }
 
 void ReportListView::FitColumns() {
-    // The text is in the middle of another width.
+    // The text is wrapped at another width.
     if (SaysEmpty()) InvalidateRect(list_, nullptr, TRUE);
     // A width that the user has given it by hand stays.
     if (growing_ < 0 || ListView_GetColumnWidth(list_, growing_) != fittedWidth_) return;

@@ -12,6 +12,8 @@ public:
     std::string UserFolder() const override;
     std::string LocalFolder() const override { return UserFolder(); }
     std::string TemporaryFolder() const override;
+    std::optional<bool> StartsAtLogon(const std::string&) const override { return std::nullopt; }
+    void StartAtLogon(const std::string&, bool) override {}
 };
 
 }  // namespace kaz

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "platform/Files.h"
+#include "platform/win32/LogonStart.h"
 #include "win32/Handles.h"
 #include "win32/SystemError.h"
 #include "win32/Text.h"
@@ -65,6 +66,15 @@ std::string Win32SystemInfo::TemporaryFolder() const {
     wchar_t path[MAX_PATH + 1]{};
     if (GetTempPathW(MAX_PATH + 1, path) == 0) ThrowSystemError(GetLastError());
     return WithoutTrailingBackslash(PathText(path));
+}
+
+std::optional<bool> Win32SystemInfo::StartsAtLogon(const std::string& folder) const {
+    const LogonStart start(LogonStart::RunningProgram(), folder);
+    return start.IsHost() ? std::optional(start.IsOn()) : std::nullopt;
+}
+
+void Win32SystemInfo::StartAtLogon(const std::string& folder, bool starts) {
+    LogonStart(LogonStart::RunningProgram(), folder).Turn(starts);
 }
 
 }  // namespace kaz

@@ -14,6 +14,8 @@ public:
     std::string UserFolder() const override;
     std::string LocalFolder() const override;
     std::string TemporaryFolder() const override;
+    std::optional<bool> StartsAtLogon(const std::string& folder) const override;
+    void StartAtLogon(const std::string& folder, bool starts) override;
 
 private:
     HINSTANCE module_;

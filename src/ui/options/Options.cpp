@@ -1,6 +1,7 @@
 #include "ui/options/Options.h"
 
 #include "core/Application.h"
+#include "platform/SystemInfo.h"
 #include "storage/clsSounds.h"
 
 namespace kaz {
@@ -15,6 +16,7 @@ Options Options::Of(const Application& application) {
     options.sharedPath = settings.TextOr("SharedDataPath", "");
     options.owner = application.Owner();
     options.europeanDates = application.EuropeanDates();
+    options.startsAtLogon = application.platform.system.StartsAtLogon(application.runtimePath);
     options.silentStart = settings.Flag("SilentStart");
     options.disableAutoUpdate = settings.Flag("DisableAutoUpdateCheck");
     options.noAutoBackups = settings.Flag("NoAutoBackups");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace kaz {
@@ -15,6 +16,7 @@ struct Options {
     std::string sharedPath;
     std::string owner;
     bool europeanDates = false;
+    std::optional<bool> startsAtLogon;  // nothing where the system cannot start the program
     bool silentStart = false;
     bool disableAutoUpdate = false;
     bool noAutoBackups = false;

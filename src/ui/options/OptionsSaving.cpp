@@ -7,6 +7,7 @@
 #include "model/AlarmTime.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/SystemInfo.h"
 #include "resources/resource.h"
 #include "storage/Owner.h"
 #include "ui/fields/FieldFault.h"
@@ -137,6 +138,18 @@ void OptionsSaving::Store(const Options& options) {
     settings.StoreSetting("NoSounds", options.noSounds);
     settings.SaveSettings(app_.settingsFileName);
     app_.settingsInitialised = true;
+    StoreLogonStart(options);
+}
+
+// The system's, not a setting: it is as it was where the system refuses, and all else is stored.
+void OptionsSaving::StoreLogonStart(const Options& options) {
+    if (!options.startsAtLogon || options.startsAtLogon == before_.startsAtLogon) return;
+    try {
+        app_.platform.system.StartAtLogon(app_.runtimePath, *options.startsAtLogon);
+    } catch (const RuntimeError& error) {
+        app_.platform.dialogs.Message("\"Start with Windows\" could not be changed: " + error.Description() +
+                                      ".");
+    }
 }
 
 void OptionsSaving::StoreOwner(const Options& options) {

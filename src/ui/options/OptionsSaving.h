@@ -28,6 +28,7 @@ private:
     void CheckSecondBackup(Options& options);
     static void CheckQuiet(Options& options);
     void CheckSharing(const Options& options);
+    void StoreLogonStart(const Options& options);
     void StoreOwner(const Options& options);
     std::string CopiedDataPath(const Options& options);
 

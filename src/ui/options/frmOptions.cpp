@@ -49,6 +49,8 @@ void frmOptions::Form_Load() {
     txtDatapath.Text(options.dataPath);
     txtAlarmWav.Text(options.alarmWav);
     chkNoSound.Checked(options.noSounds);
+    chkStartAtLogon.Enabled(options.startsAtLogon.has_value());
+    chkStartAtLogon.Checked(options.startsAtLogon.value_or(false));
     chkSilentStart.Checked(options.silentStart);
     chkNoAutoBackups.Checked(options.noAutoBackups);
     chkDisableAutoUpdate.Checked(options.disableAutoUpdate);
@@ -169,6 +171,7 @@ Options frmOptions::Typed() const {
     options.sharedPath = FittingText(txtSharedDBPath);
     options.owner = FittingText(txtOwner);
     options.europeanDates = optEuroDate.Checked();
+    if (chkStartAtLogon.Enabled()) options.startsAtLogon = chkStartAtLogon.Checked();
     options.silentStart = chkSilentStart.Checked();
     options.disableAutoUpdate = chkDisableAutoUpdate.Checked();
     options.noAutoBackups = chkNoAutoBackups.Checked();

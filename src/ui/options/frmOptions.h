@@ -51,6 +51,7 @@ private:
     CheckBox chkNoSound{window(), IDC_chkNoSound};
     CheckBox optUSDate{window(), IDC_optUSDate};
     CheckBox optEuroDate{window(), IDC_optEuroDate};
+    CheckBox chkStartAtLogon{window(), IDC_chkStartAtLogon};
     CheckBox chkSilentStart{window(), IDC_chkSilentStart};
     CheckBox chkDisableAutoUpdate{window(), IDC_chkDisableAutoUpdate};
     CheckBox chkNoAutoBackups{window(), IDC_chkNoAutoBackups};

@@ -17,7 +17,7 @@ bool IsCheckBox(int control) {
     static constexpr int kCheckBoxes[] = {IDC_chkExpired,       IDC_chkNoSound, IDC_chkSilentStart,
                                           IDC_chkTimed,         IDC_chkShared,  IDC_chkEmailTo,
                                           IDC_chkSpecificShare, IDC_chkRunFile, IDC_chkMakeNoise,
-                                          IDC_chkQuietScreen,   IDC_chkAlways};
+                                          IDC_chkQuietScreen,   IDC_chkAlways,  IDC_chkStartAtLogon};
     return (control >= IDC_chkDay && control < IDC_chkDay + 7) ||
            std::ranges::count(kCheckBoxes, control) > 0;
 }

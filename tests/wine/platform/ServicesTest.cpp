@@ -1,4 +1,5 @@
 #include "fakes/ErrorOf.h"
+#include "platform/win32/LogonStart.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32FileSystem.h"
 #include "platform/win32/Win32MessagePump.h"
@@ -46,6 +47,19 @@ TEST(ServicesTest, SystemAndModule) {
     EXPECT_NE(std::string::npos, system.OperatingSystem().find("."));
     EXPECT_EQ(PathKind::Folder, Win32FileSystem().Kind(system.ModuleFolder()));
     EXPECT_NE('\\', system.ModuleFolder().back());
+}
+
+TEST(ServicesTest, TheHostStartsAtLogonOnceForEachFolder) {
+    EXPECT_EQ(std::nullopt, Win32SystemInfo(nullptr).StartsAtLogon("C:\\Data"));  // this is not the host
+    const LogonStart mine(L"C:\\KAZ\\kaz2.exe", "D:\\"), other(L"C:\\KAZ\\KAZ2.exe", "D:\\Other");
+    EXPECT_TRUE(mine.IsHost());
+    mine.Turn(true);
+    EXPECT_TRUE(mine.IsOn());
+    EXPECT_FALSE(other.IsOn());
+    EXPECT_FALSE(LogonStart(L"C:\\Elsewhere\\KAZ2.exe", "D:\\").IsOn());
+    other.Turn(false);
+    mine.Turn(false);
+    EXPECT_FALSE(mine.IsOn());
 }
 
 TEST(ServicesTest, TheShellTellsWhatItCannotOpen) {
