@@ -74,7 +74,7 @@ EventInWords LineReader::Read() {
 
 // In quotes nothing says when.
 EventInWords LineReader::ReadQuoted(std::size_t end) {
-    const std::string text(Trim(line_.substr(1, end - 1)));
+    const std::string text = OneLine(line_.substr(1, end - 1));
     line_.remove_prefix(end + 1);
     std::vector<WordToken> tokens = TokensOf(line_, context_.words);
     const LineOptions options = LineOptions::TakeFrom(line_, tokens, context_);
