@@ -107,7 +107,9 @@ std::string CodePage::Decode(std::string_view bytes) const {
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         const unsigned char byte = Byte(bytes[at]);
         if (byte < 0x80) {
-            text += bytes[at];
+            const std::size_t plain = AsciiAtStart(bytes.substr(at));
+            text.append(bytes, at, plain);
+            at += plain - 1;
             continue;
         }
         const auto& pairs = pairs_[byte];
@@ -123,6 +125,10 @@ std::string CodePage::Encode(std::string_view text, Otherwise otherwise) const {
     std::string bytes;
     bytes.reserve(text.size());
     while (!text.empty()) {
+        const std::size_t plain = AsciiAtStart(text);
+        bytes.append(text, 0, plain);
+        text.remove_prefix(plain);
+        if (text.empty()) break;
         const Utf8Letter letter = FirstLetter(text);
         Append(bytes, letter.code, otherwise);
         text.remove_prefix(letter.length);
@@ -157,7 +163,8 @@ std::string_view CodePage::BytesOf(std::string_view text, std::string& room, Oth
 bool CodePage::Holds(std::string_view text) const {
     if (IsAscii(text)) return true;
     bool isAmbiguous = false;
-    for (std::string_view rest = text; !rest.empty();) {
+    for (std::string_view rest = text.substr(AsciiAtStart(text)); !rest.empty();
+         rest.remove_prefix(AsciiAtStart(rest))) {
         const Utf8Letter letter = FirstLetter(rest);
         if (!letter.valid || (CodeOf(letter.code) == 0 && letter.code != 0)) return false;
         // A byte without a meaning may get one from what stands behind it.

@@ -2,6 +2,7 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
 #include <cstdint>
 
 namespace kaz {
@@ -27,6 +28,9 @@ private:
 }  // namespace
 
 std::size_t BytesOfLetters(std::string_view text, std::size_t count) noexcept {
+    // Each of ASCII is one by itself, but for a line break, unless an accent comes behind it.
+    const std::string_view plain = text.substr(0, count < text.size() ? count + 1 : text.size());
+    if (IsAscii(plain) && plain.find('\r') == std::string_view::npos) return std::min(count, text.size());
     Borders borders;
     std::string_view rest = text;
     while (!rest.empty()) {

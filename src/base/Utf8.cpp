@@ -62,18 +62,21 @@ void AppendLetter(std::string& text, char32_t code) {
     }
 }
 
-bool IsAscii(std::string_view text) noexcept {
+std::size_t AsciiAtStart(std::string_view text) noexcept {
     constexpr std::size_t kStep = 8;
     constexpr std::uint64_t kHigh = 0x8080808080808080U;
-    for (; text.size() >= kStep; text.remove_prefix(kStep)) {
+    std::size_t at = 0;
+    for (; at + kStep <= text.size(); at += kStep) {
         std::uint64_t step = 0;
-        std::memcpy(&step, text.data(), kStep);
-        if ((step & kHigh) != 0) return false;
+        std::memcpy(&step, text.data() + at, kStep);
+        if ((step & kHigh) != 0) break;
     }
-    for (const char c : text)
-        if (Byte(c) >= 0x80) return false;
-    return true;
+    while (at < text.size() && Byte(text[at]) < 0x80)
+        ++at;
+    return at;
 }
+
+bool IsAscii(std::string_view text) noexcept { return AsciiAtStart(text) == text.size(); }
 
 bool IsUtf8(std::string_view text) noexcept {
     if (IsAscii(text)) return true;

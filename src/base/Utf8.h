@@ -21,6 +21,8 @@ Utf8Letter FirstLetter(std::string_view text) noexcept;
 // Anything that is no letter is appended as the replacement character.
 void AppendLetter(std::string& text, char32_t code);
 
+// How many bytes of ASCII the text begins with.
+std::size_t AsciiAtStart(std::string_view text) noexcept;
 bool IsAscii(std::string_view text) noexcept;
 bool IsUtf8(std::string_view text) noexcept;
 // The text, with the replacement character for each byte that is no part of a letter.
